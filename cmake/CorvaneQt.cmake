@@ -1,0 +1,50 @@
+# SPDX-License-Identifier: MIT
+# One Qt for the whole build, whatever its major version:
+#   Corvane::Qt       core, gui and widgets
+#   Corvane::QtTest   the same and the test library
+# CORVANE_QT chooses the version; AUTO takes the first of 5, 6, 4 that is installed.
+
+set(CORVANE_QT "AUTO" CACHE STRING "Qt major version: 4, 5, 6 or AUTO")
+set_property(CACHE CORVANE_QT PROPERTY STRINGS AUTO 4 5 6)
+
+add_library(corvane_qt INTERFACE)
+add_library(Corvane::Qt ALIAS corvane_qt)
+add_library(corvane_qt_test INTERFACE)
+add_library(Corvane::QtTest ALIAS corvane_qt_test)
+
+macro(_corvane_find_modern_qt major requirement)
+    find_package(Qt${major} ${requirement} COMPONENTS Core Gui Widgets Test)
+    if(Qt${major}_FOUND)
+        set(CORVANE_QT_MAJOR ${major})
+        target_link_libraries(corvane_qt INTERFACE Qt${major}::Core Qt${major}::Gui Qt${major}::Widgets)
+        target_link_libraries(corvane_qt_test INTERFACE corvane_qt Qt${major}::Test)
+    endif()
+endmacro()
+
+macro(_corvane_find_qt4 requirement)
+    find_package(Qt4 4.8 ${requirement} COMPONENTS QtCore QtGui QtTest)
+    if(Qt4_FOUND OR QT4_FOUND)
+        set(CORVANE_QT_MAJOR 4)
+        target_link_libraries(corvane_qt INTERFACE Qt4::QtCore Qt4::QtGui)
+        target_link_libraries(corvane_qt_test INTERFACE corvane_qt Qt4::QtTest)
+    endif()
+endmacro()
+
+unset(CORVANE_QT_MAJOR)
+if(CORVANE_QT STREQUAL "AUTO")
+    _corvane_find_modern_qt(5 QUIET)
+    if(NOT CORVANE_QT_MAJOR)
+        _corvane_find_modern_qt(6 QUIET)
+    endif()
+    if(NOT CORVANE_QT_MAJOR)
+        _corvane_find_qt4(REQUIRED)
+    endif()
+elseif(CORVANE_QT EQUAL 4)
+    _corvane_find_qt4(REQUIRED)
+else()
+    _corvane_find_modern_qt(${CORVANE_QT} REQUIRED)
+endif()
+message(STATUS "Qt major version: ${CORVANE_QT_MAJOR}")
+
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_AUTORCC ON)
