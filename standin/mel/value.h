@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace mel {
+
+struct Vector
+{
+    double x = 0;
+    double y = 0;
+    double z = 0;
+
+    friend bool operator==(const Vector &a, const Vector &b)
+    {
+        return a.x == b.x && a.y == b.y && a.z == b.z;
+    }
+};
+
+// Row-major; the size never changes after construction.
+struct Matrix
+{
+    int rows = 0;
+    int columns = 0;
+    std::vector<double> elements;
+};
+
+using IntArray = std::vector<int>;
+using FloatArray = std::vector<double>;
+using StringArray = std::vector<std::string>;
+using VectorArray = std::vector<Vector>;
+
+// One MEL value as it crosses the interpreter's border; monostate is "no value" (void).
+// Strings are UTF-8.
+using Value = std::variant<std::monostate, int, double, std::string, Vector, Matrix, IntArray,
+                           FloatArray, StringArray, VectorArray>;
+
+inline bool isVoid(const Value &value)
+{
+    return std::holds_alternative<std::monostate>(value);
+}
+
+// As print, fprint and string conversion write it: floats with ten significant digits, each
+// element of an array followed by a line break.
+std::string printText(const Value &value);
+
+// As the Result message shows it: floats with six digits, elements joined by one blank.
+std::string resultText(const Value &value);
+
+// "int", "string[]", "vector", ...; "undefined" for no value.
+const char *typeName(const Value &value);
+
+} // namespace mel
