@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "standin/host/outputhistory.h"
 #include "standin/host/pythonengine.h"
 #include "standin/mel/interpreter.h"
 #include "standin/sdk/hostservices.h"
@@ -9,25 +10,27 @@
 #include <QString>
 
 #include <memory>
+#include <string>
+#include <vector>
 
 namespace standin {
 
 class IdleQueue;
 class OptionVars;
-class OutputHistory;
 class PluginLoader;
 class ScriptJobs;
 
 struct SessionOptions
 {
     bool batch = false;
-    QString userDirectory;          // holds prefs/ and scripts/
-    bool closingMarks = true;       // the message form of releases up to 2022
+    QString userDirectory;             // holds prefs/ and scripts/, which are made when missing
+    bool closingMarks = true;          // the message form of releases up to 2022
     bool helpNamesCommandType = false; // "help -so" ends with the "Command Type" line
 };
 
 // One running host without its windows: interpreters, idle queue, option variables, script jobs,
-// plug-ins, and the one function that every message passes. Main thread only.
+// plug-ins, and the one function that every message passes. One at a time, main thread only unless
+// said otherwise.
 class Session : public QObject, public mel::Host, public HostServices
 {
     Q_OBJECT
@@ -47,17 +50,58 @@ public:
     void setPython(std::unique_ptr<PythonEngine> engine);
     void setInterface(InterfaceLookup *lookup); // not owned
 
-    // Runs quit jobs, then unloads the plug-ins. Called once; windows still exist.
-    void quit();
+    // "prefs", "scripts", ...: the folder in the user's directory, with forward slashes and a
+    // slash at its end; made when missing.
+    QString userFolder(const QString &name) const;
 
-    // Stops whatever script is running.
+    // Runs quit jobs, then unloads the plug-ins. Only the first call counts; windows still exist.
+    void quit();
+    // Asks the program to quit once the running script is done: quitRequested() follows.
+    void requestQuit(int exitStatus);
+
+    // Stops whatever script is running. From any thread.
     void interrupt();
 
     bool errorSeen() const; // any Error message so far
 
+    // The interpreter's view.
+    void message(mel::MessageKind kind, const std::string &text) override;
+    void deferMel(const std::string &text, mel::IdlePriority priority) override;
+    std::vector<std::string> deferredMel() const override;
+    std::vector<std::string> scriptPath() const override;
+
+    // The API libraries' view; C++ of the host itself uses it as well. From another thread,
+    // output() delivers its message when the main thread gets to it.
+    bool isBatch() const override;
+    void output(mel::MessageKind kind, const std::string &text) override;
+    mel::Outcome executeMel(const std::string &text, bool display) override;
+    mel::Outcome executePython(const std::string &text, bool display) override;
+    void executeMelOnIdle(const std::string &text, bool display) override;
+    void executePythonOnIdle(const std::string &text, bool display) override;
+    mel::Outcome sourceFile(const std::string &path) override;
+    bool registerCommand(const PluginCommand &command) override;
+    bool deregisterCommand(const std::string &name) override;
+    mel::Value optionVar(const std::string &name) const override;
+    void setOptionVar(const std::string &name, const mel::Value &value) override;
+    bool removeOptionVar(const std::string &name) override;
+    InterfaceLookup *interfaceLookup() override;
+
 signals:
     // Every message in order, bare text; `kind` is a mel::MessageKind.
     void messageArrived(int kind, const QString &text);
+    // What the history has just gained: the message with its heading and closing mark.
+    void historyGrew(const QString &shownText);
+    // The program should call quit() and leave its event loop.
+    void quitRequested(int exitStatus);
+
+private slots:
+    void deliver(int kind, const QString &text);
+    void emitQuitRequested(int exitStatus);
+
+private:
+    struct Parts;
+
+    std::unique_ptr<Parts> m_parts;
 };
 
 } // namespace standin

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "standin/mel/host.h"
+
+#include <string>
+
+namespace standin {
+
+enum class Language { Mel, Python };
+
+// What the script editor of the host shows: every message of the session with its heading and
+// closing mark, in the comment form of the language that ran last.
+class OutputHistory
+{
+public:
+    // Kinds that are left out; set by scriptEditorInfo.
+    struct Suppressed
+    {
+        bool info = false;
+        bool warnings = false;
+        bool errors = false;
+        bool results = false;
+        bool stackTrace = false;
+        bool stackWindow = false; // concerns no text, only remembered
+    };
+
+    // With closing marks an annotated message ends in " // ", as in releases up to 2022; without,
+    // its further lines are headed by the comment sign.
+    explicit OutputHistory(bool closingMarks) : m_closingMarks(closingMarks) {}
+
+    Language language() const { return m_language; }
+    void setLanguage(Language language) { m_language = language; }
+    Suppressed &suppressed() { return m_suppressed; }
+
+    // The message as it is shown now, line break included; empty when its kind is suppressed.
+    std::string shown(mel::MessageKind kind, const std::string &text) const;
+    void append(const std::string &shownText) { m_text += shownText; }
+
+    const std::string &text() const { return m_text; }
+    void clear() { m_text.clear(); }
+
+private:
+    bool isSuppressed(mel::MessageKind kind) const;
+
+    const bool m_closingMarks;
+    Language m_language = Language::Mel;
+    Suppressed m_suppressed;
+    std::string m_text;
+};
+
+} // namespace standin

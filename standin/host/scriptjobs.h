@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+
+#include <map>
+#include <string>
+#include <vector>
+
+class QTimer;
+
+namespace standin {
+
+class Session;
+
+// Scripts that run when something happens: at an event, once at idle however often the event came
+// meanwhile, or at every idle moment.
+class ScriptJobs : public QObject
+{
+    Q_OBJECT
+
+public:
+    struct Job
+    {
+        std::string event; // empty: at every idle moment
+        std::string script;
+        std::string parent;             // name of the interface element the job dies with
+        bool protectedFromKill = false; // killed only by force
+        bool permanent = false;         // never killed
+        bool runOnce = false;
+        bool waiting = false; // queued for the next idle moment
+    };
+
+    explicit ScriptJobs(Session &session);
+
+    static std::vector<std::string> eventNames(); // sorted
+
+    int add(const Job &job); // the job's number, never 0
+    bool exists(int number) const { return m_jobs.count(number) > 0; }
+    // False when the number is unknown, or the job is protected and not forced, or permanent.
+    bool kill(int number, bool force);
+    void killAll(bool force);
+    // The jobs of an interface element that has been deleted.
+    void killChildrenOf(const std::string &parent);
+    // One line per job: its number and the command that made it.
+    std::vector<std::string> descriptions() const;
+
+    // Queues the jobs of an event for the next idle moment.
+    void fire(const std::string &event);
+    // Runs the jobs of an event at once: the quit event has no idle moment to come.
+    void runNow(const std::string &event);
+
+private slots:
+    void runIdleJobs();
+
+private:
+    std::vector<int> numbersFor(const std::string &event) const;
+    void run(int number);
+
+    Session &m_session;
+    std::map<int, Job> m_jobs;
+    int m_lastNumber = 0;
+    QTimer *m_idleTimer;
+};
+
+} // namespace standin
