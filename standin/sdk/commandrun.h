@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "standin/mel/value.h"
+
+#include <maya/MFnPlugin.h>
+
+#include <vector>
+
+namespace standin {
+
+// Runs a plug-in's command once: makes its object, calls doIt() and deletes the object. Throws
+// mel::RuntimeError when there is no object, doIt() fails, or an exception leaves it.
+mel::Value runCommand(MCreatorFunction creator, const MSyntax &syntax,
+                      const std::vector<mel::Value> &words);
+
+} // namespace standin

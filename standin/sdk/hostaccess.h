@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "standin/mel/host.h"
+
+#include <maya/MMessage.h>
+#include <maya/MObject.h>
+
+#include <string>
+#include <vector>
+
+namespace standin {
+
+class HostServices;
+struct PluginRecord;
+
+// The running host; null before there is one, and then the API's calls fail.
+STANDIN_API void setHostServices(HostServices *services);
+STANDIN_API HostServices *hostServices();
+
+// The object that a plug-in's entry points get. The record has to live as long as the plug-in.
+STANDIN_API MObject pluginObject(PluginRecord &record);
+
+// Passes a message to every output callback that is not running already, so that a callback may
+// print. What escapes from a callback is reported as an error.
+STANDIN_API void dispatchOutput(mel::MessageKind kind, const std::string &text);
+
+struct LiveCallback
+{
+    MCallbackId id;
+    const void *function; // its address tells which library it belongs to
+};
+STANDIN_API std::vector<LiveCallback> liveCallbacks();
+
+// Whether a callback is running at this moment, and which functions they are.
+STANDIN_API std::vector<const void *> runningCallbacks();
+
+} // namespace standin

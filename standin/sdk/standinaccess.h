@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "standin/mel/command.h"
+
+#include <maya/MCommandResult.h>
+#include <maya/MObject.h>
+#include <maya/MSyntax.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+STANDIN_API_OPEN
+
+struct MSyntax::Data
+{
+    struct Flag
+    {
+        std::string shortName; // names without their dash
+        std::string longName;
+        std::vector<MArgType> arguments;
+        bool multiUse = false;
+        mel::QueryArgument queryArgument = mel::QueryArgument::None;
+    };
+
+    std::vector<Flag> flags;
+    std::vector<MArgType> arguments;
+    bool query = false;
+    bool edit = false;
+    MObjectFormat objectFormat = kInvalidFormat;
+    unsigned int minimumObjects = 0;
+    unsigned int maximumObjects = 0;
+
+    // By either name, with or without the dash; null when there is none.
+    Flag *find(const std::string &name);
+};
+
+struct MCommandResult::Data
+{
+    mel::Value value;
+};
+
+STANDIN_API_CLOSE
+
+struct StandinAccess
+{
+    using SyntaxData = MSyntax::Data;
+
+    static const SyntaxData &data(const MSyntax &syntax) { return *syntax.m_data; }
+    static SyntaxData &data(MSyntax &syntax) { return *syntax.m_data; }
+    static mel::Value &value(MCommandResult &result) { return result.m_data->value; }
+    static void *target(const MObject &object) { return object.m_target; }
+    static MObject object(void *target)
+    {
+        MObject object;
+        object.m_target = target;
+        return object;
+    }
+};
+
+namespace standin {
+
+// The text without one leading dash.
+inline std::string withoutDash(const std::string &name)
+{
+    return !name.empty() && name[0] == '-' ? name.substr(1) : name;
+}
+
+// Stores a status where the caller wants one.
+inline void setStatus(MStatus *status, MStatus::MStatusCode code)
+{
+    if (status)
+        *status = code;
+}
+
+} // namespace standin
