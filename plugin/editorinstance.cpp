@@ -1,0 +1,8 @@
+// SPDX-License-Identifier: MIT
+#include "plugin/editorinstance.h"
+
+EditorInstance &editorInstance()
+{
+    static EditorInstance instance;
+    return instance;
+}
