@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+class QFontMetrics;
+class QTextOption;
+
+namespace compat {
+
+// The horizontal advance of the text, in pixels.
+int textWidth(const QFontMetrics &metrics, const QString &text);
+
+// Tab stops every `pixels`.
+void setTabStop(QTextOption &option, int pixels);
+
+// The parts between separators, empty ones dropped.
+QStringList nonEmptyParts(const QString &text, QChar separator);
+
+} // namespace compat

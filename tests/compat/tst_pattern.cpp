@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#include "compat/pattern.h"
+#include "compat/text.h"
+#include "tests/support/testmain.h"
+
+class PatternTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void findsTheFirstMatchFromAPosition_data();
+    void findsTheFirstMatchFromAPosition();
+    void capturesGroupsAndForgetsThemWithoutAMatch();
+    void exactMatchTakesTheWholeText();
+    void splittingDropsEmptyParts();
+};
+
+void PatternTest::findsTheFirstMatchFromAPosition_data()
+{
+    QTest::addColumn<QString>("pattern");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("from");
+    QTest::addColumn<int>("index");
+    QTest::addColumn<int>("length");
+
+    const QString umlaut = QString::fromUtf8("\xc3\xa4pfel x");
+    QTest::newRow("word") << "x+"
+                          << "aaxxb" << 0 << 2 << 2;
+    QTest::newRow("from-behind-the-first") << "x"
+                                           << "xax" << 1 << 2 << 1;
+    QTest::newRow("none") << "x"
+                          << "abc" << 0 << -1 << -1;
+    QTest::newRow("caret-only-at-index-0") << "^b"
+                                           << "ab" << 1 << -1 << -1;
+    QTest::newRow("caret-not-after-a-line-break") << "^b"
+                                                  << "a\nb" << 0 << -1 << -1;
+    QTest::newRow("dollar-only-at-the-end") << "a$"
+                                            << "a\na" << 0 << 2 << 1;
+    QTest::newRow("word-class-follows-unicode") << "\\w+" << umlaut << 0 << 0 << 5;
+    QTest::newRow("word-border-follows-unicode") << "\\bpfel" << umlaut << 0 << -1 << -1;
+}
+
+void PatternTest::findsTheFirstMatchFromAPosition()
+{
+    QFETCH(QString, pattern);
+    QFETCH(QString, text);
+    QFETCH(int, from);
+    Pattern compiled(pattern);
+    QTEST(compiled.indexIn(text, from), "index");
+    QTEST(compiled.matchedLength(), "length");
+}
+
+void PatternTest::capturesGroupsAndForgetsThemWithoutAMatch()
+{
+    Pattern pattern(QLatin1String("(\\w+)=(\\d+)"));
+    QCOMPARE(pattern.indexIn(QLatin1String("  tab=12;")), 2);
+    QCOMPARE(pattern.captured(1), QString::fromLatin1("tab"));
+    QCOMPARE(pattern.captured(2), QString::fromLatin1("12"));
+    QCOMPARE(pattern.captured(3), QString());
+    pattern.indexIn(QLatin1String("nothing"));
+    QCOMPARE(pattern.matchedLength(), -1);
+}
+
+void PatternTest::exactMatchTakesTheWholeText()
+{
+    Pattern pattern(QLatin1String("a|ab"), Qt::CaseInsensitive);
+    QVERIFY(pattern.exactMatch(QLatin1String("AB")));
+    QVERIFY(!pattern.exactMatch(QLatin1String("ab\n")));
+    QVERIFY(!pattern.exactMatch(QLatin1String("xab")));
+}
+
+void PatternTest::splittingDropsEmptyParts()
+{
+    const QStringList parts = compat::nonEmptyParts(QLatin1String(";a;;b;"), QLatin1Char(';'));
+    QCOMPARE(parts, QStringList() << "a"
+                                  << "b");
+}
+
+CORVANE_TEST_MAIN(PatternTest)
+#include "tst_pattern.moc"
