@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+#include "preferences/preferences.h"
+
+#include <QSettings>
+#include <QVariant>
+
+namespace {
+
+struct Range
+{
+    const char *key;
+    int minimum;
+    int maximum;
+};
+
+const Range ranges[] = {
+    {"outputWindowBufferSize", 1, 10 * 1000 * 1000},
+    {"tabSize", 1, 64},
+    {"melTabSize", 1, 64},
+    {"pyTabSize", 1, 64},
+    {"textFontSize", 1, 400},
+    {"outputFontSize", 1, 400},
+};
+
+bool isInRange(const QString &key, int value)
+{
+    for (const Range &range : ranges) {
+        if (key == QLatin1String(range.key))
+            return value >= range.minimum && value <= range.maximum;
+    }
+    return true;
+}
+
+void take(const QString &, const QVariant &stored, bool &value)
+{
+    const QString text = stored.toString();
+    if (text == QLatin1String("true") || text == QLatin1String("false"))
+        value = text == QLatin1String("true");
+}
+
+void take(const QString &key, const QVariant &stored, int &value)
+{
+    bool isNumber = false;
+    const int number = stored.toInt(&isNumber);
+    if (isNumber && isInRange(key, number))
+        value = number;
+}
+
+void take(const QString &, const QVariant &stored, QString &value)
+{
+    value = stored.toString();
+}
+
+QString settingsKey(const char *group, const char *key)
+{
+    return QLatin1String(group) + QLatin1Char('/') + QLatin1String(key);
+}
+
+template <typename Type>
+void read(QSettings &settings, const char *group, const char *key, Type &value)
+{
+    const QString path = settingsKey(group, key);
+    if (settings.contains(path))
+        take(QLatin1String(key), settings.value(path), value);
+}
+
+} // namespace
+
+Preferences &preferences()
+{
+    static Preferences instance;
+    return instance;
+}
+
+void readPreferences(QSettings &settings)
+{
+    Preferences values;
+#define PREFERENCE(group, key, type, byDefault) read(settings, #group, #key, values.key);
+#include "preferences/preferencelist.inc"
+#undef PREFERENCE
+    // Deliberate: marks at line ends are for a look at one text, not for every session.
+    values.showEndOfLine = false;
+    preferences() = values;
+}
+
+void writePreferences(QSettings &settings)
+{
+    const Preferences &values = preferences();
+#define PREFERENCE(group, key, type, byDefault)                                                    \
+    settings.setValue(settingsKey(#group, #key), values.key);
+#include "preferences/preferencelist.inc"
+#undef PREFERENCE
+}

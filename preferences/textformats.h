@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QTextCharFormat>
+
+// What a stretch of text looks like. An invalid colour leaves that of the plain text.
+struct TextFormat
+{
+    QColor foreground;
+    QColor background;
+    bool bold = false;
+    bool italic = false;
+
+    QTextCharFormat charFormat() const;
+};
+
+bool operator==(const TextFormat &a, const TextFormat &b);
+
+// The index is a category's identity in the stored colour list.
+enum class EditorText {
+    Plain,
+    Selected,
+    MatchingSelection,
+    CurrentLine,
+    BraceMatching,
+    HiddenWhitespace,
+    LineNumbers,
+    ErrorBar,
+    MelKeywords,
+    MelCommands,
+    MelStrings,
+    MelNumbers,
+    MelComments,
+    PythonKeywords,
+    PythonStrings,
+    PythonDocStrings,
+    PythonNumbers,
+    PythonComments,
+    PythonDecorators,
+    PythonMelCommands
+};
+
+enum class OutputText { Plain, Selected, MatchingSelection, Errors, Warnings, Results };
+
+const int editorTextCount = int(EditorText::PythonMelCommands) + 1;
+const int outputTextCount = int(OutputText::Results) + 1;
+
+// The current format; process-wide and changeable.
+TextFormat &textFormat(EditorText category);
+TextFormat &textFormat(OutputText category);
+
+// The name that the Preferences dialog shows.
+const char *textName(EditorText category);
+const char *textName(OutputText category);
+
+// The fonts that the preferences ask for; a missing family falls back to a fixed-pitch one.
+QFont editorFont();
+QFont outputFont();

@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: MIT
+#include "preferences/preferences.h"
+#include "preferences/textformats.h"
+#include "tests/support/testmain.h"
+
+#include <QDir>
+#include <QSettings>
+
+namespace {
+
+QString settingsPath()
+{
+    return QDir::tempPath() + QString::fromLatin1("/corvane-preferences-%1.ini")
+                                  .arg(QCoreApplication::applicationPid());
+}
+
+void writeFile(const QByteArray &text)
+{
+    QFile file(settingsPath());
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(text);
+}
+
+void readBack()
+{
+    QSettings settings(settingsPath(), QSettings::IniFormat);
+    readPreferences(settings);
+}
+
+} // namespace
+
+class PreferencesTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void cleanup() { QFile::remove(settingsPath()); }
+    void missingFileGivesTheDefaults();
+    void writtenValuesComeBack();
+    void endOfLineMarksAlwaysStartOff();
+    void damagedValuesTakeTheirDefaults_data();
+    void damagedValuesTakeTheirDefaults();
+    void categoriesKeepTheirIndexAndName();
+    void emptyFontFamilyKeepsTheBuiltInOne();
+};
+
+void PreferencesTest::missingFileGivesTheDefaults()
+{
+    preferences().tabSize = 2;
+    preferences().saveOnExecute = false;
+    readBack();
+    QCOMPARE(preferences().tabSize, 4);
+    QCOMPARE(preferences().outputWindowBufferSize, 5000);
+    QCOMPARE(preferences().textFontSize, 9);
+    QCOMPARE(preferences().saveOnExecute, true);
+    QCOMPARE(preferences().defaultStateInitialized, false);
+}
+
+void PreferencesTest::writtenValuesComeBack()
+{
+    preferences() = Preferences();
+    preferences().melTabSize = 3;
+    preferences().lockTabs = true;
+    preferences().pythonForcedImports = QString::fromUtf8("a.b;\xc3\xa4 \"c\";");
+    {
+        QSettings settings(settingsPath(), QSettings::IniFormat);
+        writePreferences(settings);
+    }
+    preferences() = Preferences();
+    readBack();
+    QCOMPARE(preferences().melTabSize, 3);
+    QCOMPARE(preferences().lockTabs, true);
+    QCOMPARE(preferences().pythonForcedImports, QString::fromUtf8("a.b;\xc3\xa4 \"c\";"));
+    QCOMPARE(preferences().pyTabSize, 4);
+}
+
+void PreferencesTest::endOfLineMarksAlwaysStartOff()
+{
+    writeFile("[editor]\nshowEndOfLine=true\nshowTabsAndSpaces=true\n");
+    readBack();
+    QCOMPARE(preferences().showEndOfLine, false);
+    QCOMPARE(preferences().showTabsAndSpaces, true);
+}
+
+void PreferencesTest::damagedValuesTakeTheirDefaults_data()
+{
+    QTest::addColumn<QByteArray>("line");
+
+    QTest::newRow("not-a-number") << QByteArray("tabSize=four");
+    QTest::newRow("zero") << QByteArray("tabSize=0");
+    QTest::newRow("huge") << QByteArray("tabSize=99999999999");
+    QTest::newRow("list") << QByteArray("tabSize=1, 2");
+    QTest::newRow("bytes") << QByteArray("tabSize=@ByteArray(\\0\\1)");
+}
+
+void PreferencesTest::damagedValuesTakeTheirDefaults()
+{
+    QFETCH(QByteArray, line);
+    writeFile("[tabsandspaces]\nautoIndent=perhaps\n" + line + "\nmelTabSize=8\n");
+    readBack();
+    QCOMPARE(preferences().tabSize, 4);
+    QCOMPARE(preferences().autoIndent, true);
+    QCOMPARE(preferences().melTabSize, 8);
+}
+
+void PreferencesTest::categoriesKeepTheirIndexAndName()
+{
+    // Stored colour lists are read by index, so the order may never change.
+    QCOMPARE(editorTextCount, 20);
+    QCOMPARE(textName(EditorText(5)), "Hidden Whitespaces");
+    QCOMPARE(textName(EditorText(13)), "Python Keywords");
+    QCOMPARE(textName(EditorText(19)), "Python MEL Commands");
+    QCOMPARE(outputTextCount, 6);
+    QCOMPARE(textName(OutputText(3)), "Errors");
+    for (int i = 0; i < editorTextCount; ++i) {
+        const TextFormat &format = textFormat(EditorText(i));
+        QVERIFY2(format.foreground.isValid() || format.background.isValid(),
+                 textName(EditorText(i)));
+    }
+}
+
+void PreferencesTest::emptyFontFamilyKeepsTheBuiltInOne()
+{
+    preferences() = Preferences();
+    const QString builtIn = editorFont().family();
+    QVERIFY(!builtIn.isEmpty());
+    preferences().textFont = QLatin1String("Courier");
+    preferences().textFontSize = 13;
+    QCOMPARE(editorFont().family(), QString::fromLatin1("Courier"));
+    QCOMPARE(editorFont().pointSize(), 13);
+    QCOMPARE(outputFont().family(), builtIn);
+}
+
+CORVANE_TEST_MAIN(PreferencesTest)
+#include "tst_preferences.moc"
