@@ -1,0 +1,190 @@
+// SPDX-License-Identifier: MIT
+#include "output/edoutputview.h"
+
+#include "compat/text.h"
+#include "preferences/textformats.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QMouseEvent>
+#include <QScrollBar>
+#include <QTextBlock>
+
+#include <algorithm>
+
+namespace {
+
+const int frame = 16;            // ms; messages closer than this are a burst
+const int insertionBudget = 8;   // ms of inserting per slice, so that marks and paint fit a frame
+const int repaintInterval = 250; // ms; scripts that never return to the event loop are seen to run
+const int regionAbove = 30000;   // characters above the visible ones that are searched for marks
+const int regionBelow = 30;      // pixels
+
+} // namespace
+
+EdOutputView::EdOutputView(QWidget *parent) : QPlainTextEdit(parent)
+{
+    setReadOnly(true);
+    setUndoRedoEnabled(false);
+    m_frame.setSingleShot(true);
+    connect(&m_frame, SIGNAL(timeout()), SLOT(showGathered()));
+    applyColors();
+    connect(verticalScrollBar(), SIGNAL(valueChanged(int)), SLOT(updateExtraSelections()));
+    connect(verticalScrollBar(), SIGNAL(rangeChanged(int, int)), SLOT(updateExtraSelections()));
+    connect(this, SIGNAL(selectionChanged()), SLOT(updateExtraSelections()));
+    m_sinceRepaint.start();
+}
+
+void EdOutputView::appendText(const QString &text)
+{
+    const bool isLone =
+        !m_frame.isActive() && (!m_sinceMessage.isValid() || m_sinceMessage.elapsed() >= frame);
+    m_sinceMessage.start();
+    m_backlog.add(text, maximumBlockCount());
+    // Within a burst no frame may ever come, so the screen also follows at its own pace.
+    if (isLone || m_sinceRepaint.elapsed() > repaintInterval)
+        showGathered();
+    else if (!m_frame.isActive() && isVisible())
+        m_frame.start(frame);
+}
+
+// One slice: as much as fits into a frame, the rest in the next.
+void EdOutputView::showGathered()
+{
+    if (m_backlog.isEmpty() || !isVisible())
+        return;
+    insertParts(insertionBudget);
+    if (m_backlog.isEmpty())
+        m_frame.stop();
+    else
+        m_frame.start(0);
+    if (m_sinceRepaint.elapsed() > repaintInterval) {
+        viewport()->repaint();
+        m_sinceRepaint.start();
+    }
+}
+
+void EdOutputView::flush()
+{
+    if (isVisible() && !m_backlog.isEmpty())
+        insertParts(-1);
+}
+
+// Inserts gathered text for about so many milliseconds, all of it for a negative number.
+void EdOutputView::insertParts(int milliseconds)
+{
+    QElapsedTimer spent;
+    spent.start();
+    m_inserting = true;
+    QTextCursor cursor(document());
+    cursor.movePosition(QTextCursor::End);
+    do {
+        cursor.insertText(m_backlog.takePart());
+    } while (!m_backlog.isEmpty() && (milliseconds < 0 || spent.elapsed() < milliseconds));
+    setTextCursor(cursor);
+    scrollToNewest();
+    m_inserting = false;
+    updateExtraSelections();
+}
+
+void EdOutputView::scrollToNewest()
+{
+    verticalScrollBar()->setValue(verticalScrollBar()->maximum());
+    horizontalScrollBar()->setValue(horizontalScrollBar()->minimum());
+}
+
+void EdOutputView::clearText()
+{
+    m_frame.stop();
+    m_backlog.clear();
+    clear();
+    updateExtraSelections();
+}
+
+void EdOutputView::setLineLimit(int lines)
+{
+    flush();
+    setMaximumBlockCount(lines);
+}
+
+void EdOutputView::setTabWidth(int columns)
+{
+    m_tabWidth = columns;
+    applyTextOption();
+}
+
+void EdOutputView::applyTextOption()
+{
+    QTextOption option = document()->defaultTextOption();
+    option.setWrapMode(QTextOption::NoWrap);
+    compat::setTabStop(option, m_tabWidth * compat::textWidth(fontMetrics(), QLatin1String(" ")));
+    document()->setDefaultTextOption(option);
+}
+
+void EdOutputView::applyColors()
+{
+    setFont(outputFont());
+    applyTextOption();
+    const TextFormat &plain = textFormat(OutputText::Plain);
+    const TextFormat &selected = textFormat(OutputText::Selected);
+    QPalette colors = palette();
+    colors.setColor(QPalette::Text, plain.foreground);
+    colors.setColor(QPalette::Base, plain.background);
+    colors.setColor(QPalette::HighlightedText, selected.foreground);
+    colors.setColor(QPalette::Highlight, selected.background);
+    setPalette(colors);
+    updateExtraSelections();
+}
+
+void EdOutputView::updateExtraSelections()
+{
+    if (m_inserting)
+        return;
+    QList<QTextEdit::ExtraSelection> selections;
+    if (!document()->isEmpty()) {
+        const int top = cursorForPosition(QPoint(0, 0)).position();
+        const int bottom = cursorForPosition(QPoint(0, height() + regionBelow)).position();
+        OutputRegion region(*document(), std::max(0, top - regionAbove), bottom);
+        std::vector<OutputMark> marks = region.messages();
+        if (!isSelectionDragged()) {
+            const auto words = region.occurrences(textCursor().selectedText());
+            marks.insert(marks.end(), words.begin(), words.end());
+        }
+        for (const OutputMark &mark : marks) {
+            QTextEdit::ExtraSelection selection;
+            selection.format = textFormat(mark.category).charFormat();
+            selection.cursor = QTextCursor(document());
+            selection.cursor.setPosition(mark.start);
+            selection.cursor.setPosition(mark.end, QTextCursor::KeepAnchor);
+            selections << selection;
+        }
+    }
+    setExtraSelections(selections);
+}
+
+// While the mouse still pulls at a selection, marks of its words would only flicker.
+bool EdOutputView::isSelectionDragged() const
+{
+    if (!(QApplication::mouseButtons() & Qt::LeftButton))
+        return false;
+    const QWidget *under = QApplication::widgetAt(QCursor::pos());
+    return under && under->objectName() == QLatin1String("qt_scrollarea_viewport");
+}
+
+void EdOutputView::showEvent(QShowEvent *event)
+{
+    showGathered();
+    QPlainTextEdit::showEvent(event);
+}
+
+void EdOutputView::resizeEvent(QResizeEvent *event)
+{
+    QPlainTextEdit::resizeEvent(event);
+    updateExtraSelections();
+}
+
+void EdOutputView::mouseReleaseEvent(QMouseEvent *event)
+{
+    QPlainTextEdit::mouseReleaseEvent(event);
+    updateExtraSelections();
+}

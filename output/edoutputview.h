@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "output/outputbacklog.h"
+#include "output/outputmarks.h"
+
+#include <QElapsedTimer>
+#include <QPlainTextEdit>
+#include <QTimer>
+
+// The history of what Maya printed, with errors, warnings and results in colour. Text may arrive at
+// any rate: a lone message is shown at once, a burst is gathered and shown once per frame, and what
+// arrives while the view is hidden is shown with it.
+class EdOutputView : public QPlainTextEdit
+{
+    Q_OBJECT
+
+public:
+    explicit EdOutputView(QWidget *parent = nullptr);
+
+    void appendText(const QString &text);
+
+    // Shows gathered text now; what is hidden stays gathered.
+    void flush();
+
+    // Whether text waits for the next frame or, while the view is hidden, for being shown.
+    bool isGathering() const { return !m_backlog.isEmpty(); }
+
+    // Empties the view, gathered text included.
+    void clearText();
+
+    // The number of lines kept, the oldest are dropped; 0 keeps all.
+    void setLineLimit(int lines);
+
+    // In widths of a blank.
+    void setTabWidth(int columns);
+
+    // Takes font and colours from the preferences.
+    void applyColors();
+
+public slots:
+    // Marks the visible messages and the occurrences of a selected word.
+    void updateExtraSelections();
+
+protected:
+    void showEvent(QShowEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+
+private slots:
+    void showGathered();
+
+private:
+    void insertParts(int milliseconds);
+    void scrollToNewest();
+    bool isSelectionDragged() const;
+    void applyTextOption();
+
+    OutputBacklog m_backlog;
+    QTimer m_frame; // running while text is gathered
+    QElapsedTimer m_sinceMessage;
+    QElapsedTimer m_sinceRepaint;
+    bool m_inserting = false; // marks wait until the text is complete
+    int m_tabWidth = 4;
+};
