@@ -38,8 +38,8 @@ public:
     virtual std::string fullName(const QObject *object) = 0;
 };
 
-// What the API libraries need from the running host. All calls on the main thread but the two
-// idle forms. Strings are UTF-8.
+// What the API libraries need from the running host. All calls on the main thread but output() and
+// the two idle forms. Strings are UTF-8.
 class HostServices
 {
 public:
@@ -53,6 +53,8 @@ public:
     virtual void executeMelOnIdle(const std::string &text, bool display) = 0;
     virtual void executePythonOnIdle(const std::string &text, bool display) = 0;
     virtual mel::Outcome sourceFile(const std::string &path) = 0;
+    // Runs what waits for idle time, and what that adds.
+    virtual void processIdle() {}
 
     // False when the name is taken, or unknown.
     virtual bool registerCommand(const PluginCommand &command) = 0;

@@ -1,0 +1,210 @@
+// SPDX-License-Identifier: MIT
+#include "standin/python/commandwords.h"
+
+#include "standin/python/values.h"
+
+#include <string>
+
+namespace standin {
+namespace {
+
+bool isSequence(PyObject *object)
+{
+    return PyList_Check(object) || PyTuple_Check(object);
+}
+
+bool isMode(const std::string &name, const char *shortName, const char *longName)
+{
+    return name == shortName || name == longName;
+}
+
+// Whether the keywords ask for a mode: "q" or "query", "e" or "edit".
+bool asksFor(PyObject *keywords, const char *shortName, const char *longName)
+{
+    for (const char *name : {shortName, longName}) {
+        PyObject *value = keywords ? PyDict_GetItemString(keywords, name) : nullptr;
+        if (value && PyObject_IsTrue(value) == 1)
+            return true;
+    }
+    return false;
+}
+
+const mel::Flag *findFlag(const mel::Command &command, const std::string &name)
+{
+    for (const mel::Flag &flag : command.flags) {
+        if (flag.shortName == name || flag.longName == name)
+            return &flag;
+    }
+    return nullptr;
+}
+
+// A plug-in command without a syntax of its own takes what it is given.
+bool acceptsAnyFlag(const mel::Command &command)
+{
+    return command.rawWords && command.flags.empty();
+}
+
+// Collects the words of one call. Each function returns false with an exception set.
+class WordList
+{
+public:
+    WordList(const mel::Command &command, bool query) : m_command(command), m_query(query) {}
+
+    bool addFlag(const std::string &name, PyObject *value);
+    bool add(PyObject *value, mel::ArgumentKind kind = mel::ArgumentKind::String);
+    void addMode(const char *word) { m_words.emplace_back(std::string(word)); }
+    std::vector<mel::Value> take() { return std::move(m_words); }
+
+private:
+    bool addUntypedFlag(const std::string &name, PyObject *value);
+    bool addUses(const mel::Flag &flag, PyObject *values);
+    bool addUse(const mel::Flag &flag, PyObject *value);
+    bool addScript(PyObject *value);
+
+    const mel::Command &m_command;
+    const bool m_query;
+    std::vector<mel::Value> m_words;
+};
+
+std::string dashed(const std::string &name)
+{
+    return "-" + name;
+}
+
+bool WordList::addFlag(const std::string &name, PyObject *value)
+{
+    if (acceptsAnyFlag(m_command))
+        return addUntypedFlag(name, value);
+    const mel::Flag *flag = findFlag(m_command, name);
+    if (!flag) {
+        PyErr_Format(PyExc_TypeError, "Invalid flag '%s'", name.c_str());
+        return false;
+    }
+    // In a query the flags are named only, as in title=True, unless they need to know more.
+    if (flag->arguments.empty() || (m_query && PyBool_Check(value))) {
+        const int wanted = PyObject_IsTrue(value);
+        if (wanted == 1)
+            m_words.emplace_back(dashed(name));
+        return wanted >= 0;
+    }
+    return flag->multiUse && isSequence(value) ? addUses(*flag, value) : addUse(*flag, value);
+}
+
+bool WordList::addUntypedFlag(const std::string &name, PyObject *value)
+{
+    if (value == Py_False)
+        return true;
+    m_words.emplace_back(dashed(name));
+    return value == Py_True || add(value);
+}
+
+// cmds.f(flag=["a", "b"]) or, for a flag of two arguments, cmds.f(flag=[("a", 1), ("b", 2)])
+bool WordList::addUses(const mel::Flag &flag, PyObject *values)
+{
+    const Py_ssize_t size = PySequence_Fast_GET_SIZE(values);
+    const bool nested = size > 0 && isSequence(PySequence_Fast_GET_ITEM(values, 0));
+    if (flag.arguments.size() > 1 && !nested)
+        return addUse(flag, values);
+    for (Py_ssize_t i = 0; i < PySequence_Fast_GET_SIZE(values); ++i) {
+        const PyRef item = PyRef::borrowed(PySequence_Fast_GET_ITEM(values, i));
+        if (!addUse(flag, item.get()))
+            return false;
+    }
+    return true;
+}
+
+bool WordList::addUse(const mel::Flag &flag, PyObject *value)
+{
+    m_words.emplace_back(dashed(flag.longName.empty() ? flag.shortName : flag.longName));
+    if (!isSequence(value))
+        return add(value, flag.arguments.front());
+    for (Py_ssize_t i = 0; i < PySequence_Fast_GET_SIZE(value); ++i) {
+        const PyRef item = PyRef::borrowed(PySequence_Fast_GET_ITEM(value, i));
+        const size_t argument = static_cast<size_t>(i);
+        const bool typed = argument < flag.arguments.size();
+        if (!add(item.get(), typed ? flag.arguments[argument] : mel::ArgumentKind::String))
+            return false;
+    }
+    return true;
+}
+
+bool WordList::add(PyObject *value, mel::ArgumentKind kind)
+{
+    if (kind == mel::ArgumentKind::Script)
+        return addScript(value);
+    std::optional<mel::Value> word = toMel(value);
+    if (!word)
+        return false;
+    if (mel::isVoid(*word)) {
+        PyErr_SetString(PyExc_TypeError, "None is no argument of a command");
+        return false;
+    }
+    m_words.push_back(std::move(*word));
+    return true;
+}
+
+// Scripts given from Python are Python, as text or as something to call.
+bool WordList::addScript(PyObject *value)
+{
+    const PyRef utils(PyImport_ImportModule("maya.utils"));
+    if (!utils)
+        return false;
+    const PyRef script(
+        PyObject_CallMethod(utils.get(), "_melScript", "sO", m_command.name.c_str(), value));
+    return script && add(script.get());
+}
+
+bool addKeywords(WordList &words, PyObject *keywords)
+{
+    PyObject *key = nullptr;
+    PyObject *value = nullptr;
+    Py_ssize_t position = 0;
+    while (PyDict_Next(keywords, &position, &key, &value)) {
+        const std::string name = toUtf8(key);
+        if (isMode(name, "q", "query") || isMode(name, "e", "edit"))
+            continue;
+        if (!words.addFlag(name, value))
+            return false;
+    }
+    return true;
+}
+
+} // namespace
+
+std::optional<std::vector<mel::Value>> commandWords(const mel::Command &command,
+                                                    PyObject *arguments, PyObject *keywords)
+{
+    const bool query = asksFor(keywords, "q", "query");
+    WordList words(command, query);
+    if (query)
+        words.addMode("-q");
+    if (asksFor(keywords, "e", "edit"))
+        words.addMode("-e");
+    if (keywords && !addKeywords(words, keywords))
+        return std::nullopt;
+    for (Py_ssize_t i = 0; i < PyTuple_GET_SIZE(arguments); ++i) {
+        if (!words.add(PyTuple_GET_ITEM(arguments, i)))
+            return std::nullopt;
+    }
+    return words.take();
+}
+
+bool answersYesOrNo(const mel::Command &command, PyObject *keywords)
+{
+    const bool query = asksFor(keywords, "q", "query");
+    PyObject *key = nullptr;
+    PyObject *value = nullptr;
+    Py_ssize_t position = 0;
+    while (keywords && PyDict_Next(keywords, &position, &key, &value)) {
+        const mel::Flag *flag = findFlag(command, toUtf8(key));
+        if (!flag)
+            continue;
+        const bool boolean =
+            flag->arguments.size() == 1 && flag->arguments[0] == mel::ArgumentKind::Boolean;
+        if (flag->longName == "exists" || (query && boolean))
+            return true;
+    }
+    return false;
+}
+
+} // namespace standin

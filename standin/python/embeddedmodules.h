@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+
+namespace standin {
+
+// A Python module whose source text is part of the program.
+struct EmbeddedModule
+{
+    const char *name; // dotted
+    bool isPackage;
+    const char *source;
+};
+
+extern const EmbeddedModule embeddedModules[];
+extern const std::size_t embeddedModuleCount;
+
+} // namespace standin

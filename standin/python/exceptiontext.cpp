@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#include "standin/python/exceptiontext.h"
+
+#include "standin/python/pycompat.h"
+#include "standin/python/values.h"
+
+namespace standin {
+namespace {
+
+// For the case that the formatting itself fails, for lack of memory say.
+std::string bareName(PyObject *type)
+{
+    const PyRef name(PyObject_GetAttrString(type, "__name__"));
+    PyErr_Clear();
+    return name && isText(name.get()) ? toUtf8(name.get()) : "Unknown exception";
+}
+
+} // namespace
+
+std::string exceptionText(PyObject *type, PyObject *value, PyObject *traceback, bool withTrace)
+{
+    const PyRef utils(PyImport_ImportModule("maya.utils"));
+    PyRef text;
+    if (utils) {
+        text = PyRef(PyObject_CallMethod(utils.get(), "_exceptionText", "OOOO", type, value,
+                                         traceback, withTrace ? Py_True : Py_False));
+    }
+    PyErr_Clear();
+    return text && isText(text.get()) ? toUtf8(text.get()) : bareName(type);
+}
+
+std::string takeExceptionText(bool withTrace)
+{
+    PyObject *type = nullptr;
+    PyObject *value = nullptr;
+    PyObject *traceback = nullptr;
+    PyErr_Fetch(&type, &value, &traceback);
+    PyErr_NormalizeException(&type, &value, &traceback);
+    const PyRef ownedType(type);
+    const PyRef ownedValue(value);
+    const PyRef ownedTraceback(traceback);
+    return exceptionText(ownedType.orNone(), ownedValue.orNone(), ownedTraceback.orNone(),
+                         withTrace);
+}
+
+} // namespace standin

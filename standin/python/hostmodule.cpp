@@ -1,0 +1,213 @@
+// SPDX-License-Identifier: MIT
+#include "standin/python/hostmodule.h"
+
+#include "standin/python/commandfunctions.h"
+#include "standin/python/exceptiontext.h"
+#include "standin/python/hostbinding.h"
+#include "standin/python/pycompat.h"
+#include "standin/python/values.h"
+
+namespace standin {
+namespace {
+
+PyObject *none()
+{
+    return PyRef::borrowed(Py_None).release();
+}
+
+// The one argument of a function, which must be text.
+bool readText(PyObject *argument, std::string &text)
+{
+    if (!isText(argument)) {
+        PyErr_Format(PyExc_TypeError, "argument must be str, not %s", Py_TYPE(argument)->tp_name);
+        return false;
+    }
+    text = toUtf8(argument);
+    return true;
+}
+
+PyObject *outcomeObject(const mel::Outcome &outcome, const std::string &errorPrefix)
+{
+    if (outcome.ok)
+        return toPython(outcome.value).release();
+    PyErr_SetString(PyExc_RuntimeError, (errorPrefix + outcome.error).c_str());
+    return nullptr;
+}
+
+// message(kind, text)
+PyObject *message(PyObject *, PyObject *arguments)
+{
+    int kind = 0;
+    PyObject *object = nullptr;
+    std::string text;
+    if (!PyArg_ParseTuple(arguments, "iO:message", &kind, &object) || !readText(object, text))
+        return nullptr;
+    if (kind < 0 || kind > static_cast<int>(mel::MessageKind::StackTrace)) {
+        PyErr_SetString(PyExc_ValueError, "no such kind of message");
+        return nullptr;
+    }
+    sendMessage(static_cast<mel::MessageKind>(kind), text);
+    return none();
+}
+
+// reportException(type, value, traceback)
+PyObject *reportException(PyObject *, PyObject *arguments)
+{
+    PyObject *type = nullptr;
+    PyObject *value = nullptr;
+    PyObject *traceback = nullptr;
+    if (!PyArg_ParseTuple(arguments, "OOO:reportException", &type, &value, &traceback))
+        return nullptr;
+    HostBinding *binding = HostBinding::current();
+    const bool withTrace = binding && binding->mel.settings().stackTrace;
+    sendMessage(mel::MessageKind::Error, exceptionText(type, value, traceback, withTrace));
+    return none();
+}
+
+PyObject *evalMel(PyObject *, PyObject *argument)
+{
+    std::string text;
+    HostBinding *binding = bindingOnMainThread();
+    mel::Outcome outcome;
+    if (!binding || !readText(argument, text) ||
+        !callHost([&] { outcome = binding->mel.execute(text); }))
+        return nullptr;
+    return outcomeObject(outcome, "Error occurred during execution of MEL script\n");
+}
+
+// executeMel(text, display)
+PyObject *executeMel(PyObject *, PyObject *arguments)
+{
+    PyObject *object = nullptr;
+    int display = 0;
+    std::string text;
+    HostBinding *binding = bindingOnMainThread();
+    mel::Outcome outcome;
+    if (!binding || !PyArg_ParseTuple(arguments, "Oi:executeMel", &object, &display) ||
+        !readText(object, text) ||
+        !callHost([&] { outcome = binding->host.executeMel(text, display != 0); }))
+        return nullptr;
+    return outcomeObject(outcome, {});
+}
+
+PyObject *sourceFile(PyObject *, PyObject *argument)
+{
+    std::string path;
+    HostBinding *binding = bindingOnMainThread();
+    mel::Outcome outcome;
+    if (!binding || !readText(argument, path) ||
+        !callHost([&] { outcome = binding->host.sourceFile(path); }))
+        return nullptr;
+    return outcomeObject(outcome, {});
+}
+
+// executeOnIdle(text, isPython): from any thread
+PyObject *executeOnIdle(PyObject *, PyObject *arguments)
+{
+    PyObject *object = nullptr;
+    int isPython = 0;
+    std::string text;
+    if (!PyArg_ParseTuple(arguments, "Oi:executeOnIdle", &object, &isPython) ||
+        !readText(object, text))
+        return nullptr;
+    if (HostBinding *binding = HostBinding::current()) {
+        if (isPython)
+            binding->host.executePythonOnIdle(text, false);
+        else
+            binding->host.executeMelOnIdle(text, false);
+    }
+    return none();
+}
+
+PyObject *processIdle(PyObject *, PyObject *)
+{
+    HostBinding *binding = bindingOnMainThread();
+    if (!binding || !callHost([&] { binding->host.processIdle(); }))
+        return nullptr;
+    return none();
+}
+
+PyObject *isBatch(PyObject *, PyObject *)
+{
+    HostBinding *binding = HostBinding::current();
+    return PyBool_FromLong(!binding || binding->host.isBatch());
+}
+
+PyObject *isMainThread(PyObject *, PyObject *)
+{
+    return PyBool_FromLong(onMainThread());
+}
+
+// The function of a command, or None when there is no such command. On other threads any name will
+// do: the commands belong to the main thread, where the function will have to be called.
+PyObject *command(PyObject *, PyObject *argument)
+{
+    std::string name;
+    if (!readText(argument, name))
+        return nullptr;
+    HostBinding *binding = HostBinding::current();
+    if (!binding || (onMainThread() && !binding->mel.command(name)))
+        return none();
+    return commandFunction(name).release();
+}
+
+PyObject *commandNames(PyObject *, PyObject *)
+{
+    HostBinding *binding = HostBinding::current();
+    if (!binding || !onMainThread())
+        return PyList_New(0);
+    return toPython(mel::Value(binding->mel.commandNames())).release();
+}
+
+void *findInterface(InterfaceLookup &lookup, const std::string &kind, const std::string &name)
+{
+    if (kind == "control")
+        return lookup.findControl(name);
+    if (kind == "layout")
+        return lookup.findLayout(name);
+    if (kind == "window")
+        return lookup.findWindow(name);
+    if (kind == "menuItem")
+        return lookup.findMenuItem(name);
+    return lookup.mainWindow();
+}
+
+// interfaceAddress(kind, name): what a binding of Qt wraps, None when there is no such element
+PyObject *interfaceAddress(PyObject *, PyObject *arguments)
+{
+    const char *kind = nullptr;
+    PyObject *object = nullptr;
+    std::string name;
+    HostBinding *binding = bindingOnMainThread();
+    if (!binding || !PyArg_ParseTuple(arguments, "sO:interfaceAddress", &kind, &object) ||
+        !readText(object, name))
+        return nullptr;
+    InterfaceLookup *lookup = binding->host.interfaceLookup();
+    void *address = lookup ? findInterface(*lookup, kind, name) : nullptr;
+    return address ? PyLong_FromVoidPtr(address) : none();
+}
+
+PyMethodDef functions[] = {
+    {"message", message, METH_VARARGS, nullptr},
+    {"reportException", reportException, METH_VARARGS, nullptr},
+    {"eval", evalMel, METH_O, "Runs MEL text and returns the value of its last statement."},
+    {"executeMel", executeMel, METH_VARARGS, nullptr},
+    {"sourceFile", sourceFile, METH_O, nullptr},
+    {"executeOnIdle", executeOnIdle, METH_VARARGS, nullptr},
+    {"processIdle", processIdle, METH_NOARGS, nullptr},
+    {"isBatch", isBatch, METH_NOARGS, nullptr},
+    {"isMainThread", isMainThread, METH_NOARGS, nullptr},
+    {"command", command, METH_O, nullptr},
+    {"commandNames", commandNames, METH_NOARGS, nullptr},
+    {"interfaceAddress", interfaceAddress, METH_VARARGS, nullptr},
+    {nullptr, nullptr, 0, nullptr},
+};
+
+} // namespace
+
+bool addHostModule()
+{
+    return addBuiltinModule("_standin", functions) != nullptr;
+}
+
+} // namespace standin

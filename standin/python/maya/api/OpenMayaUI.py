@@ -1,0 +1,3 @@
+# SPDX-License-Identifier: MIT
+"""The interface module."""
+from maya.OpenMayaUI import MQtUtil

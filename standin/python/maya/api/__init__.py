@@ -1,0 +1,2 @@
+# SPDX-License-Identifier: MIT
+"""The second form of the API."""

@@ -1,0 +1,112 @@
+# SPDX-License-Identifier: MIT
+"""Prepares the interpreter for the host: importing of the `maya` package, streams, hooks.
+
+Runs in a namespace of its own; `sources` maps module names to (is a package, source text).
+"""
+import atexit
+import sys
+import types
+
+PACKAGE_PATH = '<maya package>'
+
+
+class Importer(object):
+    """Imports the modules that are part of the program, and lists them for pkgutil."""
+
+    # Python 3
+
+    def find_spec(self, name, path=None, target=None):
+        if name not in sources:
+            return None
+        from importlib.machinery import ModuleSpec
+        spec = ModuleSpec(name, self, origin=self._origin(name), is_package=self.is_package(name))
+        if self.is_package(name):
+            spec.submodule_search_locations = [PACKAGE_PATH]
+        return spec
+
+    def create_module(self, spec):
+        return None
+
+    def exec_module(self, module):
+        eval(self.get_code(module.__name__), module.__dict__)
+
+    # Python 2
+
+    def find_module(self, name, path=None):
+        return self if name in sources else None
+
+    def load_module(self, name):
+        if name not in sys.modules:
+            module = sys.modules[name] = types.ModuleType(name)
+            module.__loader__ = self
+            if self.is_package(name):
+                module.__path__ = [PACKAGE_PATH]
+            eval(self.get_code(name), module.__dict__)
+        return sys.modules[name]
+
+    # both
+
+    def is_package(self, name):
+        return sources[name][0]
+
+    def get_source(self, name):
+        return sources[name][1]
+
+    def get_code(self, name):
+        return compile(self.get_source(name), self._origin(name), 'exec', 0, True)
+
+    def _origin(self, name):
+        return '<%s>' % name
+
+    def __call__(self, path):
+        """As a path hook."""
+        if path != PACKAGE_PATH:
+            raise ImportError(path)
+        return self
+
+    def iter_modules(self, prefix=''):
+        for name in sorted(sources):
+            parent, _, child = name.rpartition('.')
+            if parent == 'maya':
+                yield prefix + child, self.is_package(name)
+
+
+def install_importer():
+    importer = Importer()
+    sys.meta_path.insert(0, importer)
+    sys.path_hooks.insert(0, importer)
+
+
+def empty_main():
+    """Drops the variables of scripts, keeping what every __main__ has."""
+    variables = sys.modules['__main__'].__dict__
+    for name in [name for name in variables if not name.startswith('__')]:
+        variables.pop(name, None)
+
+
+def report_exception(*exception):
+    import _standin
+    _standin.reportException(*exception)
+
+
+def begin(folders):
+    import maya
+    import maya.utils
+    empty_main()
+    sys.path.extend(folder for folder in folders if folder not in sys.path)
+    sys.stdout = maya.Output('<stdout>')
+    sys.stderr = maya.Output('<stderr>')
+    sys.stdin = maya.Input()
+    # Not only for threads and callbacks: bindings of Qt abort the program when an exception
+    # escapes from a slot while the default hook is in place.
+    sys.excepthook = report_exception
+    maya.utils._forgetCalls()
+
+
+def end():
+    # Threads that still run are not waited for: one that waits for the main thread never ends.
+    atexit._run_exitfuncs()
+    empty_main()
+
+
+install_importer()

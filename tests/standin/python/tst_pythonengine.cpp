@@ -1,0 +1,373 @@
+// SPDX-License-Identifier: MIT
+#include "standin/python/python.h"
+#include "tests/standin/python/fakehost.h"
+#include "tests/support/testmain.h"
+
+#include <QObject>
+
+#include <thread>
+
+Q_DECLARE_METATYPE(mel::Value)
+
+// What reaches the host when Python texts run: messages, their order, and values.
+class TestPythonEngine : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void messages_data();
+    void messages();
+    void exceptions_data();
+    void exceptions();
+    void values_data();
+    void values();
+    void textsShareTheirVariables();
+    void nothingButTheDisplayIsMissingWhenDisplayIsOff();
+    void brokenTextsAreReported_data();
+    void brokenTextsAreReported();
+    void replacedFormatterIsAskedFirst();
+    void failingFormatterIsPassedOver();
+    void redirectedStdoutKeepsItsText();
+    void hugeTextsAndOutputPass();
+    void readingInputMeetsItsEnd();
+    void interruptStopsALoop();
+    void interruptOfNothingIsForgotten();
+    void newEngineBeginsAfresh();
+    void exitHandlersRunWithTheHostStillThere();
+
+private:
+    mel::Outcome run(const QString &text, bool display = false)
+    {
+        return m_engine->execute(text.toUtf8().constData(), display);
+    }
+
+    std::unique_ptr<FakeHost> m_host;
+    std::unique_ptr<standin::PythonEngine> m_engine;
+};
+
+void TestPythonEngine::init()
+{
+    m_host.reset(new FakeHost);
+    m_engine = standin::createPythonEngine(*m_host, m_host->interpreter);
+    QVERIFY2(m_engine, qPrintable(m_host->takeMessages().join("\n")));
+    m_host->python = m_engine.get();
+}
+
+void TestPythonEngine::cleanup()
+{
+    m_engine.reset();
+    m_host.reset();
+}
+
+void TestPythonEngine::messages_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QStringList>("expected");
+
+    QTest::newRow("expression-shows-its-repr") << "'a' * 2"
+                                               << (QStringList() << "history|'a' * 2\\n"
+                                                                 << "result|'aa'");
+    QTest::newRow("statement-has-no-result") << "x = 5" << (QStringList() << "history|x = 5\\n");
+    QTest::newRow("none-has-no-result") << "None" << (QStringList() << "history|None\\n");
+    QTest::newRow("line-break-is-not-doubled") << "1\n"
+                                               << (QStringList() << "history|1\\n"
+                                                                 << "result|1");
+    QTest::newRow("only-a-lone-expression-has-a-result")
+        << "1\n2" << (QStringList() << "history|1\\n2\\n");
+    QTest::newRow("comments-around-an-expression") << "# a\n7 # b\n"
+                                                   << (QStringList() << "history|# a\\n7 # b\\n"
+                                                                     << "result|7");
+    QTest::newRow("each-write-is-a-message") << "print('a')"
+                                             << (QStringList() << "history|print('a')\\n"
+                                                               << "display|a"
+                                                               << "display|\\n");
+    QTest::newRow("output-comes-before-the-result")
+        << "len(repr(print('a')))"
+        << (QStringList() << "history|len(repr(print('a')))\\n"
+                          << "display|a"
+                          << "display|\\n"
+                          << "result|4");
+    QTest::newRow("empty-writes-send-nothing") << "print('')"
+                                               << (QStringList() << "history|print('')\\n"
+                                                                 << "display|\\n");
+    QTest::newRow("stderr-is-displayed-bare")
+        << "n = __import__('sys').stderr.write('w')"
+        << (QStringList() << "history|n = __import__('sys').stderr.write('w')\\n"
+                          << "display|w");
+    QTest::newRow("windows-line-breaks") << "x = 1\r\nprint(x)\r\n"
+                                         << (QStringList() << "history|x = 1\r\\nprint(x)\r\\n"
+                                                           << "display|1"
+                                                           << "display|\\n");
+    QTest::newRow("lone-surrogate-is-escaped") << "print('\\ud800')"
+                                               << (QStringList() << "history|print('\\ud800')\\n"
+                                                                 << "display|\\ud800"
+                                                                 << "display|\\n");
+    QTest::newRow("failing-repr-is-an-error")
+        << "type('T', (), {'__repr__': lambda s: 1 / 0})()"
+        << (QStringList()
+            << "history|type('T', (), {'__repr__': lambda s: 1 / 0})()\\n"
+            << "error|ZeroDivisionError: file <maya console> line 1: division by zero");
+    QTest::newRow("empty-text") << "" << (QStringList() << "history|\\n");
+}
+
+void TestPythonEngine::messages()
+{
+    QFETCH(QString, text);
+    QFETCH(QStringList, expected);
+    run(text, true);
+    QCOMPARE(m_host->takeMessages().join("\n"), expected.join("\n"));
+}
+
+void TestPythonEngine::exceptions_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("line");
+    QTest::addColumn<QString>("trace");
+
+    QTest::newRow("name") << "x"
+                          << "NameError: file <maya console> line 1: name 'x' is not defined"
+                          << "name 'x' is not defined\n"
+                             "# Traceback (most recent call last):\n"
+                             "#   File \"<maya console>\", line 1, in <module>\n"
+                             "# NameError: name 'x' is not defined";
+    QTest::newRow("innermost-place") << "def f():\n  raise ValueError('v')\n\nf()"
+                                     << "ValueError: file <maya console> line 2: v"
+                                     << "v\n"
+                                        "# Traceback (most recent call last):\n"
+                                        "#   File \"<maya console>\", line 4, in <module>\n"
+                                        "#   File \"<maya console>\", line 2, in f\n"
+                                        "# ValueError: v";
+    QTest::newRow("nested-exec") << "exec('1 / 0')"
+                                 << "ZeroDivisionError: file <string> line 1: division by zero"
+                                 << "division by zero\n"
+                                    "# Traceback (most recent call last):\n"
+                                    "#   File \"<maya console>\", line 1, in <module>\n"
+                                    "#   File \"<string>\", line 1, in <module>\n"
+                                    "# ZeroDivisionError: division by zero";
+    QTest::newRow("syntax") << "a = 1\nx = = 1"
+                            << "SyntaxError: file <maya console> line 2: invalid syntax"
+                            << "line 2: invalid syntax\n"
+                               "#   File \"<maya console>\", line 2\n"
+                               "#     x = = 1\n"
+                               "#         ^\n"
+                               "# SyntaxError: invalid syntax";
+    QTest::newRow("leaving-is-refused") << "raise SystemExit(3)"
+                                        << "SystemExit: file <maya console> line 1: 3"
+                                        << "3\n"
+                                           "# Traceback (most recent call last):\n"
+                                           "#   File \"<maya console>\", line 1, in <module>\n"
+                                           "# SystemExit: 3";
+    QTest::newRow("unprintable")
+        << "class E(Exception):\n  def __str__(self):\n    return 1 / 0\n\nraise E"
+        << "E: file <maya console> line 5: <unprintable E object>"
+        << "<unprintable E object>\n"
+           "# Traceback (most recent call last):\n"
+           "#   File \"<maya console>\", line 5, in <module>\n"
+           "# E: <exception str() failed>";
+    QTest::newRow("cause-is-told")
+        << "try:\n  {}['k']\nexcept KeyError as e:\n  raise RuntimeError('r') from e"
+        << "RuntimeError: file <maya console> line 4: r"
+        << "r\n"
+           "# Traceback (most recent call last):\n"
+           "#   File \"<maya console>\", line 2, in <module>\n"
+           "# KeyError: 'k'\n"
+           "# \n"
+           "# The above exception was the direct cause of the following exception:\n"
+           "# \n"
+           "# Traceback (most recent call last):\n"
+           "#   File \"<maya console>\", line 4, in <module>\n"
+           "# RuntimeError: r";
+    QTest::newRow("deep-recursion")
+        << "def f(): f()\n\nf()"
+        << "RecursionError: file <maya console> line 1: maximum recursion depth exceeded"
+        << QString();
+}
+
+void TestPythonEngine::exceptions()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, line);
+    QFETCH(QString, trace);
+
+    const mel::Outcome outcome = run(text);
+    QVERIFY(!outcome.ok);
+    QCOMPARE(QString::fromUtf8(outcome.error.c_str()), line);
+    QCOMPARE(m_host->takeMessages(), QStringList("error|" + line));
+
+    if (trace.isEmpty())
+        return;
+    m_host->interpreter.settings().stackTrace = true;
+    QCOMPARE(QString::fromUtf8(run(text).error.c_str()), trace);
+    QCOMPARE(m_host->takeMessages(), QStringList("error|" + trace.replace("\n", "\\n")));
+}
+
+void TestPythonEngine::values_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<mel::Value>("expected");
+
+    QTest::newRow("int") << "6 * 7" << mel::Value(42);
+    QTest::newRow("truth") << "1 < 2" << mel::Value(1);
+    QTest::newRow("largest-int") << "2 ** 31 - 1" << mel::Value(2147483647);
+    QTest::newRow("larger-than-int") << "2 ** 31" << mel::Value(std::string("2147483648"));
+    QTest::newRow("larger-than-any-machine-word")
+        << "-10 ** 30" << mel::Value(std::string("-1000000000000000000000000000000"));
+    QTest::newRow("float") << "1 / 4" << mel::Value(0.25);
+    QTest::newRow("text") << "'\\u00e4'" << mel::Value(std::string("\xC3\xA4"));
+    QTest::newRow("statement") << "x = 1" << mel::Value();
+    QTest::newRow("ints") << "[1, True]" << mel::Value(mel::IntArray{1, 1});
+    QTest::newRow("floats") << "(1, 2.5)" << mel::Value(mel::FloatArray{1, 2.5});
+    QTest::newRow("mixed") << "['a', 1, None]" << mel::Value(mel::StringArray{"a", "1", "None"});
+    QTest::newRow("empty-list") << "[]" << mel::Value(mel::StringArray());
+    QTest::newRow("lists-within") << "[[1], [2]]" << mel::Value(mel::StringArray{"[1]", "[2]"});
+    QTest::newRow("anything-else") << "{'a': 1}" << mel::Value(std::string("{'a': 1}"));
+}
+
+void TestPythonEngine::values()
+{
+    QFETCH(QString, text);
+    QFETCH(mel::Value, expected);
+    const mel::Outcome outcome = run(text);
+    QVERIFY(outcome.ok);
+    QCOMPARE(outcome.value.index(), expected.index());
+    QCOMPARE(mel::printText(outcome.value).c_str(), mel::printText(expected).c_str());
+}
+
+void TestPythonEngine::textsShareTheirVariables()
+{
+    run("shared = __name__");
+    QCOMPARE(std::get<std::string>(run("shared").value).c_str(), "__main__");
+}
+
+void TestPythonEngine::nothingButTheDisplayIsMissingWhenDisplayIsOff()
+{
+    run("print('kept')");
+    run("'value'");
+    QCOMPARE(m_host->takeMessages(), QStringList() << "display|kept"
+                                                   << "display|\\n");
+}
+
+void TestPythonEngine::brokenTextsAreReported_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QString>("reason");
+
+    QTest::newRow("nul") << QByteArray("a = 1\0b", 7) << "null bytes";
+    QTest::newRow("no-utf8") << QByteArray("x = '\xED\xA0\x80'") << "can't decode byte";
+    QTest::newRow("open-string") << QByteArray("x = 'abc") << "unterminated string";
+    QTest::newRow("deep-nesting") << QByteArray(100000, '(') << "too many nested parentheses";
+}
+
+void TestPythonEngine::brokenTextsAreReported()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(QString, reason);
+    const std::string source(text.constData(), static_cast<size_t>(text.size()));
+    QVERIFY(!m_engine->execute(source, false).ok);
+    const QStringList messages = m_host->takeMessages();
+    QCOMPARE(messages.size(), 1);
+    QVERIFY2(messages[0].startsWith("error|") && messages[0].contains(reason),
+             qPrintable(messages[0]));
+    QVERIFY(run("1").ok);
+}
+
+void TestPythonEngine::replacedFormatterIsAskedFirst()
+{
+    run("import maya.utils\n"
+        "saved = maya.utils.formatGuiException\n"
+        "maya.utils.formatGuiException = lambda t, o, b, detail=2: '%s %d' % (o, detail)");
+    run("raise ValueError('mine')");
+    QCOMPARE(m_host->takeMessages(), QStringList("error|mine 1"));
+    QVERIFY(run("maya.utils.formatGuiException = saved").ok);
+}
+
+void TestPythonEngine::failingFormatterIsPassedOver()
+{
+    run("import maya.utils\n"
+        "saved = maya.utils.formatGuiException\n"
+        "maya.utils.formatGuiException = None");
+    run("raise ValueError('mine')");
+    QCOMPARE(m_host->takeMessages(),
+             QStringList("error|ValueError: file <maya console> line 1: mine"));
+    QVERIFY(run("maya.utils.formatGuiException = saved").ok);
+}
+
+void TestPythonEngine::redirectedStdoutKeepsItsText()
+{
+    run("import io, sys\n"
+        "sys.stdout = io.StringIO()\n"
+        "print('inside')\n"
+        "text = sys.stdout.getvalue()\n"
+        "sys.stdout = None");
+    run("print('into nothing')");
+    QCOMPARE(m_host->takeMessages(), QStringList());
+    QCOMPARE(std::get<std::string>(run("text").value).c_str(), "inside\n");
+    QCOMPARE(std::get<std::string>(
+                 run("type(sys.stderr).__module__ + '.' + type(sys.stderr).__name__").value)
+                 .c_str(),
+             "maya.Output");
+}
+
+void TestPythonEngine::hugeTextsAndOutputPass()
+{
+    QString text;
+    for (int line = 0; line < 100000; ++line)
+        text += QString("x = %1\n").arg(line);
+    QVERIFY(run(text).ok);
+    QCOMPARE(std::get<int>(run("x").value), 99999);
+
+    run("print('a' * 10000000)\nfor i in range(20000): print(i)");
+    QCOMPARE(m_host->takeDisplayed().size(),
+             10000001 + 10 * 2 + 90 * 3 + 900 * 4 + 9000 * 5 + 10000 * 6);
+}
+
+void TestPythonEngine::readingInputMeetsItsEnd()
+{
+    run("input('name? ')");
+    QCOMPARE(m_host->takeMessages(), QStringList() << "display|name? "
+                                                   << "error|EOFError: file <maya console> line 1: "
+                                                      "EOF when reading a line");
+    QCOMPARE(std::get<std::string>(run("__import__('sys').stdin.read()").value).c_str(), "");
+}
+
+void TestPythonEngine::interruptStopsALoop()
+{
+    std::thread user([this] {
+        while (m_host->takeDisplayed().isEmpty())
+            std::this_thread::yield();
+        m_engine->interrupt();
+    });
+    const mel::Outcome outcome = run("print('started')\nwhile True: pass");
+    user.join();
+    QVERIFY(!outcome.ok);
+    QVERIFY2(outcome.error.find("KeyboardInterrupt") == 0, outcome.error.c_str());
+}
+
+void TestPythonEngine::interruptOfNothingIsForgotten()
+{
+    m_engine->interrupt();
+    QVERIFY(run("for i in range(1000): pass").ok);
+}
+
+void TestPythonEngine::newEngineBeginsAfresh()
+{
+    run("left = 1\nimport json");
+    cleanup();
+    init();
+    QVERIFY(!run("left").ok);
+    QVERIFY(run("import json\nprint(json.dumps([1]))").ok);
+    QCOMPARE(m_host->takeDisplayed().right(4), QString("[1]\n"));
+}
+
+void TestPythonEngine::exitHandlersRunWithTheHostStillThere()
+{
+    run("import atexit\natexit.register(lambda: print('bye'))");
+    m_engine.reset();
+    QCOMPARE(m_host->takeDisplayed(), QString("bye\n"));
+}
+
+CORVANE_TEST_MAIN(TestPythonEngine)
+#include "tst_pythonengine.moc"
