@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: MIT
+#include "standin/mel/builder.h"
+
+namespace mel {
+
+namespace {
+
+// How deep a tree may be that evaluation walks without looking at the stack; a chain of operators
+// is one level for each of them.
+constexpr int depthLimit = 1000;
+
+} // namespace
+
+void Builder::checkDepth(const Expression &expression)
+{
+    if (expression.depth > depthLimit)
+        throw CompileError("Expression is too long.");
+}
+
+ExpressionPointer Builder::convert(ExpressionPointer value, Type to)
+{
+    if (auto literal = nodes::retypedLiteral(value, to))
+        return literal;
+    if (!canConvert(value->type(), to))
+        throw CompileError(std::string("Cannot cast data of type ") + typeName(value->type()) +
+                           " to " + typeName(to) + ".");
+    return to == Type::Dynamic ? std::move(value) : nodes::convert(std::move(value), to);
+}
+
+ExpressionPointer Builder::condition(ExpressionPointer value)
+{
+    if (!canConvert(value->type(), Type::Float))
+        throw CompileError(std::string("Cannot cast data of type ") + typeName(value->type()) +
+                           " to int.");
+    return nodes::condition(std::move(value));
+}
+
+ExpressionPointer Builder::component(ExpressionPointer vector, char axis)
+{
+    if (vector->type() != Type::Vector && vector->type() != Type::Dynamic)
+        throw CompileError(std::string("Cannot cast data of type ") + typeName(vector->type()) +
+                           " to vector.");
+    return nodes::component(std::move(vector), axis);
+}
+
+ExpressionPointer Builder::vectorOrMatrix(std::vector<ExpressionList> rows)
+{
+    for (ExpressionList &row : rows) {
+        for (ExpressionPointer &element : row)
+            element = convert(std::move(element), Type::Float);
+    }
+    if (rows.size() == 1 && rows[0].size() == 3)
+        return nodes::vectorLiteral(std::move(rows[0][0]), std::move(rows[0][1]),
+                                    std::move(rows[0][2]));
+    return nodes::matrixLiteral(std::move(rows));
+}
+
+// The first element says what the array holds, unless a later one is of a type that takes both.
+ExpressionPointer Builder::arrayLiteral(ExpressionList elements)
+{
+    Type type = Type::Void;
+    for (const ExpressionPointer &element : elements) {
+        const Type own = element->type();
+        if (own != Type::Dynamic && arrayOf(own) == Type::Void)
+            throw CompileError(std::string("Cannot cast data of type ") + typeName(own) +
+                               " to string.");
+        if (type == Type::Void || own == Type::String || (own == Type::Float && type == Type::Int))
+            type = own == Type::Dynamic ? Type::String : own;
+    }
+    return nodes::arrayLiteral(std::move(elements),
+                               arrayOf(type == Type::Void ? Type::String : type));
+}
+
+ExpressionPointer Builder::negate(ExpressionPointer value)
+{
+    const Type type = value->type();
+    if (type != Type::Dynamic && resultType(Operator::Multiply, type, Type::Int) == Type::Void)
+        throw CompileError(illegalOperation(Operator::Subtract, type, type));
+    return nodes::negate(std::move(value));
+}
+
+ExpressionPointer Builder::binary(Operator op, ExpressionPointer left, ExpressionPointer right)
+{
+    const Type type = resultType(op, left->type(), right->type());
+    if (type == Type::Void)
+        throw CompileError(illegalOperation(op, left->type(), right->type()));
+    ExpressionPointer node = nodes::binary(op, std::move(left), std::move(right), type);
+    checkDepth(*node);
+    return node;
+}
+
+// `left` is a condition already.
+ExpressionPointer Builder::logical(bool isAnd, ExpressionPointer left, ExpressionPointer right)
+{
+    right = condition(std::move(right));
+    ExpressionPointer node = isAnd ? nodes::logicalAnd(std::move(left), std::move(right))
+                                   : nodes::logicalOr(std::move(left), std::move(right));
+    checkDepth(*node);
+    return node;
+}
+
+ExpressionPointer Builder::conditional(ExpressionPointer condition, ExpressionPointer yes,
+                                       ExpressionPointer no)
+{
+    Type type = yes->type();
+    if (type != no->type()) {
+        const Type sum = resultType(Operator::Add, type, no->type());
+        type = sum == Type::Void ? Type::Dynamic : sum;
+    }
+    if (type == Type::Void)
+        throw CompileError("Cannot cast data of type undefined to int.");
+    if (type != Type::Dynamic) {
+        yes = convert(std::move(yes), type);
+        no = convert(std::move(no), type);
+    }
+    return nodes::conditional(std::move(condition), std::move(yes), std::move(no), type);
+}
+
+ExpressionPointer Builder::assign(std::unique_ptr<Target> target, ExpressionPointer value)
+{
+    const Type type = target->type();
+    if (value->type() == Type::Void)
+        throw CompileError(std::string("Cannot cast data of type undefined to ") +
+                           (type == Type::Dynamic ? "int" : typeName(type)) + ".");
+    return nodes::assign(std::move(target), convert(std::move(value), type));
+}
+
+ExpressionPointer Builder::compoundAssign(Operator op, std::unique_ptr<Target> target,
+                                          ExpressionPointer value)
+{
+    const Type type = resultType(op, target->type(), value->type());
+    if (type == Type::Void)
+        throw CompileError(illegalOperation(op, target->type(), value->type()));
+    if (!canConvert(type, target->type()))
+        throw CompileError(std::string("Cannot cast data of type ") + typeName(type) + " to " +
+                           typeName(target->type()) + ".");
+    return nodes::compoundAssign(op, std::move(target), std::move(value));
+}
+
+ExpressionPointer Builder::increment(std::unique_ptr<Target> target, int by, bool prefix)
+{
+    const Type type = target->type();
+    if (!isNumber(type) && type != Type::Dynamic)
+        throw CompileError(std::string("Illegal operation \"") + (by > 0 ? "++" : "--") +
+                           "\" on data of type " + typeName(type) + ".");
+    return nodes::increment(std::move(target), by, prefix);
+}
+
+} // namespace mel

@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: MIT
+#include "standin/mel/builder.h"
+
+namespace mel {
+
+Builder::Builder(Runtime &runtime, SourcePointer source,
+                 std::function<void(const std::string &)> warn)
+    : m_runtime(runtime), m_source(std::move(source)), m_warn(std::move(warn))
+{
+}
+
+void Builder::warnRedeclaration(const std::string &variable, int line) const
+{
+    m_warn("Redeclaration of variable \"" + variable + "\" shadows previous declaration at line " +
+           std::to_string(line) + ". Previous value will be retained.");
+}
+
+void Builder::openScope()
+{
+    m_scopes.emplace_back();
+}
+
+void Builder::closeScope()
+{
+    m_scopes.pop_back();
+}
+
+int Builder::newSlot(Type type)
+{
+    slots().push_back(defaultValue(type));
+    return static_cast<int>(slots().size()) - 1;
+}
+
+std::optional<Symbol> Builder::find(const std::string &variable) const
+{
+    for (auto scope = m_scopes.rbegin(); scope != m_scopes.rend(); ++scope) {
+        const auto found = scope->find(variable);
+        if (found != scope->end())
+            return found->second;
+    }
+    GlobalVariable *global = m_procedure ? nullptr : m_runtime.variables.find(variable);
+    if (!global)
+        return std::nullopt;
+    return Symbol{global->type, Storage(&global->value)};
+}
+
+Builder::Declared Builder::declare(const Declaration &declaration)
+{
+    if (!declaration.isGlobal && !atTopLevel())
+        return declareLocal(declaration);
+    const Declared declared = declareGlobal(declaration);
+    if (!m_scopes.empty())
+        m_scopes.back().insert_or_assign(declaration.name, declared.symbol);
+    return declared;
+}
+
+Builder::Declared Builder::declareGlobal(const Declaration &declaration)
+{
+    GlobalVariable *known = m_runtime.variables.find(declaration.name);
+    const bool isNew = !known;
+    if (isNew) {
+        known =
+            &m_runtime.variables.declare(declaration.name, declaration.type, declaration.initial);
+        m_newGlobals.push_back(declaration.name);
+    } else if (known->type == Type::Dynamic) {
+        // Nothing was ever promised about it, so the declaration may settle its type.
+        known->type = declaration.type;
+        if (typeOf(known->value) != declaration.type)
+            known->value = declaration.initial;
+    } else if (known->type != declaration.type) {
+        throw CompileError("Invalid redeclaration of variable \"" + declaration.name +
+                           "\" as a different type.");
+    }
+    int &line = m_globalLines[declaration.name];
+    if (line > 0 && !declaration.isGlobal)
+        warnRedeclaration(declaration.name, line);
+    line = declaration.line;
+    return {Symbol{known->type, Storage(&known->value), declaration.line}, isNew};
+}
+
+Builder::Declared Builder::declareLocal(const Declaration &declaration)
+{
+    Scope &scope = m_scopes.back();
+    const auto found = scope.find(declaration.name);
+    if (found == scope.end()) {
+        const int slot = newSlot(declaration.type);
+        slots().back() = declaration.initial;
+        const Symbol symbol{declaration.type, Storage(slot), declaration.line};
+        scope.emplace(declaration.name, symbol);
+        return {symbol, true};
+    }
+    if (found->second.type != declaration.type)
+        throw CompileError("Invalid redeclaration of variable \"" + declaration.name +
+                           "\" as a different type.");
+    warnRedeclaration(declaration.name, found->second.line);
+    return {found->second, false};
+}
+
+ExpressionPointer Builder::initialise(const Declaration &declaration, const Declared &declared,
+                                      ExpressionPointer value)
+{
+    const Storage &storage = declared.symbol.storage;
+    if (value && declaration.isGlobal)
+        return initialiseGlobal(declared, std::move(value));
+    if (value)
+        return assign(nodes::variable(storage, declaration.type), std::move(value));
+    const bool isLocal = !declaration.isGlobal && !atTopLevel();
+    return isLocal && declared.isNew ? nodes::reset(storage, declaration.initial) : nullptr;
+}
+
+// Set once, before the text runs, and never again however often the text is run.
+ExpressionPointer Builder::initialiseGlobal(const Declared &declared, ExpressionPointer value)
+{
+    if (!value->isConstant())
+        throw CompileError("The initial value of a global variable must be a constant.");
+    Frame frame(m_runtime, {}, m_source);
+    if (declared.isNew)
+        assign(nodes::variable(declared.symbol.storage, declared.symbol.type), std::move(value))
+            ->run(frame);
+    return nodes::variable(declared.symbol.storage, declared.symbol.type);
+}
+
+std::unique_ptr<Target> Builder::variable(const std::string &name)
+{
+    const std::optional<Symbol> symbol = find(name);
+    if (!symbol)
+        throw CompileError("\"" + name + "\" is an undeclared variable.");
+    return nodes::variable(symbol->storage, symbol->type);
+}
+
+std::unique_ptr<Target> Builder::element(const std::string &name, ExpressionPointer index)
+{
+    const std::optional<Symbol> symbol = find(name);
+    if (!symbol)
+        throw CompileError("\"" + name + "\" is an undeclared variable.");
+    if (!isArray(symbol->type) && symbol->type != Type::Dynamic)
+        throw CompileError(std::string("Cannot index data of type ") + typeName(symbol->type) +
+                           ".");
+    return nodes::element(symbol->storage, symbol->type, convert(std::move(index), Type::Int));
+}
+
+std::unique_ptr<Target> Builder::matrixElement(const std::string &name, ExpressionPointer row,
+                                               ExpressionPointer column)
+{
+    const std::optional<Symbol> symbol = find(name);
+    if (!symbol)
+        throw CompileError("\"" + name + "\" is an undeclared variable.");
+    if (symbol->type != Type::Matrix && symbol->type != Type::Dynamic)
+        throw CompileError(std::string("Cannot index data of type ") + typeName(symbol->type) +
+                           ".");
+    return nodes::matrixElement(symbol->storage, convert(std::move(row), Type::Int),
+                                convert(std::move(column), Type::Int));
+}
+
+ExpressionPointer Builder::assignNew(const std::string &name, ExpressionPointer index,
+                                     ExpressionPointer value, int line)
+{
+    Type type = value->type();
+    if (type == Type::Void)
+        throw CompileError("Cannot cast data of type undefined to int.");
+    if (index && arrayOf(type) != Type::Void)
+        type = arrayOf(type);
+    Declaration declaration{name, type, false, defaultValue(type), line};
+    declare(declaration);
+    auto target = index ? element(name, std::move(index)) : variable(name);
+    return assign(std::move(target), std::move(value));
+}
+
+} // namespace mel

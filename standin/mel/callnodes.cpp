@@ -1,0 +1,186 @@
+// SPDX-License-Identifier: MIT
+#include "standin/mel/callnodes.h"
+
+#include "standin/mel/commandrun.h"
+#include "standin/mel/nodes.h"
+#include "standin/mel/runtime.h"
+
+#include <algorithm>
+
+namespace mel::nodes {
+
+namespace {
+
+[[noreturn]] void failArgumentCount(const std::string &name)
+{
+    throw RuntimeError("Wrong number of arguments on call to " + name + ".");
+}
+
+class CallExpression : public Expression
+{
+public:
+    CallExpression(Type type, ExpressionList arguments, int line)
+        : Expression(type), m_arguments(std::move(arguments)), m_line(line)
+    {
+        for (const ExpressionPointer &argument : m_arguments)
+            depth = std::max(depth, argument->depth + 1);
+    }
+
+protected:
+    Value callProcedure(const ProcedurePointer &procedure, Frame &frame) const;
+    Value callFunction(const Function &function, Frame &frame) const;
+
+    ExpressionList m_arguments;
+    int m_line;
+};
+
+void bind(Slot &slot, Type type, const Expression &argument, Frame &frame)
+{
+    Value *variable = isArray(type) ? argument.variable(frame) : nullptr;
+    if (variable && typeOf(*variable) == type)
+        slot.target = variable;
+    else
+        slot.value = convertArgument(argument.eval(frame), type, frame.runtime);
+}
+
+Value CallExpression::callProcedure(const ProcedurePointer &procedure, Frame &frame) const
+{
+    if (m_arguments.size() != procedure->parameters.size())
+        failArgumentCount(procedure->name);
+    Frame callee(frame.runtime, procedure->slots, procedure->source);
+    for (size_t i = 0; i < m_arguments.size(); ++i)
+        bind(callee.slots[i], procedure->parameters[i].type, *m_arguments[i], frame);
+    frame.line = m_line;
+    return frame.runtime.invoke(procedure, callee);
+}
+
+Value CallExpression::callFunction(const Function &function, Frame &frame) const
+{
+    constexpr size_t usualCount = 6;
+    const size_t count = m_arguments.size();
+    Value fewTemporaries[usualCount];
+    Value *fewPlaces[usualCount];
+    std::vector<Value> temporaries(count > usualCount ? count : 0);
+    std::vector<Value *> places(temporaries.size());
+    Value *const own = count > usualCount ? temporaries.data() : fewTemporaries;
+    Value **const all = count > usualCount ? places.data() : fewPlaces;
+    for (size_t i = 0; i < count; ++i) {
+        all[i] = m_arguments[i]->variable(frame);
+        if (all[i])
+            continue;
+        own[i] = m_arguments[i]->eval(frame);
+        all[i] = &own[i];
+    }
+    frame.line = m_line;
+    return function.run(Arguments(frame.runtime, all, count));
+}
+
+class ProcedureCall : public CallExpression
+{
+public:
+    ProcedureCall(const ProcedureEntry &entry, Type returnType, ExpressionList arguments, int line)
+        : CallExpression(returnType, std::move(arguments), line), m_entry(entry)
+    {
+    }
+    Value eval(Frame &frame) const override;
+
+private:
+    const ProcedureEntry &m_entry;
+};
+
+Value ProcedureCall::eval(Frame &frame) const
+{
+    // Held while it runs, as the script may redefine it meanwhile.
+    const ProcedurePointer procedure = m_entry.current;
+    Value value = callProcedure(procedure, frame);
+    return typeOf(value) == type() ? std::move(value)
+                                   : mel::convert(std::move(value), type(), frame.runtime);
+}
+
+class FunctionCall : public CallExpression
+{
+public:
+    FunctionCall(const Function &function, ExpressionList arguments, Type type, int line)
+        : CallExpression(type, std::move(arguments), line), m_function(function)
+    {
+    }
+    Value eval(Frame &frame) const override { return callFunction(m_function, frame); }
+
+private:
+    const Function &m_function;
+};
+
+class LateCall : public CallExpression
+{
+public:
+    LateCall(std::string name, ExpressionList arguments, int line)
+        : CallExpression(Type::Dynamic, std::move(arguments), line), m_name(std::move(name))
+    {
+    }
+    Value eval(Frame &frame) const override;
+
+private:
+    Value callBuiltIn(Frame &frame) const;
+    std::vector<Value> words(Frame &frame) const;
+
+    std::string m_name;
+};
+
+Value LateCall::eval(Frame &frame) const
+{
+    Runtime &runtime = frame.runtime;
+    frame.line = m_line;
+    const bool typed = frame.source->isTyped();
+    if (const ProcedureEntry *known = runtime.knownProcedure(m_name, typed))
+        return callProcedure(ProcedurePointer(known->current), frame);
+    if (const CommandTable::Pointer command = runtime.commands.find(m_name)) {
+        // Positional functions take arrays whole, where commands get a word for each element.
+        if (!functionsNamed(m_name).empty())
+            return callBuiltIn(frame);
+        std::vector<Value> all = words(frame);
+        frame.line = m_line;
+        return runCommand(runtime, *command, std::move(all));
+    }
+    const ProcedurePointer loaded = runtime.findProcedure(m_name, typed);
+    if (!loaded)
+        throw RuntimeError("Cannot find procedure \"" + m_name + "\".");
+    return callProcedure(loaded, frame);
+}
+
+Value LateCall::callBuiltIn(Frame &frame) const
+{
+    std::vector<Value> all;
+    for (const ExpressionPointer &argument : m_arguments)
+        all.push_back(argument->eval(frame));
+    return callFunctionByName(frame.runtime, m_name, std::move(all));
+}
+
+std::vector<Value> LateCall::words(Frame &frame) const
+{
+    std::vector<Value> all;
+    for (const ExpressionPointer &argument : m_arguments)
+        spreadWord(argument->eval(frame), all);
+    return all;
+}
+
+} // namespace
+
+ExpressionPointer procedureCall(const ProcedureEntry &entry, ProcedurePointer signature,
+                                ExpressionList arguments, int line)
+{
+    return std::make_unique<ProcedureCall>(entry, signature->returnType, std::move(arguments),
+                                           line);
+}
+
+ExpressionPointer functionCall(const Function &function, ExpressionList arguments, Type type,
+                               int line)
+{
+    return std::make_unique<FunctionCall>(function, std::move(arguments), type, line);
+}
+
+ExpressionPointer lateCall(std::string name, ExpressionList arguments, int line)
+{
+    return std::make_unique<LateCall>(std::move(name), std::move(arguments), line);
+}
+
+} // namespace mel::nodes

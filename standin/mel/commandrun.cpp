@@ -1,0 +1,267 @@
+// SPDX-License-Identifier: MIT
+#include "standin/mel/commandrun.h"
+
+#include "standin/mel/nodes.h"
+#include "standin/mel/runtime.h"
+
+#include <cctype>
+
+namespace mel {
+
+namespace {
+
+// A flag as written: a dash directly followed by a letter.
+bool looksLikeFlag(const Value &word)
+{
+    const std::string *text = std::get_if<std::string>(&word);
+    return text && text->size() > 1 && (*text)[0] == '-' &&
+           std::isalpha(static_cast<unsigned char>((*text)[1]));
+}
+
+Type argumentType(ArgumentKind kind)
+{
+    switch (kind) {
+    case ArgumentKind::Boolean:
+    case ArgumentKind::Int:
+    case ArgumentKind::UnsignedInt:
+        return Type::Int;
+    case ArgumentKind::Float:
+    case ArgumentKind::Length:
+    case ArgumentKind::Angle:
+    case ArgumentKind::Time:
+        return Type::Float;
+    default:
+        return Type::String;
+    }
+}
+
+// Splits words into the flags and objects of a Call, from left to right.
+class WordSplitter
+{
+public:
+    WordSplitter(Runtime &runtime, const Command &command, std::vector<Value> words)
+        : m_runtime(runtime), m_command(command), m_words(std::move(words))
+    {
+    }
+
+    void split(Call &call);
+
+private:
+    void readFlag(Call &call, const std::string &word);
+    bool readMode(Call &call, const std::string &name) const;
+    const Flag *findFlag(const std::string &name) const;
+    bool takesArguments(const Call &call, const Flag &flag) const;
+    Value argument(ArgumentKind kind);
+
+    Runtime &m_runtime;
+    const Command &m_command;
+    std::vector<Value> m_words;
+    size_t m_at = 0;
+};
+
+void WordSplitter::split(Call &call)
+{
+    // The mode decides how many arguments flags take, wherever it stands.
+    for (const Value &word : m_words) {
+        if (looksLikeFlag(word))
+            readMode(call, std::get<std::string>(word).substr(1));
+    }
+    while (m_at < m_words.size()) {
+        Value &word = m_words[m_at++];
+        if (looksLikeFlag(word))
+            readFlag(call, std::get<std::string>(word));
+        else
+            call.objects.push_back(std::move(word));
+    }
+}
+
+bool WordSplitter::readMode(Call &call, const std::string &name) const
+{
+    if (m_command.queryable && (name == "q" || name == "query"))
+        return call.query = true;
+    if (m_command.editable && (name == "e" || name == "edit"))
+        return call.edit = true;
+    return false;
+}
+
+const Flag *WordSplitter::findFlag(const std::string &name) const
+{
+    for (const Flag &flag : m_command.flags) {
+        if (name == flag.shortName || name == flag.longName)
+            return &flag;
+    }
+    return nullptr;
+}
+
+// A queried flag names what is asked for; an argument follows only where the flag says so.
+bool WordSplitter::takesArguments(const Call &call, const Flag &flag) const
+{
+    if (!call.query || flag.queryArgument == QueryArgument::Mandatory)
+        return true;
+    return flag.queryArgument == QueryArgument::Optional && m_at < m_words.size() &&
+           !looksLikeFlag(m_words[m_at]);
+}
+
+Value WordSplitter::argument(ArgumentKind kind)
+{
+    return nodes::convertArgument(std::move(m_words[m_at++]), argumentType(kind), m_runtime);
+}
+
+void WordSplitter::readFlag(Call &call, const std::string &word)
+{
+    const std::string name = word.substr(1);
+    const Flag *flag = findFlag(name);
+    if (!flag) {
+        if (readMode(call, name))
+            return;
+        throw RuntimeError("Invalid flag '" + word + "'");
+    }
+    Call::FlagUse use{flag, {}};
+    if (takesArguments(call, *flag)) {
+        for (const ArgumentKind kind : flag->arguments) {
+            if (m_at >= m_words.size())
+                throw RuntimeError("Flag '" + word + "' must be passed an argument.");
+            use.arguments.push_back(argument(kind));
+        }
+    }
+    call.flags.push_back(std::move(use));
+}
+
+std::string wordText(const Value &word)
+{
+    const std::string *text = std::get_if<std::string>(&word);
+    if (!text)
+        return printText(word);
+    if (looksLikeFlag(word))
+        return *text;
+    std::string quoted = "\"";
+    for (const char c : *text) {
+        if (c == '"' || c == '\\')
+            quoted += '\\';
+        quoted += c == '\n' ? std::string("\\n") : std::string(1, c);
+    }
+    return quoted + "\"";
+}
+
+template <typename Element>
+void appendElements(std::vector<Element> &array, std::vector<Value> &words)
+{
+    for (Element &element : array)
+        words.emplace_back(std::move(element));
+}
+
+} // namespace
+
+void spreadWord(Value argument, std::vector<Value> &words)
+{
+    switch (typeOf(argument)) {
+    case Type::Ints:
+        return appendElements(std::get<IntArray>(argument), words);
+    case Type::Floats:
+        return appendElements(std::get<FloatArray>(argument), words);
+    case Type::Strings:
+        return appendElements(std::get<StringArray>(argument), words);
+    case Type::Vectors:
+        return appendElements(std::get<VectorArray>(argument), words);
+    default:
+        words.push_back(std::move(argument));
+    }
+}
+
+std::string commandText(const std::string &name, const std::vector<Value> &words)
+{
+    std::string text = name;
+    for (const Value &word : words)
+        text += " " + wordText(word);
+    return text;
+}
+
+Value runCommand(Runtime &runtime, const Command &command, std::vector<Value> words)
+{
+    if (runtime.settings.echoCommands)
+        runtime.report(MessageKind::History, commandText(command.name, words) + ";\n");
+    Call call(runtime.interpreter, command.name);
+    if (command.rawWords)
+        call.objects = std::move(words);
+    else
+        WordSplitter(runtime, command, std::move(words)).split(call);
+    return command.run(call);
+}
+
+const Call::FlagUse *Call::find(const char *flag) const
+{
+    for (const FlagUse &use : flags) {
+        if (use.flag->shortName == flag || use.flag->longName == flag)
+            return &use;
+    }
+    return nullptr;
+}
+
+std::vector<const Call::FlagUse *> Call::findAll(const char *flag) const
+{
+    std::vector<const FlagUse *> uses;
+    for (const FlagUse &use : flags) {
+        if (use.flag->shortName == flag || use.flag->longName == flag)
+            uses.push_back(&use);
+    }
+    return uses;
+}
+
+namespace {
+
+const Value *flagArgument(const Call &call, const char *flag, size_t index)
+{
+    const Call::FlagUse *use = call.find(flag);
+    return use && index < use->arguments.size() ? &use->arguments[index] : nullptr;
+}
+
+// Arguments were converted when the words were split, so nothing is left to warn about.
+class NoWarnings : public WarningSink
+{
+public:
+    void warning(const std::string &) override {}
+};
+
+} // namespace
+
+bool Call::boolean(const char *flag, bool byDefault, size_t index) const
+{
+    return integer(flag, byDefault ? 1 : 0, index) != 0;
+}
+
+int Call::integer(const char *flag, int byDefault, size_t index) const
+{
+    NoWarnings none;
+    const Value *argument = flagArgument(*this, flag, index);
+    return argument ? toInt(*argument, none) : byDefault;
+}
+
+double Call::number(const char *flag, double byDefault, size_t index) const
+{
+    NoWarnings none;
+    const Value *argument = flagArgument(*this, flag, index);
+    return argument ? toFloat(*argument, none) : byDefault;
+}
+
+std::string Call::text(const char *flag, const std::string &byDefault, size_t index) const
+{
+    const Value *argument = flagArgument(*this, flag, index);
+    return argument ? printText(*argument) : byDefault;
+}
+
+std::string Call::objectText(size_t index) const
+{
+    if (index >= objects.size())
+        throw RuntimeError("Wrong number of arguments on call to " + command + ".");
+    return printText(objects[index]);
+}
+
+std::vector<std::string> Call::objectTexts() const
+{
+    std::vector<std::string> texts;
+    for (const Value &object : objects)
+        texts.push_back(printText(object));
+    return texts;
+}
+
+} // namespace mel

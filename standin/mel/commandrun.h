@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "standin/mel/command.h"
+
+#include <vector>
+
+namespace mel {
+
+class Runtime;
+
+// Appends an argument to a command's words: an array becomes one word per element.
+void spreadWord(Value argument, std::vector<Value> &words);
+
+// Splits the words by the command's flags, echoes the command when that is on, and runs it.
+Value runCommand(Runtime &runtime, const Command &command, std::vector<Value> words);
+
+// The command as a line of text: 'sphere -r 5 "ball"'.
+std::string commandText(const std::string &name, const std::vector<Value> &words);
+
+} // namespace mel

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "standin/mel/command.h"
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace mel {
+
+class Runtime;
+
+// The commands by name. A running command is held by its caller, so removing it is safe.
+class CommandTable
+{
+public:
+    using Pointer = std::shared_ptr<const Command>;
+
+    bool add(Command command);
+    bool remove(const std::string &name);
+    Pointer find(const std::string &name) const; // null when there is none
+    std::vector<std::string> names() const;      // sorted
+    unsigned generation() const { return m_generation; }
+
+private:
+    std::map<std::string, Pointer> m_commands;
+    unsigned m_generation = 0;
+};
+
+// The commands that are built in, the positional functions among them.
+void addBuiltInCommands(Runtime &runtime);
+
+} // namespace mel

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "standin/mel/procedure.h"
+
+namespace mel {
+
+class Runtime;
+
+// Parses and checks a whole text and makes its procedures known. Throws CompileFailure; then
+// nothing of the text has had an effect.
+std::unique_ptr<Unit> compileSource(Runtime &runtime, SourcePointer source);
+
+} // namespace mel

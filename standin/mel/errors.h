@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "standin/mel/command.h"
+#include "standin/mel/source.h"
+
+namespace mel {
+
+// What is wrong with a text, found while compiling; the parser adds the place.
+class CompileError : public std::runtime_error
+{
+public:
+    using std::runtime_error::runtime_error;
+};
+
+// A text that cannot run. Its messages are, in order, the source line and the error in its place.
+class CompileFailure : public RuntimeError
+{
+public:
+    CompileFailure(std::string line, const std::string &located)
+        : RuntimeError(located), sourceLine(std::move(line))
+    {
+    }
+
+    std::string sourceLine;
+};
+
+// A run-time error on its way out: the message with its place, and the calls it has left so far.
+class LocatedError : public RuntimeError
+{
+public:
+    struct Step
+    {
+        std::string procedure; // empty at top level
+        Place place;
+    };
+
+    using RuntimeError::RuntimeError;
+
+    std::string traceText() const;
+
+    std::vector<Step> steps; // innermost first
+};
+
+} // namespace mel

@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: MIT
+#include "standin/mel/function.h"
+
+#include "standin/mel/functions.h"
+#include "standin/mel/nodes.h"
+#include "standin/mel/runtime.h"
+
+#include <algorithm>
+#include <unordered_map>
+
+namespace mel {
+
+namespace {
+
+Type letterType(char letter)
+{
+    static const std::pair<char, Type> types[] = {
+        {'n', Type::Void},    {'i', Type::Int},     {'f', Type::Float}, {'s', Type::String},
+        {'v', Type::Vector},  {'m', Type::Matrix},  {'I', Type::Ints},  {'F', Type::Floats},
+        {'S', Type::Strings}, {'V', Type::Vectors},
+    };
+    for (const auto &entry : types) {
+        if (entry.first == letter)
+            return entry.second;
+    }
+    return Type::Dynamic;
+}
+
+using FunctionMap = std::unordered_map<std::string, std::vector<const Function *>>;
+
+const FunctionMap &functionMap()
+{
+    static const FunctionMap map = [] {
+        FunctionMap byName;
+        for (const Function *function : allFunctions())
+            byName[function->name].push_back(function);
+        return byName;
+    }();
+    return map;
+}
+
+// How many arguments have exactly the wanted type.
+int fitness(const Function &function, const std::vector<Type> &arguments)
+{
+    int score = 0;
+    for (size_t i = 0; i < arguments.size(); ++i)
+        score += function.parameterType(i) == arguments[i] ? 1 : 0;
+    return score;
+}
+
+} // namespace
+
+bool Function::takes(size_t count) const
+{
+    const std::string_view letters = parameters();
+    if (!letters.empty() && letters.back() == '*')
+        return count + 1 >= letters.size();
+    return count == letters.size();
+}
+
+Type Function::parameterType(size_t index) const
+{
+    const std::string_view letters = parameters();
+    return index < letters.size() ? letterType(letters[index]) : Type::Dynamic;
+}
+
+Type Function::returnType(Type firstArgument) const
+{
+    return signature[0] == '=' ? firstArgument : letterType(signature[0]);
+}
+
+const std::vector<const Function *> &allFunctions()
+{
+    static const std::vector<const Function *> all = [] {
+        std::vector<const Function *> rows;
+        for (const FunctionTable &table : functionTables()) {
+            for (size_t i = 0; i < table.count; ++i)
+                rows.push_back(&table.rows[i]);
+        }
+        return rows;
+    }();
+    return all;
+}
+
+std::vector<const Function *> functionsNamed(const std::string &name)
+{
+    const auto found = functionMap().find(name);
+    return found == functionMap().end() ? std::vector<const Function *>() : found->second;
+}
+
+const Function *chooseFunction(const std::vector<const Function *> &rows,
+                               const std::vector<Type> &arguments)
+{
+    const Function *best = nullptr;
+    for (const Function *row : rows) {
+        if (!row->takes(arguments.size()))
+            continue;
+        if (!best || fitness(*row, arguments) > fitness(*best, arguments))
+            best = row;
+    }
+    return best;
+}
+
+Value callFunctionByName(Runtime &runtime, const std::string &name, std::vector<Value> arguments)
+{
+    std::vector<Type> types;
+    for (const Value &argument : arguments)
+        types.push_back(typeOf(argument));
+    const Function *function = chooseFunction(functionsNamed(name), types);
+    if (!function)
+        throw RuntimeError("Wrong number of arguments on call to " + name + ".");
+    std::vector<Value *> places;
+    for (size_t i = 0; i < arguments.size(); ++i) {
+        arguments[i] =
+            nodes::convertArgument(std::move(arguments[i]), function->parameterType(i), runtime);
+        places.push_back(&arguments[i]);
+    }
+    return function->run(Arguments(runtime, places.data(), places.size()));
+}
+
+} // namespace mel

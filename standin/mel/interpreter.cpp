@@ -1,0 +1,184 @@
+// SPDX-License-Identifier: MIT
+#include "standin/mel/interpreter.h"
+
+#include "standin/mel/callnodes.h"
+#include "standin/mel/compiler.h"
+#include "standin/mel/nodes.h"
+#include "standin/mel/runtime.h"
+#include "standin/mel/statements.h"
+
+#include <new>
+
+namespace mel {
+
+struct Interpreter::State : Runtime
+{
+    using Runtime::Runtime;
+};
+
+namespace {
+
+bool isEmptyArray(const Value &value)
+{
+    return std::visit(
+        [](const auto &held) {
+            using Held = std::decay_t<decltype(held)>;
+            constexpr bool array =
+                std::is_same_v<Held, IntArray> || std::is_same_v<Held, FloatArray> ||
+                std::is_same_v<Held, StringArray> || std::is_same_v<Held, VectorArray>;
+            if constexpr (array)
+                return held.empty();
+            return false;
+        },
+        value);
+}
+
+// Runs something inside the interpreter. Whatever goes wrong becomes messages and the outcome.
+template <typename Run>
+Outcome guarded(Runtime &runtime, Run run)
+{
+    Outcome outcome;
+    try {
+        const Runtime::Execution execution(runtime);
+        outcome.value = run();
+        outcome.ok = true;
+    } catch (const RuntimeError &error) {
+        outcome.error = runtime.reportFailure(error, true);
+    } catch (const CompileError &error) {
+        outcome.error = runtime.reportFailure(RuntimeError(error.what()), true);
+    } catch (const std::bad_alloc &) {
+        outcome.error = runtime.reportFailure(RuntimeError("Out of memory."), true);
+    } catch (const std::exception &error) {
+        outcome.error = runtime.reportFailure(RuntimeError(error.what()), true);
+    }
+    return outcome;
+}
+
+} // namespace
+
+Interpreter::Interpreter(Host &host) : m_state(std::make_unique<State>(*this, host))
+{
+    addBuiltInCommands(*m_state);
+}
+
+Interpreter::~Interpreter() = default;
+
+Outcome Interpreter::execute(const std::string &text, bool display)
+{
+    if (display)
+        m_state->echoText(text);
+    Outcome outcome = guarded(*m_state, [&] { return m_state->runText(text); });
+    if (display && outcome.ok && !isVoid(outcome.value) && !isEmptyArray(outcome.value))
+        m_state->report(MessageKind::Result, resultText(outcome.value));
+    return outcome;
+}
+
+Outcome Interpreter::sourceFile(const std::string &path)
+{
+    return guarded(*m_state, [&] {
+        m_state->runUnit(*m_state->compileFile(path));
+        return Value();
+    });
+}
+
+Outcome Interpreter::call(const std::string &name, const std::vector<Value> &words)
+{
+    return guarded(*m_state, [&] {
+        ExpressionList arguments;
+        for (const Value &word : words)
+            arguments.push_back(nodes::constant(word));
+        Unit unit;
+        unit.source = std::make_shared<Source>();
+        unit.statements.push_back(
+            statements::expression(nodes::lateCall(name, std::move(arguments), 1), 1));
+        return m_state->runUnit(unit);
+    });
+}
+
+Value Interpreter::evaluate(const std::string &text)
+{
+    const Runtime::Execution execution(*m_state);
+    return m_state->runText(text);
+}
+
+bool Interpreter::addCommand(Command command)
+{
+    return m_state->commands.add(std::move(command));
+}
+
+bool Interpreter::removeCommand(const std::string &name)
+{
+    return m_state->commands.remove(name);
+}
+
+const Command *Interpreter::command(const std::string &name) const
+{
+    return m_state->commands.find(name).get();
+}
+
+std::vector<std::string> Interpreter::commandNames() const
+{
+    return m_state->commands.names();
+}
+
+unsigned Interpreter::commandGeneration() const
+{
+    return m_state->commands.generation();
+}
+
+bool Interpreter::hasProcedure(const std::string &name) const
+{
+    return m_state->knownProcedure(name, false) != nullptr;
+}
+
+std::optional<Value> Interpreter::globalVariable(const std::string &name) const
+{
+    const GlobalVariable *variable = m_state->variables.find(name);
+    return variable ? std::optional<Value>(variable->value) : std::nullopt;
+}
+
+bool Interpreter::setGlobalVariable(const std::string &name, const Value &value)
+{
+    GlobalVariable *variable = m_state->variables.find(name);
+    if (!variable) {
+        m_state->variables.declare(name, typeOf(value), value);
+        return true;
+    }
+    if (variable->type != Type::Dynamic && variable->type != typeOf(value))
+        return false;
+    variable->value = value;
+    return true;
+}
+
+Settings &Interpreter::settings()
+{
+    return m_state->settings;
+}
+
+Limits &Interpreter::limits()
+{
+    return m_state->limits;
+}
+
+Host &Interpreter::host()
+{
+    return m_state->host;
+}
+
+void Interpreter::interrupt()
+{
+    m_state->interrupt();
+}
+
+bool Interpreter::isRunning() const
+{
+    return m_state->isRunning();
+}
+
+bool Interpreter::defineLibrary(const std::string &text, const std::string &origin)
+{
+    const auto source = std::make_shared<Source>(Source{origin, text});
+    return guarded(*m_state, [&] { return m_state->runUnit(*compileSource(*m_state, source)); }).ok;
+}
+
+} // namespace mel

@@ -1,0 +1,265 @@
+// SPDX-License-Identifier: MIT
+#include "standin/mel/nodes.h"
+
+#include "standin/mel/number.h"
+#include "standin/mel/runtime.h"
+
+#include <algorithm>
+
+namespace mel::nodes {
+
+namespace {
+
+// The int, float or text of a plain variable, to be changed in place.
+template <typename Held>
+Held &held(const Target &target, Frame &frame)
+{
+    return as<Held>(*target.variable(frame));
+}
+
+class AssignInt : public IntExpression
+{
+public:
+    AssignInt(std::unique_ptr<Target> target, ExpressionPointer value)
+        : m_target(std::move(target)), m_value(std::move(value))
+    {
+        depth = m_value->depth + 1;
+    }
+    int evalInt(Frame &frame) const override
+    {
+        const int value = m_value->evalInt(frame);
+        return held<int>(*m_target, frame) = value;
+    }
+
+private:
+    std::unique_ptr<Target> m_target;
+    ExpressionPointer m_value;
+};
+
+class AssignFloat : public FloatExpression
+{
+public:
+    AssignFloat(std::unique_ptr<Target> target, ExpressionPointer value)
+        : m_target(std::move(target)), m_value(std::move(value))
+    {
+        depth = m_value->depth + 1;
+    }
+    double evalFloat(Frame &frame) const override
+    {
+        const double value = m_value->evalFloat(frame);
+        return held<double>(*m_target, frame) = value;
+    }
+
+private:
+    std::unique_ptr<Target> m_target;
+    ExpressionPointer m_value;
+};
+
+class Assign : public Expression
+{
+public:
+    Assign(std::unique_ptr<Target> target, ExpressionPointer value)
+        : Expression(target->type()), m_target(std::move(target)), m_value(std::move(value))
+    {
+        depth = std::max(m_target->depth, m_value->depth) + 1;
+    }
+    Value eval(Frame &frame) const override
+    {
+        const Target::Index index = m_target->locate(frame);
+        store(frame, index);
+        return m_target->load(frame, index);
+    }
+    // Without the copy that the value of the assignment would be.
+    void run(Frame &frame) const override { store(frame, m_target->locate(frame)); }
+
+private:
+    void store(Frame &frame, Target::Index index) const
+    {
+        Value value = m_value->eval(frame);
+        if (isVoid(value))
+            failConversion(Type::Void, type() == Type::Dynamic ? Type::Int : type());
+        m_target->store(frame, index, std::move(value));
+    }
+
+    std::unique_ptr<Target> m_target;
+    ExpressionPointer m_value;
+};
+
+class CompoundAssign : public Expression
+{
+public:
+    CompoundAssign(Operator op, std::unique_ptr<Target> target, ExpressionPointer value)
+        : Expression(target->type()), m_op(op), m_target(std::move(target)),
+          m_value(std::move(value))
+    {
+        depth = std::max(m_target->depth, m_value->depth) + 1;
+    }
+    Value eval(Frame &frame) const override
+    {
+        const Target::Index index = m_target->locate(frame);
+        const Value right = m_value->eval(frame);
+        Value result = apply(m_op, m_target->load(frame, index), right, frame.runtime);
+        if (const std::string *text = std::get_if<std::string>(&result))
+            frame.runtime.checkTextLength(text->size());
+        result = mel::convert(std::move(result), type(), frame.runtime);
+        m_target->store(frame, index, result);
+        return result;
+    }
+
+private:
+    Operator m_op;
+    std::unique_ptr<Target> m_target;
+    ExpressionPointer m_value;
+};
+
+// Text appended in place, so that building a long text piece by piece stays linear.
+class Append : public Expression
+{
+public:
+    Append(std::unique_ptr<Target> target, ExpressionPointer value)
+        : Expression(Type::String), m_target(std::move(target)), m_value(std::move(value))
+    {
+        depth = m_value->depth + 1;
+    }
+    Value eval(Frame &frame) const override
+    {
+        run(frame);
+        return held<std::string>(*m_target, frame);
+    }
+    void run(Frame &frame) const override
+    {
+        const std::string right = toString(m_value->eval(frame));
+        std::string &text = held<std::string>(*m_target, frame);
+        frame.runtime.checkTextLength(text.size() + right.size());
+        text += right;
+    }
+
+private:
+    std::unique_ptr<Target> m_target;
+    ExpressionPointer m_value;
+};
+
+class AddToInt : public IntExpression
+{
+public:
+    AddToInt(std::unique_ptr<Target> target, ExpressionPointer value, int sign)
+        : m_target(std::move(target)), m_value(std::move(value)), m_sign(sign)
+    {
+        depth = m_value->depth + 1;
+    }
+    int evalInt(Frame &frame) const override
+    {
+        const int by = multiplyInts(m_value->evalInt(frame), m_sign);
+        int &number = held<int>(*m_target, frame);
+        return number = addInts(number, by);
+    }
+
+private:
+    std::unique_ptr<Target> m_target;
+    ExpressionPointer m_value;
+    int m_sign;
+};
+
+class IncrementInt : public IntExpression
+{
+public:
+    IncrementInt(std::unique_ptr<Target> target, int by, bool prefix)
+        : m_target(std::move(target)), m_by(by), m_prefix(prefix)
+    {
+    }
+    int evalInt(Frame &frame) const override
+    {
+        int &number = held<int>(*m_target, frame);
+        const int before = number;
+        number = addInts(number, m_by);
+        return m_prefix ? number : before;
+    }
+
+private:
+    std::unique_ptr<Target> m_target;
+    int m_by;
+    bool m_prefix;
+};
+
+class Increment : public Expression
+{
+public:
+    Increment(std::unique_ptr<Target> target, int by, bool prefix)
+        : Expression(target->type()), m_target(std::move(target)), m_by(by), m_prefix(prefix)
+    {
+        depth = m_target->depth + 1;
+    }
+    Value eval(Frame &frame) const override
+    {
+        const Target::Index index = m_target->locate(frame);
+        const Value before = m_target->load(frame, index);
+        Value after = apply(Operator::Add, before, m_by, frame.runtime);
+        m_target->store(frame, index, after);
+        return m_prefix ? after : before;
+    }
+
+private:
+    std::unique_ptr<Target> m_target;
+    int m_by;
+    bool m_prefix;
+};
+
+class Catching : public IntExpression
+{
+public:
+    Catching(ExpressionPointer operand, bool quiet) : m_operand(std::move(operand)), m_quiet(quiet)
+    {
+        depth = m_operand->depth + 1;
+    }
+    int evalInt(Frame &frame) const override
+    {
+        return frame.runtime.fails(*m_operand, frame, m_quiet);
+    }
+
+private:
+    ExpressionPointer m_operand;
+    bool m_quiet;
+};
+
+bool isPlainVariable(const Target &target)
+{
+    return target.isPlainVariable();
+}
+
+} // namespace
+
+ExpressionPointer assign(std::unique_ptr<Target> target, ExpressionPointer value)
+{
+    if (isPlainVariable(*target) && target->type() == Type::Int)
+        return std::make_unique<AssignInt>(std::move(target), std::move(value));
+    if (isPlainVariable(*target) && target->type() == Type::Float)
+        return std::make_unique<AssignFloat>(std::move(target), std::move(value));
+    return std::make_unique<Assign>(std::move(target), std::move(value));
+}
+
+ExpressionPointer compoundAssign(Operator op, std::unique_ptr<Target> target,
+                                 ExpressionPointer value)
+{
+    const bool plain = isPlainVariable(*target);
+    const bool sum = op == Operator::Add || op == Operator::Subtract;
+    if (plain && sum && target->type() == Type::Int && value->type() == Type::Int)
+        return std::make_unique<AddToInt>(std::move(target), std::move(value),
+                                          op == Operator::Add ? 1 : -1);
+    if (plain && target->type() == Type::String)
+        return std::make_unique<Append>(std::move(target), std::move(value));
+    return std::make_unique<CompoundAssign>(op, std::move(target), std::move(value));
+}
+
+ExpressionPointer increment(std::unique_ptr<Target> target, int by, bool prefix)
+{
+    if (isPlainVariable(*target) && target->type() == Type::Int)
+        return std::make_unique<IncrementInt>(std::move(target), by, prefix);
+    return std::make_unique<Increment>(std::move(target), by, prefix);
+}
+
+ExpressionPointer catching(ExpressionPointer operand, bool quiet)
+{
+    return std::make_unique<Catching>(std::move(operand), quiet);
+}
+
+} // namespace mel::nodes

@@ -1,0 +1,266 @@
+// SPDX-License-Identifier: MIT
+#include "standin/mel/nodes.h"
+
+#include "standin/mel/runtime.h"
+
+#include <algorithm>
+
+namespace mel::nodes {
+
+namespace {
+
+bool areConstant(const ExpressionList &list)
+{
+    return std::all_of(list.begin(), list.end(),
+                       [](const ExpressionPointer &e) { return e->isConstant(); });
+}
+
+class ToInt : public IntExpression
+{
+public:
+    explicit ToInt(ExpressionPointer operand) : m_operand(std::move(operand))
+    {
+        depth = m_operand->depth + 1;
+    }
+    int evalInt(Frame &frame) const override { return m_operand->evalInt(frame); }
+    bool isConstant() const override { return m_operand->isConstant(); }
+
+private:
+    ExpressionPointer m_operand;
+};
+
+class ToFloat : public FloatExpression
+{
+public:
+    explicit ToFloat(ExpressionPointer operand) : m_operand(std::move(operand))
+    {
+        depth = m_operand->depth + 1;
+    }
+    double evalFloat(Frame &frame) const override { return m_operand->evalFloat(frame); }
+    bool isConstant() const override { return m_operand->isConstant(); }
+
+private:
+    ExpressionPointer m_operand;
+};
+
+class Converted : public Expression
+{
+public:
+    Converted(ExpressionPointer operand, Type to) : Expression(to), m_operand(std::move(operand))
+    {
+        depth = m_operand->depth + 1;
+    }
+    Value eval(Frame &frame) const override
+    {
+        return mel::convert(m_operand->eval(frame), type(), frame.runtime);
+    }
+    bool isConstant() const override { return m_operand->isConstant(); }
+
+private:
+    ExpressionPointer m_operand;
+};
+
+class Argument : public Expression
+{
+public:
+    Argument(ExpressionPointer operand, Type to) : Expression(to), m_operand(std::move(operand))
+    {
+        depth = m_operand->depth + 1;
+    }
+    Value eval(Frame &frame) const override
+    {
+        return convertArgument(m_operand->eval(frame), type(), frame.runtime);
+    }
+
+private:
+    ExpressionPointer m_operand;
+};
+
+class Condition : public IntExpression
+{
+public:
+    explicit Condition(ExpressionPointer operand) : m_operand(std::move(operand))
+    {
+        depth = m_operand->depth + 1;
+    }
+    int evalInt(Frame &frame) const override
+    {
+        if (m_operand->type() == Type::Float)
+            return m_operand->evalFloat(frame) != 0;
+        return isTrue(m_operand->eval(frame), frame.runtime);
+    }
+
+private:
+    ExpressionPointer m_operand;
+};
+
+class VectorLiteral : public Expression
+{
+public:
+    VectorLiteral(ExpressionPointer x, ExpressionPointer y, ExpressionPointer z)
+        : Expression(Type::Vector), m_x(std::move(x)), m_y(std::move(y)), m_z(std::move(z))
+    {
+        depth = std::max({m_x->depth, m_y->depth, m_z->depth}) + 1;
+    }
+    Value eval(Frame &frame) const override
+    {
+        Vector vector;
+        vector.x = m_x->evalFloat(frame);
+        vector.y = m_y->evalFloat(frame);
+        vector.z = m_z->evalFloat(frame);
+        return vector;
+    }
+    bool isConstant() const override
+    {
+        return m_x->isConstant() && m_y->isConstant() && m_z->isConstant();
+    }
+
+private:
+    ExpressionPointer m_x;
+    ExpressionPointer m_y;
+    ExpressionPointer m_z;
+};
+
+class MatrixLiteral : public Expression
+{
+public:
+    explicit MatrixLiteral(std::vector<ExpressionList> rows)
+        : Expression(Type::Matrix), m_rows(std::move(rows))
+    {
+        for (const ExpressionList &row : m_rows) {
+            m_columns = std::max(m_columns, row.size());
+            for (const ExpressionPointer &element : row)
+                depth = std::max(depth, element->depth + 1);
+        }
+    }
+    Value eval(Frame &frame) const override;
+    bool isConstant() const override
+    {
+        return std::all_of(m_rows.begin(), m_rows.end(), areConstant);
+    }
+
+private:
+    std::vector<ExpressionList> m_rows;
+    size_t m_columns = 0;
+};
+
+Value MatrixLiteral::eval(Frame &frame) const
+{
+    Matrix matrix{static_cast<int>(m_rows.size()), static_cast<int>(m_columns), {}};
+    matrix.elements.resize(m_rows.size() * m_columns);
+    for (size_t row = 0; row < m_rows.size(); ++row)
+        for (size_t column = 0; column < m_rows[row].size(); ++column)
+            matrix.elements[row * m_columns + column] = m_rows[row][column]->evalFloat(frame);
+    return matrix;
+}
+
+class ArrayLiteral : public Expression
+{
+public:
+    ArrayLiteral(ExpressionList elements, Type arrayType)
+        : Expression(arrayType), m_elements(std::move(elements))
+    {
+        for (const ExpressionPointer &element : m_elements)
+            depth = std::max(depth, element->depth + 1);
+    }
+    Value eval(Frame &frame) const override;
+    bool isConstant() const override { return areConstant(m_elements); }
+    void setType(Type arrayType) { m_type = arrayType; }
+
+private:
+    template <typename Held>
+    Value collect(Frame &frame) const;
+
+    ExpressionList m_elements;
+};
+
+template <typename Held>
+Value ArrayLiteral::collect(Frame &frame) const
+{
+    std::vector<Held> array;
+    array.reserve(m_elements.size());
+    for (const ExpressionPointer &element : m_elements)
+        array.push_back(
+            std::get<Held>(mel::convert(element->eval(frame), elementOf(type()), frame.runtime)));
+    return array;
+}
+
+Value ArrayLiteral::eval(Frame &frame) const
+{
+    switch (type()) {
+    case Type::Ints:
+        return collect<int>(frame);
+    case Type::Floats:
+        return collect<double>(frame);
+    case Type::Vectors:
+        return collect<Vector>(frame);
+    default:
+        return collect<std::string>(frame);
+    }
+}
+
+} // namespace
+
+ExpressionPointer convert(ExpressionPointer operand, Type to)
+{
+    if (operand->type() == to)
+        return operand;
+    if (const Value *known = operand->constant();
+        known && isNumber(typeOf(*known)) && isNumber(to)) {
+        const int *whole = std::get_if<int>(known);
+        return whole ? constant(double(*whole)) : std::make_unique<ToInt>(std::move(operand));
+    }
+    if (to == Type::Int)
+        return std::make_unique<ToInt>(std::move(operand));
+    if (to == Type::Float)
+        return std::make_unique<ToFloat>(std::move(operand));
+    return std::make_unique<Converted>(std::move(operand), to);
+}
+
+ExpressionPointer convertArgument(ExpressionPointer operand, Type to)
+{
+    const bool mayBeWord = operand->type() == Type::String || operand->type() == Type::Dynamic;
+    if (mayBeWord && isNumber(to))
+        return std::make_unique<Argument>(std::move(operand), to);
+    return convert(std::move(operand), to);
+}
+
+Value convertArgument(Value value, Type to, WarningSink &warnings)
+{
+    const std::string *text = std::get_if<std::string>(&value);
+    const int word = text && isNumber(to) ? booleanWord(*text) : -1;
+    return mel::convert(word >= 0 ? Value(word) : std::move(value), to, warnings);
+}
+
+ExpressionPointer condition(ExpressionPointer operand)
+{
+    if (operand->type() == Type::Int)
+        return operand;
+    return std::make_unique<Condition>(std::move(operand));
+}
+
+ExpressionPointer vectorLiteral(ExpressionPointer x, ExpressionPointer y, ExpressionPointer z)
+{
+    return std::make_unique<VectorLiteral>(std::move(x), std::move(y), std::move(z));
+}
+
+ExpressionPointer matrixLiteral(std::vector<ExpressionList> rows)
+{
+    return std::make_unique<MatrixLiteral>(std::move(rows));
+}
+
+ExpressionPointer arrayLiteral(ExpressionList elements, Type arrayType)
+{
+    return std::make_unique<ArrayLiteral>(std::move(elements), arrayType);
+}
+
+ExpressionPointer retypedLiteral(ExpressionPointer &literal, Type arrayType)
+{
+    ArrayLiteral *array = dynamic_cast<ArrayLiteral *>(literal.get());
+    if (!array || !isArray(arrayType))
+        return nullptr;
+    array->setType(arrayType);
+    return std::move(literal);
+}
+
+} // namespace mel::nodes

@@ -1,0 +1,344 @@
+// SPDX-License-Identifier: MIT
+#include "standin/mel/nodes.h"
+
+#include "standin/mel/command.h"
+#include "standin/mel/runtime.h"
+
+namespace mel::nodes {
+
+namespace {
+
+[[noreturn]] void failIndex()
+{
+    throw RuntimeError("Array index out of range.");
+}
+
+class Constant : public Expression
+{
+public:
+    explicit Constant(Value value) : Expression(typeOf(value)), m_value(std::move(value)) {}
+    Value eval(Frame &) const override { return m_value; }
+    const Value *constant() const override { return &m_value; }
+
+private:
+    Value m_value;
+};
+
+class IntConstant : public IntExpression
+{
+public:
+    explicit IntConstant(int number) : m_number(number), m_value(number) {}
+    int evalInt(Frame &) const override { return m_number; }
+    const Value *constant() const override { return &m_value; }
+
+private:
+    int m_number;
+    Value m_value;
+};
+
+class FloatConstant : public FloatExpression
+{
+public:
+    explicit FloatConstant(double number) : m_number(number), m_value(number) {}
+    double evalFloat(Frame &) const override { return m_number; }
+    const Value *constant() const override { return &m_value; }
+
+private:
+    double m_number;
+    Value m_value;
+};
+
+class Variable : public Target
+{
+public:
+    Variable(Storage storage, Type type) : Target(type), m_storage(storage) {}
+    bool isPlainVariable() const override { return true; }
+    Value load(Frame &frame, Index) const override { return m_storage.in(frame); }
+    void store(Frame &frame, Index, Value value) const override;
+    Value *variable(Frame &frame) const override { return &m_storage.in(frame); }
+    int evalInt(Frame &frame) const override;
+    double evalFloat(Frame &frame) const override;
+
+private:
+    Storage m_storage;
+};
+
+void Variable::store(Frame &frame, Index, Value value) const
+{
+    Value &place = m_storage.in(frame);
+    Matrix *old = std::get_if<Matrix>(&place);
+    const Matrix *given = std::get_if<Matrix>(&value);
+    // A matrix variable keeps its declared size: what is missing is 0, what is beyond is dropped.
+    if (type() == Type::Matrix && old && given && old->rows > 0) {
+        for (int row = 0; row < old->rows; ++row)
+            for (int column = 0; column < old->columns; ++column)
+                old->elements[size_t(row) * old->columns + column] =
+                    row < given->rows && column < given->columns
+                        ? given->elements[size_t(row) * given->columns + column]
+                        : 0;
+        return;
+    }
+    place = std::move(value);
+}
+
+int Variable::evalInt(Frame &frame) const
+{
+    const Value &value = m_storage.in(frame);
+    const int *number = std::get_if<int>(&value);
+    return number ? *number : toInt(value, frame.runtime);
+}
+
+double Variable::evalFloat(Frame &frame) const
+{
+    const Value &value = m_storage.in(frame);
+    const double *number = std::get_if<double>(&value);
+    return number ? *number : toFloat(value, frame.runtime);
+}
+
+template <typename Held>
+class Element : public Target
+{
+public:
+    Element(Storage array, Type type, ExpressionPointer index)
+        : Target(type), m_array(array), m_index(std::move(index))
+    {
+        depth = m_index->depth + 1;
+    }
+    Index locate(Frame &frame) const override { return {m_index->evalInt(frame), 0}; }
+    Value load(Frame &frame, Index index) const override { return at(frame, index); }
+    void store(Frame &frame, Index index, Value value) const override;
+    int evalInt(Frame &frame) const override;
+    double evalFloat(Frame &frame) const override;
+
+private:
+    // The element, a default beyond the end.
+    const Held &at(Frame &frame, Index index) const;
+
+    Storage m_array;
+    ExpressionPointer m_index;
+};
+
+template <typename Held>
+const Held &Element<Held>::at(Frame &frame, Index index) const
+{
+    static const Held none = Held();
+    const auto &array = as<std::vector<Held>>(m_array.in(frame));
+    if (index.row < 0)
+        failIndex();
+    return size_t(index.row) < array.size() ? array[size_t(index.row)] : none;
+}
+
+template <typename Held>
+void Element<Held>::store(Frame &frame, Index index, Value value) const
+{
+    auto &array = as<std::vector<Held>>(m_array.in(frame));
+    if (index.row < 0)
+        failIndex();
+    frame.runtime.checkElements(std::int64_t(index.row) + 1);
+    if (size_t(index.row) >= array.size())
+        array.resize(size_t(index.row) + 1);
+    array[size_t(index.row)] = std::move(as<Held>(value));
+}
+
+template <typename Held>
+int Element<Held>::evalInt(Frame &frame) const
+{
+    if constexpr (std::is_same_v<Held, int>)
+        return at(frame, locate(frame));
+    return Target::evalInt(frame);
+}
+
+template <typename Held>
+double Element<Held>::evalFloat(Frame &frame) const
+{
+    if constexpr (std::is_arithmetic_v<Held>)
+        return at(frame, locate(frame));
+    return Target::evalFloat(frame);
+}
+
+template <typename Visitor>
+auto visitArray(Value &value, Visitor visitor)
+{
+    switch (typeOf(value)) {
+    case Type::Ints:
+        return visitor(std::get<IntArray>(value));
+    case Type::Floats:
+        return visitor(std::get<FloatArray>(value));
+    case Type::Strings:
+        return visitor(std::get<StringArray>(value));
+    case Type::Vectors:
+        return visitor(std::get<VectorArray>(value));
+    default:
+        throw RuntimeError(std::string("Cannot index data of type ") + typeName(value) + ".");
+    }
+}
+
+// An element of a variable that only happens to hold an array.
+class DynamicElement : public Target
+{
+public:
+    DynamicElement(Storage array, ExpressionPointer index)
+        : Target(Type::Dynamic), m_array(array), m_index(std::move(index))
+    {
+        depth = m_index->depth + 1;
+    }
+    Index locate(Frame &frame) const override { return {m_index->evalInt(frame), 0}; }
+    Value load(Frame &frame, Index index) const override;
+    void store(Frame &frame, Index index, Value value) const override;
+
+private:
+    Storage m_array;
+    ExpressionPointer m_index;
+};
+
+Value DynamicElement::load(Frame &frame, Index index) const
+{
+    if (index.row < 0)
+        failIndex();
+    return visitArray(m_array.in(frame), [index](const auto &array) -> Value {
+        using Held = typename std::decay_t<decltype(array)>::value_type;
+        return size_t(index.row) < array.size() ? Value(array[size_t(index.row)]) : Value(Held());
+    });
+}
+
+void DynamicElement::store(Frame &frame, Index index, Value value) const
+{
+    if (index.row < 0)
+        failIndex();
+    frame.runtime.checkElements(std::int64_t(index.row) + 1);
+    Value &variable = m_array.in(frame);
+    Value element = mel::convert(std::move(value), elementOf(typeOf(variable)), frame.runtime);
+    visitArray(variable, [&](auto &array) {
+        using Held = typename std::decay_t<decltype(array)>::value_type;
+        if (size_t(index.row) >= array.size())
+            array.resize(size_t(index.row) + 1);
+        array[size_t(index.row)] = std::move(std::get<Held>(element));
+    });
+}
+
+class MatrixElement : public Target
+{
+public:
+    MatrixElement(Storage matrix, ExpressionPointer row, ExpressionPointer column)
+        : Target(Type::Float), m_matrix(matrix), m_row(std::move(row)), m_column(std::move(column))
+    {
+        depth = std::max(m_row->depth, m_column->depth) + 1;
+    }
+    Index locate(Frame &frame) const override;
+    Value load(Frame &frame, Index index) const override { return at(frame, index); }
+    void store(Frame &frame, Index index, Value value) const override;
+
+private:
+    double &at(Frame &frame, Index index) const;
+
+    Storage m_matrix;
+    ExpressionPointer m_row;
+    ExpressionPointer m_column;
+};
+
+Target::Index MatrixElement::locate(Frame &frame) const
+{
+    const int row = m_row->evalInt(frame);
+    return {row, m_column->evalInt(frame)};
+}
+
+double &MatrixElement::at(Frame &frame, Index index) const
+{
+    Matrix &matrix = as<Matrix>(m_matrix.in(frame));
+    if (index.row < 0 || index.row >= matrix.rows || index.column < 0 ||
+        index.column >= matrix.columns)
+        failIndex();
+    return matrix.elements[size_t(index.row) * matrix.columns + index.column];
+}
+
+void MatrixElement::store(Frame &frame, Index index, Value value) const
+{
+    at(frame, index) = toFloat(value, frame.runtime);
+}
+
+class Component : public FloatExpression
+{
+public:
+    Component(ExpressionPointer vector, char axis) : m_vector(std::move(vector)), m_axis(axis)
+    {
+        depth = m_vector->depth + 1;
+    }
+    double evalFloat(Frame &frame) const override
+    {
+        const Vector vector = toVector(m_vector->eval(frame), frame.runtime);
+        return m_axis == 'x' ? vector.x : m_axis == 'y' ? vector.y : vector.z;
+    }
+
+private:
+    ExpressionPointer m_vector;
+    char m_axis;
+};
+
+class Reset : public Expression
+{
+public:
+    Reset(Storage storage, Value initial)
+        : Expression(Type::Void), m_storage(storage), m_initial(std::move(initial))
+    {
+    }
+    Value eval(Frame &frame) const override
+    {
+        m_storage.in(frame) = m_initial;
+        return {};
+    }
+
+private:
+    Storage m_storage;
+    Value m_initial;
+};
+
+} // namespace
+
+ExpressionPointer constant(Value value)
+{
+    if (const int *number = std::get_if<int>(&value))
+        return std::make_unique<IntConstant>(*number);
+    if (const double *number = std::get_if<double>(&value))
+        return std::make_unique<FloatConstant>(*number);
+    return std::make_unique<Constant>(std::move(value));
+}
+
+std::unique_ptr<Target> variable(Storage storage, Type type)
+{
+    return std::make_unique<Variable>(storage, type);
+}
+
+std::unique_ptr<Target> element(Storage array, Type arrayType, ExpressionPointer index)
+{
+    const Type type = elementOf(arrayType);
+    switch (type) {
+    case Type::Int:
+        return std::make_unique<Element<int>>(array, type, std::move(index));
+    case Type::Float:
+        return std::make_unique<Element<double>>(array, type, std::move(index));
+    case Type::String:
+        return std::make_unique<Element<std::string>>(array, type, std::move(index));
+    case Type::Vector:
+        return std::make_unique<Element<Vector>>(array, type, std::move(index));
+    default:
+        return std::make_unique<DynamicElement>(array, std::move(index));
+    }
+}
+
+std::unique_ptr<Target> matrixElement(Storage matrix, ExpressionPointer row,
+                                      ExpressionPointer column)
+{
+    return std::make_unique<MatrixElement>(matrix, std::move(row), std::move(column));
+}
+
+ExpressionPointer component(ExpressionPointer vector, char axis)
+{
+    return std::make_unique<Component>(std::move(vector), axis);
+}
+
+ExpressionPointer reset(Storage storage, Value initial)
+{
+    return std::make_unique<Reset>(storage, std::move(initial));
+}
+
+} // namespace mel::nodes

@@ -1,0 +1,270 @@
+// SPDX-License-Identifier: MIT
+#include "standin/mel/operators.h"
+
+#include "standin/mel/command.h"
+#include "standin/mel/number.h"
+
+#include <cmath>
+
+namespace mel {
+
+namespace {
+
+[[noreturn]] void failDivision()
+{
+    throw RuntimeError("Division by zero");
+}
+
+int arithmetic(Operator op, int a, int b)
+{
+    switch (op) {
+    case Operator::Add:
+        return addInts(a, b);
+    case Operator::Subtract:
+        return subtractInts(a, b);
+    case Operator::Multiply:
+        return multiplyInts(a, b);
+    case Operator::Divide:
+        return divideInts(a, b);
+    default:
+        return remainderOfInts(a, b);
+    }
+}
+
+double arithmetic(Operator op, double a, double b)
+{
+    switch (op) {
+    case Operator::Add:
+        return a + b;
+    case Operator::Subtract:
+        return a - b;
+    case Operator::Multiply:
+        return a * b;
+    case Operator::Divide:
+        return divideFloats(a, b);
+    default:
+        return remainderOfFloats(a, b);
+    }
+}
+
+double dot(const Vector &a, const Vector &b)
+{
+    return a.x * b.x + a.y * b.y + a.z * b.z;
+}
+
+Vector cross(const Vector &a, const Vector &b)
+{
+    return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
+}
+
+Value vectorArithmetic(Operator op, const Value &left, const Value &right, WarningSink &warnings)
+{
+    const Vector a = toVector(left, warnings);
+    const Vector b = toVector(right, warnings);
+    if (op == Operator::Cross)
+        return cross(a, b);
+    if (op == Operator::Multiply && typeOf(left) == typeOf(right))
+        return dot(a, b);
+    return Vector{arithmetic(op, a.x, b.x), arithmetic(op, a.y, b.y), arithmetic(op, a.z, b.z)};
+}
+
+Matrix asMatrix(const Value &value, bool asColumn)
+{
+    if (const Matrix *matrix = std::get_if<Matrix>(&value))
+        return *matrix;
+    const Vector &v = std::get<Vector>(value);
+    return asColumn ? Matrix{3, 1, {v.x, v.y, v.z}} : Matrix{1, 3, {v.x, v.y, v.z}};
+}
+
+Value matrixProduct(const Value &left, const Value &right)
+{
+    const Matrix a = asMatrix(left, false);
+    const Matrix b = asMatrix(right, true);
+    if (a.columns != b.rows)
+        throw RuntimeError("Matrix sizes do not match.");
+    Matrix product{a.rows, b.columns, std::vector<double>(size_t(a.rows) * b.columns)};
+    for (int row = 0; row < a.rows; ++row)
+        for (int column = 0; column < b.columns; ++column)
+            for (int i = 0; i < a.columns; ++i)
+                product.elements[size_t(row) * b.columns + column] +=
+                    a.elements[size_t(row) * a.columns + i] *
+                    b.elements[size_t(i) * b.columns + column];
+    const bool vectorResult = typeOf(left) == Type::Vector || typeOf(right) == Type::Vector;
+    if (!vectorResult)
+        return product;
+    product.elements.resize(3);
+    return Vector{product.elements[0], product.elements[1], product.elements[2]};
+}
+
+Value matrixWithNumber(Operator op, const Value &left, const Value &right, WarningSink &warnings)
+{
+    const bool matrixFirst = typeOf(left) == Type::Matrix;
+    Matrix result = std::get<Matrix>(matrixFirst ? left : right);
+    const double number = toFloat(matrixFirst ? right : left, warnings);
+    for (double &element : result.elements)
+        element = arithmetic(op, element, number);
+    return result;
+}
+
+Value matrixArithmetic(Operator op, const Value &left, const Value &right, WarningSink &warnings)
+{
+    if (isNumber(typeOf(left)) || isNumber(typeOf(right)))
+        return matrixWithNumber(op, left, right, warnings);
+    if (op == Operator::Multiply)
+        return matrixProduct(left, right);
+    Matrix result = std::get<Matrix>(left);
+    const Matrix &other = std::get<Matrix>(right);
+    if (result.rows != other.rows || result.columns != other.columns)
+        throw RuntimeError("Matrix sizes do not match.");
+    for (size_t i = 0; i < result.elements.size(); ++i)
+        result.elements[i] = arithmetic(op, result.elements[i], other.elements[i]);
+    return result;
+}
+
+int compareValues(Operator op, const Value &left, const Value &right, WarningSink &warnings)
+{
+    const Type a = typeOf(left);
+    const Type b = typeOf(right);
+    const bool equality = op == Operator::Equal || op == Operator::NotEqual;
+    if (a == Type::String && b == Type::String)
+        return compare(op, std::get<std::string>(left), std::get<std::string>(right));
+    if (equality && (a == Type::String || b == Type::String))
+        return compare(op, toString(left), toString(right));
+    if (equality && (a == Type::Vector || b == Type::Vector))
+        return (toVector(left, warnings) == toVector(right, warnings)) == (op == Operator::Equal);
+    return compare(op, toFloat(left, warnings), toFloat(right, warnings));
+}
+
+Type matrixResult(Operator op, Type left, Type right)
+{
+    const bool sameKind = left == right;
+    switch (op) {
+    case Operator::Add:
+    case Operator::Subtract:
+        return sameKind ? Type::Matrix : Type::Void;
+    case Operator::Multiply:
+        if (left == Type::Vector || right == Type::Vector)
+            return Type::Vector;
+        return sameKind || isNumber(left) || isNumber(right) ? Type::Matrix : Type::Void;
+    case Operator::Divide:
+    case Operator::Remainder:
+        return left == Type::Matrix && isNumber(right) ? Type::Matrix : Type::Void;
+    default:
+        return Type::Void;
+    }
+}
+
+Type comparisonType(Type left, Type right)
+{
+    const auto comparable = [](Type type) { return type != Type::Matrix && !isArray(type); };
+    return comparable(left) && comparable(right) ? Type::Int : Type::Void;
+}
+
+Type vectorResult(Operator op, Type left, Type right)
+{
+    if (op == Operator::Cross)
+        return left == right ? Type::Vector : Type::Void;
+    return op == Operator::Multiply && left == right ? Type::Float : Type::Vector;
+}
+
+} // namespace
+
+const char *spelling(Operator op)
+{
+    static const char *const spellings[] = {"+", "-",  "*", "/",  "%",  "^",
+                                            "<", "<=", ">", ">=", "==", "!="};
+    return spellings[static_cast<int>(op)];
+}
+
+bool isComparison(Operator op)
+{
+    return op >= Operator::Less;
+}
+
+Type resultType(Operator op, Type left, Type right)
+{
+    if (left == Type::Void || right == Type::Void)
+        return Type::Void;
+    if (isComparison(op))
+        return comparisonType(left, right);
+    if (isArray(left) || isArray(right))
+        return Type::Void;
+    if (left == Type::String || right == Type::String)
+        return op == Operator::Add ? Type::String : Type::Void;
+    if (left == Type::Dynamic || right == Type::Dynamic)
+        return Type::Dynamic;
+    if (left == Type::Matrix || right == Type::Matrix)
+        return matrixResult(op, left, right);
+    if (left == Type::Vector || right == Type::Vector)
+        return vectorResult(op, left, right);
+    if (op == Operator::Cross)
+        return Type::Void;
+    return left == Type::Float || right == Type::Float ? Type::Float : Type::Int;
+}
+
+std::string illegalOperation(Operator op, Type left, Type right)
+{
+    // The operand that no partner could make right is the one to name.
+    const bool blameRight = resultType(op, left, left) != Type::Void;
+    return std::string("Illegal operation \"") + spelling(op) + "\" on data of type " +
+           typeName(blameRight ? right : left) + ".";
+}
+
+int divideInts(int a, int b)
+{
+    if (b == 0)
+        failDivision();
+    return wrap(std::int64_t(a) / b);
+}
+
+int remainderOfInts(int a, int b)
+{
+    if (b == 0)
+        failDivision();
+    return wrap(std::int64_t(a) % b);
+}
+
+double divideFloats(double a, double b)
+{
+    if (b == 0)
+        failDivision();
+    return a / b;
+}
+
+double remainderOfFloats(double a, double b)
+{
+    if (b == 0)
+        failDivision();
+    return std::fmod(a, b);
+}
+
+Value apply(Operator op, const Value &left, const Value &right, WarningSink &warnings)
+{
+    const Type a = typeOf(left);
+    const Type b = typeOf(right);
+    const Type type = resultType(op, a, b);
+    if (type == Type::Void)
+        throw RuntimeError(illegalOperation(op, a, b));
+    if (isComparison(op))
+        return compareValues(op, left, right, warnings);
+    if (type == Type::String)
+        return toString(left) + toString(right);
+    if (type == Type::Int)
+        return arithmetic(op, std::get<int>(left), std::get<int>(right));
+    if (a == Type::Matrix || b == Type::Matrix)
+        return matrixArithmetic(op, left, right, warnings);
+    if (a == Type::Vector || b == Type::Vector)
+        return vectorArithmetic(op, left, right, warnings);
+    return arithmetic(op, toFloat(left, warnings), toFloat(right, warnings));
+}
+
+Value negate(const Value &value, WarningSink &warnings)
+{
+    if (const int *number = std::get_if<int>(&value))
+        return subtractInts(0, *number);
+    if (const double *number = std::get_if<double>(&value))
+        return -*number;
+    return apply(Operator::Multiply, value, -1, warnings);
+}
+
+} // namespace mel

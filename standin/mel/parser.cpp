@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: MIT
+#include "standin/mel/parser.h"
+
+#include "standin/mel/compiler.h"
+#include "standin/mel/lexer.h"
+#include "standin/mel/parserlevel.h"
+
+#include <algorithm>
+
+namespace mel {
+
+Parser::Parser(Runtime &runtime, SourcePointer source)
+    : m_runtime(runtime), m_source(source), m_tokens(Lexer(m_source->text).tokens()),
+      m_builder(runtime, source, [this](const std::string &text) { warn(text); })
+{
+}
+
+Parser::Level::Level(Parser &parser) : m_parser(parser)
+{
+    if (++parser.m_nesting > parser.m_runtime.limits.nesting) {
+        --parser.m_nesting;
+        throw CompileError("Too many nested expressions or blocks.");
+    }
+    try {
+        parser.m_runtime.checkStack();
+    } catch (const RuntimeError &) {
+        --parser.m_nesting;
+        throw;
+    }
+}
+
+Parser::Level::~Level()
+{
+    --m_parser.m_nesting;
+}
+
+const Token &Parser::tokenAfter(size_t count) const
+{
+    return m_tokens[std::min(m_at + count, m_tokens.size() - 1)];
+}
+
+bool Parser::adjacent() const
+{
+    return m_at > 0 && m_tokens[m_at - 1].end == token().begin;
+}
+
+void Parser::next()
+{
+    if (m_at + 1 < m_tokens.size())
+        ++m_at;
+    if (token().kind == TokenKind::UnterminatedString)
+        fail("Unterminated string.");
+}
+
+bool Parser::accept(int symbol)
+{
+    if (!token().is(symbol))
+        return false;
+    next();
+    return true;
+}
+
+bool Parser::acceptWord(const char *word)
+{
+    if (!token().isWord(word))
+        return false;
+    next();
+    return true;
+}
+
+void Parser::expect(int symbol)
+{
+    if (!accept(symbol))
+        failSyntax();
+}
+
+void Parser::failSyntax() const
+{
+    throw CompileError("Syntax error");
+}
+
+std::string Parser::located(const std::string &text, const char *colon) const
+{
+    const std::string place =
+        std::to_string(token().line) + "." + std::to_string(token().column) + colon;
+    if (!m_runtime.settings.lineNumbers)
+        return text;
+    return m_source->isTyped() ? "Line " + place + text
+                               : "\"" + m_source->path + "\" line " + place + text;
+}
+
+void Parser::fail(const std::string &text) const
+{
+    throw CompileFailure(m_source->line(token().startLine), located(text, ": "));
+}
+
+void Parser::warn(const std::string &text) const
+{
+    m_runtime.report(MessageKind::Warning, m_source->line(token().startLine));
+    m_runtime.warning(located(text, " : "));
+}
+
+std::unique_ptr<Unit> Parser::parse()
+{
+    try {
+        StatementList statements;
+        if (token().kind == TokenKind::UnterminatedString)
+            fail("Unterminated string.");
+        while (token().kind != TokenKind::End) {
+            if (StatementPointer read = statement())
+                statements.push_back(std::move(read));
+        }
+        m_builder.commit();
+        return m_builder.unit(std::move(statements));
+    } catch (const CompileError &error) {
+        m_builder.abandon();
+        fail(error.what());
+    } catch (...) {
+        m_builder.abandon();
+        throw;
+    }
+}
+
+std::unique_ptr<Unit> compileSource(Runtime &runtime, SourcePointer source)
+{
+    return Parser(runtime, std::move(source)).parse();
+}
+
+} // namespace mel

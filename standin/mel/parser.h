@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "standin/mel/builder.h"
+#include "standin/mel/token.h"
+
+#include <optional>
+
+namespace mel {
+
+// Reads one text, statement by statement, and hands what it finds to the Builder. An error is
+// placed at the token that stands next when it is found.
+class Parser
+{
+public:
+    Parser(Runtime &runtime, SourcePointer source);
+
+    // Throws CompileFailure.
+    std::unique_ptr<Unit> parse();
+
+private:
+    class Level;
+
+    // Tokens.
+    const Token &token() const { return m_tokens[m_at]; }
+    const Token &tokenAfter(size_t count = 1) const;
+    bool adjacent() const; // no blank before the current token
+    void next();
+    bool accept(int symbol);
+    bool acceptWord(const char *word);
+    void expect(int symbol);
+    [[noreturn]] void failSyntax() const;
+    [[noreturn]] void fail(const std::string &text) const;
+    std::string located(const std::string &text, const char *colon) const;
+    void warn(const std::string &text) const;
+
+    // Statements.
+    StatementPointer statement();
+    StatementPointer statementOf(const std::string &keyword, int line);
+    StatementPointer block(int line);
+    StatementPointer nestedStatement();
+    StatementPointer loopBody();
+    StatementPointer ifStatement(int line);
+    StatementPointer whileStatement(int line);
+    StatementPointer doStatement(int line);
+    StatementPointer forStatement(int line);
+    StatementPointer forInStatement(int line);
+    StatementPointer switchStatement(int line);
+    ExpressionPointer caseLabel(const Expression &value);
+    StatementList caseBody();
+    StatementPointer jump(const std::string &keyword, int line);
+    StatementPointer returnStatement(int line);
+    StatementPointer declaration(int line);
+    StatementPointer simpleStatement(int line);
+    ExpressionPointer declarator(Type type, bool isGlobal);
+    Type declaratorBrackets(Type type, Value &initial);
+    int constantSize();
+    void procedure(bool isGlobal);
+    Type returnTypeOfProcedure();
+    std::vector<Parameter> parameters();
+    ExpressionList expressionList(int end);
+    ExpressionPointer parenthesisedCondition();
+    void endStatement();
+    bool startsProcedure() const;
+    bool startsDeclaration() const;
+
+    // Expressions.
+    ExpressionPointer expression();
+    ExpressionPointer conditional();
+    ExpressionPointer binary(int level);
+    ExpressionPointer unary();
+    ExpressionPointer postfix();
+    ExpressionPointer primary();
+    ExpressionPointer assignment(ExpressionPointer left);
+    ExpressionPointer incrementAfter(ExpressionPointer operand);
+    std::unique_ptr<Target> asTarget(ExpressionPointer expression) const;
+    ExpressionPointer variable();
+    ExpressionPointer newVariable(const std::string &name, int line);
+    ExpressionPointer indexed(const std::string &name);
+    ExpressionPointer component(ExpressionPointer operand);
+    ExpressionPointer index();
+    ExpressionPointer wordExpression();
+    ExpressionPointer cast(Type type);
+    ExpressionPointer catching(bool quiet);
+    ExpressionPointer functionCall();
+    ExpressionPointer vectorOrMatrix();
+    ExpressionPointer arrayLiteral();
+    ExpressionPointer literal(Value value);
+
+    // Commands.
+    ExpressionPointer commandOrCall();
+    ExpressionPointer capturedCommand();
+    ExpressionPointer commandLine();
+    bool callIsCommandLine() const;
+    bool wordFollows(size_t at) const;
+    bool startsWord() const;
+    ExpressionPointer word();
+    ExpressionPointer dashedWord();
+    ExpressionPointer signedNumber(int sign);
+    ExpressionPointer bareWord();
+    bool bareWordContinues() const;
+    bool skipPlainBrackets();
+    ExpressionPointer sourceCommand(int line);
+    size_t matchingParenthesis(bool &hasComma) const;
+
+    Runtime &m_runtime;
+    SourcePointer m_source;
+    std::vector<Token> m_tokens;
+    size_t m_at = 0;
+    Builder m_builder;
+    int m_nesting = 0;
+    int m_loops = 0;           // around the current statement, within its procedure
+    int m_breakable = 0;       // loops and switches
+    bool m_inBacktick = false; // the next backtick closes
+};
+
+} // namespace mel

@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: MIT
+#include "standin/mel/parser.h"
+
+#include "standin/mel/statements.h"
+
+#include <algorithm>
+
+namespace mel {
+
+namespace {
+
+constexpr int largestMatrix = 1000 * 1000;
+
+// What a declaration may ask for at once; assigning elements can make an array larger.
+constexpr int largestDeclaredSize = 1000 * 1000;
+
+Value arrayOfSize(Type array, int size)
+{
+    if (size > largestDeclaredSize)
+        throw CompileError("Array is too large.");
+    Value value = defaultValue(array);
+    std::visit(
+        [size](auto &held) {
+            using Held = std::decay_t<decltype(held)>;
+            if constexpr (std::is_same_v<Held, IntArray> || std::is_same_v<Held, FloatArray> ||
+                          std::is_same_v<Held, StringArray> || std::is_same_v<Held, VectorArray>)
+                held.resize(size_t(size));
+        },
+        value);
+    return value;
+}
+
+} // namespace
+
+StatementPointer Parser::declaration(int line)
+{
+    const bool isGlobal = acceptWord("global");
+    const Type type = token().kind == TokenKind::Identifier ? typeWord(token().text) : Type::Void;
+    if (type == Type::Void)
+        failSyntax();
+    next();
+    ExpressionList actions;
+    do {
+        if (ExpressionPointer action = declarator(type, isGlobal))
+            actions.push_back(std::move(action));
+    } while (accept(','));
+    endStatement();
+    return statements::declaration(std::move(actions), line);
+}
+
+ExpressionPointer Parser::declarator(Type type, bool isGlobal)
+{
+    if (token().kind != TokenKind::Variable)
+        failSyntax();
+    Builder::Declaration declaration;
+    declaration.name = token().text;
+    declaration.isGlobal = isGlobal;
+    declaration.line = token().startLine;
+    next();
+    declaration.initial = defaultValue(type);
+    declaration.type = declaratorBrackets(type, declaration.initial);
+    const Builder::Declared declared = m_builder.declare(declaration);
+    return m_builder.initialise(declaration, declared, accept('=') ? expression() : nullptr);
+}
+
+// The brackets after a declared name: those of an array, or the two sizes of a matrix.
+Type Parser::declaratorBrackets(Type type, Value &initial)
+{
+    if (type == Type::Matrix) {
+        const int rows = constantSize();
+        const int columns = constantSize();
+        if (std::int64_t(rows) * columns > largestMatrix)
+            throw CompileError("Matrix is too large.");
+        initial = Matrix{rows, columns, std::vector<double>(size_t(rows) * size_t(columns))};
+        return type;
+    }
+    if (!accept('['))
+        return type;
+    const Type array = arrayOf(type);
+    if (array == Type::Void)
+        failSyntax();
+    int size = 0;
+    if (token().kind == TokenKind::Int) {
+        size = std::max(0, token().number);
+        next();
+    }
+    expect(']');
+    initial = arrayOfSize(array, size);
+    return array;
+}
+
+int Parser::constantSize()
+{
+    expect('[');
+    if (token().kind != TokenKind::Int || token().number < 1)
+        failSyntax();
+    const int size = token().number;
+    next();
+    expect(']');
+    return size;
+}
+
+void Parser::procedure(bool isGlobal)
+{
+    next();
+    if (m_builder.inProcedure() || !m_builder.atTopLevel())
+        failSyntax();
+    const Type returnType = returnTypeOfProcedure();
+    if (token().kind != TokenKind::Identifier || isKeyword(token().text))
+        failSyntax();
+    const std::string name = token().text;
+    next();
+    expect('(');
+    const std::vector<Parameter> names = parameters();
+    expect(')');
+    if (!token().is('{'))
+        failSyntax();
+    m_builder.beginProcedure(name, isGlobal, returnType, names);
+    next();
+    StatementList body;
+    while (!token().is('}')) {
+        if (token().kind == TokenKind::End)
+            failSyntax();
+        if (StatementPointer read = nestedStatement())
+            body.push_back(std::move(read));
+    }
+    m_builder.checkReturns();
+    m_builder.endProcedure(std::move(body));
+    next();
+}
+
+Type Parser::returnTypeOfProcedure()
+{
+    const Type type = token().kind == TokenKind::Identifier ? typeWord(token().text) : Type::Void;
+    if (type == Type::Void)
+        return type;
+    next();
+    if (!accept('['))
+        return type;
+    expect(']');
+    if (arrayOf(type) == Type::Void)
+        failSyntax();
+    return arrayOf(type);
+}
+
+std::vector<Parameter> Parser::parameters()
+{
+    std::vector<Parameter> list;
+    if (token().is(')'))
+        return list;
+    do {
+        Type type = token().kind == TokenKind::Identifier ? typeWord(token().text) : Type::Void;
+        if (type == Type::Void)
+            failSyntax();
+        next();
+        if (token().kind != TokenKind::Variable)
+            failSyntax();
+        const std::string name = token().text;
+        next();
+        if (accept('[')) {
+            expect(']');
+            type = arrayOf(type);
+        }
+        list.push_back({name, type});
+    } while (accept(','));
+    return list;
+}
+
+} // namespace mel

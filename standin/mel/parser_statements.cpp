@@ -1,0 +1,266 @@
+// SPDX-License-Identifier: MIT
+#include "standin/mel/parser.h"
+
+#include "standin/mel/parserlevel.h"
+#include "standin/mel/statements.h"
+
+namespace mel {
+
+StatementPointer Parser::statement()
+{
+    const Level level(*this);
+    const int line = token().startLine;
+    if (accept(';'))
+        return nullptr;
+    if (token().is('{'))
+        return block(line);
+    if (startsProcedure()) {
+        procedure(acceptWord("global"));
+        return nullptr;
+    }
+    if (startsDeclaration())
+        return declaration(line);
+    if (token().kind == TokenKind::Identifier && isKeyword(token().text))
+        return statementOf(token().text, line);
+    return simpleStatement(line);
+}
+
+StatementPointer Parser::statementOf(const std::string &keyword, int line)
+{
+    using Rule = StatementPointer (Parser::*)(int);
+    static const std::pair<const char *, Rule> rules[] = {
+        {"if", &Parser::ifStatement},         {"while", &Parser::whileStatement},
+        {"do", &Parser::doStatement},         {"for", &Parser::forStatement},
+        {"switch", &Parser::switchStatement}, {"return", &Parser::returnStatement},
+    };
+    for (const auto &rule : rules) {
+        if (keyword == rule.first) {
+            next();
+            return (this->*rule.second)(line);
+        }
+    }
+    if (keyword == "break" || keyword == "continue")
+        return jump(std::string(keyword), line);
+    return simpleStatement(line);
+}
+
+bool Parser::startsProcedure() const
+{
+    return token().isWord("proc") || (token().isWord("global") && tokenAfter().isWord("proc"));
+}
+
+bool Parser::startsDeclaration() const
+{
+    if (token().isWord("global"))
+        return true;
+    // A type before a parenthesis is a cast.
+    return token().kind == TokenKind::Identifier && typeWord(token().text) != Type::Void &&
+           !tokenAfter().is('(');
+}
+
+StatementPointer Parser::block(int line)
+{
+    expect('{');
+    m_builder.openScope();
+    StatementList statements;
+    while (!token().is('}')) {
+        if (token().kind == TokenKind::End)
+            failSyntax();
+        if (StatementPointer read = statement())
+            statements.push_back(std::move(read));
+    }
+    m_builder.closeScope();
+    next();
+    return statements::block(std::move(statements), line);
+}
+
+// A loop's or branch's body: a lone ";" gives null.
+StatementPointer Parser::nestedStatement()
+{
+    if (startsProcedure())
+        failSyntax();
+    return statement();
+}
+
+ExpressionPointer Parser::parenthesisedCondition()
+{
+    expect('(');
+    ExpressionPointer condition = m_builder.condition(expression());
+    expect(')');
+    return condition;
+}
+
+// A chain of else-ifs is one statement, however long it is.
+StatementPointer Parser::ifStatement(int line)
+{
+    std::vector<statements::Branch> branches;
+    do {
+        ExpressionPointer condition = parenthesisedCondition();
+        StatementPointer body = nestedStatement();
+        branches.push_back({std::move(condition), std::move(body)});
+        if (!acceptWord("else"))
+            return statements::branches(std::move(branches), line);
+    } while (acceptWord("if"));
+    branches.push_back({nullptr, nestedStatement()});
+    return statements::branches(std::move(branches), line);
+}
+
+StatementPointer Parser::loopBody()
+{
+    ++m_loops;
+    ++m_breakable;
+    StatementPointer body = nestedStatement();
+    --m_loops;
+    --m_breakable;
+    return body;
+}
+
+StatementPointer Parser::whileStatement(int line)
+{
+    statements::Loop loop;
+    loop.condition = parenthesisedCondition();
+    loop.body = loopBody();
+    return statements::loop(std::move(loop), line);
+}
+
+StatementPointer Parser::doStatement(int line)
+{
+    StatementPointer body = loopBody();
+    if (!acceptWord("while"))
+        failSyntax();
+    ExpressionPointer condition = parenthesisedCondition();
+    endStatement();
+    return statements::doLoop(std::move(body), std::move(condition), line);
+}
+
+StatementPointer Parser::forStatement(int line)
+{
+    expect('(');
+    const size_t name = typeWord(token().text) == Type::Void ? 0 : 1;
+    if (tokenAfter(name).kind == TokenKind::Variable && tokenAfter(name + 1).isWord("in"))
+        return forInStatement(line);
+    statements::Loop loop;
+    if (startsDeclaration())
+        loop.start = declaration(line);
+    else if (!accept(';')) {
+        loop.start = statements::declaration(expressionList(';'), line);
+        expect(';');
+    }
+    if (!token().is(';'))
+        loop.condition = m_builder.condition(expression());
+    expect(';');
+    loop.steps = expressionList(')');
+    expect(')');
+    loop.body = loopBody();
+    return statements::loop(std::move(loop), line);
+}
+
+StatementPointer Parser::forInStatement(int line)
+{
+    const Type wanted = typeWord(token().text);
+    if (wanted != Type::Void)
+        next();
+    const std::string name = token().text;
+    next();
+    next();
+    ExpressionPointer array = expression();
+    const Type element = array->type() == Type::Dynamic ? Type::Dynamic : elementOf(array->type());
+    if (element == Type::Void)
+        throw CompileError(std::string("Cannot cast data of type ") + typeName(array->type()) +
+                           " to string[].");
+    const std::optional<Symbol> known = wanted == Type::Void ? m_builder.find(name) : std::nullopt;
+    const bool usable = known && (known->type == element || known->type == Type::Dynamic);
+    const Type type = wanted != Type::Void && element != Type::Dynamic ? wanted : element;
+    if (type != element)
+        throw CompileError(std::string("Cannot cast data of type ") + typeName(element) + " to " +
+                           typeName(type) + ".");
+    const Storage storage =
+        usable
+            ? known->storage
+            : m_builder.declare({name, element, false, defaultValue(element), line}).symbol.storage;
+    expect(')');
+    StatementPointer body = loopBody();
+    return statements::forIn(storage, std::move(array), std::move(body), line);
+}
+
+StatementPointer Parser::switchStatement(int line)
+{
+    expect('(');
+    ExpressionPointer value = expression();
+    expect(')');
+    expect('{');
+    m_builder.openScope();
+    ++m_breakable;
+    std::vector<statements::Case> cases;
+    while (!token().is('}')) {
+        statements::Case next;
+        if (acceptWord("case"))
+            next.label = caseLabel(*value);
+        else if (!acceptWord("default"))
+            failSyntax();
+        expect(':');
+        next.body = caseBody();
+        cases.push_back(std::move(next));
+    }
+    --m_breakable;
+    m_builder.closeScope();
+    next();
+    return statements::choice(std::move(value), std::move(cases), line);
+}
+
+ExpressionPointer Parser::caseLabel(const Expression &value)
+{
+    ExpressionPointer label = expression();
+    const Type type = resultType(Operator::Equal, value.type(), label->type());
+    if (type == Type::Void)
+        throw CompileError(illegalOperation(Operator::Equal, value.type(), label->type()));
+    return label;
+}
+
+StatementList Parser::caseBody()
+{
+    StatementList body;
+    while (!token().is('}') && !token().isWord("case") && !token().isWord("default")) {
+        if (token().kind == TokenKind::End)
+            failSyntax();
+        if (StatementPointer read = nestedStatement())
+            body.push_back(std::move(read));
+    }
+    return body;
+}
+
+StatementPointer Parser::jump(const std::string &keyword, int line)
+{
+    const bool leaves = keyword == "break";
+    next();
+    if ((leaves ? m_breakable : m_loops) == 0)
+        throw CompileError("\"" + keyword + "\" must be inside a loop" +
+                           (leaves ? " or switch." : "."));
+    endStatement();
+    return statements::jump(leaves ? Flow::Break : Flow::Continue, line);
+}
+
+StatementPointer Parser::returnStatement(int line)
+{
+    const bool hasValue = !token().is(';') && token().kind != TokenKind::End;
+    ExpressionPointer value = m_builder.returned(hasValue ? expression() : nullptr);
+    endStatement();
+    return statements::returned(std::move(value), line);
+}
+
+StatementPointer Parser::simpleStatement(int line)
+{
+    const bool word = token().kind == TokenKind::Identifier && !isKeyword(token().text);
+    ExpressionPointer value = word ? commandOrCall() : expression();
+    endStatement();
+    return statements::expression(std::move(value), line);
+}
+
+// The last statement of a text may do without its semicolon.
+void Parser::endStatement()
+{
+    if (token().kind != TokenKind::End)
+        expect(';');
+}
+
+} // namespace mel

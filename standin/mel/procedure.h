@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "standin/mel/statement.h"
+
+#include <string>
+
+namespace mel {
+
+struct Parameter
+{
+    std::string name; // with its "$"
+    Type type;
+};
+
+// A compiled procedure. Callers hold it while it runs, so it may be redefined meanwhile.
+struct Procedure
+{
+    std::string name;
+    Type returnType = Type::Void;
+    std::vector<Parameter> parameters; // in the first slots
+    std::vector<Value> slots;          // initial values
+    StatementList body;
+    SourcePointer source;
+    bool isGlobal = false;
+
+    bool sameSignature(const Procedure &other) const;
+};
+
+using ProcedurePointer = std::shared_ptr<const Procedure>;
+
+// A name that calls refer to; lives as long as the interpreter, so that calls may keep its address.
+struct ProcedureEntry
+{
+    ProcedurePointer current; // null until a definition has been compiled
+};
+
+// A compiled text.
+struct Unit
+{
+    SourcePointer source;
+    std::vector<Value> slots;
+    StatementList statements;
+};
+
+} // namespace mel

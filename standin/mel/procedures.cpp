@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#include "standin/mel/procedures.h"
+
+namespace mel {
+
+namespace {
+
+ProcedureEntry *findDefined(const Procedures::Table &table, const std::string &name)
+{
+    const auto found = table.find(name);
+    return found == table.end() || !found->second->current ? nullptr : found->second;
+}
+
+} // namespace
+
+bool Procedure::sameSignature(const Procedure &other) const
+{
+    if (returnType != other.returnType || parameters.size() != other.parameters.size())
+        return false;
+    for (size_t i = 0; i < parameters.size(); ++i) {
+        if (parameters[i].type != other.parameters[i].type)
+            return false;
+    }
+    return true;
+}
+
+ProcedureEntry &Procedures::entry(const std::string &name, bool isGlobal, const Source &source)
+{
+    Table &table = isGlobal ? m_global : source.isTyped() ? m_typed : m_byFile[source.path];
+    ProcedureEntry *&known = table[name];
+    if (!known)
+        known = &m_entries.emplace_back();
+    return *known;
+}
+
+ProcedureEntry *Procedures::findGlobal(const std::string &name) const
+{
+    return findDefined(m_global, name);
+}
+
+ProcedureEntry *Procedures::findTyped(const std::string &name) const
+{
+    return findDefined(m_typed, name);
+}
+
+std::vector<std::string> Procedures::globalNames() const
+{
+    std::vector<std::string> names;
+    for (const auto &entry : m_global) {
+        if (entry.second->current)
+            names.push_back(entry.first);
+    }
+    return names;
+}
+
+} // namespace mel

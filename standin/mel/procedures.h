@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "standin/mel/procedure.h"
+
+#include <deque>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace mel {
+
+// The procedures by name: global ones, those typed without "global", and those of each file.
+class Procedures
+{
+public:
+    using Table = std::map<std::string, ProcedureEntry *>;
+
+    // The entry for a definition in that source, made on first use.
+    ProcedureEntry &entry(const std::string &name, bool isGlobal, const Source &source);
+
+    // Defined global procedures; `typed` ones count too for callers in typed text. Null: none.
+    ProcedureEntry *findGlobal(const std::string &name) const;
+    ProcedureEntry *findTyped(const std::string &name) const;
+    std::vector<std::string> globalNames() const;
+
+private:
+    Table m_global;
+    Table m_typed;
+    std::map<std::string, Table> m_byFile;
+    std::deque<ProcedureEntry> m_entries;
+};
+
+} // namespace mel

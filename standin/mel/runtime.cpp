@@ -1,0 +1,244 @@
+// SPDX-License-Identifier: MIT
+#include "standin/mel/runtime.h"
+
+#include "standin/mel/compiler.h"
+
+#include <algorithm>
+#include <cstdint>
+
+namespace mel {
+
+namespace {
+
+constexpr std::int64_t stepsPerSlice = 2000;
+
+// What one interpreter may use of the program's stack before it refuses to go deeper. The rest of
+// the usual 8 MB is for commands that run at the deepest point, and for the program itself.
+constexpr std::ptrdiff_t stackBudget = 3 * 1024 * 1024;
+
+const char *stackPointer()
+{
+#if defined(__GNUC__)
+    return static_cast<const char *>(__builtin_frame_address(0));
+#else
+    volatile char here = 0;
+    return const_cast<const char *>(&here);
+#endif
+}
+
+template <typename T>
+class Restored
+{
+public:
+    Restored(T &variable, T value) : m_variable(variable), m_old(variable) { variable = value; }
+    ~Restored() { m_variable = m_old; }
+    Restored(const Restored &) = delete;
+    Restored &operator=(const Restored &) = delete;
+
+private:
+    T &m_variable;
+    T m_old;
+};
+
+} // namespace
+
+Runtime::Runtime(Interpreter &owner, Host &program) : interpreter(owner), host(program) {}
+
+Runtime::Execution::Execution(Runtime &runtime) : m_runtime(runtime)
+{
+    if (runtime.m_depth++ == 0) {
+        runtime.m_stackBase = stackPointer();
+        runtime.m_interrupted = false;
+        runtime.m_stepsTaken = 0;
+        runtime.startSteps();
+    }
+}
+
+Runtime::Execution::~Execution()
+{
+    --m_runtime.m_depth;
+}
+
+void Runtime::startSteps()
+{
+    m_slice = stepsPerSlice;
+    if (limits.steps > 0)
+        m_slice = std::max<std::int64_t>(1, std::min(m_slice, limits.steps + 1 - m_stepsTaken));
+    m_stepsLeft = m_slice;
+}
+
+void Runtime::checkSteps()
+{
+    m_stepsTaken += m_slice - m_stepsLeft;
+    startSteps();
+    if (m_interrupted || host.interruptRequested()) {
+        // Stays set until the outermost script ends, so that no catch() can go on.
+        m_interrupted = true;
+        throw RuntimeError("Interrupted.");
+    }
+    if (limits.steps > 0 && m_stepsTaken > limits.steps)
+        throw RuntimeError("Too many steps.");
+}
+
+void Runtime::checkElements(std::int64_t count) const
+{
+    if (count > limits.elements)
+        throw RuntimeError("Array is too large.");
+}
+
+void Runtime::checkTextLength(size_t bytes) const
+{
+    if (static_cast<std::int64_t>(bytes) > limits.textLength)
+        throw RuntimeError("String is too long.");
+}
+
+void Runtime::checkStack() const
+{
+    const std::ptrdiff_t used = stackPointer() - m_stackBase;
+    if (m_calls >= limits.callDepth || used > stackBudget || -used > stackBudget)
+        throw RuntimeError("Stack overflow: too many nested calls.");
+}
+
+void Runtime::rethrowLocated(const RuntimeError &error, const Frame &frame) const
+{
+    const LocatedError::Step step{frame.procedure ? frame.procedure->name : "",
+                                  {frame.source, frame.line}};
+    LocatedError located((settings.lineNumbers ? step.place.prefix() : "") + error.what());
+    located.steps.push_back(step);
+    throw located;
+}
+
+Value Runtime::runInFrame(Frame &frame, const StatementList &statements, bool wantsValue)
+{
+    checkStack();
+    frame.caller = m_top;
+    const Restored<Frame *> top(m_top, &frame);
+    const Restored<int> calls(m_calls, m_calls + 1);
+    try {
+        for (const StatementPointer &statement : statements) {
+            if (wantsValue && statement == statements.back())
+                return statement->evaluate(frame);
+            if (statement->execute(frame) == Flow::Return)
+                break;
+        }
+    } catch (LocatedError &error) {
+        error.steps.push_back(
+            {frame.procedure ? frame.procedure->name : "", {frame.source, frame.line}});
+        throw;
+    } catch (const CompileFailure &) {
+        throw;
+    } catch (const RuntimeError &error) {
+        rethrowLocated(error, frame);
+    }
+    return std::move(frame.result);
+}
+
+Value Runtime::invoke(const ProcedurePointer &procedure, Frame &callee)
+{
+    callee.procedure = procedure.get();
+    callee.result = defaultValue(procedure->returnType);
+    return runInFrame(callee, procedure->body, false);
+}
+
+Value Runtime::runUnit(const Unit &unit)
+{
+    Frame frame(*this, unit.slots, unit.source);
+    return runInFrame(frame, unit.statements, true);
+}
+
+Value Runtime::runText(const std::string &text)
+{
+    checkStack();
+    const auto source = std::make_shared<Source>(Source{"", text});
+    return runUnit(*compile(source));
+}
+
+std::unique_ptr<Unit> Runtime::compile(SourcePointer source)
+{
+    return compileSource(*this, std::move(source));
+}
+
+int Runtime::fails(const Expression &expression, Frame &frame, bool quiet)
+{
+    const int line = frame.line;
+    const Restored<int> silence(m_quiet, m_quiet + (quiet ? 1 : 0));
+    try {
+        expression.run(frame);
+        return 0;
+    } catch (const LocatedError &error) {
+        reportFailure(error, false);
+    } catch (const CompileFailure &error) {
+        reportFailure(error, false);
+    } catch (const RuntimeError &error) {
+        report(MessageKind::Error, placePrefix() + error.what());
+    }
+    frame.line = line;
+    return 1;
+}
+
+void Runtime::report(MessageKind kind, const std::string &text)
+{
+    const bool silenced =
+        m_quiet > 0 && (kind == MessageKind::Error || kind == MessageKind::Warning);
+    if (!silenced)
+        host.message(kind, text);
+}
+
+std::string Runtime::placePrefix() const
+{
+    return m_top && settings.lineNumbers ? place().prefix() : "";
+}
+
+Place Runtime::place() const
+{
+    return m_top ? Place{m_top->source, m_top->line} : Place();
+}
+
+void Runtime::failLocated(const std::string &message) const
+{
+    throw LocatedError(message);
+}
+
+void Runtime::warning(const std::string &text)
+{
+    report(MessageKind::Warning, placePrefix() + text);
+}
+
+void Runtime::echoText(const std::string &text)
+{
+    const bool closed = !text.empty() && text.back() == '\n';
+    report(MessageKind::History, closed ? text : text + "\n");
+}
+
+std::string LocatedError::traceText() const
+{
+    std::string text = "Start of trace: (" + steps.front().place.traceText() + ").";
+    for (size_t i = 0; i + 1 < steps.size(); ++i)
+        text += "\n" + steps[i].procedure + " (" + steps[i + 1].place.traceText() + ").";
+    return text;
+}
+
+std::string Runtime::reportFailure(const RuntimeError &failure, bool withTrace)
+{
+    if (const auto *compiling = dynamic_cast<const CompileFailure *>(&failure))
+        report(MessageKind::Error, compiling->sourceLine);
+    report(MessageKind::Error, failure.what());
+    const auto *located = dynamic_cast<const LocatedError *>(&failure);
+    if (located && withTrace && settings.stackTrace)
+        report(MessageKind::StackTrace, located->traceText());
+    return failure.what();
+}
+
+ProcedureEntry *Runtime::knownProcedure(const std::string &name, bool fromTypedText)
+{
+    ProcedureEntry *typed = fromTypedText ? procedures.findTyped(name) : nullptr;
+    return typed ? typed : procedures.findGlobal(name);
+}
+
+ProcedurePointer Runtime::findProcedure(const std::string &name, bool fromTypedText)
+{
+    const ProcedureEntry *entry = knownProcedure(name, fromTypedText);
+    return entry ? entry->current : nullptr;
+}
+
+} // namespace mel

@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "standin/mel/commandtable.h"
+#include "standin/mel/conversion.h"
+#include "standin/mel/errors.h"
+#include "standin/mel/interpreter.h"
+#include "standin/mel/procedures.h"
+#include "standin/mel/variables.h"
+
+#include <atomic>
+
+namespace mel {
+
+// Everything that running code shares: tables, limits, the stack of frames, and the way out for
+// messages.
+class Runtime : public WarningSink
+{
+public:
+    Runtime(Interpreter &owner, Host &host);
+
+    Interpreter &interpreter;
+    Host &host;
+    Settings settings;
+    Limits limits;
+    Variables variables;
+    Procedures procedures;
+    CommandTable commands;
+
+    // Counts one statement or loop round; throws when the script has to stop.
+    void step()
+    {
+        if (--m_stepsLeft <= 0 || m_interrupted.load(std::memory_order_relaxed))
+            checkSteps();
+    }
+    void interrupt() { m_interrupted = true; }
+    bool isRunning() const { return m_depth > 0; }
+    // These throw when a limit is passed.
+    void checkElements(std::int64_t count) const;
+    void checkTextLength(size_t bytes) const;
+    void checkStack() const;
+
+    // Runs a procedure whose parameters are bound in `callee` already.
+    Value invoke(const ProcedurePointer &procedure, Frame &callee);
+    // Compiles and runs at top level; errors are thrown.
+    Value runText(const std::string &text);
+    Value runUnit(const Unit &unit);
+    // Reads and compiles a script; throws CompileError when there is none.
+    std::unique_ptr<Unit> compileFile(const std::string &name);
+    bool isBeingCompiled(const std::string &name) const;
+
+    // The procedure a call reaches while running, library and script path included. Null: none.
+    ProcedurePointer findProcedure(const std::string &name, bool fromTypedText);
+    // The same without loading anything from the script path.
+    ProcedureEntry *knownProcedure(const std::string &name, bool fromTypedText);
+    // The path of a script, or "" when there is none.
+    std::string findScript(const std::string &name) const;
+
+    void report(MessageKind kind, const std::string &text);
+    void warning(const std::string &text) override; // adds the place
+    // Echoes a text as history, line break added when missing.
+    void echoText(const std::string &text);
+    // Shows an error as messages; returns the last one.
+    std::string reportFailure(const RuntimeError &failure, bool withTrace);
+    // The place of the running statement, "" without line numbers or when nothing runs.
+    std::string placePrefix() const;
+    // The place itself; line 0 when nothing runs.
+    Place place() const;
+    // Fails with a message that has its place already.
+    [[noreturn]] void failLocated(const std::string &message) const;
+    Frame *topFrame() const { return m_top; }
+
+    // Evaluates for catch: 1 when it failed.
+    int fails(const Expression &expression, Frame &frame, bool quiet);
+
+    // Brackets everything between entering the interpreter and leaving it again.
+    class Execution
+    {
+    public:
+        explicit Execution(Runtime &runtime);
+        ~Execution();
+        Execution(const Execution &) = delete;
+        Execution &operator=(const Execution &) = delete;
+
+    private:
+        Runtime &m_runtime;
+    };
+
+private:
+    class CompileScope;
+
+    void checkSteps();
+    void startSteps();
+    Value runInFrame(Frame &frame, const StatementList &statements, bool wantsValue);
+    [[noreturn]] void rethrowLocated(const RuntimeError &error, const Frame &frame) const;
+    std::unique_ptr<Unit> compile(SourcePointer source);
+
+    Frame *m_top = nullptr;
+    int m_depth = 0; // nested executions
+    int m_calls = 0; // nested procedures and texts
+    int m_quiet = 0; // nested catchQuiet
+    const char *m_stackBase = nullptr;
+    std::int64_t m_stepsLeft = 0;
+    std::int64_t m_stepsTaken = 0;
+    std::int64_t m_slice = 0;
+    std::atomic<bool> m_interrupted{false};
+    std::vector<std::string> m_compiling; // paths, outermost first
+};
+
+} // namespace mel

@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+#include "standin/mel/runtime.h"
+
+#include "standin/mel/compiler.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+namespace mel {
+
+namespace {
+
+bool isFile(const std::string &path)
+{
+    std::error_code ignored;
+    return std::filesystem::is_regular_file(std::filesystem::u8path(path), ignored);
+}
+
+// The path itself or with the suffix that may be left out; "" when neither is a file.
+std::string existing(const std::string &path)
+{
+    if (isFile(path))
+        return path;
+    return isFile(path + ".mel") ? path + ".mel" : "";
+}
+
+std::string withSuffix(const std::string &name)
+{
+    const bool has = name.size() > 4 && name.compare(name.size() - 4, 4, ".mel") == 0;
+    return has ? name : name + ".mel";
+}
+
+} // namespace
+
+class Runtime::CompileScope
+{
+public:
+    CompileScope(Runtime &runtime, const std::string &path) : m_runtime(runtime)
+    {
+        m_runtime.m_compiling.push_back(path);
+    }
+    ~CompileScope() { m_runtime.m_compiling.pop_back(); }
+    CompileScope(const CompileScope &) = delete;
+    CompileScope &operator=(const CompileScope &) = delete;
+
+private:
+    Runtime &m_runtime;
+};
+
+std::string Runtime::findScript(const std::string &name) const
+{
+    if (name.empty() || name.find('\0') != std::string::npos)
+        return {};
+    std::string found;
+    if (std::filesystem::u8path(name).is_absolute()) {
+        found = existing(name);
+    } else {
+        for (const std::string &folder : host.scriptPath()) {
+            found = existing(folder + (!folder.empty() && folder.back() == '/' ? "" : "/") + name);
+            if (!found.empty())
+                break;
+        }
+    }
+    std::replace(found.begin(), found.end(), '\\', '/');
+    return found;
+}
+
+bool Runtime::isBeingCompiled(const std::string &name) const
+{
+    return std::find(m_compiling.begin(), m_compiling.end(), findScript(name)) != m_compiling.end();
+}
+
+std::unique_ptr<Unit> Runtime::compileFile(const std::string &name)
+{
+    const std::string path = findScript(name);
+    std::ifstream file(path, std::ios::binary);
+    if (path.empty() || !file)
+        throw CompileError("Cannot find file \"" + withSuffix(name) + "\" for source statement.");
+    std::ostringstream text;
+    text << file.rdbuf();
+    const CompileScope scope(*this, path);
+    checkStack();
+    return compileSource(*this, std::make_shared<Source>(Source{path, text.str()}));
+}
+
+} // namespace mel
