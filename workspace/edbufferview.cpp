@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+#include "workspace/edbufferview.h"
+
+#include <QMenu>
+
+namespace {
+
+int bufferIndex(const QListWidgetItem *item)
+{
+    return item->data(Qt::UserRole).toInt();
+}
+
+} // namespace
+
+EdBufferView::EdBufferView(QWidget *parent) : OpenList(parent)
+{
+    connect(this, SIGNAL(currentItemChanged(QListWidgetItem *, QListWidgetItem *)),
+            SLOT(selectBuffer(QListWidgetItem *)));
+    // A click on the current item selects it again.
+    connect(this, SIGNAL(itemClicked(QListWidgetItem *)), SLOT(selectBuffer(QListWidgetItem *)));
+}
+
+void EdBufferView::addBuffer(int id, const QString &name, const QFileInfo &info)
+{
+    addEntry(name, id, info);
+}
+
+void EdBufferView::removeBuffer(int id)
+{
+    removeEntry(id);
+}
+
+void EdBufferView::renameBuffer(int id, const QString &newName)
+{
+    if (QListWidgetItem *item = findEntry(id))
+        item->setText(newName);
+}
+
+void EdBufferView::selectBuffer(QListWidgetItem *item)
+{
+    if (!item)
+        return;
+    emit bufferSelected(bufferIndex(item));
+    setFocus(Qt::OtherFocusReason);
+}
+
+void EdBufferView::removeBuffer()
+{
+    if (contextItem())
+        emit removeBufferSelected(bufferIndex(contextItem()));
+}
+
+void EdBufferView::renameBuffer()
+{
+    if (contextItem())
+        emit renameBufferSelected(bufferIndex(contextItem()));
+}
+
+void EdBufferView::fillContextMenu(QMenu *menu)
+{
+    menu->addAction(tr("Close"), this, SLOT(removeBuffer()));
+    menu->addAction(tr("Rename..."), this, SLOT(renameBuffer()));
+}

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+#include "workspace/edopendocumentview.h"
+
+#include <QMenu>
+
+namespace {
+
+QString documentPath(const QListWidgetItem *item)
+{
+    return item->data(Qt::UserRole).toString();
+}
+
+} // namespace
+
+EdOpenDocumentView::EdOpenDocumentView(QWidget *parent) : OpenList(parent)
+{
+    connect(this, SIGNAL(currentItemChanged(QListWidgetItem *, QListWidgetItem *)),
+            SLOT(selectDocument(QListWidgetItem *)));
+    // A click on the current item selects it again.
+    connect(this, SIGNAL(itemClicked(QListWidgetItem *)), SLOT(selectDocument(QListWidgetItem *)));
+}
+
+void EdOpenDocumentView::addDocument(const QString &path)
+{
+    const QFileInfo info(path);
+    addEntry(info.fileName(), path, info);
+}
+
+void EdOpenDocumentView::removeDocument(const QString &path)
+{
+    removeEntry(path);
+}
+
+void EdOpenDocumentView::renameDocument(const QString &oldPath, const QString &newPath)
+{
+    QListWidgetItem *item = findEntry(oldPath);
+    if (!item)
+        return;
+    const QFileInfo info(newPath);
+    // The identity first: a new text may move the item to another row.
+    item->setData(Qt::UserRole, newPath);
+    item->setIcon(iconOf(info));
+    item->setText(info.fileName());
+}
+
+void EdOpenDocumentView::selectDocument(QListWidgetItem *item)
+{
+    if (!item)
+        return;
+    emit documentSelected(documentPath(item));
+    setFocus(Qt::OtherFocusReason);
+}
+
+void EdOpenDocumentView::removeDocument()
+{
+    if (contextItem())
+        emit removeDocumentSelected(documentPath(contextItem()));
+}
+
+void EdOpenDocumentView::renameDocument()
+{
+    if (contextItem())
+        emit renameDocumentSelected(documentPath(contextItem()));
+}
+
+void EdOpenDocumentView::fillContextMenu(QMenu *menu)
+{
+    menu->addAction(tr("Close"), this, SLOT(removeDocument()));
+    menu->addAction(tr("Rename..."), this, SLOT(renameDocument()));
+}

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#include "workspace/openlist.h"
+
+#include <QMenu>
+
+namespace {
+
+void subdueSelection(QPalette *palette, QPalette::ColorGroup group)
+{
+    palette->setColor(group, QPalette::Highlight, palette->color(group, QPalette::AlternateBase));
+    palette->setColor(group, QPalette::HighlightedText, palette->color(group, QPalette::Text));
+}
+
+} // namespace
+
+OpenList::OpenList(QWidget *parent) : QListWidget(parent), m_focusPalette(palette())
+{
+    subdueSelection(&m_focusPalette, QPalette::Inactive);
+    m_unfocusedPalette = m_focusPalette;
+    subdueSelection(&m_unfocusedPalette, QPalette::Active);
+    setPalette(m_unfocusedPalette);
+
+    setSortingEnabled(true);
+    setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(this, SIGNAL(customContextMenuRequested(QPoint)), SLOT(contextMenu(QPoint)));
+}
+
+void OpenList::addEntry(const QString &text, const QVariant &identity, const QFileInfo &info)
+{
+    QListWidgetItem *item = new QListWidgetItem(iconOf(info), text);
+    item->setData(Qt::UserRole, identity);
+    addItem(item);
+}
+
+void OpenList::removeEntry(const QVariant &identity)
+{
+    QListWidgetItem *item = findEntry(identity);
+    if (item == m_contextItem)
+        m_contextItem = nullptr;
+    delete takeItem(row(item));
+}
+
+QListWidgetItem *OpenList::findEntry(const QVariant &identity) const
+{
+    for (int i = 0; i < count(); ++i) {
+        if (item(i)->data(Qt::UserRole) == identity)
+            return item(i);
+    }
+    return nullptr;
+}
+
+void OpenList::contextMenu(const QPoint &position)
+{
+    m_contextItem = itemAt(position);
+    if (!m_contextItem)
+        return;
+    QMenu menu(this);
+    fillContextMenu(&menu);
+    menu.exec(viewport()->mapToGlobal(position));
+}
+
+void OpenList::focusInEvent(QFocusEvent *event)
+{
+    setPalette(m_focusPalette);
+    QListWidget::focusInEvent(event);
+}
+
+void OpenList::focusOutEvent(QFocusEvent *event)
+{
+    setPalette(m_unfocusedPalette);
+    QListWidget::focusOutEvent(event);
+}

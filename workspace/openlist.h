@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QFileIconProvider>
+#include <QFileInfo>
+#include <QListWidget>
+#include <QPalette>
+
+class QMenu;
+
+// What the lists of buffers and of documents share: entries known by an identity rather than by
+// their text, a context menu on an entry, and a selection that looks subdued without the focus.
+class OpenList : public QListWidget
+{
+    Q_OBJECT
+
+public:
+    explicit OpenList(QWidget *parent = nullptr);
+
+public slots:
+    // Shows the menu of the entry at a position of the viewport; nothing where there is none.
+    void contextMenu(const QPoint &position);
+
+protected:
+    void addEntry(const QString &text, const QVariant &identity, const QFileInfo &info);
+    void removeEntry(const QVariant &identity);
+    // Null when there is no such entry.
+    QListWidgetItem *findEntry(const QVariant &identity) const;
+    QIcon iconOf(const QFileInfo &info) const { return m_iconProvider.icon(info); }
+    // The entry under the last context-menu click, or null.
+    QListWidgetItem *contextItem() const { return m_contextItem; }
+
+    virtual void fillContextMenu(QMenu *menu) = 0;
+
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+
+private:
+    QListWidgetItem *m_contextItem = nullptr;
+    QFileIconProvider m_iconProvider;
+    QPalette m_focusPalette;
+    QPalette m_unfocusedPalette;
+};
