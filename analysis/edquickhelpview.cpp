@@ -1,0 +1,10 @@
+// SPDX-License-Identifier: MIT
+#include "analysis/edquickhelpview.h"
+
+EdQuickHelpView::EdQuickHelpView(QWidget *parent) : QLabel(parent)
+{
+    setAlignment(Qt::AlignCenter);
+    setWordWrap(true);
+    setEnabled(false);
+    setText(tr("Quick help is not available yet."));
+}
