@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+#include "mainwindow/actions.h"
+
+#include "compat/icon.h"
+
+#include <QAction>
+#include <QIcon>
+#include <QKeySequence>
+#include <QWidget>
+
+namespace {
+
+enum class Kind { Plain, Checkable, Checked };
+
+struct Keys
+{
+    QKeySequence::StandardKey standard = QKeySequence::UnknownKey;
+    const char *text = nullptr;
+};
+
+struct ActionRow
+{
+    const char *objectName;
+    const char *text;
+    const char *tip;
+    Keys keys;
+    const char *icon;
+    Kind kind;
+};
+
+// The words that the rows of the table use.
+#define standardKey(key)                                                                           \
+    {                                                                                              \
+        QKeySequence::key, nullptr                                                                 \
+    }
+#define keys(text)                                                                                 \
+    {                                                                                              \
+        QKeySequence::UnknownKey, text                                                             \
+    }
+#define noKeys                                                                                     \
+    {                                                                                              \
+    }
+#define noIcon nullptr
+#define plain Kind::Plain
+#define checkable Kind::Checkable
+#define checked Kind::Checked
+
+const ActionRow actionRows[] = {
+#define ACTION(id, text, tip, keyColumn, icon, kind, receiver, slot)                               \
+    {"action" #id, text, tip, keyColumn, icon, kind},
+#define ALSO(id, receiver, slot)
+#include "mainwindow/actiontable.inc"
+#undef ALSO
+#undef ACTION
+};
+
+#undef standardKey
+#undef keys
+#undef noKeys
+#undef noIcon
+#undef plain
+#undef checkable
+#undef checked
+
+QAction *createAction(const ActionRow &row, QWidget *window)
+{
+    QAction *action = new QAction(QString::fromUtf8(row.text), window);
+    action->setObjectName(QString::fromLatin1(row.objectName));
+    action->setStatusTip(QString::fromUtf8(row.tip));
+    action->setCheckable(row.kind != Kind::Plain);
+    action->setChecked(row.kind == Kind::Checked);
+    if (row.keys.text)
+        action->setShortcut(QKeySequence(QString::fromLatin1(row.keys.text)));
+    else if (row.keys.standard != QKeySequence::UnknownKey)
+        action->setShortcuts(row.keys.standard);
+    if (row.icon)
+        action->setIcon(compat::icon(iconPath(row.icon)));
+    // Also the actions in no menu answer to their keys.
+    window->addAction(action);
+    return action;
+}
+
+void connectAction(QAction *action, QObject *receiver, const char *slot)
+{
+    if (qstrcmp(slot, SLOT(none)) == 0)
+        action->setEnabled(false);
+    else if (action->isCheckable())
+        QObject::connect(action, SIGNAL(triggered(bool)), receiver, slot);
+    else
+        QObject::connect(action, SIGNAL(triggered()), receiver, slot);
+}
+
+} // namespace
+
+QString iconPath(const char *name)
+{
+    return QString::fromLatin1(":/icons/%1.png").arg(QString::fromLatin1(name));
+}
+
+void ActionSet::create(QWidget *window, QWidget *central)
+{
+    for (int i = 0; i < actionCount; ++i)
+        m_actions[i] = createAction(actionRows[i], window);
+
+#define ACTION(id, text, tip, keys, icon, kind, receiver, slot)                                    \
+    connectAction(m_actions[static_cast<int>(Action::id)], receiver, SLOT(slot));
+#define ALSO(id, receiver, slot)                                                                   \
+    connectAction(m_actions[static_cast<int>(Action::id)], receiver, SLOT(slot));
+#include "mainwindow/actiontable.inc"
+#undef ALSO
+#undef ACTION
+}

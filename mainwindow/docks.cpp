@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+#include "mainwindow/docks.h"
+
+#include <QAction>
+#include <QDockWidget>
+#include <QKeySequence>
+#include <QMainWindow>
+#include <QMenu>
+
+namespace {
+
+struct DockRow
+{
+    Dock dock;
+    const char *title;
+    const char *objectName;
+    const char *toggleKeys;
+    Qt::DockWidgetArea area;
+    int flag;
+    bool initiallyVisible;
+};
+
+// Flag 2 belonged to a dock that is gone; settings files may still hold it.
+const DockRow dockRows[] = {
+    // dock, title, object name, toggle keys, area, flag, initially visible
+    {Dock::Project, "Project View", "projectdock", "Ctrl+Alt+P", Qt::LeftDockWidgetArea, 32, true},
+    {Dock::Documents, "Documents", "opendocumentdock", "Ctrl+Alt+D", Qt::LeftDockWidgetArea, 4,
+     true},
+    {Dock::Buffers, "Buffers", "bufferdock", "Ctrl+Alt+B", Qt::LeftDockWidgetArea, 1, true},
+    {Dock::Output, "Output Window", "outputdock", "Ctrl+Shift+O", Qt::TopDockWidgetArea, 8, true},
+    {Dock::Outline, "Outline", "outlinedock", "Ctrl+Alt+O", Qt::RightDockWidgetArea, 16, true},
+    {Dock::QuickHelp, "Quick Help", "quickhelpdock", "Ctrl+Alt+J", Qt::RightDockWidgetArea, 64,
+     false},
+};
+
+QDockWidget *createDock(const DockRow &row, QMainWindow *window, QWidget *content)
+{
+    QDockWidget *dock = new QDockWidget(QString::fromLatin1(row.title), window);
+    dock->setObjectName(QString::fromLatin1(row.objectName));
+    dock->setWidget(content);
+    dock->toggleViewAction()->setShortcut(QKeySequence(QString::fromLatin1(row.toggleKeys)));
+    window->addDockWidget(row.area, dock);
+    dock->setVisible(row.initiallyVisible);
+    return dock;
+}
+
+void connectDock(QDockWidget *dock, QMainWindow *window)
+{
+    QObject::connect(dock->toggleViewAction(), SIGNAL(toggled(bool)), window,
+                     SLOT(dockToggle(bool)));
+    QObject::connect(dock, SIGNAL(dockLocationChanged(Qt::DockWidgetArea)), window,
+                     SLOT(dockLocationChange()));
+    QObject::connect(dock, SIGNAL(visibilityChanged(bool)), window, SLOT(updateVisibleDocks()));
+}
+
+} // namespace
+
+DockArray<QDockWidget *> createDocks(QMainWindow *window, QMenu *viewMenu,
+                                     const DockArray<QWidget *> &contents)
+{
+    DockArray<QDockWidget *> docks;
+    for (const DockRow &row : dockRows) {
+        QDockWidget *dock = createDock(row, window, contents[row.dock]);
+        viewMenu->addAction(dock->toggleViewAction());
+        // Its keys work while the menu bar is hidden too.
+        window->addAction(dock->toggleViewAction());
+        docks[row.dock] = dock;
+    }
+    // Connected last: the slots look at all docks.
+    for (QDockWidget *dock : docks)
+        connectDock(dock, window);
+    return docks;
+}
+
+int visibleDockFlags(const DockArray<QDockWidget *> &docks)
+{
+    int flags = 0;
+    for (const DockRow &row : dockRows) {
+        if (!docks[row.dock]->isHidden())
+            flags |= row.flag;
+    }
+    return flags;
+}

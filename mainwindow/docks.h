@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+class QDockWidget;
+class QMainWindow;
+class QMenu;
+class QWidget;
+
+// The docks, in the order in which they are made and listed in the View menu.
+enum class Dock { Project, Documents, Buffers, Output, Outline, QuickHelp, Count };
+
+constexpr int dockCount = static_cast<int>(Dock::Count);
+
+// One value for each dock.
+template <class Value>
+class DockArray
+{
+public:
+    Value &operator[](Dock dock) { return m_values[static_cast<int>(dock)]; }
+    const Value &operator[](Dock dock) const { return m_values[static_cast<int>(dock)]; }
+
+    Value *begin() { return m_values; }
+    Value *end() { return m_values + dockCount; }
+    const Value *begin() const { return m_values; }
+    const Value *end() const { return m_values + dockCount; }
+
+private:
+    Value m_values[dockCount] = {};
+};
+
+// Puts each content into a dock of the window, which owns both, appends the docks' toggle actions
+// to the View menu, and connects the docks to the window's slots.
+DockArray<QDockWidget *> createDocks(QMainWindow *window, QMenu *viewMenu,
+                                     const DockArray<QWidget *> &contents);
+
+// The docks that are not hidden, one bit each, as the settings file keeps them.
+int visibleDockFlags(const DockArray<QDockWidget *> &docks);

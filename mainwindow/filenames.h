@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+// Directory and file name joined by exactly one separator, however the directory ends.
+QString joinedPath(const QString &directory, const QString &fileName);
+
+// The filters of the Save As dialog, as the file dialogs take them.
+QString saveFilters();
+
+// The filter preselected for a document of this language (1 Python, 2 MEL, else any).
+QString saveFilterForLanguage(int language);
+
+// The name with the suffix that the chosen filter asks for. Names are compared case-sensitively,
+// so that a name in ".MEL" gets ".mel" as well and its document stays a MEL document.
+QString nameWithFilterSuffix(const QString &name, const QString &filter);

@@ -1,0 +1,261 @@
+// SPDX-License-Identifier: MIT
+// The window's commands on documents: files and buffers, editing, executing.
+#include "mainwindow/kestrowl.h"
+
+#include "mainwindow/dialogs.h"
+#include "mainwindow/programnames.h"
+#include "output/edoutputview.h"
+#include "preferences/preferences.h"
+#include "workspace/edcentralwidget.h"
+#include "workspace/edcodeview.h"
+#include "workspace/edexplorerview.h"
+
+#include <QFileDialog>
+#include <QFileInfo>
+
+EdCodeView *Kestrowl::currentView() const
+{
+    return m_central->currentCodeView();
+}
+
+void Kestrowl::newBuffer(int bufferType)
+{
+    SourceType type = bufferType == 0 ? SourceType::Mel : SourceType::Python;
+    if (bufferType != 0 && bufferType != 1)
+        type = askSourceType(this);
+    if (type == SourceType::Mel)
+        m_central->newMelBuffer();
+    else if (type == SourceType::Python)
+        m_central->newPythonBuffer();
+    else if (type == SourceType::Text)
+        m_central->newBuffer();
+}
+
+void Kestrowl::newMelBuffer()
+{
+    newBuffer(0);
+}
+
+void Kestrowl::newPythonBuffer()
+{
+    newBuffer(1);
+}
+
+void Kestrowl::open()
+{
+    open(QFileDialog::getOpenFileName(this, tr("Open File"), m_lastOpenDirectory));
+}
+
+void Kestrowl::open(const QModelIndex &index)
+{
+    open(m_explorer->filePath(index));
+}
+
+void Kestrowl::open(const QString &path)
+{
+    if (path.isEmpty())
+        return;
+    m_central->openFile(path);
+    m_lastOpenDirectory = QFileInfo(path).absolutePath();
+}
+
+void Kestrowl::closeTab()
+{
+    m_central->closeActive();
+}
+
+void Kestrowl::closeAllTabs()
+{
+    m_central->closeAll();
+}
+
+void Kestrowl::closeAllTabsButActive()
+{
+    m_central->closeAllButCurrent();
+}
+
+void Kestrowl::closeEditor()
+{
+    close();
+}
+
+void Kestrowl::save()
+{
+    m_central->save();
+}
+
+void Kestrowl::saveAs()
+{
+    if (!currentView())
+        return;
+    const QString name = askSaveName(this, *currentView(), projectDirectory());
+    if (!name.isEmpty())
+        m_central->saveAs(name);
+}
+
+void Kestrowl::saveAll()
+{
+    m_central->saveAll();
+}
+
+void Kestrowl::saveSettings()
+{
+    SaveStateAnswer answer = SaveStateAnswer::SettingsOnly;
+    if (m_central->hasUnsavedContent())
+        answer = askToSaveAll(this);
+    if (answer == SaveStateAnswer::Cancelled)
+        return;
+    if (answer == SaveStateAnswer::SaveAll)
+        saveAll();
+    writeSettings();
+}
+
+void Kestrowl::saveScriptToShelf()
+{
+    if (!currentView())
+        return;
+    const QString label = askShelfLabel(this);
+    if (label.isEmpty())
+        return;
+    const EdCodeView &view = *currentView();
+    const QString script = view.selectedText().isEmpty() ? view.text() : view.selectedText();
+    if (!script.isEmpty() && view.language() != EdCodeView::Text)
+        emit scriptToShelfRequested(label, script, view.language() == EdCodeView::Mel);
+}
+
+void Kestrowl::sourceScript()
+{
+    const QString path =
+        QFileDialog::getOpenFileName(this, tr("Source Script"), m_lastSourceDirectory);
+    if (path.isEmpty())
+        return;
+    m_lastSourceDirectory = path;
+    emit sourceScriptSelected(path);
+}
+
+void Kestrowl::setTitleBufferName(const QString &bufferName)
+{
+    const QString program = QLatin1String(CORVANE_APPLICATION_NAME);
+    setWindowTitle(bufferName.isEmpty() ? program : bufferName + QLatin1String(" - ") + program);
+}
+
+void Kestrowl::cut()
+{
+    if (!m_output->hasFocus())
+        m_central->cut();
+}
+
+void Kestrowl::copy()
+{
+    if (m_output->hasFocus())
+        m_output->copy();
+    else
+        m_central->copy();
+}
+
+void Kestrowl::paste()
+{
+    if (!m_output->hasFocus())
+        m_central->paste();
+}
+
+void Kestrowl::showGotoLineDialog()
+{
+    const int line = currentView() ? askLineNumber(this, *currentView()) : 0;
+    if (line > 0)
+        currentView()->goToLine(line);
+}
+
+void Kestrowl::replace(const QString &text)
+{
+    m_central->replace(text);
+}
+
+void Kestrowl::clearOutput()
+{
+    m_output->clearText();
+}
+
+void Kestrowl::clearEditor()
+{
+    m_central->clearText();
+}
+
+// Deliberate: the line and the whole text are saved twice, here and in execute(QString); scripts
+// that watch their files rely on the order.
+
+void Kestrowl::execute()
+{
+    if (!currentView())
+        return;
+    QString selection = currentView()->selectedText();
+    if (selection.isEmpty())
+        executeAll();
+    else
+        execute(selection.replace(QChar::ParagraphSeparator, QLatin1Char('\n')));
+}
+
+void Kestrowl::executeLine()
+{
+    if (!currentView())
+        return;
+    saveBeforeExecuting();
+    execute(currentView()->lineText().trimmed());
+}
+
+void Kestrowl::executeAll()
+{
+    if (!currentView())
+        return;
+    saveBeforeExecuting();
+    execute(currentView()->text());
+}
+
+void Kestrowl::execute(const QString &script)
+{
+    if (!currentView())
+        return;
+    saveBeforeExecuting();
+    if (script.isEmpty())
+        return;
+    if (currentView()->language() == EdCodeView::Mel)
+        emit melExecuted(script);
+    else if (currentView()->language() == EdCodeView::Python)
+        emit pythonExecuted(script);
+}
+
+void Kestrowl::saveBeforeExecuting()
+{
+    if (preferences().saveOnExecute)
+        saveAll();
+}
+
+void Kestrowl::about()
+{
+    showAbout(this);
+}
+
+void Kestrowl::showLicenseDialog()
+{
+    showLicense(this);
+}
+
+void Kestrowl::melCommandReference()
+{
+    emit commandHelpRequested(QString(), false);
+}
+
+void Kestrowl::pythonCommandReference()
+{
+    emit commandHelpRequested(QString(), true);
+}
+
+void Kestrowl::nodeAndAttributeReference()
+{
+    emit showHelpRequested(QLatin1String("-docs \"Nodes/index.html\""));
+}
+
+void Kestrowl::insertQuickHelpFlag(const QString &flag)
+{
+    m_central->replace(flag);
+}

@@ -1,0 +1,201 @@
+// SPDX-License-Identifier: MIT
+// What the window shows: switches, panes, docks, status.
+#include "mainwindow/kestrowl.h"
+
+#include "compat/icon.h"
+#include "output/edoutputview.h"
+#include "preferences/preferences.h"
+#include "workspace/edcentralwidget.h"
+#include "workspace/edcodeview.h"
+#include "workspace/plaincodeedit.h"
+
+#include <QAction>
+#include <QDockWidget>
+#include <QStatusBar>
+#include <QToolBar>
+
+void Kestrowl::echoAllCommands(bool enable, bool updateWindowOnly)
+{
+    action(Action::EchoAllCommands)->setChecked(enable);
+    const char *icon = enable ? "echoCommands" : "echoCommandsOff";
+    action(Action::EchoAllCommandsButton)->setIcon(compat::icon(iconPath(icon)));
+    if (!updateWindowOnly)
+        emit echoAllCommandsEnabled(enable);
+}
+
+void Kestrowl::echoAllCommandsToggle()
+{
+    echoAllCommands(!action(Action::EchoAllCommands)->isChecked());
+}
+
+void Kestrowl::lineNumbersInErrors(bool enable, bool updateWindowOnly)
+{
+    action(Action::LineNumbersInErrors)->setChecked(enable);
+    if (!updateWindowOnly)
+        emit lineNumbersInErrorsEnabled(enable);
+}
+
+void Kestrowl::showStackTrace(bool enable, bool updateWindowOnly)
+{
+    action(Action::ShowStackTrace)->setChecked(enable);
+    if (!updateWindowOnly)
+        emit showStackTraceEnabled(enable);
+}
+
+void Kestrowl::suppressStackWindow(bool enable, bool updateWindowOnly)
+{
+    action(Action::SuppressStackWindow)->setChecked(enable);
+    preferences().suppressStackWindow = enable;
+    if (!updateWindowOnly)
+        emit suppressStackWindowEnabled(enable);
+}
+
+void Kestrowl::overrideScriptEditorButton(bool enable)
+{
+    emit scriptEditorOverrideChanged(enable);
+}
+
+void Kestrowl::showTabsAndSpaces(bool enable)
+{
+    action(Action::ShowTabsAndSpaces)->setChecked(enable);
+    const char *icon = enable ? "showTabsAndSpaces" : "showTabsAndSpacesOff";
+    action(Action::ShowTabsAndSpacesButton)->setIcon(compat::icon(iconPath(icon)));
+    preferences().showTabsAndSpaces = enable;
+    m_central->updateHiddenCharacters();
+}
+
+void Kestrowl::showTabsAndSpacesToggle()
+{
+    showTabsAndSpaces(!action(Action::ShowTabsAndSpaces)->isChecked());
+}
+
+void Kestrowl::showEndOfLine(bool enable)
+{
+    action(Action::ShowEndOfLine)->setChecked(enable);
+    preferences().showEndOfLine = enable;
+    m_central->updateHiddenCharacters();
+}
+
+void Kestrowl::wordWrap(bool enable)
+{
+    action(Action::WordWrap)->setChecked(enable);
+    preferences().wordWrapEnabled = enable;
+    m_central->updateHiddenCharacters();
+}
+
+// The window never shows neither history nor editor: hiding one brings the other back.
+
+void Kestrowl::editorVisibleChange(bool visible)
+{
+    action(Action::CodeEditor)->setChecked(visible);
+    m_central->setVisible(visible);
+    if (!visible && m_docks[Dock::Output]->isHidden())
+        setOutputVisible(true);
+}
+
+void Kestrowl::outputViewVisibleChange(bool)
+{
+    if (m_docks[Dock::Output]->isHidden() && m_central->isHidden())
+        setEditorVisible(true);
+}
+
+void Kestrowl::setEditorVisible(bool visible)
+{
+    editorVisibleChange(visible);
+}
+
+void Kestrowl::setOutputVisible(bool visible)
+{
+    m_docks[Dock::Output]->setVisible(visible);
+}
+
+void Kestrowl::showOutput()
+{
+    setOutputVisible(true);
+    setEditorVisible(false);
+}
+
+void Kestrowl::showEditor()
+{
+    setEditorVisible(true);
+    setOutputVisible(false);
+}
+
+void Kestrowl::showBoth()
+{
+    setOutputVisible(true);
+    setEditorVisible(true);
+}
+
+void Kestrowl::showAll()
+{
+    showBoth();
+    for (QDockWidget *each : m_docks)
+        each->show();
+}
+
+void Kestrowl::setToolbarVisible(bool visible)
+{
+    for (QToolBar *toolBar : m_toolBars)
+        toolBar->setVisible(visible);
+}
+
+// Brings a dock that was switched on to the front of those it is tabbed with.
+void Kestrowl::dockToggle(bool visible)
+{
+    for (QDockWidget *each : m_docks) {
+        if (visible && sender() == each->toggleViewAction())
+            each->raise();
+    }
+    updateVisibleDocks();
+}
+
+void Kestrowl::dockLocationChange()
+{
+    saveDockWidgetGeometry();
+}
+
+void Kestrowl::updateVisibleDocks()
+{
+    m_visibleDocks = visibleDockFlags(m_docks);
+}
+
+void Kestrowl::saveDockWidgetGeometry()
+{
+    for (int i = 0; i < dockCount; ++i) {
+        const Dock id = static_cast<Dock>(i);
+        m_dockGeometry[id] = m_docks[id]->saveGeometry();
+    }
+}
+
+void Kestrowl::appendOutputText(const QString &text)
+{
+    m_output->appendText(text);
+}
+
+void Kestrowl::setStatusText(const QString &text)
+{
+    statusBar()->showMessage(text);
+}
+
+void Kestrowl::updateCursorStatus(int, int column, int sel)
+{
+    m_statusLabels.showColumn(column);
+    m_statusLabels.showSelectionSize(sel);
+    updateInsertOverwriteStatus();
+}
+
+void Kestrowl::updateInsertOverwriteStatus()
+{
+    const EdCodeView *view = currentView();
+    m_statusLabels.showOverwriteMode(view && view->codeEdit()->overwriteMode());
+}
+
+void Kestrowl::updateAndShowQuickHelp(const QString &, bool ignoreWhenHidden)
+{
+    QDockWidget *quickHelp = m_docks[Dock::QuickHelp];
+    if (ignoreWhenHidden && quickHelp->isHidden())
+        return;
+    quickHelp->show();
+    quickHelp->raise();
+}

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+class QLabel;
+class QStatusBar;
+
+// The permanent labels of the status bar: selection size, caret column, insert or overwrite mode.
+class StatusLabels
+{
+public:
+    // The status bar owns the labels.
+    void create(QStatusBar *statusBar);
+
+    void showSelectionSize(int characters);
+    void showColumn(int column);
+    void showOverwriteMode(bool overwrite);
+
+private:
+    QLabel *m_selection = nullptr;
+    QLabel *m_column = nullptr;
+    QLabel *m_mode = nullptr;
+};
