@@ -1,0 +1,187 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
+"""Renders the icons and writes the two resource lists from the tables below.
+
+Usage: render_icons.py PACKAGE_DIR [ROOT]
+
+PACKAGE_DIR is the unpacked npm package `lucide-static` (the folder with `icons/` and `LICENSE`);
+`npm pack lucide-static@1.62.0` fetches the version that was used. Needs rsvg-convert.
+"""
+
+import json
+import os
+import re
+import subprocess
+import sys
+
+LIGHT, DIM = "#d0d0d0", "#858585"
+GREEN, AMBER, RED, BLUE = "#7ccf6b", "#f0b440", "#f07068", "#6cb4f0"
+VIOLET, TEAL = "#c39af0", "#5ccfc0"
+
+# Marks laid over a source where colour alone would not tell: one half of a split window.
+CROSS = '<path stroke="%s" d="M9.8 %s l4.4 4.4 M14.2 %s l-4.4 4.4"/>'
+SHADE = '<rect x="5" y="%s" width="14" height="5" stroke="none" fill="%s"/>'
+CROSS_TOP, CROSS_BOTTOM = CROSS % (RED, "5.3", "5.3"), CROSS % (RED, "14.3", "14.3")
+SHADE_TOP, SHADE_BOTTOM = SHADE % ("5", BLUE), SHADE % ("14", BLUE)
+
+
+def icon(source, colour=LIGHT, accents=None, fill=(), extra=""):
+    """`accents` gives single elements of the source, by position, a colour; `fill` fills some."""
+    return {"source": source, "colour": colour, "accents": accents or {}, "fill": fill,
+            "extra": extra}
+
+
+TOOL_BAR = {
+    "new": icon("file-plus", accents={2: GREEN, 3: GREEN}),
+    "openScript": icon("folder-open", AMBER),
+    "save": icon("save", accents={1: BLUE}),
+    "saveToShelf": icon("grid-2x2-plus", accents={1: GREEN, 2: GREEN}),
+    "sourceScript": icon("file-input", accents={2: GREEN, 3: GREEN}),
+    "clearHistory": icon("rows-2", extra=CROSS_TOP),
+    "clearInput": icon("rows-2", extra=CROSS_BOTTOM),
+    "clearAll": icon("rows-2", extra=CROSS_TOP + CROSS_BOTTOM),
+    "echoCommands": icon("message-square-text", accents={1: GREEN, 2: GREEN, 3: GREEN}),
+    "echoCommandsOff": icon("message-square-text", DIM),
+    "execute": icon("play", GREEN, fill={0}),
+    "execute_line": icon("list-video", accents={3: GREEN}, fill={3}),
+    "executeAll": icon("fast-forward", GREEN, fill={0, 1}),
+    "showTabsAndSpaces": icon("pilcrow", BLUE),
+    "showTabsAndSpacesOff": icon("pilcrow", DIM),
+    "showHistory": icon("rows-2", extra=SHADE_TOP),
+    "showInput": icon("rows-2", extra=SHADE_BOTTOM),
+    "showBoth": icon("rows-2", extra=SHADE_TOP + SHADE_BOTTOM),
+    "find": icon("search"),
+    "undo": icon("undo-2"),
+    "redo": icon("redo-2"),
+    "cut": icon("scissors"),
+    "copy": icon("copy"),
+    "paste": icon("clipboard-paste"),
+    "close": icon("x"),
+    "about": icon("info", BLUE),
+    "help": icon("circle-question-mark", BLUE),
+    "lock": icon("lock", AMBER),
+    "file": icon("file"),
+    "fileMel": icon("file-terminal", accents={2: GREEN, 3: GREEN}),
+    "filePython": icon("file-code", accents={2: BLUE, 3: BLUE}),
+    "fileText": icon("file-text"),
+    "folder": icon("folder", AMBER),
+    "newFile": icon("file-plus-corner", accents={2: GREEN, 3: GREEN}),
+    "newFolder": icon("folder-plus", AMBER, accents={0: GREEN, 1: GREEN}),
+    "showInFolder": icon("folder-search", AMBER, accents={1: LIGHT, 2: LIGHT}),
+    "refresh": icon("refresh-cw"),
+}
+
+# The gutter and the outline.
+SMALL = {
+    "error": icon("circle-x", RED),
+    "warning": icon("triangle-alert", AMBER),
+    "todo": icon("list-todo", BLUE),
+    "result": icon("corner-down-right", GREEN),
+    "class": icon("box", AMBER),
+    "function": icon("square-function", BLUE),
+    "method": icon("square-function", VIOLET),
+    "procedure": icon("square-terminal", GREEN),
+    "globalProcedure": icon("globe", GREEN),
+    "variable": icon("variable", TEAL),
+    "import": icon("import", LIGHT),
+    "main": icon("house", GREEN),
+    "module": icon("package", BLUE),
+    "keyword": icon("key", VIOLET),
+    "builtin": icon("puzzle", TEAL),
+    "flag": icon("flag", AMBER),
+    "command": icon("terminal", BLUE),
+    "argument": icon("at-sign", LIGHT),
+}
+
+APPLICATION = icon("bird", TEAL)
+
+# size, icons
+EDITOR_SETS = [
+    (20, TOOL_BAR),
+    (16, SMALL),
+    (16, {"corvane": APPLICATION}),
+    (32, {"corvane32": APPLICATION}),
+    (64, {"corvane64": APPLICATION}),
+    (128, {"corvane128": APPLICATION}),
+]
+STANDIN_SETS = [
+    (20, {"scriptEditor": icon("square-terminal", accents={0: GREEN, 1: GREEN})}),
+    (32, {
+        "commandButtonMel": icon("file-terminal", accents={2: GREEN, 3: GREEN}),
+        "commandButtonPython": icon("file-code", accents={2: BLUE, 3: BLUE}),
+        "standin": icon("app-window", accents={1: TEAL, 2: TEAL, 3: TEAL}),
+    }),
+    (16, {"gear": icon("settings"), "trash": icon("trash-2")}),
+]
+# folder of the list, its name, prefix, icons
+TARGETS = [
+    ("resources", "corvane", "/", EDITOR_SETS),
+    ("standin/ui/resources", "standin", "/standin", STANDIN_SETS),
+]
+
+ELEMENT = re.compile(r"<(path|rect|circle|line|polyline|polygon|ellipse)\b")
+
+
+def coloured(svg, look):
+    """The source's text with the colours of `look`."""
+    count = -1
+
+    def paint(match):
+        nonlocal count
+        count += 1
+        colour = look["accents"].get(count, look["colour"])
+        fill = f' fill="{colour}"' if count in look["fill"] else ""
+        return f'{match.group(0)} stroke="{colour}"{fill}'
+
+    svg = ELEMENT.sub(paint, svg)
+    highest = max([*look["accents"], *look["fill"], 0])
+    if highest > count:
+        raise SystemExit(f"{look['source']} has no element {highest}")
+    return svg.replace("</svg>", look["extra"] + "</svg>")
+
+
+def render(package, look, size, path):
+    with open(os.path.join(package, "icons", look["source"] + ".svg"), encoding="utf-8") as file:
+        svg = coloured(file.read(), look)
+    subprocess.run(["rsvg-convert", "-w", str(size), "-h", str(size), "-o", path],
+                   input=svg.encode(), check=True)
+
+
+def write_list(folder, name, prefix, files):
+    rows = "".join(f"    <file>icons/{file}</file>\n" for file in sorted(files))
+    with open(os.path.join(folder, name + ".qrc"), "w", encoding="utf-8") as file:
+        file.write("<!-- SPDX-License-Identifier: MIT; written by tools/render_icons.py -->\n"
+                   f'<RCC>\n  <qresource prefix="{prefix}">\n{rows}  </qresource>\n</RCC>\n')
+
+
+def write_licence(package, folder):
+    with open(os.path.join(package, "package.json"), encoding="utf-8") as file:
+        version = json.load(file)["version"]
+    with open(os.path.join(package, "LICENSE"), encoding="utf-8") as file:
+        text = file.read()
+    with open(os.path.join(folder, "icons", "LICENSE"), "w", encoding="utf-8") as file:
+        file.write(f"The icons in this folder are rendered from Lucide (npm package lucide-static,"
+                   f"\nversion {version}), recoloured and in part with added marks, by\n"
+                   f"tools/render_icons.py. Lucide's licence follows.\n\n{text}")
+
+
+def main():
+    if len(sys.argv) not in (2, 3):
+        raise SystemExit(__doc__)
+    package = sys.argv[1]
+    root = sys.argv[2] if len(sys.argv) == 3 else os.path.join(os.path.dirname(__file__), "..")
+    for place, name, prefix, sets in TARGETS:
+        folder = os.path.join(root, place)
+        os.makedirs(os.path.join(folder, "icons"), exist_ok=True)
+        files = []
+        for size, looks in sets:
+            for title, look in looks.items():
+                for suffix, scale in (("", 1), ("@2x", 2)):
+                    files.append(f"{title}{suffix}.png")
+                    render(package, look, size * scale, os.path.join(folder, "icons", files[-1]))
+        write_list(folder, name, prefix, files)
+        write_licence(package, folder)
+
+
+if __name__ == "__main__":
+    main()
