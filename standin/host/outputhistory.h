@@ -21,7 +21,6 @@ public:
         bool warnings = false;
         bool errors = false;
         bool results = false;
-        bool stackTrace = false;
         bool stackWindow = false; // concerns no text, only remembered
     };
 
@@ -35,10 +34,16 @@ public:
 
     // The message as it is shown now, line break included; empty when its kind is suppressed.
     std::string shown(mel::MessageKind kind, const std::string &text) const;
-    void append(const std::string &shownText) { m_text += shownText; }
+    void append(const std::string &shownText);
 
     const std::string &text() const { return m_text; }
     void clear() { m_text.clear(); }
+
+    // While writing is on, everything appended goes to the end of the file too.
+    const std::string &fileName() const { return m_fileName; }
+    void setFileName(const std::string &fileName) { m_fileName = fileName; }
+    bool writesFile() const { return m_writesFile; }
+    void setWritesFile(bool writes) { m_writesFile = writes; }
 
 private:
     bool isSuppressed(mel::MessageKind kind) const;
@@ -47,6 +52,8 @@ private:
     Language m_language = Language::Mel;
     Suppressed m_suppressed;
     std::string m_text;
+    std::string m_fileName;
+    bool m_writesFile = false;
 };
 
 } // namespace standin

@@ -17,6 +17,7 @@ namespace standin {
 
 class IdleQueue;
 class OptionVars;
+class PluginCommands;
 class PluginLoader;
 class ScriptJobs;
 
@@ -45,6 +46,7 @@ public:
     OptionVars &optionVars();
     OutputHistory &history();
     PluginLoader &plugins();
+    const PluginCommands &pluginCommands() const;
     ScriptJobs &scriptJobs();
 
     void setPython(std::unique_ptr<PythonEngine> engine);

@@ -32,7 +32,4 @@ struct LiveCallback
 };
 STANDIN_API std::vector<LiveCallback> liveCallbacks();
 
-// Whether a callback is running at this moment, and which functions they are.
-STANDIN_API std::vector<const void *> runningCallbacks();
-
 } // namespace standin

@@ -101,14 +101,6 @@ std::vector<LiveCallback> liveCallbacks()
     return live;
 }
 
-std::vector<const void *> runningCallbacks()
-{
-    std::vector<const void *> functions;
-    for (const std::shared_ptr<Callback> &callback : running)
-        functions.push_back(addressOf(*callback));
-    return functions;
-}
-
 } // namespace standin
 
 using namespace standin;

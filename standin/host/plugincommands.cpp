@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#include "standin/host/plugincommands.h"
+
+#include <exception>
+#include <memory>
+
+namespace standin {
+
+namespace {
+
+mel::Value run(const std::shared_ptr<const PluginCommand> &command, const mel::Call &call)
+{
+    try {
+        return command->run(call.objects);
+    } catch (const mel::RuntimeError &) {
+        throw;
+    } catch (const std::exception &failure) {
+        throw mel::RuntimeError(failure.what());
+    }
+}
+
+} // namespace
+
+bool PluginCommands::add(const PluginCommand &command)
+{
+    const auto shared = std::make_shared<const PluginCommand>(command);
+    mel::Command entry;
+    entry.name = command.name;
+    entry.flags = command.flags;
+    entry.rawWords = true;
+    entry.run = [shared](mel::Call &call) {
+        const auto kept = shared; // the command may remove itself while it runs
+        return run(kept, call);
+    };
+    if (!m_interpreter.addCommand(entry))
+        return false;
+    m_owners[command.name] = command.plugin;
+    return true;
+}
+
+bool PluginCommands::remove(const std::string &name)
+{
+    return m_owners.erase(name) > 0 && m_interpreter.removeCommand(name);
+}
+
+std::vector<std::string> PluginCommands::namesOf(const std::string &plugin) const
+{
+    std::vector<std::string> names;
+    for (const auto &[command, owner] : m_owners) {
+        if (owner == plugin)
+            names.push_back(command);
+    }
+    return names;
+}
+
+} // namespace standin

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "standin/mel/interpreter.h"
+#include "standin/sdk/hostservices.h"
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace standin {
+
+// The commands that plug-ins have added to the interpreter.
+class PluginCommands
+{
+public:
+    explicit PluginCommands(mel::Interpreter &interpreter) : m_interpreter(interpreter) {}
+
+    // False when the name is taken.
+    bool add(const PluginCommand &command);
+    // False when no plug-in has added such a command.
+    bool remove(const std::string &name);
+    std::vector<std::string> namesOf(const std::string &plugin) const;
+
+private:
+    mel::Interpreter &m_interpreter;
+    std::map<std::string, std::string> m_owners; // command to plug-in
+};
+
+} // namespace standin

@@ -1,0 +1,248 @@
+// SPDX-License-Identifier: MIT
+#include "standin/host/pluginloader.h"
+
+#include "standin/host/plugincommands.h"
+#include "standin/host/searchpath.h"
+#include "standin/host/sharedlibrary.h"
+#include "standin/mel/command.h"
+#include "standin/sdk/hostaccess.h"
+#include "standin/sdk/hostservices.h"
+#include "standin/sdk/pluginrecord.h"
+
+#include <maya/MMessage.h>
+#include <maya/MObject.h>
+#include <maya/MStatus.h>
+#include <maya/MString.h>
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <cstring>
+#include <exception>
+
+namespace standin {
+
+using EntryPoint = MStatus (*)(MObject);
+
+struct PluginLoader::Plugin
+{
+    SharedLibrary library; // first, so that it is closed last
+    PluginRecord record;
+    EntryPoint initialize = nullptr;
+    EntryPoint uninitialize = nullptr;
+};
+
+namespace {
+
+#define STANDIN_QUOTED(word) #word
+#define STANDIN_TEXT(macro) STANDIN_QUOTED(macro)
+const char apiVersion[] = STANDIN_TEXT(MAYA_API_VERSION);
+
+// How the compiler writes the entry points' parameter when they have C++ linkage.
+#if MAYA_API_VERSION >= 20180000
+const char mangledParameter[] =
+    "N8Autodesk4Maya16OpenMaya" STANDIN_TEXT(MAYA_API_VERSION) "7MObjectE";
+#else
+const char mangledParameter[] = "7MObject";
+#endif
+
+QString qString(const std::string &text)
+{
+    return QString::fromUtf8(text.data(), static_cast<int>(text.size()));
+}
+std::string utf8(const QString &text)
+{
+    return std::string(text.toUtf8().constData());
+}
+
+[[noreturn]] void fail(const QString &text)
+{
+    throw mel::RuntimeError(utf8(text));
+}
+
+QString inParentheses(const PluginRecord &record)
+{
+    return QString(" (%1)").arg(qString(record.name));
+}
+
+EntryPoint entryPoint(SharedLibrary &library, const char *name, const PluginRecord &record)
+{
+    const std::string mangled = "_Z" + std::to_string(std::strlen(name)) + name + mangledParameter;
+    void *address = library.symbol(name);
+    if (!address)
+        address = library.symbol(mangled.c_str());
+    if (!address) {
+        fail(QString("%1 function could not be found in plug-in").arg(name) +
+             inParentheses(record));
+    }
+    return reinterpret_cast<EntryPoint>(address);
+}
+
+// Runs an entry point; throws when it fails or lets an exception escape.
+void run(EntryPoint function, PluginRecord &record)
+{
+    MStatus status;
+    try {
+        status = function(pluginObject(record));
+    } catch (const std::exception &escaped) {
+        fail(QString("Unhandled exception: %1").arg(escaped.what()) + inParentheses(record));
+    } catch (...) {
+        fail("Unhandled exception" + inParentheses(record));
+    }
+    if (status.error())
+        fail(status.errorString().asUTF8() + inParentheses(record));
+}
+
+} // namespace
+
+PluginLoader::PluginLoader(HostServices &host, const PluginCommands &commands)
+    : m_host(host), m_commands(commands)
+{
+}
+
+PluginLoader::~PluginLoader() = default;
+
+bool PluginLoader::load(const QString &nameOrFile)
+{
+    return reporting(&PluginLoader::loadOrThrow, nameOrFile);
+}
+
+bool PluginLoader::unload(const QString &nameOrFile)
+{
+    return reporting(&PluginLoader::unloadOrThrow, nameOrFile);
+}
+
+bool PluginLoader::reporting(void (PluginLoader::*action)(const QString &),
+                             const QString &nameOrFile)
+{
+    try {
+        (this->*action)(nameOrFile);
+        return true;
+    } catch (const mel::RuntimeError &problem) {
+        m_host.output(mel::MessageKind::Error, problem.what());
+        return false;
+    }
+}
+
+void PluginLoader::loadOrThrow(const QString &nameOrFile)
+{
+    if (loaded(nameOrFile))
+        return;
+    const QString path = pluginFile(nameOrFile);
+    if (path.isEmpty())
+        fail(QString("Plug-in, \"%1\", was not found on MAYA_PLUG_IN_PATH.").arg(nameOrFile));
+    auto owner = std::make_unique<Plugin>();
+    Plugin &plugin = *owner;
+    plugin.record.path = utf8(path);
+    plugin.record.name = utf8(QFileInfo(path).completeBaseName());
+    if (loaded(qString(plugin.record.name)))
+        fail("A plug-in of the same name is loaded already" + inParentheses(plugin.record));
+    try {
+        open(plugin);
+        m_plugins.push_back(std::move(owner)); // its commands may ask about it
+        run(plugin.initialize, plugin.record);
+    } catch (const mel::RuntimeError &) {
+        close(plugin);
+        m_host.output(mel::MessageKind::Warning, utf8("Could not load " + path + " as a plug-in"));
+        throw;
+    }
+}
+
+// Maps the library and finds what it has to export.
+void PluginLoader::open(Plugin &plugin) const
+{
+    QString problem;
+    if (!plugin.library.open(qString(plugin.record.path), problem))
+        fail("Unable to dynamically load : " + qString(plugin.record.path) + "\n" + problem);
+    // Before the entry points, which may be mangled differently in another release.
+    const char *version = static_cast<const char *>(plugin.library.symbol("MApiVersion"));
+    if (version && std::strncmp(version, apiVersion, sizeof apiVersion) != 0) {
+        const QString built = QString::fromLatin1(version, static_cast<int>(strnlen(version, 20)));
+        fail(
+            QString("The plug-in was built for API version %1; this is %2").arg(built, apiVersion) +
+            inParentheses(plugin.record));
+    }
+    plugin.initialize = entryPoint(plugin.library, "initializePlugin", plugin.record);
+    plugin.uninitialize = entryPoint(plugin.library, "uninitializePlugin", plugin.record);
+    if (!version)
+        fail("MApiVersion could not be found in plug-in" + inParentheses(plugin.record));
+}
+
+void PluginLoader::unloadOrThrow(const QString &nameOrFile)
+{
+    Plugin *plugin = loaded(nameOrFile);
+    if (!plugin)
+        fail(QString("Plug-in, \"%1\", is not loaded.").arg(nameOrFile));
+    if (plugin->library.isOnStack())
+        fail(QString("Plug-in, \"%1\", cannot be unloaded because it is still in use.")
+                 .arg(nameOrFile));
+    run(plugin->uninitialize, plugin->record);
+    close(*plugin);
+}
+
+void PluginLoader::unloadAll()
+{
+    const QStringList all = names();
+    for (int i = all.size() - 1; i >= 0; --i)
+        unload(all.at(i));
+}
+
+// Whatever still points into the library would crash the host later.
+void PluginLoader::removeLeftovers(const Plugin &plugin)
+{
+    const std::string who = "Plug-in, \"" + plugin.record.name + "\", left ";
+    for (const LiveCallback &callback : liveCallbacks()) {
+        if (!plugin.library.contains(callback.function))
+            continue;
+        MMessage::removeCallback(callback.id);
+        m_host.output(mel::MessageKind::Error, who + "a callback behind; it has been removed.");
+    }
+    for (const std::string &command : m_commands.namesOf(plugin.record.name)) {
+        m_host.deregisterCommand(command);
+        m_host.output(mel::MessageKind::Error,
+                      who + "the command \"" + command + "\" behind; it has been removed.");
+    }
+}
+
+void PluginLoader::close(const Plugin &plugin)
+{
+    removeLeftovers(plugin);
+    // Objects that the plug-in has marked for deletion need its code to be destroyed.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    const auto isPlugin = [&](const std::unique_ptr<Plugin> &entry) {
+        return entry.get() == &plugin;
+    };
+    m_plugins.erase(std::remove_if(m_plugins.begin(), m_plugins.end(), isPlugin), m_plugins.end());
+}
+
+PluginLoader::Plugin *PluginLoader::loaded(const QString &nameOrFile) const
+{
+    const QString name = QFileInfo(nameOrFile).completeBaseName();
+    const std::string path = utf8(pluginFile(nameOrFile));
+    const bool isFile = nameOrFile.contains('/');
+    for (const std::unique_ptr<Plugin> &plugin : m_plugins) {
+        const PluginRecord &record = plugin->record;
+        if (isFile ? record.path == path
+                   : record.name == utf8(nameOrFile) || record.name == utf8(name))
+            return plugin.get();
+    }
+    return nullptr;
+}
+
+QStringList PluginLoader::names() const
+{
+    QStringList all;
+    for (const std::unique_ptr<Plugin> &plugin : m_plugins)
+        all << qString(plugin->record.name);
+    return all;
+}
+
+const PluginRecord *PluginLoader::find(const QString &nameOrFile) const
+{
+    const Plugin *plugin = loaded(nameOrFile);
+    return plugin ? &plugin->record : nullptr;
+}
+
+} // namespace standin

@@ -1,0 +1,224 @@
+// SPDX-License-Identifier: MIT
+#include "standin/host/scriptjobs.h"
+
+#include "standin/host/idlequeue.h"
+#include "standin/host/session.h"
+
+#include <QTimer>
+
+namespace standin {
+
+namespace {
+
+// The pause between two rounds of idle jobs; without one they would keep the processor busy.
+const int idleRoundMilliseconds = 50;
+
+// Sorted.
+const char *const eventTable[] = {
+    "ActiveViewChanged",
+    "ChannelBoxLabelSelected",
+    "ColorIndexChanged",
+    "CurrentContainerChanged",
+    "DagObjectCreated",
+    "DisplayColorChanged",
+    "DisplayLayerChange",
+    "DisplayPreferenceChanged",
+    "EditModeChanged",
+    "MenuModeChanged",
+    "NameChanged",
+    "NewSceneOpened",
+    "PostSceneRead",
+    "PostToolChanged",
+    "PreFileNewOrOpened",
+    "PreSelectionChangedTriggered",
+    "RecentCommandChanged",
+    "Redo",
+    "RenderSetupSelectionChanged",
+    "SceneImported",
+    "SceneOpened",
+    "SceneSaved",
+    "SelectModeChanged",
+    "SelectPreferenceChanged",
+    "SelectPriorityChanged",
+    "SelectTypeChanged",
+    "SelectionChanged",
+    "SequencerActiveShotChanged",
+    "SetEditorChanged",
+    "SetModified",
+    "SoundNodeAdded",
+    "SoundNodeRemoved",
+    "ToolChanged",
+    "ToolDirtyChanged",
+    "ToolSettingsChanged",
+    "Undo",
+    "UndoSupressed",
+    "angularTolChanged",
+    "angularUnitChanged",
+    "axisAtOriginChanged",
+    "axisInViewChanged",
+    "cameraChange",
+    "cameraDisplayAttributesChange",
+    "causalityChange",
+    "constructionHistoryChanged",
+    "currentSoundNodeChanged",
+    "dbTraceChanged",
+    "deleteAll",
+    "dragAttachmentDone",
+    "gradientColorChanged",
+    "gridDisplayChanged",
+    "idle",
+    "idleHigh",
+    "idleVeryLow",
+    "linearTolChanged",
+    "linearUnitChanged",
+    "modelEditorChanged",
+    "nurbsToPolygonsPrefsChanged",
+    "nurbsToSubdivPrefsChanged",
+    "passContributionMapChange",
+    "perspLightChanged",
+    "playbackModeChanged",
+    "playbackRangeAboutToChange",
+    "playbackRangeChanged",
+    "playbackRangeSliderChanged",
+    "polyTopoSymmetryValidChanged",
+    "quitApplication",
+    "renderLayerChange",
+    "renderLayerManagerChange",
+    "renderPassChange",
+    "selectionConstraintsChanged",
+    "snapModeChanged",
+    "softSelectOptionsChanged",
+    "symmetricModellingOptionsChanged",
+    "threadCountChanged",
+    "timeChanged",
+    "timeUnitChanged",
+    "transformLockChange",
+    "workspaceChanged",
+    "xformConstraintOptionsChanged",
+};
+
+std::string quoted(const std::string &text)
+{
+    return " \"" + text + "\"";
+}
+
+std::string description(int number, const ScriptJobs::Job &job)
+{
+    std::string text = std::to_string(number) + ":";
+    if (job.permanent)
+        text += quoted("-permanent");
+    if (job.protectedFromKill)
+        text += quoted("-protected");
+    if (job.runOnce)
+        text += quoted("-runOnce");
+    if (!job.parent.empty())
+        text += quoted("-parent") + quoted(job.parent);
+    text += job.event.empty() ? quoted("-idleEvent") : quoted("-event") + quoted(job.event);
+    return text + quoted(job.script);
+}
+
+} // namespace
+
+ScriptJobs::ScriptJobs(Session &session) : m_session(session), m_idleTimer(new QTimer(this))
+{
+    m_idleTimer->setInterval(idleRoundMilliseconds);
+    connect(m_idleTimer, SIGNAL(timeout()), this, SLOT(runIdleJobs()));
+}
+
+std::vector<std::string> ScriptJobs::eventNames()
+{
+    return std::vector<std::string>(std::begin(eventTable), std::end(eventTable));
+}
+
+int ScriptJobs::add(const Job &job)
+{
+    m_jobs[++m_lastNumber] = job;
+    if (job.event.empty())
+        m_idleTimer->start();
+    return m_lastNumber;
+}
+
+bool ScriptJobs::kill(int number, bool force)
+{
+    const auto found = m_jobs.find(number);
+    if (found == m_jobs.end() || found->second.permanent)
+        return false;
+    if (found->second.protectedFromKill && !force)
+        return false;
+    m_jobs.erase(found);
+    return true;
+}
+
+void ScriptJobs::killAll(bool force)
+{
+    const std::map<int, Job> all = m_jobs;
+    for (const auto &[number, job] : all)
+        kill(number, force);
+}
+
+void ScriptJobs::killChildrenOf(const std::string &parent)
+{
+    const std::map<int, Job> all = m_jobs;
+    for (const auto &[number, job] : all) {
+        if (!parent.empty() && job.parent == parent)
+            m_jobs.erase(number);
+    }
+}
+
+std::vector<std::string> ScriptJobs::descriptions() const
+{
+    std::vector<std::string> lines;
+    for (const auto &[number, job] : m_jobs)
+        lines.push_back(description(number, job));
+    return lines;
+}
+
+void ScriptJobs::fire(const std::string &event)
+{
+    for (const int number : numbersFor(event)) {
+        Job &job = m_jobs[number];
+        if (!job.waiting)
+            m_session.idleQueue().add([this, number] { run(number); });
+        job.waiting = true;
+    }
+}
+
+void ScriptJobs::runNow(const std::string &event)
+{
+    for (const int number : numbersFor(event))
+        run(number);
+}
+
+void ScriptJobs::runIdleJobs()
+{
+    const std::vector<int> numbers = numbersFor({});
+    if (numbers.empty())
+        m_idleTimer->stop();
+    for (const int number : numbers)
+        run(number);
+}
+
+std::vector<int> ScriptJobs::numbersFor(const std::string &event) const
+{
+    std::vector<int> numbers;
+    for (const auto &[number, job] : m_jobs) {
+        if (job.event == event)
+            numbers.push_back(number);
+    }
+    return numbers;
+}
+
+// The job may have been killed since it was chosen, and may kill itself.
+void ScriptJobs::run(int number)
+{
+    const auto found = m_jobs.find(number);
+    if (found == m_jobs.end())
+        return;
+    found->second.waiting = false;
+    const Job job = found->second;
+    if (job.runOnce)
+        m_jobs.erase(found);
+    m_session.executeMel(job.script, false);
+}
+
+} // namespace standin

@@ -1,0 +1,165 @@
+// SPDX-License-Identifier: MIT
+#include "standin/host/searchpath.h"
+
+#include <maya/MTypes.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTextStream>
+
+namespace standin {
+
+namespace {
+
+#if defined(_WIN32)
+const char listSeparator = ';';
+const char platform[] = "win64";
+const char pluginSuffix[] = ".mll";
+#elif defined(__APPLE__)
+const char listSeparator = ':';
+const char platform[] = "mac";
+const char pluginSuffix[] = ".bundle";
+#else
+const char listSeparator = ':';
+const char platform[] = "linux";
+const char pluginSuffix[] = ".so";
+#endif
+
+bool conditionHolds(const QString &condition)
+{
+    const QString key = condition.section(':', 0, 0);
+    const QString value = condition.section(':', 1);
+    if (key == "MAYAVERSION")
+        return value == QString::number(MAYA_API_VERSION).left(4);
+    return key == "PLATFORM" ? value == platform : key == "LOCALE";
+}
+
+bool isCondition(const QString &word)
+{
+    const QString key = word.section(':', 0, 0);
+    return word.contains(':') && (key == "MAYAVERSION" || key == "PLATFORM" || key == "LOCALE");
+}
+
+// Reads one module file line by line.
+class ModuleReader
+{
+public:
+    explicit ModuleReader(const QString &folder) : m_folder(folder) {}
+
+    void readLine(const QString &line);
+    // Adds the module that was read last.
+    void finish();
+
+    ModuleFolders folders;
+
+private:
+    void readHeading(const QString &line);
+
+    const QDir m_folder;
+    bool m_applies = false;
+    QString m_plugins;
+    QString m_scripts;
+    QString m_root;
+};
+
+void ModuleReader::readLine(const QString &line)
+{
+    const QString text = line.startsWith("[r] ") ? line.mid(4) : line;
+    if (text.startsWith('+'))
+        readHeading(text.mid(1).simplified());
+    else if (text.startsWith("plug-ins: "))
+        m_plugins = text.mid(10).trimmed();
+    else if (text.startsWith("scripts: "))
+        m_scripts = text.mid(9).trimmed();
+}
+
+// [conditions] name version path
+void ModuleReader::readHeading(const QString &line)
+{
+    finish();
+    m_applies = true;
+    QString rest = line;
+    while (isCondition(rest.section(' ', 0, 0))) {
+        m_applies = m_applies && conditionHolds(rest.section(' ', 0, 0));
+        rest = rest.section(' ', 1);
+    }
+    const QString path = rest.section(' ', 2); // may hold blanks
+    m_applies = m_applies && !path.isEmpty();
+    m_root = m_folder.absoluteFilePath(path);
+    m_plugins = "plug-ins";
+    m_scripts = "scripts";
+}
+
+void ModuleReader::finish()
+{
+    if (m_applies) {
+        const QDir root(QDir::cleanPath(m_root));
+        folders.plugins << QDir::cleanPath(root.absoluteFilePath(m_plugins));
+        folders.scripts << QDir::cleanPath(root.absoluteFilePath(m_scripts));
+    }
+    m_applies = false;
+}
+
+QString textOf(const QString &fileName)
+{
+    QFile file(fileName);
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+} // namespace
+
+QStringList foldersInEnvironment(const char *variable)
+{
+    QStringList folders;
+    const QStringList parts = QFile::decodeName(qgetenv(variable)).split(listSeparator);
+    for (const QString &part : parts) {
+        if (!part.isEmpty())
+            folders << QDir::cleanPath(part);
+    }
+    return folders;
+}
+
+ModuleFolders parseModules(const QString &text, const QString &folder)
+{
+    ModuleReader reader(folder);
+    const QStringList lines = text.split('\n');
+    for (const QString &line : lines)
+        reader.readLine(line.trimmed());
+    reader.finish();
+    return reader.folders;
+}
+
+ModuleFolders readModules()
+{
+    ModuleFolders all;
+    const QStringList folders = foldersInEnvironment("MAYA_MODULE_PATH");
+    for (const QString &folder : folders) {
+        const QFileInfoList files = QDir(folder).entryInfoList(QDir::Files, QDir::Name);
+        for (const QFileInfo &file : files) {
+            const ModuleFolders found = parseModules(textOf(file.filePath()), folder);
+            all.plugins << found.plugins;
+            all.scripts << found.scripts;
+        }
+    }
+    return all;
+}
+
+QString pluginFile(const QString &nameOrFile)
+{
+    const QFileInfo given(nameOrFile);
+    if (given.isFile() && (given.isAbsolute() || nameOrFile.contains('/')))
+        return QDir::cleanPath(given.absoluteFilePath());
+    const QStringList folders = foldersInEnvironment("MAYA_PLUG_IN_PATH") + readModules().plugins;
+    const QStringList names = QStringList() << nameOrFile << nameOrFile + pluginSuffix;
+    for (const QString &folder : folders) {
+        for (const QString &name : names) {
+            const QFileInfo file(QDir(folder), name);
+            if (file.isFile())
+                return QDir::cleanPath(file.absoluteFilePath());
+        }
+    }
+    return QString();
+}
+
+} // namespace standin

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace standin {
+
+// What the module files on the module path add, in their order. The names are full paths.
+struct ModuleFolders
+{
+    QStringList plugins;
+    QStringList scripts;
+};
+
+// A list of folders in an environment variable, separated as the platform does.
+QStringList foldersInEnvironment(const char *variable);
+
+// Reads every file in the folders of MAYA_MODULE_PATH. Modules whose conditions (release,
+// platform) do not hold are left out.
+ModuleFolders readModules();
+// One module file's text; relative paths start at `folder`, where the file lies.
+ModuleFolders parseModules(const QString &text, const QString &folder);
+
+// The file of a plug-in given by file or by name, empty when there is none. Names are looked up in
+// MAYA_PLUG_IN_PATH and in the modules.
+QString pluginFile(const QString &nameOrFile);
+
+} // namespace standin

@@ -1,0 +1,300 @@
+// SPDX-License-Identifier: MIT
+#include "standin/host/session.h"
+
+#include "standin/host/hostcommands.h"
+#include "standin/host/idlequeue.h"
+#include "standin/host/optionvars.h"
+#include "standin/host/plugincommands.h"
+#include "standin/host/pluginloader.h"
+#include "standin/host/scriptjobs.h"
+#include "standin/host/searchpath.h"
+#include "standin/sdk/hostaccess.h"
+
+#include <QDir>
+#include <QThread>
+
+#include <clocale>
+#include <optional>
+
+namespace standin {
+
+namespace {
+
+QString qString(const std::string &text)
+{
+    return QString::fromUtf8(text.data(), static_cast<int>(text.size()));
+}
+
+// Marks the language that runs. A text run from within another one hands back to it; after the
+// outermost one the mark stays, since the history keeps the form of what ran last.
+class LanguageScope
+{
+public:
+    LanguageScope(OutputHistory &history, int &depth, Language language)
+        : m_history(history), m_depth(depth), m_outer(history.language())
+    {
+        ++m_depth;
+        m_history.setLanguage(language);
+    }
+    ~LanguageScope()
+    {
+        if (--m_depth > 0)
+            m_history.setLanguage(m_outer);
+    }
+    LanguageScope(const LanguageScope &) = delete;
+    LanguageScope &operator=(const LanguageScope &) = delete;
+
+private:
+    OutputHistory &m_history;
+    int &m_depth;
+    const Language m_outer;
+};
+
+} // namespace
+
+struct Session::Parts
+{
+    Parts(const SessionOptions &chosen, Session &session)
+        : options(chosen), history(chosen.closingMarks), idle(!chosen.batch), jobs(session)
+    {
+    }
+
+    const SessionOptions options;
+    OutputHistory history;
+    std::optional<mel::Interpreter> interpreter;
+    IdleQueue idle;
+    std::optional<OptionVars> vars;
+    ScriptJobs jobs;
+    std::optional<PluginCommands> commands;
+    std::optional<PluginLoader> loader;
+    std::unique_ptr<PythonEngine> python;
+    InterfaceLookup *lookup = nullptr;
+    int runningTexts = 0;
+    bool errorSeen = false;
+    bool hasQuit = false;
+};
+
+Session::Session(const SessionOptions &options) : m_parts(std::make_unique<Parts>(options, *this))
+{
+    // Numbers are read and written with a point, whatever the user's locale.
+    std::setlocale(LC_NUMERIC, "C");
+    setHostServices(this);
+    // In place only now, for the interpreter may call back at once.
+    m_parts->interpreter.emplace(*this);
+    m_parts->vars.emplace(userFolder("prefs") + "userPrefs.mel");
+    m_parts->commands.emplace(mel());
+    m_parts->loader.emplace(*this, *m_parts->commands);
+    addSessionCommands(*this);
+    addPluginManagement(*this);
+    addOptionVarCommand(*this);
+    addScriptJobCommand(*this);
+    addScriptEditorCommand(*this);
+}
+
+// Deliberate: without quit() no quit jobs run, but no plug-in outlives the interpreters either.
+Session::~Session()
+{
+    plugins().unloadAll();
+    optionVars().save();
+    m_parts->python.reset();
+    setHostServices(nullptr);
+}
+
+const SessionOptions &Session::options() const
+{
+    return m_parts->options;
+}
+mel::Interpreter &Session::mel()
+{
+    return *m_parts->interpreter;
+}
+IdleQueue &Session::idleQueue()
+{
+    return m_parts->idle;
+}
+OptionVars &Session::optionVars()
+{
+    return *m_parts->vars;
+}
+OutputHistory &Session::history()
+{
+    return m_parts->history;
+}
+PluginLoader &Session::plugins()
+{
+    return *m_parts->loader;
+}
+ScriptJobs &Session::scriptJobs()
+{
+    return m_parts->jobs;
+}
+const PluginCommands &Session::pluginCommands() const
+{
+    return *m_parts->commands;
+}
+bool Session::errorSeen() const
+{
+    return m_parts->errorSeen;
+}
+
+void Session::setPython(std::unique_ptr<PythonEngine> engine)
+{
+    m_parts->python = std::move(engine);
+}
+void Session::setInterface(InterfaceLookup *lookup)
+{
+    m_parts->lookup = lookup;
+}
+InterfaceLookup *Session::interfaceLookup()
+{
+    return m_parts->lookup;
+}
+bool Session::isBatch() const
+{
+    return m_parts->options.batch;
+}
+
+QString Session::userFolder(const QString &name) const
+{
+    const QDir user(m_parts->options.userDirectory);
+    const QString folder = QDir::cleanPath(user.absoluteFilePath(name));
+    QDir().mkpath(folder);
+    return folder + "/";
+}
+
+void Session::quit()
+{
+    if (m_parts->hasQuit)
+        return;
+    m_parts->hasQuit = true;
+    scriptJobs().runNow("quitApplication");
+    plugins().unloadAll();
+    // What the plug-ins have queued to tidy up after them; bounded, for work may queue itself.
+    idleQueue().processUntilEmpty(100);
+    optionVars().save();
+}
+
+void Session::requestQuit(int exitStatus)
+{
+    QMetaObject::invokeMethod(this, "emitQuitRequested", Qt::QueuedConnection,
+                              Q_ARG(int, exitStatus));
+}
+
+void Session::emitQuitRequested(int exitStatus)
+{
+    emit quitRequested(exitStatus);
+}
+
+void Session::interrupt()
+{
+    mel().interrupt();
+    if (m_parts->python)
+        m_parts->python->interrupt();
+}
+
+void Session::message(mel::MessageKind kind, const std::string &text)
+{
+    output(kind, text);
+}
+
+void Session::output(mel::MessageKind kind, const std::string &text)
+{
+    if (QThread::currentThread() != thread()) {
+        QMetaObject::invokeMethod(this, "deliver", Qt::QueuedConnection,
+                                  Q_ARG(int, static_cast<int>(kind)),
+                                  Q_ARG(QString, qString(text)));
+        return;
+    }
+    m_parts->errorSeen = m_parts->errorSeen || kind == mel::MessageKind::Error;
+    const std::string shown = history().shown(kind, text);
+    history().append(shown);
+    dispatchOutput(kind, text);
+    if (receivers(SIGNAL(messageArrived(int, QString))) > 0)
+        emit messageArrived(static_cast<int>(kind), qString(text));
+    if (!shown.empty() && receivers(SIGNAL(historyGrew(QString))) > 0)
+        emit historyGrew(qString(shown));
+}
+
+void Session::deliver(int kind, const QString &text)
+{
+    output(static_cast<mel::MessageKind>(kind), text.toUtf8().constData());
+}
+
+mel::Outcome Session::executeMel(const std::string &text, bool display)
+{
+    const LanguageScope scope(history(), m_parts->runningTexts, Language::Mel);
+    return mel().execute(text, display);
+}
+
+mel::Outcome Session::executePython(const std::string &text, bool display)
+{
+    const LanguageScope scope(history(), m_parts->runningTexts, Language::Python);
+    if (m_parts->python)
+        return m_parts->python->execute(text, display);
+    const mel::Outcome failure{false, {}, "Python is not available in this session."};
+    output(mel::MessageKind::Error, failure.error);
+    return failure;
+}
+
+void Session::executeMelOnIdle(const std::string &text, bool display)
+{
+    idleQueue().add([=] { executeMel(text, display); }, mel::IdlePriority::Normal, text);
+}
+
+void Session::executePythonOnIdle(const std::string &text, bool display)
+{
+    idleQueue().add([=] { executePython(text, display); });
+}
+
+void Session::deferMel(const std::string &text, mel::IdlePriority priority)
+{
+    idleQueue().add([=] { executeMel(text, false); }, priority, text);
+}
+
+std::vector<std::string> Session::deferredMel() const
+{
+    return m_parts->idle.waitingTexts();
+}
+
+mel::Outcome Session::sourceFile(const std::string &path)
+{
+    const LanguageScope scope(history(), m_parts->runningTexts, Language::Mel);
+    return mel().sourceFile(path);
+}
+
+std::vector<std::string> Session::scriptPath() const
+{
+    const QStringList folders = QStringList()
+                                << userFolder("scripts") << foldersInEnvironment("MAYA_SCRIPT_PATH")
+                                << readModules().scripts;
+    std::vector<std::string> path;
+    for (const QString &folder : folders)
+        path.push_back(folder.toUtf8().constData());
+    return path;
+}
+
+bool Session::registerCommand(const PluginCommand &command)
+{
+    return m_parts->commands->add(command);
+}
+bool Session::deregisterCommand(const std::string &name)
+{
+    return m_parts->commands->remove(name);
+}
+
+mel::Value Session::optionVar(const std::string &name) const
+{
+    return m_parts->vars->value(name);
+}
+
+void Session::setOptionVar(const std::string &name, const mel::Value &value)
+{
+    optionVars().set(name, value);
+}
+
+bool Session::removeOptionVar(const std::string &name)
+{
+    return optionVars().remove(name);
+}
+
+} // namespace standin
