@@ -66,9 +66,9 @@ private:
     std::vector<mel::Value> m_words;
 };
 
-std::string dashed(const std::string &name)
+mel::Value flagWord(const mel::Flag &flag)
 {
-    return "-" + name;
+    return "-" + (flag.longName.empty() ? flag.shortName : flag.longName);
 }
 
 bool WordList::addFlag(const std::string &name, PyObject *value)
@@ -84,7 +84,7 @@ bool WordList::addFlag(const std::string &name, PyObject *value)
     if (flag->arguments.empty() || (m_query && PyBool_Check(value))) {
         const int wanted = PyObject_IsTrue(value);
         if (wanted == 1)
-            m_words.emplace_back(dashed(name));
+            m_words.push_back(flagWord(*flag));
         return wanted >= 0;
     }
     return flag->multiUse && isSequence(value) ? addUses(*flag, value) : addUse(*flag, value);
@@ -94,7 +94,7 @@ bool WordList::addUntypedFlag(const std::string &name, PyObject *value)
 {
     if (value == Py_False)
         return true;
-    m_words.emplace_back(dashed(name));
+    m_words.emplace_back("-" + name);
     return value == Py_True || add(value);
 }
 
@@ -115,7 +115,7 @@ bool WordList::addUses(const mel::Flag &flag, PyObject *values)
 
 bool WordList::addUse(const mel::Flag &flag, PyObject *value)
 {
-    m_words.emplace_back(dashed(flag.longName.empty() ? flag.shortName : flag.longName));
+    m_words.push_back(flagWord(flag));
     if (!isSequence(value))
         return add(value, flag.arguments.front());
     for (Py_ssize_t i = 0; i < PySequence_Fast_GET_SIZE(value); ++i) {

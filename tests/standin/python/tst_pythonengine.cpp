@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "standin/python/python.h"
-#include "tests/standin/python/fakehost.h"
+#include "tests/standin/python/pythontest.h"
 #include "tests/support/testmain.h"
 
 #include <QObject>
@@ -41,25 +40,22 @@ private slots:
 private:
     mel::Outcome run(const QString &text, bool display = false)
     {
-        return m_engine->execute(text.toUtf8().constData(), display);
+        return m_python->run(text, display);
     }
+    FakeHost &host() { return m_python->host; }
 
-    std::unique_ptr<FakeHost> m_host;
-    std::unique_ptr<standin::PythonEngine> m_engine;
+    std::unique_ptr<PythonTest> m_python;
 };
 
 void TestPythonEngine::init()
 {
-    m_host.reset(new FakeHost);
-    m_engine = standin::createPythonEngine(*m_host, m_host->interpreter);
-    QVERIFY2(m_engine, qPrintable(m_host->takeMessages().join("\n")));
-    m_host->python = m_engine.get();
+    m_python.reset(new PythonTest);
+    QVERIFY2(m_python->isStarted(), qPrintable(host().takeMessages().join("\n")));
 }
 
 void TestPythonEngine::cleanup()
 {
-    m_engine.reset();
-    m_host.reset();
+    m_python.reset();
 }
 
 void TestPythonEngine::messages_data()
@@ -118,7 +114,7 @@ void TestPythonEngine::messages()
     QFETCH(QString, text);
     QFETCH(QStringList, expected);
     run(text, true);
-    QCOMPARE(m_host->takeMessages().join("\n"), expected.join("\n"));
+    QCOMPARE(host().takeMessages().join("\n"), expected.join("\n"));
 }
 
 void TestPythonEngine::exceptions_data()
@@ -195,13 +191,13 @@ void TestPythonEngine::exceptions()
     const mel::Outcome outcome = run(text);
     QVERIFY(!outcome.ok);
     QCOMPARE(QString::fromUtf8(outcome.error.c_str()), line);
-    QCOMPARE(m_host->takeMessages(), QStringList("error|" + line));
+    QCOMPARE(host().takeMessages(), QStringList("error|" + line));
 
     if (trace.isEmpty())
         return;
-    m_host->interpreter.settings().stackTrace = true;
+    host().interpreter.settings().stackTrace = true;
     QCOMPARE(QString::fromUtf8(run(text).error.c_str()), trace);
-    QCOMPARE(m_host->takeMessages(), QStringList("error|" + trace.replace("\n", "\\n")));
+    QCOMPARE(host().takeMessages(), QStringList("error|" + trace.replace("\n", "\\n")));
 }
 
 void TestPythonEngine::values_data()
@@ -239,15 +235,15 @@ void TestPythonEngine::values()
 void TestPythonEngine::textsShareTheirVariables()
 {
     run("shared = __name__");
-    QCOMPARE(std::get<std::string>(run("shared").value).c_str(), "__main__");
+    QCOMPARE(m_python->value("shared"), QString("__main__"));
 }
 
 void TestPythonEngine::nothingButTheDisplayIsMissingWhenDisplayIsOff()
 {
     run("print('kept')");
     run("'value'");
-    QCOMPARE(m_host->takeMessages(), QStringList() << "display|kept"
-                                                   << "display|\\n");
+    QCOMPARE(host().takeMessages(), QStringList() << "display|kept"
+                                                  << "display|\\n");
 }
 
 void TestPythonEngine::brokenTextsAreReported_data()
@@ -266,8 +262,8 @@ void TestPythonEngine::brokenTextsAreReported()
     QFETCH(QByteArray, text);
     QFETCH(QString, reason);
     const std::string source(text.constData(), static_cast<size_t>(text.size()));
-    QVERIFY(!m_engine->execute(source, false).ok);
-    const QStringList messages = m_host->takeMessages();
+    QVERIFY(!m_python->engine().execute(source, false).ok);
+    const QStringList messages = host().takeMessages();
     QCOMPARE(messages.size(), 1);
     QVERIFY2(messages[0].startsWith("error|") && messages[0].contains(reason),
              qPrintable(messages[0]));
@@ -280,7 +276,7 @@ void TestPythonEngine::replacedFormatterIsAskedFirst()
         "saved = maya.utils.formatGuiException\n"
         "maya.utils.formatGuiException = lambda t, o, b, detail=2: '%s %d' % (o, detail)");
     run("raise ValueError('mine')");
-    QCOMPARE(m_host->takeMessages(), QStringList("error|mine 1"));
+    QCOMPARE(host().takeMessages(), QStringList("error|mine 1"));
     QVERIFY(run("maya.utils.formatGuiException = saved").ok);
 }
 
@@ -290,7 +286,7 @@ void TestPythonEngine::failingFormatterIsPassedOver()
         "saved = maya.utils.formatGuiException\n"
         "maya.utils.formatGuiException = None");
     run("raise ValueError('mine')");
-    QCOMPARE(m_host->takeMessages(),
+    QCOMPARE(host().takeMessages(),
              QStringList("error|ValueError: file <maya console> line 1: mine"));
     QVERIFY(run("maya.utils.formatGuiException = saved").ok);
 }
@@ -303,8 +299,8 @@ void TestPythonEngine::redirectedStdoutKeepsItsText()
         "text = sys.stdout.getvalue()\n"
         "sys.stdout = None");
     run("print('into nothing')");
-    QCOMPARE(m_host->takeMessages(), QStringList());
-    QCOMPARE(std::get<std::string>(run("text").value).c_str(), "inside\n");
+    QCOMPARE(host().takeMessages(), QStringList());
+    QCOMPARE(m_python->value("text"), QString("inside\n"));
     QCOMPARE(std::get<std::string>(
                  run("type(sys.stderr).__module__ + '.' + type(sys.stderr).__name__").value)
                  .c_str(),
@@ -320,25 +316,25 @@ void TestPythonEngine::hugeTextsAndOutputPass()
     QCOMPARE(std::get<int>(run("x").value), 99999);
 
     run("print('a' * 10000000)\nfor i in range(20000): print(i)");
-    QCOMPARE(m_host->takeDisplayed().size(),
+    QCOMPARE(host().takeDisplayed().size(),
              10000001 + 10 * 2 + 90 * 3 + 900 * 4 + 9000 * 5 + 10000 * 6);
 }
 
 void TestPythonEngine::readingInputMeetsItsEnd()
 {
     run("input('name? ')");
-    QCOMPARE(m_host->takeMessages(), QStringList() << "display|name? "
-                                                   << "error|EOFError: file <maya console> line 1: "
-                                                      "EOF when reading a line");
-    QCOMPARE(std::get<std::string>(run("__import__('sys').stdin.read()").value).c_str(), "");
+    QCOMPARE(host().takeMessages(), QStringList() << "display|name? "
+                                                  << "error|EOFError: file <maya console> line 1: "
+                                                     "EOF when reading a line");
+    QCOMPARE(m_python->value("__import__('sys').stdin.read()"), QString());
 }
 
 void TestPythonEngine::interruptStopsALoop()
 {
     std::thread user([this] {
-        while (m_host->takeDisplayed().isEmpty())
+        while (host().takeDisplayed().isEmpty())
             std::this_thread::yield();
-        m_engine->interrupt();
+        m_python->engine().interrupt();
     });
     const mel::Outcome outcome = run("print('started')\nwhile True: pass");
     user.join();
@@ -348,7 +344,7 @@ void TestPythonEngine::interruptStopsALoop()
 
 void TestPythonEngine::interruptOfNothingIsForgotten()
 {
-    m_engine->interrupt();
+    m_python->engine().interrupt();
     QVERIFY(run("for i in range(1000): pass").ok);
 }
 
@@ -359,14 +355,14 @@ void TestPythonEngine::newEngineBeginsAfresh()
     init();
     QVERIFY(!run("left").ok);
     QVERIFY(run("import json\nprint(json.dumps([1]))").ok);
-    QCOMPARE(m_host->takeDisplayed().right(4), QString("[1]\n"));
+    QCOMPARE(host().takeDisplayed().right(4), QString("[1]\n"));
 }
 
 void TestPythonEngine::exitHandlersRunWithTheHostStillThere()
 {
     run("import atexit\natexit.register(lambda: print('bye'))");
-    m_engine.reset();
-    QCOMPARE(m_host->takeDisplayed(), QString("bye\n"));
+    m_python->endEngine();
+    QCOMPARE(host().takeDisplayed(), QString("bye\n"));
 }
 
 CORVANE_TEST_MAIN(TestPythonEngine)
