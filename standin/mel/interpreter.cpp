@@ -2,6 +2,7 @@
 #include "standin/mel/interpreter.h"
 
 #include "standin/mel/callnodes.h"
+#include "standin/mel/commandrun.h"
 #include "standin/mel/compiler.h"
 #include "standin/mel/nodes.h"
 #include "standin/mel/runtime.h"
@@ -93,6 +94,19 @@ Outcome Interpreter::call(const std::string &name, const std::vector<Value> &wor
             statements::expression(nodes::lateCall(name, std::move(arguments), 1), 1));
         return m_state->runUnit(unit);
     });
+}
+
+Value Interpreter::runCommand(const std::string &name, const std::vector<Value> &words)
+{
+    // Held here, since the command may remove itself.
+    const auto command = m_state->commands.find(name);
+    if (!command)
+        throw RuntimeError("Cannot find procedure \"" + name + "\".");
+    std::vector<Value> spread;
+    for (const Value &word : words)
+        spreadWord(word, spread);
+    const Runtime::Execution execution(*m_state);
+    return mel::runCommand(*m_state, *command, std::move(spread));
 }
 
 Value Interpreter::evaluate(const std::string &text)

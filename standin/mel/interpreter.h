@@ -60,7 +60,11 @@ public:
     // call in a script. Reports errors as messages.
     Outcome call(const std::string &name, const std::vector<Value> &words);
 
-    // The same from inside a running command: errors propagate as RuntimeError.
+    // Runs a command, never a procedure, for callers that report errors themselves: throws
+    // RuntimeError with the bare message.
+    Value runCommand(const std::string &name, const std::vector<Value> &words);
+
+    // Executes a text from inside a running command: errors propagate as RuntimeError.
     Value evaluate(const std::string &text);
 
     // False when a command of that name exists. Adding and removing while a script runs is allowed.

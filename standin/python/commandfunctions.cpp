@@ -35,13 +35,10 @@ PyObject *runCommand(PyObject *self, PyObject *arguments, PyObject *keywords)
         return nullptr;
     // Asked first: the command may remove itself.
     const bool yesOrNo = answersYesOrNo(*command, keywords);
-    mel::Outcome outcome;
-    if (!callHost([&] { outcome = binding->mel.call(name, *words); }))
+    mel::Value value;
+    if (!callHost([&] { value = binding->mel.runCommand(name, *words); }))
         return nullptr;
-    if (outcome.ok)
-        return resultOf(outcome.value, yesOrNo).release();
-    PyErr_SetString(PyExc_RuntimeError, outcome.error.c_str());
-    return nullptr;
+    return resultOf(value, yesOrNo).release();
 }
 
 // Functions keep pointing to their definitions, and scripts may keep functions for ever.

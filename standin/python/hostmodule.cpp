@@ -138,25 +138,34 @@ PyObject *isMainThread(PyObject *, PyObject *)
     return PyBool_FromLong(onMainThread());
 }
 
-// The function of a command, or None when there is no such command. On other threads any name will
-// do: the commands belong to the main thread, where the function will have to be called.
-PyObject *command(PyObject *, PyObject *argument)
-{
-    std::string name;
-    if (!readText(argument, name))
-        return nullptr;
-    HostBinding *binding = HostBinding::current();
-    if (!binding || (onMainThread() && !binding->mel.command(name)))
-        return none();
-    return commandFunction(name).release();
-}
-
 PyObject *commandNames(PyObject *, PyObject *)
 {
     HostBinding *binding = HostBinding::current();
     if (!binding || !onMainThread())
         return PyList_New(0);
     return toPython(mel::Value(binding->mel.commandNames())).release();
+}
+
+// On other threads any name will do: the commands belong to the main thread, where the function
+// will have to be called.
+bool hasCommand(const std::string &name)
+{
+    HostBinding *binding = HostBinding::current();
+    return binding && (onMainThread() ? binding->mel.command(name) != nullptr : name[0] != '_');
+}
+
+// commandAttribute(name): the attribute of maya.cmds
+PyObject *commandAttribute(PyObject *, PyObject *argument)
+{
+    std::string name;
+    if (!readText(argument, name))
+        return nullptr;
+    if (hasCommand(name))
+        return commandFunction(name).release();
+    if (name == "__all__")
+        return commandNames(nullptr, nullptr);
+    PyErr_Format(PyExc_AttributeError, "module 'maya.cmds' has no attribute '%s'", name.c_str());
+    return nullptr;
 }
 
 void *findInterface(InterfaceLookup &lookup, const std::string &kind, const std::string &name)
@@ -197,7 +206,7 @@ PyMethodDef functions[] = {
     {"processIdle", processIdle, METH_NOARGS, nullptr},
     {"isBatch", isBatch, METH_NOARGS, nullptr},
     {"isMainThread", isMainThread, METH_NOARGS, nullptr},
-    {"command", command, METH_O, nullptr},
+    {"commandAttribute", commandAttribute, METH_O, nullptr},
     {"commandNames", commandNames, METH_NOARGS, nullptr},
     {"interfaceAddress", interfaceAddress, METH_VARARGS, nullptr},
     {nullptr, nullptr, 0, nullptr},

@@ -4,6 +4,7 @@
 Runs in a namespace of its own; `sources` maps module names to (is a package, source text).
 """
 import atexit
+import gc
 import sys
 import types
 
@@ -56,7 +57,7 @@ class Importer(object):
         return compile(self.get_source(name), self._origin(name), 'exec', 0, True)
 
     def _origin(self, name):
-        return '<%s>' % name
+        return '%s/%s.py' % (PACKAGE_PATH, name.partition('.')[2] or '__init__')
 
     def __call__(self, path):
         """As a path hook."""
@@ -75,6 +76,37 @@ def install_importer():
     importer = Importer()
     sys.meta_path.insert(0, importer)
     sys.path_hooks.insert(0, importer)
+
+
+class ExitHandlers(object):
+    """What scripts register with atexit, to be run when the host closes.
+
+    Handlers written in C are left out: they end an extension module for good (those of Qt's
+    bindings do), whereas this interpreter lives on until the process ends.
+    """
+
+    def __init__(self):
+        self.handlers = []
+
+    def install(self):
+        atexit.register = self.register
+        atexit.unregister = self.unregister
+
+    def register(self, function, *args, **kwargs):
+        if not isinstance(function, types.BuiltinFunctionType):
+            self.handlers.append((function, args, kwargs))
+        return function
+
+    def unregister(self, function):
+        self.handlers = [handler for handler in self.handlers if handler[0] != function]
+
+    def run(self):
+        while self.handlers:
+            function, args, kwargs = self.handlers.pop()
+            try:
+                function(*args, **kwargs)
+            except BaseException:
+                report_exception(*sys.exc_info())
 
 
 def empty_main():
@@ -105,8 +137,11 @@ def begin(folders):
 
 def end():
     # Threads that still run are not waited for: one that waits for the main thread never ends.
-    atexit._run_exitfuncs()
+    exit_handlers.run()
     empty_main()
+    gc.collect()
 
 
 install_importer()
+exit_handlers = ExitHandlers()
+exit_handlers.install()

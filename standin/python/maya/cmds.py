@@ -9,13 +9,8 @@ import _standin
 class _Commands(types.ModuleType):
     """Looks the commands up each time, since plug-ins bring and take theirs."""
 
-    def __getattr__(self, name):
-        if name == '__all__':
-            return _standin.commandNames()
-        function = None if name.startswith('__') else _standin.command(name)
-        if function is None:
-            raise AttributeError("module 'maya.cmds' has no attribute '%s'" % name)
-        return function
+    # A function of the host's, so that no line of this file shows in the trace of a misspelt name.
+    __getattr__ = _standin.commandAttribute
 
     def __dir__(self):
         return sorted(set(self.__dict__) | set(_standin.commandNames()))

@@ -30,7 +30,7 @@ public:
     // str() of an expression's value, or the message of what went wrong.
     QString value(const QString &expression)
     {
-        const mel::Outcome outcome = run("str(" + expression + ")");
+        const mel::Outcome outcome = run("str((" + expression + "))");
         const std::string &text = outcome.ok ? std::get<std::string>(outcome.value) : outcome.error;
         return QString::fromUtf8(text.c_str());
     }
