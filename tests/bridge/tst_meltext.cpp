@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+#include "bridge/meltext.h"
+#include "standin/mel/interpreter.h"
+#include "tests/support/testmain.h"
+
+#include <cstdlib>
+
+namespace {
+
+class SilentHost : public mel::Host
+{
+public:
+    void message(mel::MessageKind, const std::string &) override {}
+    void deferMel(const std::string &, mel::IdlePriority) override {}
+    std::vector<std::string> deferredMel() const override { return {}; }
+    std::vector<std::string> scriptPath() const override { return {}; }
+};
+
+// What MEL makes of the literal.
+QString throughMel(const QString &text)
+{
+    SilentHost host;
+    mel::Interpreter interpreter(host);
+    const QByteArray code = (QLatin1String("string $s = ") + quotedForMel(text)).toUtf8();
+    const mel::Outcome outcome = interpreter.execute(std::string(code.constData(), size_t(code.size())));
+    const std::string *value = std::get_if<std::string>(&outcome.value);
+    return value ? QString::fromUtf8(value->data(), int(value->size())) : QLatin1String("no string");
+}
+
+QString randomText()
+{
+    static const QString alphabet = QString::fromUtf8("\"\\`$'n\n\t;{}()%1 a#/*\xc3\xa4\xe2\x82\xac");
+    QString text;
+    for (int i = std::rand() % 30; i > 0; --i)
+        text += alphabet.at(std::rand() % int(alphabet.size()));
+    return text;
+}
+
+} // namespace
+
+class MelTextTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void literalsAreWrittenAsMelReadsThem_data();
+    void literalsAreWrittenAsMelReadsThem();
+    void hostileTextArrivesUnchanged();
+    void paragraphSeparatorsBecomeLineBreaks();
+};
+
+void MelTextTest::literalsAreWrittenAsMelReadsThem_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("literal");
+
+    QTest::newRow("empty") << "" << "\"\"";
+    QTest::newRow("quotes") << "say \"x\"" << "\"say \\\"x\\\"\"";
+    QTest::newRow("backslash-before-n") << "C:\\new" << "\"C:\\\\new\"";
+    QTest::newRow("line-break") << "a\nb" << "\"a\\nb\"";
+}
+
+void MelTextTest::literalsAreWrittenAsMelReadsThem()
+{
+    QFETCH(QString, text);
+    QTEST(quotedForMel(text), "literal");
+}
+
+void MelTextTest::hostileTextArrivesUnchanged()
+{
+    std::srand(3);
+    for (int i = 0; i < 500; ++i) {
+        const QString text = randomText();
+        QCOMPARE(throughMel(text), text);
+    }
+}
+
+void MelTextTest::paragraphSeparatorsBecomeLineBreaks()
+{
+    QCOMPARE(throughMel(QString::fromUtf8("a\xe2\x80\xa9" "b")), QString::fromLatin1("a\nb"));
+}
+
+CORVANE_TEST_MAIN(MelTextTest)
+#include "tst_meltext.moc"
