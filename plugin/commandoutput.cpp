@@ -51,3 +51,8 @@ void setOutputSuppressed(bool suppressed)
 {
     outputSuppressed = suppressed;
 }
+
+bool isOutputSuppressed()
+{
+    return outputSuppressed;
+}

@@ -15,3 +15,4 @@ void commandOutputCallback(const MString &message, MCommandMessage::MessageType 
 
 // While on, every message of Maya is dropped.
 void setOutputSuppressed(bool suppressed);
+bool isOutputSuppressed();

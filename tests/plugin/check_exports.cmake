@@ -1,0 +1,16 @@
+# SPDX-License-Identifier: MIT
+execute_process(COMMAND ${NM} --dynamic --defined-only ${FILE} OUTPUT_VARIABLE output
+    RESULT_VARIABLE status)
+if(NOT status EQUAL 0)
+    message(FATAL_ERROR "nm failed")
+endif()
+string(REGEX REPLACE "[0-9a-f]+ [A-Za-z] ([^\n]*)\n" "\\1;" names "${output}")
+list(LENGTH names count)
+foreach(name ${names})
+    if(NOT name MATCHES "^(MApiVersion|_Z[0-9N].*initializePlugin.*)$" AND NOT name STREQUAL "")
+        message(SEND_ERROR "exported: ${name}")
+    endif()
+endforeach()
+if(NOT output MATCHES "MApiVersion" OR NOT output MATCHES "16initializePlugin" OR NOT output MATCHES "18uninitializePlugin")
+    message(SEND_ERROR "an entry point is missing:\n${output}")
+endif()
