@@ -10,7 +10,6 @@
 #include "mainwindow/toolbars.h"
 #include "output/edoutputview.h"
 #include "preferences/preferences.h"
-#include "resources/resources.h"
 #include "workspace/edbufferview.h"
 #include "workspace/edcentralwidget.h"
 #include "workspace/edexplorerview.h"
@@ -37,7 +36,6 @@ Kestrowl::Kestrowl(const QString &userScriptDirectory, const QString &userPrefer
       m_preferencesDirectory(userPreferencesDirectory), m_lastOpenDirectory(m_scriptDirectory),
       m_lastSourceDirectory(m_scriptDirectory), m_central(new EdCentralWidget(this))
 {
-    initResources();
     setObjectName(QLatin1String("Kestrowl"));
     setCentralWidget(m_central);
     setTitleBufferName(QString());

@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: MIT
+#include "standin/host/searchpath.h"
+#include "tests/standin/host/testsession.h"
+#include "tests/support/testmain.h"
+
+#include <maya/MTypes.h>
+
+using standin::ModuleFolders;
+using standin::parseModules;
+
+class TestSearchPath : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void cleanup();
+    void modulesGiveTheirFolders_data();
+    void modulesGiveTheirFolders();
+    void scriptsOfModulesAndPathsAreFound();
+    void plugInsAreFoundByName();
+};
+
+void TestSearchPath::cleanup()
+{
+    for (const char *name : {"MAYA_MODULE_PATH", "MAYA_PLUG_IN_PATH", "MAYA_SCRIPT_PATH"})
+        qputenv(name, QByteArray());
+}
+
+void TestSearchPath::modulesGiveTheirFolders_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("plugins");
+    QTest::addColumn<QString>("scripts");
+    const QString release = QString::number(MAYA_API_VERSION).left(4);
+    QTest::newRow("absolute") << "+ name 1.0 /opt/it\n"
+                              << "/opt/it/plug-ins"
+                              << "/opt/it/scripts";
+    QTest::newRow("relative") << "+ name 1.0 ../it"
+                              << "/it/plug-ins"
+                              << "/it/scripts";
+    QTest::newRow("path-with-blanks") << "+ name 1.0 /my it"
+                                      << "/my it/plug-ins"
+                                      << "/my it/scripts";
+    QTest::newRow("windows-line-ends") << "+ name 1.0 /it\r\nscripts: mel\r\n"
+                                       << "/it/plug-ins"
+                                       << "/it/mel";
+    QTest::newRow("overrides") << "+ n 1 /it\nplug-ins: bin\n[r] scripts: /s\nicons: i\nX=1"
+                               << "/it/bin"
+                               << "/s";
+    QTest::newRow("condition-holds") << "+ MAYAVERSION:" + release + " n 1 /it"
+                                     << "/it/plug-ins"
+                                     << "/it/scripts";
+    QTest::newRow("other-release") << "+ MAYAVERSION:1999 n 1 /it\nscripts: x"
+                                   << ""
+                                   << "";
+    QTest::newRow("second-module-applies") << "+ PLATFORM:none a 1 /a\nscripts: x\n+ b 1 /b"
+                                           << "/b/plug-ins"
+                                           << "/b/scripts";
+    QTest::newRow("cut-off") << "+ name"
+                             << ""
+                             << "";
+}
+
+void TestSearchPath::modulesGiveTheirFolders()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, plugins);
+    QFETCH(QString, scripts);
+    const ModuleFolders found = parseModules(text, "/modules");
+    QCOMPARE(found.plugins.join(" "), plugins);
+    QCOMPARE(found.scripts.join(" "), scripts);
+}
+
+void TestSearchPath::scriptsOfModulesAndPathsAreFound()
+{
+    TestSession session;
+    session.folder().write("modules/it.mod", "+ it 1.0 ../it");
+    session.folder().write("it/scripts/fromModule.mel", "print 7;");
+    session.folder().write("own/fromPath.mel", "print 8;");
+    qputenv("MAYA_MODULE_PATH", session.folder().file("modules").toUtf8());
+    qputenv("MAYA_SCRIPT_PATH", "/nowhere:" + session.folder().file("own").toUtf8());
+    QVERIFY(session->sourceFile("fromModule").ok);
+    QVERIFY(session->sourceFile("fromPath.mel").ok);
+    QCOMPARE(session.takeMessages(), QStringList() << "display: 7"
+                                                   << "display: 8");
+}
+
+void TestSearchPath::plugInsAreFoundByName()
+{
+    const TemporaryFolder folder;
+    const QString file = folder.write("bin/thing.so", "");
+    qputenv("MAYA_PLUG_IN_PATH", folder.file("bin").toUtf8());
+    QCOMPARE(standin::pluginFile("thing"), file);
+    QCOMPARE(standin::pluginFile("thing.so"), file);
+    QCOMPARE(standin::pluginFile(file), file);
+    QCOMPARE(standin::pluginFile("other"), QString());
+}
+
+CORVANE_TEST_MAIN(TestSearchPath)
+#include "tst_searchpath.moc"
