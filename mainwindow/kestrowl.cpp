@@ -10,6 +10,7 @@
 #include "mainwindow/toolbars.h"
 #include "output/edoutputview.h"
 #include "preferences/preferences.h"
+#include "resources/resources.h"
 #include "workspace/edbufferview.h"
 #include "workspace/edcentralwidget.h"
 #include "workspace/edexplorerview.h"
@@ -36,6 +37,7 @@ Kestrowl::Kestrowl(const QString &userScriptDirectory, const QString &userPrefer
       m_preferencesDirectory(userPreferencesDirectory), m_lastOpenDirectory(m_scriptDirectory),
       m_lastSourceDirectory(m_scriptDirectory), m_central(new EdCentralWidget(this))
 {
+    initResources();
     setObjectName(QLatin1String("Kestrowl"));
     setCentralWidget(m_central);
     setTitleBufferName(QString());

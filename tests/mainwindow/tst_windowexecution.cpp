@@ -1,0 +1,216 @@
+// SPDX-License-Identifier: MIT
+#include "tests/mainwindow/windowfixture.h"
+#include "tests/support/testmain.h"
+
+#include <QKeyEvent>
+#include <QSignalSpy>
+
+namespace {
+
+enum { MelBuffer = 0, PythonBuffer = 1 };
+
+// What the window asked to run, in its order.
+class Executed
+{
+public:
+    explicit Executed(Kestrowl &window)
+        : m_mel(&window, SIGNAL(melExecuted(QString))),
+          m_python(&window, SIGNAL(pythonExecuted(QString)))
+    {
+    }
+
+    QStringList mel() const { return texts(m_mel); }
+    QStringList python() const { return texts(m_python); }
+
+private:
+    static QStringList texts(const QSignalSpy &spy)
+    {
+        QStringList list;
+        for (const QList<QVariant> &arguments : spy)
+            list << arguments.first().toString();
+        return list;
+    }
+
+    QSignalSpy m_mel;
+    QSignalSpy m_python;
+};
+
+void select(PlainCodeEdit *edit, int from, int to)
+{
+    QTextCursor cursor = edit->textCursor();
+    cursor.setPosition(from);
+    cursor.setPosition(to, QTextCursor::KeepAnchor);
+    edit->setTextCursor(cursor);
+}
+
+} // namespace
+
+class TestWindowExecution : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void aSelectionRunsWithLineFeeds();
+    void withoutASelectionEverythingRuns();
+    void theLineRunsTrimmed();
+    void theLanguageChoosesTheSignal();
+    void nothingRunsWithoutTextOrDocument();
+    void executingSavesFirst_data();
+    void executingSavesFirst();
+    void keysInTheEditorExecuteOnce_data();
+    void keysInTheEditorExecuteOnce();
+    void keypadEnterBreaksTheLineWhenItDoesNotExecute();
+};
+
+void TestWindowExecution::aSelectionRunsWithLineFeeds()
+{
+    WindowFixture fixture;
+    Executed executed(fixture.window);
+    fixture.newBuffer(MelBuffer, "int $a;\n  print $a;\nprint 2;");
+    select(fixture.edit(), 4, 19);
+    fixture.window.execute();
+    QCOMPARE(executed.mel(), QStringList("$a;\n  print $a;"));
+}
+
+void TestWindowExecution::withoutASelectionEverythingRuns()
+{
+    WindowFixture fixture;
+    Executed executed(fixture.window);
+    // A no-break space is part of what the user wrote.
+    const char *text = "  print \"a\xC2\xA0z\";\n\n";
+    fixture.newBuffer(MelBuffer, text);
+    fixture.window.execute();
+    fixture.window.executeAll();
+    QCOMPARE(executed.mel(), QStringList() << QString::fromUtf8(text) << QString::fromUtf8(text));
+}
+
+void TestWindowExecution::theLineRunsTrimmed()
+{
+    WindowFixture fixture;
+    Executed executed(fixture.window);
+    fixture.newBuffer(MelBuffer, "one;\n\t  two;  \nthree;");
+    fixture.edit()->moveCursor(QTextCursor::NextBlock);
+    fixture.window.executeLine();
+    QCOMPARE(executed.mel(), QStringList("two;"));
+}
+
+void TestWindowExecution::theLanguageChoosesTheSignal()
+{
+    WindowFixture fixture;
+    Executed executed(fixture.window);
+    fixture.newBuffer(PythonBuffer, "print(1)");
+    fixture.window.executeAll();
+    QCOMPARE(executed.python(), QStringList("print(1)"));
+
+    fixture.window.central()->newBuffer();
+    fixture.edit()->setPlainText("plain");
+    fixture.window.executeAll();
+    fixture.window.executeLine();
+    fixture.window.execute(QString("plain"));
+    QCOMPARE(executed.mel() + executed.python(), QStringList("print(1)"));
+}
+
+void TestWindowExecution::nothingRunsWithoutTextOrDocument()
+{
+    WindowFixture fixture;
+    Executed executed(fixture.window);
+    fixture.window.execute();
+    fixture.window.executeLine();
+    fixture.window.executeAll();
+    fixture.window.execute(QString("print 1"));
+    fixture.newBuffer(MelBuffer, "  \nprint 1;");
+    fixture.window.executeLine();
+    QCOMPARE(executed.mel(), QStringList());
+}
+
+void TestWindowExecution::executingSavesFirst_data()
+{
+    QTest::addColumn<QString>("slot");
+    QTest::addColumn<bool>("selected");
+    QTest::addColumn<bool>("saveOnExecute");
+    QTest::addColumn<QString>("file");
+
+    QTest::newRow("all") << "executeAll" << false << true << "changed old";
+    QTest::newRow("line") << "executeLine" << false << true << "changed old";
+    QTest::newRow("selection") << "execute" << true << true << "changed old";
+    QTest::newRow("switched-off") << "executeAll" << false << false << "old";
+}
+
+void TestWindowExecution::executingSavesFirst()
+{
+    QFETCH(QString, slot);
+    QFETCH(bool, selected);
+    QFETCH(bool, saveOnExecute);
+    QFETCH(QString, file);
+
+    WindowFixture fixture;
+    fixture.window.open(fixture.dir.write("a.mel", "old"));
+    preferences().saveOnExecute = saveOnExecute;
+    fixture.edit()->insertPlainText("changed ");
+    if (selected)
+        select(fixture.edit(), 0, 3);
+    Executed executed(fixture.window);
+    QVERIFY(QMetaObject::invokeMethod(&fixture.window, slot.toLatin1().constData()));
+    QCOMPARE(int(executed.mel().size()), 1);
+    QCOMPARE(QString(fixture.dir.read("a.mel")), file);
+}
+
+void TestWindowExecution::keysInTheEditorExecuteOnce_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("modifiers");
+    QTest::addColumn<QString>("executed");
+
+    const int control = Qt::ControlModifier;
+    const int alt = control | Qt::AltModifier;
+    const int shift = control | Qt::ShiftModifier;
+    const int keypad = Qt::KeypadModifier;
+    const int enter = Qt::Key_Enter;
+    const int carriageReturn = Qt::Key_Return;
+    const QString all("one;\ntwo;");
+    QTest::newRow("ctrl-return") << carriageReturn << control << all;
+    QTest::newRow("ctrl-enter") << enter << control << all;
+    QTest::newRow("ctrl-keypad-enter") << enter << (control | keypad) << all;
+    QTest::newRow("keypad-enter") << enter << keypad << all;
+    QTest::newRow("line-return") << carriageReturn << alt << "one;";
+    QTest::newRow("line-keypad-enter") << enter << (alt | keypad) << "one;";
+    QTest::newRow("all-return") << carriageReturn << shift << all;
+    QTest::newRow("all-keypad-enter") << enter << (shift | keypad) << all;
+}
+
+// The key arrives as from the keyboard, shortcuts included, and then at the editor alone, as where
+// the toolkit's shortcut handling does not see it.
+void TestWindowExecution::keysInTheEditorExecuteOnce()
+{
+    QFETCH(int, key);
+    QFETCH(int, modifiers);
+    QFETCH(QString, executed);
+
+    WindowFixture fixture;
+    fixture.newBuffer(MelBuffer, "one;\ntwo;");
+    fixture.window.show();
+    QTest::qWait(1);
+    Executed runs(fixture.window);
+
+    QTest::keyClick(fixture.edit(), Qt::Key(key), Qt::KeyboardModifiers(modifiers));
+    QCOMPARE(runs.mel(), QStringList(executed));
+
+    QKeyEvent press(QEvent::KeyPress, key, Qt::KeyboardModifiers(modifiers), "\r");
+    QCoreApplication::sendEvent(fixture.edit(), &press);
+    QCOMPARE(runs.mel(), QStringList() << executed << executed);
+    QCOMPARE(fixture.edit()->toPlainText(), QString("one;\ntwo;"));
+}
+
+void TestWindowExecution::keypadEnterBreaksTheLineWhenItDoesNotExecute()
+{
+    WindowFixture fixture;
+    preferences().numpadEnterExecutes = false;
+    fixture.newBuffer(MelBuffer, "one;");
+    Executed executed(fixture.window);
+    QTest::keyClick(fixture.edit(), Qt::Key_Enter, Qt::KeypadModifier);
+    QCOMPARE(executed.mel(), QStringList());
+    QCOMPARE(fixture.edit()->toPlainText(), QString("\none;"));
+}
+
+CORVANE_TEST_MAIN(TestWindowExecution)
+#include "tst_windowexecution.moc"

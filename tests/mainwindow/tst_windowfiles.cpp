@@ -1,0 +1,262 @@
+// SPDX-License-Identifier: MIT
+#include "tests/mainwindow/windowfixture.h"
+#include "tests/support/modalanswer.h"
+#include "tests/support/testmain.h"
+
+#include <QDockWidget>
+#include <QFile>
+#include <QListWidget>
+#include <QSignalSpy>
+
+namespace {
+
+QStringList entries(const Kestrowl &window, Dock dock)
+{
+    const QListWidget *list = qobject_cast<QListWidget *>(window.dock(dock)->widget());
+    QStringList texts;
+    for (int i = 0; i < list->count(); ++i)
+        texts << list->item(i)->text();
+    return texts;
+}
+
+} // namespace
+
+class TestWindowFiles : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void newBufferAsksForTheLanguage_data();
+    void newBufferAsksForTheLanguage();
+    void docksListWhatIsOpen();
+    void saveWritesTheFileAndClearsTheMark();
+    void saveAsAsksForAName();
+    void savingABufferAsksForAName();
+    void saveStateAsksOnlyWithUnsavedContent_data();
+    void saveStateAsksOnlyWithUnsavedContent();
+    void goToLineOffersTheLinesOfTheDocument();
+    void shelfScripts_data();
+    void shelfScripts();
+    void sourcedScriptsAreHandedOver();
+    void commandsWithoutADocumentDoNothing();
+};
+
+void TestWindowFiles::newBufferAsksForTheLanguage_data()
+{
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<int>("language");
+
+    QTest::newRow("mel") << "MEL" << 2;
+    QTest::newRow("python") << "Python" << 1;
+    QTest::newRow("none") << "None" << 0;
+    QTest::newRow("cancel") << "Cancel" << -1;
+    QTest::newRow("escape") << "(no such button)" << -1;
+}
+
+void TestWindowFiles::newBufferAsksForTheLanguage()
+{
+    QFETCH(QString, button);
+    QFETCH(int, language);
+
+    WindowFixture fixture;
+    ModalAnswer answer(button);
+    fixture.action(Action::New)->trigger();
+    QCOMPARE(answer.title(), QString("Source Type"));
+    QCOMPARE(answer.text(), QString("Specify executor source language."));
+    QCOMPARE(answer.buttons(), QStringList() << "Cancel"
+                                             << "MEL"
+                                             << "None"
+                                             << "Python");
+    const EdCodeView *view = fixture.window.central()->currentCodeView();
+    QCOMPARE(view ? view->language() : -1, language);
+}
+
+void TestWindowFiles::docksListWhatIsOpen()
+{
+    WindowFixture fixture;
+    fixture.window.open(fixture.dir.write("a.mel", "1"));
+    QCOMPARE(entries(fixture.window, Dock::Documents), QStringList("a.mel"));
+    fixture.window.open(fixture.dir.write("b.py", "2"));
+    QCOMPARE(entries(fixture.window, Dock::Documents), QStringList("b.py"));
+    QVERIFY(fixture.window.windowTitle().contains("b.py"));
+
+    fixture.action(Action::NewPythonBuffer)->trigger();
+    QCOMPARE(entries(fixture.window, Dock::Documents), QStringList());
+    QCOMPARE(entries(fixture.window, Dock::Buffers), QStringList("Python"));
+    fixture.action(Action::Close)->trigger();
+    QCOMPARE(entries(fixture.window, Dock::Buffers), QStringList());
+    QCOMPARE(fixture.window.windowTitle(), QString("Corvane Editor"));
+}
+
+void TestWindowFiles::saveWritesTheFileAndClearsTheMark()
+{
+    WindowFixture fixture;
+    fixture.window.open(fixture.dir.write("a.mel", "old"));
+    fixture.edit()->insertPlainText("new ");
+    QVERIFY(fixture.window.windowTitle().contains("a.mel*"));
+    fixture.action(Action::Save)->trigger();
+    QVERIFY(!fixture.window.windowTitle().contains("*"));
+    QCOMPARE(fixture.dir.read("a.mel"), QByteArray("new old"));
+}
+
+void TestWindowFiles::saveAsAsksForAName()
+{
+    WindowFixture fixture;
+    fixture.newBuffer(0, "print 1;");
+    ModalAnswer answer("Save");
+    answer.enter(fixture.dir.file("tool"));
+    fixture.action(Action::SaveAs)->trigger();
+    QCOMPARE(answer.title(), QString("Save File"));
+    QCOMPARE(fixture.dir.read("tool.mel"), QByteArray("print 1;"));
+    QCOMPARE(entries(fixture.window, Dock::Documents), QStringList("tool.mel"));
+    QCOMPARE(entries(fixture.window, Dock::Buffers), QStringList());
+}
+
+void TestWindowFiles::savingABufferAsksForAName()
+{
+    WindowFixture fixture;
+    fixture.newBuffer(1, "print(1)");
+    ModalAnswer answer("Cancel");
+    fixture.action(Action::Save)->trigger();
+    QCOMPARE(answer.title(), QString("Save File"));
+    QVERIFY(fixture.window.central()->currentCodeView()->isBuffer());
+}
+
+void TestWindowFiles::saveStateAsksOnlyWithUnsavedContent_data()
+{
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<bool>("modified");
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<bool>("settingsWritten");
+
+    QTest::newRow("nothing-to-save") << "" << false << "old" << true;
+    QTest::newRow("yes") << "Yes" << true << "new old" << true;
+    QTest::newRow("no") << "No" << true << "old" << true;
+    QTest::newRow("cancel") << "Cancel" << true << "old" << false;
+}
+
+void TestWindowFiles::saveStateAsksOnlyWithUnsavedContent()
+{
+    QFETCH(QString, button);
+    QFETCH(bool, modified);
+    QFETCH(QString, file);
+    QFETCH(bool, settingsWritten);
+
+    WindowFixture fixture;
+    fixture.window.open(fixture.dir.write("a.mel", "old"));
+    if (modified)
+        fixture.edit()->insertPlainText("new ");
+    ModalAnswer answer(button);
+    fixture.action(Action::SaveState)->trigger();
+    QCOMPARE(answer.wasAsked(), modified);
+    if (modified)
+        QCOMPARE(answer.text(), QString("Save all files and buffers?"));
+    QCOMPARE(QString(fixture.dir.read("a.mel")), file);
+    QCOMPARE(QFile::exists(fixture.dir.file("corvaneEditor.ini")), settingsWritten);
+}
+
+void TestWindowFiles::goToLineOffersTheLinesOfTheDocument()
+{
+    WindowFixture fixture;
+    fixture.newBuffer(0, "a\nb\nc");
+    ModalAnswer answer("OK");
+    answer.enter("2");
+    fixture.action(Action::GoToLine)->trigger();
+    QCOMPARE(answer.title(), QString("Go To Line"));
+    QCOMPARE(answer.text(), QString("Line Number (1 - 3):"));
+    QCOMPARE(fixture.edit()->textCursor().position(), 2);
+
+    fixture.newBuffer(0, "");
+    ModalAnswer onlyLine("OK");
+    onlyLine.enter("7");
+    fixture.action(Action::GoToLine)->trigger();
+    QCOMPARE(onlyLine.text(), QString("Line Number (1 - 1):"));
+    QCOMPARE(fixture.edit()->textCursor().position(), 0);
+}
+
+void TestWindowFiles::shelfScripts_data()
+{
+    QTest::addColumn<int>("bufferType");
+    QTest::addColumn<QString>("label");
+    QTest::addColumn<int>("selected");
+    QTest::addColumn<QString>("script");
+
+    QTest::newRow("mel-whole-text") << 0 << "tool" << 0 << "one two";
+    QTest::newRow("python-selection") << 1 << "tool" << 3 << "one";
+    QTest::newRow("plain-text-makes-none") << 2 << "tool" << 0 << "";
+    QTest::newRow("no-label-makes-none") << 0 << "" << 0 << "";
+}
+
+void TestWindowFiles::shelfScripts()
+{
+    QFETCH(int, bufferType);
+    QFETCH(QString, label);
+    QFETCH(int, selected);
+    QFETCH(QString, script);
+
+    WindowFixture fixture;
+    fixture.window.central()->newBuffer();
+    if (bufferType != 2)
+        fixture.window.newBuffer(bufferType);
+    fixture.edit()->setPlainText("one two");
+    for (int i = 0; i < selected; ++i)
+        fixture.edit()->moveCursor(QTextCursor::NextCharacter, QTextCursor::KeepAnchor);
+    QSignalSpy requested(&fixture.window, SIGNAL(scriptToShelfRequested(QString, QString, bool)));
+    ModalAnswer answer("OK");
+    answer.enter(label);
+    fixture.action(Action::SaveScriptToShelf)->trigger();
+    QCOMPARE(answer.title(), QString("New Shelf Item"));
+    QCOMPARE(int(requested.size()), script.isEmpty() ? 0 : 1);
+    if (!requested.isEmpty()) {
+        QCOMPARE(requested.first().at(0).toString(), label);
+        QCOMPARE(requested.first().at(1).toString(), script);
+        QCOMPARE(requested.first().at(2).toBool(), bufferType == 0);
+    }
+}
+
+void TestWindowFiles::sourcedScriptsAreHandedOver()
+{
+    WindowFixture fixture;
+    const QString path = fixture.dir.write("a.mel", "print 1;");
+    QSignalSpy selected(&fixture.window, SIGNAL(sourceScriptSelected(QString)));
+    ModalAnswer answer("Open");
+    answer.enter(path);
+    fixture.action(Action::SourceScript)->trigger();
+    QCOMPARE(answer.title(), QString("Source Script"));
+    QCOMPARE(int(selected.size()), 1);
+    QCOMPARE(selected.first().first().toString(), path);
+}
+
+void TestWindowFiles::commandsWithoutADocumentDoNothing()
+{
+    WindowFixture fixture;
+    const Action ids[] = {Action::Close,
+                          Action::CloseAll,
+                          Action::CloseAllButActive,
+                          Action::Save,
+                          Action::SaveAs,
+                          Action::SaveAll,
+                          Action::Rename,
+                          Action::SaveScriptToShelf,
+                          Action::ReloadFromDisk,
+                          Action::Undo,
+                          Action::Redo,
+                          Action::Cut,
+                          Action::Copy,
+                          Action::Paste,
+                          Action::SelectAll,
+                          Action::GoToLine,
+                          Action::ConvertTabsToSpaces,
+                          Action::ClearAll,
+                          Action::Execute,
+                          Action::ExecuteLine,
+                          Action::ExecuteAll};
+    ModalAnswer answer("Cancel");
+    for (Action id : ids)
+        fixture.action(id)->trigger();
+    QVERIFY(!answer.wasAsked());
+    QVERIFY(!fixture.window.central()->currentCodeView());
+}
+
+CORVANE_TEST_MAIN(TestWindowFiles)
+#include "tst_windowfiles.moc"

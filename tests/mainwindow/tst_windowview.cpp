@@ -1,0 +1,311 @@
+// SPDX-License-Identifier: MIT
+#include "output/edoutputview.h"
+#include "tests/mainwindow/windowfixture.h"
+#include "tests/support/testmain.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDockWidget>
+#include <QFile>
+#include <QIcon>
+#include <QImage>
+#include <QLabel>
+#include <QSettings>
+#include <QSignalSpy>
+#include <QStatusBar>
+#include <QToolBar>
+
+namespace {
+
+QImage imageOf(const QIcon &icon)
+{
+    return icon.pixmap(16, 16).toImage();
+}
+
+bool hasIcon(const QAction *action, const char *name)
+{
+    return imageOf(action->icon()) == imageOf(QIcon(QString(":/icons/%1.png").arg(name)));
+}
+
+QString labelText(const Kestrowl &window, const char *name)
+{
+    return window.findChild<QLabel *>(name)->text();
+}
+
+} // namespace
+
+class TestWindowView : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void togglesTellMayaUnlessAskedNotTo_data();
+    void togglesTellMayaUnlessAskedNotTo();
+    void twinsFollowTheirToggle();
+    void tabsAndSpacesAreDrawn();
+    void wordWrapChangesTheEditor();
+    void panesAreShownAndHidden();
+    void neverNeitherHistoryNorEditor();
+    void quickHelpShowsItsDockOnRequest();
+    void clearAllClearsBoth();
+    void copyTakesTheHistoryThatHasTheFocus();
+    void statusLabelsFollowTheCaret();
+    void helpActionsAskForTheirPages();
+    void preferencesReachTheWindow();
+    void settingsAreReadAndWritten();
+    void closingHides();
+    void deletingAShownWindowIsQuiet();
+};
+
+void TestWindowView::togglesTellMayaUnlessAskedNotTo_data()
+{
+    QTest::addColumn<QString>("slot");
+    QTest::addColumn<int>("action");
+
+    QTest::newRow("echo") << "echoAllCommands" << int(Action::EchoAllCommands);
+    QTest::newRow("line-numbers") << "lineNumbersInErrors" << int(Action::LineNumbersInErrors);
+    QTest::newRow("stack-trace") << "showStackTrace" << int(Action::ShowStackTrace);
+    QTest::newRow("stack-window") << "suppressStackWindow" << int(Action::SuppressStackWindow);
+}
+
+void TestWindowView::togglesTellMayaUnlessAskedNotTo()
+{
+    QFETCH(QString, slot);
+    QFETCH(int, action);
+
+    WindowFixture fixture;
+    QAction *toggle = fixture.action(static_cast<Action>(action));
+    const QByteArray signal = "2" + slot.toLatin1() + "Enabled(bool)";
+    QSignalSpy told(&fixture.window, signal.constData());
+    const bool before = toggle->isChecked();
+
+    QVERIFY(QMetaObject::invokeMethod(&fixture.window, slot.toLatin1().constData(),
+                                      Q_ARG(bool, !before), Q_ARG(bool, true)));
+    QCOMPARE(toggle->isChecked(), !before);
+    QCOMPARE(int(told.size()), 0);
+
+    toggle->trigger();
+    QCOMPARE(toggle->isChecked(), before);
+    QCOMPARE(int(told.size()), 1);
+    QCOMPARE(told.first().first().toBool(), before);
+
+    QVERIFY(QMetaObject::invokeMethod(&fixture.window, slot.toLatin1().constData(),
+                                      Q_ARG(bool, before)));
+    QCOMPARE(int(told.size()), 2);
+}
+
+void TestWindowView::twinsFollowTheirToggle()
+{
+    WindowFixture fixture;
+    const struct
+    {
+        Action toggle;
+        Action twin;
+        const char *icon;
+    } rows[] = {
+        {Action::EchoAllCommands, Action::EchoAllCommandsButton, "echoCommands"},
+        {Action::ShowTabsAndSpaces, Action::ShowTabsAndSpacesButton, "showTabsAndSpaces"},
+    };
+    for (const auto &row : rows) {
+        fixture.action(row.twin)->trigger();
+        QVERIFY(fixture.action(row.toggle)->isChecked());
+        QVERIFY2(hasIcon(fixture.action(row.twin), row.icon), row.icon);
+        fixture.action(row.toggle)->trigger();
+        QVERIFY(!fixture.action(row.toggle)->isChecked());
+        QVERIFY2(hasIcon(fixture.action(row.twin), (QByteArray(row.icon) + "Off").constData()),
+                 row.icon);
+    }
+}
+
+void TestWindowView::tabsAndSpacesAreDrawn()
+{
+    WindowFixture fixture;
+    fixture.newBuffer(0, "a b");
+    fixture.action(Action::ShowTabsAndSpaces)->trigger();
+    QVERIFY(preferences().showTabsAndSpaces);
+    QCOMPARE(fixture.edit()->document()->defaultTextOption().flags(),
+             QTextOption::Flags(QTextOption::ShowTabsAndSpaces));
+    fixture.action(Action::ShowEndOfLine)->trigger();
+    QVERIFY(fixture.edit()->document()->defaultTextOption().flags() &
+            QTextOption::ShowLineAndParagraphSeparators);
+}
+
+void TestWindowView::wordWrapChangesTheEditor()
+{
+    WindowFixture fixture;
+    fixture.newBuffer(0, "a b");
+    QCOMPARE(fixture.edit()->lineWrapMode(), QPlainTextEdit::NoWrap);
+    fixture.action(Action::WordWrap)->trigger();
+    QCOMPARE(fixture.edit()->lineWrapMode(), QPlainTextEdit::WidgetWidth);
+    QVERIFY(preferences().wordWrapEnabled);
+}
+
+void TestWindowView::panesAreShownAndHidden()
+{
+    WindowFixture fixture;
+    const QWidget *editor = fixture.window.central();
+    const QWidget *history = fixture.window.dock(Dock::Output);
+    fixture.window.show();
+
+    fixture.action(Action::ShowHistory)->trigger();
+    QVERIFY(editor->isHidden() && history->isVisible());
+    QVERIFY(!fixture.action(Action::CodeEditor)->isChecked());
+    fixture.action(Action::ShowEditor)->trigger();
+    QVERIFY(editor->isVisible() && history->isHidden());
+    QVERIFY(fixture.action(Action::CodeEditor)->isChecked());
+    fixture.action(Action::ShowBoth)->trigger();
+    QVERIFY(editor->isVisible() && history->isVisible());
+    fixture.window.showAll();
+    QVERIFY(fixture.window.dock(Dock::QuickHelp)->isVisible());
+}
+
+void TestWindowView::neverNeitherHistoryNorEditor()
+{
+    WindowFixture fixture;
+    fixture.window.show();
+    fixture.window.showOutput();
+    fixture.window.dock(Dock::Output)->close();
+    QVERIFY(fixture.window.central()->isVisible());
+    fixture.action(Action::CodeEditor)->trigger();
+    QVERIFY(fixture.window.dock(Dock::Output)->isVisible());
+}
+
+void TestWindowView::quickHelpShowsItsDockOnRequest()
+{
+    WindowFixture fixture;
+    const QDockWidget *dock = fixture.window.dock(Dock::QuickHelp);
+    QVERIFY(dock->isHidden());
+    fixture.window.updateAndShowQuickHelp("polySphere", true);
+    QVERIFY(dock->isHidden());
+    fixture.window.updateAndShowQuickHelp("polySphere", false);
+    QVERIFY(!dock->isHidden());
+}
+
+void TestWindowView::clearAllClearsBoth()
+{
+    WindowFixture fixture;
+    fixture.window.show();
+    fixture.newBuffer(0, "print 1;");
+    fixture.window.appendOutputText("// Result: 1 //\n");
+    QCOMPARE(fixture.window.outputView()->toPlainText(), QString("// Result: 1 //\n"));
+    fixture.action(Action::ClearAll)->trigger();
+    QCOMPARE(fixture.window.outputView()->toPlainText(), QString());
+    QCOMPARE(fixture.edit()->toPlainText(), QString());
+    fixture.action(Action::Undo)->trigger();
+    QCOMPARE(fixture.edit()->toPlainText(), QString("print 1;"));
+}
+
+void TestWindowView::copyTakesTheHistoryThatHasTheFocus()
+{
+    WindowFixture fixture;
+    fixture.window.show();
+    fixture.newBuffer(0, "print 1;");
+    fixture.edit()->selectAll();
+    fixture.window.appendOutputText("history");
+    fixture.window.outputView()->selectAll();
+    fixture.window.activateWindow();
+    fixture.window.outputView()->setFocus();
+    QTest::qWait(1);
+    QVERIFY(fixture.window.outputView()->hasFocus());
+    fixture.action(Action::Copy)->trigger();
+    QCOMPARE(QApplication::clipboard()->text(), QString("history"));
+    fixture.action(Action::Cut)->trigger();
+    fixture.action(Action::Paste)->trigger();
+    QCOMPARE(fixture.edit()->toPlainText(), QString("print 1;"));
+    fixture.edit()->setFocus();
+    fixture.action(Action::Copy)->trigger();
+    QCOMPARE(QApplication::clipboard()->text(), QString("print 1;"));
+}
+
+void TestWindowView::statusLabelsFollowTheCaret()
+{
+    WindowFixture fixture;
+    fixture.newBuffer(0, "ab\ncdef");
+    fixture.edit()->moveCursor(QTextCursor::End);
+    QCOMPARE(labelText(fixture.window, "columnLabel"), QString("        Col:4"));
+    fixture.action(Action::SelectAll)->trigger();
+    QCOMPARE(labelText(fixture.window, "selectionLabel"), QString("        Sel:7"));
+    const QString insert = labelText(fixture.window, "modeLabel");
+    QTest::keyClick(fixture.edit(), Qt::Key_Insert);
+    QVERIFY(labelText(fixture.window, "modeLabel") != insert);
+    fixture.window.setStatusText("String Not Found");
+    QCOMPARE(fixture.window.statusBar()->currentMessage(), QString("String Not Found"));
+}
+
+void TestWindowView::helpActionsAskForTheirPages()
+{
+    WindowFixture fixture;
+    QSignalSpy commandHelp(&fixture.window, SIGNAL(commandHelpRequested(QString, bool)));
+    QSignalSpy showHelp(&fixture.window, SIGNAL(showHelpRequested(QString)));
+    fixture.action(Action::MelCommandReference)->trigger();
+    fixture.action(Action::PythonCommandReference)->trigger();
+    fixture.action(Action::NodeAndAttributeReference)->trigger();
+    QCOMPARE(int(commandHelp.size()), 2);
+    QCOMPARE(commandHelp.at(0).at(1).toBool(), false);
+    QCOMPARE(commandHelp.at(1).at(1).toBool(), true);
+    QCOMPARE(int(showHelp.size()), 1);
+}
+
+void TestWindowView::preferencesReachTheWindow()
+{
+    WindowFixture fixture;
+    QSignalSpy overridden(&fixture.window, SIGNAL(scriptEditorOverrideChanged(bool)));
+    preferences().toolbar = false;
+    preferences().statusBar = false;
+    preferences().overrideScriptEditor = false;
+    preferences().outputWindowBufferSize = 3;
+    fixture.window.updatePreferencesAndWrite();
+    for (const QToolBar *toolBar : fixture.window.findChildren<QToolBar *>())
+        QVERIFY(toolBar->isHidden());
+    QVERIFY(fixture.window.statusBar()->isHidden());
+    QCOMPARE(overridden.last().first().toBool(), false);
+    QCOMPARE(fixture.window.outputView()->maximumBlockCount(), 3);
+    QVERIFY(QSettings(fixture.window.settingsPath(), QSettings::IniFormat).allKeys().size() > 40);
+}
+
+void TestWindowView::settingsAreReadAndWritten()
+{
+    ScratchDir dir;
+    {
+        Kestrowl first(dir.path(), dir.path() + "/");
+        QVERIFY(first.action(Action::SuppressStackWindow)->isChecked());
+        first.suppressStackWindow(false);
+        first.wordWrap(true);
+        preferences().toolbar = false;
+        preferences().defaultStateInitialized = true;
+        first.writeSettings();
+    }
+    QVERIFY(QFile::exists(dir.file("corvaneEditor.ini")));
+    preferences() = Preferences();
+    Kestrowl second(dir.path(), dir.path());
+    QVERIFY(!second.action(Action::SuppressStackWindow)->isChecked());
+    QVERIFY(second.action(Action::WordWrap)->isChecked());
+    QVERIFY(second.findChild<QToolBar *>("filetoolbar")->isHidden());
+    QVERIFY(preferences().defaultStateInitialized);
+}
+
+void TestWindowView::closingHides()
+{
+    WindowFixture fixture;
+    fixture.newBuffer(0, "kept");
+    fixture.window.show();
+    fixture.window.closeEditor();
+    QVERIFY(fixture.window.isHidden());
+    fixture.window.show();
+    QCOMPARE(fixture.edit()->toPlainText(), QString("kept"));
+}
+
+void TestWindowView::deletingAShownWindowIsQuiet()
+{
+    WindowFixture *fixture = new WindowFixture;
+    fixture->window.show();
+    fixture->newBuffer(0, "print 1;");
+    fixture->edit()->insertPlainText("more ");
+    QTest::qWait(1);
+    QSignalSpy executed(&fixture->window, SIGNAL(melExecuted(QString)));
+    delete fixture;
+    QCOMPARE(int(executed.size()), 0);
+}
+
+CORVANE_TEST_MAIN(TestWindowView)
+#include "tst_windowview.moc"

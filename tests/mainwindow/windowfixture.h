@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "mainwindow/kestrowl.h"
+#include "preferences/preferences.h"
+#include "tests/support/scratchdir.h"
+#include "workspace/edcentralwidget.h"
+#include "workspace/edcodeview.h"
+#include "workspace/plaincodeedit.h"
+
+#include <QAction>
+
+// A window whose script and settings directories are an empty scratch directory.
+struct WindowFixture
+{
+    ScratchDir dir;
+    Kestrowl window;
+
+    WindowFixture() : window(dir.path(), dir.path()) {}
+
+    PlainCodeEdit *edit() const { return window.central()->currentCodeView()->codeEdit(); }
+    QAction *action(Action id) const { return window.action(id); }
+
+    // A new MEL (0) or Python (1) buffer holding the text, the caret at its start.
+    void newBuffer(int type, const char *text)
+    {
+        window.newBuffer(type);
+        edit()->setPlainText(QString::fromUtf8(text));
+        edit()->document()->setModified(false);
+    }
+};

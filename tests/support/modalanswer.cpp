@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#include "tests/support/modalanswer.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+
+namespace {
+
+QString plainText(const QAbstractButton *button)
+{
+    return button->text().remove(QLatin1Char('&'));
+}
+
+} // namespace
+
+ModalAnswer::ModalAnswer(const QString &button) : m_button(button)
+{
+    connect(&m_timer, SIGNAL(timeout()), SLOT(answer()));
+    m_timer.start(5);
+}
+
+void ModalAnswer::answer()
+{
+    QDialog *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+    if (!dialog)
+        return;
+    m_timer.stop();
+    readDialog(dialog);
+    if (!m_input.isEmpty())
+        enterInput(dialog);
+    press(dialog);
+}
+
+void ModalAnswer::readDialog(QDialog *dialog)
+{
+    m_title = dialog->windowTitle().isNull() ? QString::fromLatin1("") : dialog->windowTitle();
+    if (QMessageBox *box = qobject_cast<QMessageBox *>(dialog))
+        m_text = box->text();
+    else if (QInputDialog *input = qobject_cast<QInputDialog *>(dialog))
+        m_text = input->labelText();
+    for (QAbstractButton *button : dialog->findChildren<QAbstractButton *>()) {
+        if (!plainText(button).isEmpty())
+            m_buttons << plainText(button);
+    }
+    m_buttons.sort();
+}
+
+void ModalAnswer::enterInput(QDialog *dialog)
+{
+    QInputDialog *input = qobject_cast<QInputDialog *>(dialog);
+    if (QFileDialog *files = qobject_cast<QFileDialog *>(dialog))
+        files->selectFile(m_input);
+    else if (input && input->inputMode() == QInputDialog::IntInput)
+        input->setIntValue(m_input.toInt());
+    else if (input)
+        input->setTextValue(m_input);
+}
+
+void ModalAnswer::press(QDialog *dialog)
+{
+    for (QAbstractButton *button : dialog->findChildren<QAbstractButton *>()) {
+        if (plainText(button) == m_button) {
+            button->click();
+            return;
+        }
+    }
+    dialog->reject();
+}

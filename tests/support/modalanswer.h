@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <QStringList>
+#include <QTimer>
+
+class QDialog;
+
+// Answers the next modal dialog that a test's call opens, and keeps what the dialog said. To be
+// made before the call; a dialog that never comes leaves wasAsked() false.
+class ModalAnswer : public QObject
+{
+    Q_OBJECT
+
+public:
+    // Clicks the button of this text, or closes the dialog for a text that no button has.
+    explicit ModalAnswer(const QString &button);
+
+    // What is entered before: the text of an input dialog, the number, the path of a file dialog.
+    void enter(const QString &input) { m_input = input; }
+
+    bool wasAsked() const { return !m_title.isNull(); }
+    QString title() const { return m_title; }
+    // The message or the label.
+    QString text() const { return m_text; }
+    // Their texts in alphabetical order: platforms place them differently.
+    QStringList buttons() const { return m_buttons; }
+
+private slots:
+    void answer();
+
+private:
+    void readDialog(QDialog *dialog);
+    void enterInput(QDialog *dialog);
+    void press(QDialog *dialog);
+
+    QString m_button;
+    QString m_input;
+    QString m_title;
+    QString m_text;
+    QStringList m_buttons;
+    QTimer m_timer;
+};
