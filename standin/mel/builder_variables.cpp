@@ -11,6 +11,8 @@ Builder::Builder(Runtime &runtime, SourcePointer source,
 
 void Builder::warnRedeclaration(const std::string &variable, int line) const
 {
+    if (!m_runtime.settings.duplicateVariableWarnings)
+        return;
     m_warn("Redeclaration of variable \"" + variable + "\" shadows previous declaration at line " +
            std::to_string(line) + ". Previous value will be retained.");
 }

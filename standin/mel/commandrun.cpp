@@ -4,6 +4,7 @@
 #include "standin/mel/nodes.h"
 #include "standin/mel/runtime.h"
 
+#include <algorithm>
 #include <cctype>
 
 namespace mel {
@@ -143,6 +144,12 @@ std::string wordText(const Value &word)
     return quoted + "\"";
 }
 
+bool isEchoed(const Settings &settings, const std::string &name)
+{
+    const auto &filter = settings.echoFilter;
+    return settings.echoCommands && std::find(filter.begin(), filter.end(), name) == filter.end();
+}
+
 template <typename Element>
 void appendElements(std::vector<Element> &array, std::vector<Value> &words)
 {
@@ -178,7 +185,7 @@ std::string commandText(const std::string &name, const std::vector<Value> &words
 
 Value runCommand(Runtime &runtime, const Command &command, std::vector<Value> words)
 {
-    if (runtime.settings.echoCommands)
+    if (isEchoed(runtime.settings, command.name))
         runtime.report(MessageKind::History, commandText(command.name, words) + ";\n");
     Call call(runtime.interpreter, command.name);
     if (command.rawWords)

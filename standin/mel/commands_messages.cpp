@@ -14,15 +14,6 @@ const std::vector<Flag> contextFlags = {
     {"sl", "showLineNumber", {ArgumentKind::Boolean}},
 };
 
-std::string messageText(const Call &call)
-{
-    call.objectText(0);
-    std::string text;
-    for (const std::string &object : call.objectTexts())
-        text += (text.empty() ? "" : " ") + object;
-    return text;
-}
-
 // The place in front of a message, as the flags ask for it.
 std::string prefix(const Runtime &runtime, const Call &call)
 {
@@ -32,36 +23,90 @@ std::string prefix(const Runtime &runtime, const Call &call)
     return shown ? runtime.place().prefix() : "";
 }
 
-Value error(Runtime &runtime, const Call &call)
+Value error(Runtime &runtime, Call &call)
 {
-    runtime.failLocated(prefix(runtime, call) + messageText(call));
+    runtime.failLocated(prefix(runtime, call) + joinedObjects(call));
 }
 
-Value warning(Runtime &runtime, const Call &call)
+Value warning(Runtime &runtime, Call &call)
 {
-    runtime.report(MessageKind::Warning, prefix(runtime, call) + messageText(call));
+    runtime.report(MessageKind::Warning, prefix(runtime, call) + joinedObjects(call));
     return {};
 }
 
-Value trace(Runtime &runtime, const Call &call)
+Value trace(Runtime &runtime, Call &call)
 {
     const std::string where = call.isSet("where") ? runtime.place().prefix() : "";
-    std::cerr << where + messageText(call) + "\n";
+    std::cerr << where + joinedObjects(call) + "\n";
     return {};
 }
+
+// A switch that a command sets and answers when it is queried.
+void setSwitch(const Call &call, const char *flag, bool &value)
+{
+    value = call.boolean(flag, value);
+}
+
+Value commandEcho(Runtime &runtime, Call &call)
+{
+    Settings &settings = runtime.settings;
+    if (call.query) {
+        if (call.isSet("filter"))
+            return settings.echoFilter;
+        return call.isSet("lineNumbers") ? settings.lineNumbers : settings.echoCommands;
+    }
+    setSwitch(call, "state", settings.echoCommands);
+    setSwitch(call, "lineNumbers", settings.lineNumbers);
+    if (call.isSet("filter"))
+        settings.echoFilter.clear();
+    for (const char *flag : {"filter", "addFilter"}) {
+        for (const Call::FlagUse *use : call.findAll(flag))
+            settings.echoFilter.push_back(std::get<std::string>(use->arguments[0]));
+    }
+    return {};
+}
+
+Value stackTrace(Runtime &runtime, Call &call)
+{
+    if (call.query)
+        return runtime.settings.stackTrace ? 1 : 0;
+    setSwitch(call, "state", runtime.settings.stackTrace);
+    return {};
+}
+
+Value melOptions(Runtime &runtime, Call &call)
+{
+    if (call.query)
+        return runtime.settings.duplicateVariableWarnings ? 1 : 0;
+    setSwitch(call, "duplicateVariableWarnings", runtime.settings.duplicateVariableWarnings);
+    return {};
+}
+
+const CommandRow rows[] = {
+    {"error", error, contextFlags, "String"},
+    {"warning", warning, contextFlags, "String"},
+    {"trace", trace, {{"w", "where"}}, "String"},
+    {"commandEcho",
+     commandEcho,
+     {{"st", "state", {ArgumentKind::Boolean}},
+      {"ln", "lineNumbers", {ArgumentKind::Boolean}},
+      {"f", "filter", {ArgumentKind::String}, true},
+      {"af", "addFilter", {ArgumentKind::String}, true}},
+     "",
+     Modes::Query},
+    {"stackTrace", stackTrace, {{"s", "state", {ArgumentKind::Boolean}}}, "", Modes::Query},
+    {"melOptions",
+     melOptions,
+     {{"dup", "duplicateVariableWarnings", {ArgumentKind::Boolean}}},
+     "",
+     Modes::Query},
+};
 
 } // namespace
 
-std::vector<Command> messageCommands(Runtime &runtime)
+CommandRows messageCommands()
 {
-    const auto bound = [&runtime](auto *run) {
-        return [&runtime, run](Call &call) { return run(runtime, call); };
-    };
-    std::vector<Command> commands(3);
-    commands[0] = {"error", bound(error), contextFlags};
-    commands[1] = {"warning", bound(warning), contextFlags};
-    commands[2] = {"trace", bound(trace), {{"w", "where"}}};
-    return commands;
+    return {rows, std::size(rows)};
 }
 
 } // namespace mel

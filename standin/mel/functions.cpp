@@ -6,7 +6,8 @@ namespace mel {
 const std::vector<FunctionTable> &functionTables()
 {
     static const std::vector<FunctionTable> tables = {
-        languageFunctions(),
+        languageFunctions(), stringFunctions(), arrayFunctions(),  mathFunctions(),
+        vectorFunctions(),   randomFunctions(), systemFunctions(), fileFunctions(),
     };
     return tables;
 }

@@ -14,6 +14,13 @@ struct FunctionTable
 
 const std::vector<FunctionTable> &functionTables();
 
+FunctionTable arrayFunctions();
+FunctionTable fileFunctions();
 FunctionTable languageFunctions();
+FunctionTable mathFunctions();
+FunctionTable randomFunctions();
+FunctionTable stringFunctions();
+FunctionTable systemFunctions();
+FunctionTable vectorFunctions();
 
 } // namespace mel

@@ -3,7 +3,6 @@
 
 #include "standin/mel/callnodes.h"
 #include "standin/mel/commandrun.h"
-#include "standin/mel/compiler.h"
 #include "standin/mel/nodes.h"
 #include "standin/mel/runtime.h"
 #include "standin/mel/statements.h"
@@ -191,8 +190,11 @@ bool Interpreter::isRunning() const
 
 bool Interpreter::defineLibrary(const std::string &text, const std::string &origin)
 {
-    const auto source = std::make_shared<Source>(Source{origin, text});
-    return guarded(*m_state, [&] { return m_state->runUnit(*compileSource(*m_state, source)); }).ok;
+    const auto compile = [&] {
+        m_state->compileLibrary(text, origin);
+        return Value();
+    };
+    return guarded(*m_state, compile).ok;
 }
 
 } // namespace mel

@@ -29,6 +29,9 @@ struct Settings
     bool lineNumbers = true;
     bool echoCommands = false;
     bool stackTrace = false;
+    bool duplicateVariableWarnings = true; // about redeclared variables
+    std::vector<std::string> echoFilter;   // commands that are not echoed
+    bool helpNamesCommandType = false;     // "help -so" ends with the "Command Type" line
 };
 
 struct Outcome

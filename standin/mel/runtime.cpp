@@ -71,13 +71,18 @@ void Runtime::checkSteps()
 {
     m_stepsTaken += m_slice - m_stepsLeft;
     startSteps();
+    checkInterrupt();
+    if (limits.steps > 0 && m_stepsTaken > limits.steps)
+        throw RuntimeError("Too many steps.");
+}
+
+void Runtime::checkInterrupt()
+{
     if (m_interrupted || host.interruptRequested()) {
         // Stays set until the outermost script ends, so that no catch() can go on.
         m_interrupted = true;
         throw RuntimeError("Interrupted.");
     }
-    if (limits.steps > 0 && m_stepsTaken > limits.steps)
-        throw RuntimeError("Too many steps.");
 }
 
 void Runtime::checkElements(std::int64_t count) const
@@ -149,13 +154,7 @@ Value Runtime::runUnit(const Unit &unit)
 Value Runtime::runText(const std::string &text)
 {
     checkStack();
-    const auto source = std::make_shared<Source>(Source{"", text});
-    return runUnit(*compile(source));
-}
-
-std::unique_ptr<Unit> Runtime::compile(SourcePointer source)
-{
-    return compileSource(*this, std::move(source));
+    return runUnit(*compileSource(*this, std::make_shared<Source>(Source{"", text})));
 }
 
 int Runtime::fails(const Expression &expression, Frame &frame, bool quiet)
@@ -229,15 +228,39 @@ std::string Runtime::reportFailure(const RuntimeError &failure, bool withTrace)
     return failure.what();
 }
 
+void Runtime::compileLibrary(const std::string &text, const std::string &origin)
+{
+    runUnit(*compileSource(*this, std::make_shared<Source>(Source{origin, text})));
+}
+
 ProcedureEntry *Runtime::knownProcedure(const std::string &name, bool fromTypedText)
 {
     ProcedureEntry *typed = fromTypedText ? procedures.findTyped(name) : nullptr;
-    return typed ? typed : procedures.findGlobal(name);
+    if (typed)
+        return typed;
+    if (ProcedureEntry *global = procedures.findGlobal(name))
+        return global;
+    // Out of the library while it is compiled, or it would be looked up there again and again.
+    const std::optional<Library::Script> script = library.take(name);
+    if (!script)
+        return nullptr;
+    try {
+        compileLibrary(script->text, script->origin);
+    } catch (...) {
+        library.put(name, *script);
+        throw;
+    }
+    return procedures.findGlobal(name);
 }
 
 ProcedurePointer Runtime::findProcedure(const std::string &name, bool fromTypedText)
 {
     const ProcedureEntry *entry = knownProcedure(name, fromTypedText);
+    const std::string script = entry ? std::string() : findScript(name);
+    if (!script.empty()) {
+        runUnit(*compileFile(script));
+        entry = knownProcedure(name, fromTypedText);
+    }
     return entry ? entry->current : nullptr;
 }
 

@@ -5,12 +5,22 @@
 #include "standin/mel/conversion.h"
 #include "standin/mel/errors.h"
 #include "standin/mel/interpreter.h"
+#include "standin/mel/filetable.h"
+#include "standin/mel/library.h"
 #include "standin/mel/procedures.h"
+#include "standin/mel/random.h"
 #include "standin/mel/variables.h"
 
 #include <atomic>
 
 namespace mel {
+
+// A command that a script defined; the texts are by long flag name.
+struct RunTimeCommand
+{
+    std::map<std::string, std::string> texts;
+    bool isDefault = false;
+};
 
 // Everything that running code shares: tables, limits, the stack of frames, and the way out for
 // messages.
@@ -26,6 +36,10 @@ public:
     Variables variables;
     Procedures procedures;
     CommandTable commands;
+    std::map<std::string, RunTimeCommand> runTimeCommands;
+    Library library;
+    RandomStreams random;
+    FileTable files;
 
     // Counts one statement or loop round; throws when the script has to stop.
     void step()
@@ -34,6 +48,8 @@ public:
             checkSteps();
     }
     void interrupt() { m_interrupted = true; }
+    // Throws when the script has to stop; for commands that wait or loop.
+    void checkInterrupt();
     bool isRunning() const { return m_depth > 0; }
     // These throw when a limit is passed.
     void checkElements(std::int64_t count) const;
@@ -45,6 +61,8 @@ public:
     // Compiles and runs at top level; errors are thrown.
     Value runText(const std::string &text);
     Value runUnit(const Unit &unit);
+    // Compiles a text of library procedures and makes them known.
+    void compileLibrary(const std::string &text, const std::string &origin);
     // Reads and compiles a script; throws CompileError when there is none.
     std::unique_ptr<Unit> compileFile(const std::string &name);
     bool isBeingCompiled(const std::string &name) const;
@@ -93,7 +111,6 @@ private:
     void startSteps();
     Value runInFrame(Frame &frame, const StatementList &statements, bool wantsValue);
     [[noreturn]] void rethrowLocated(const RuntimeError &error, const Frame &frame) const;
-    std::unique_ptr<Unit> compile(SourcePointer source);
 
     Frame *m_top = nullptr;
     int m_depth = 0; // nested executions

@@ -1,0 +1,180 @@
+// SPDX-License-Identifier: MIT
+#include "standin/mel/builtins.h"
+
+#include "standin/mel/function.h"
+#include "standin/mel/pattern.h"
+#include "standin/mel/runtime.h"
+
+#include <algorithm>
+
+namespace mel {
+
+namespace {
+
+Value evalDeferred(Runtime &runtime, Call &call)
+{
+    if (call.isSet("list"))
+        return runtime.host.deferredMel();
+    IdlePriority priority = call.isSet("lowPriority") ? IdlePriority::Low : IdlePriority::Normal;
+    if (call.isSet("lowestPriority"))
+        priority = IdlePriority::Lowest;
+    runtime.host.deferMel(joinedObjects(call), priority);
+    return {};
+}
+
+// What the name of a call means to the reader of its script.
+std::string describeName(Runtime &runtime, const std::string &name)
+{
+    if (const Library::Script *script = runtime.library.find(name))
+        return "Mel procedure found in: " + script->origin;
+    if (const ProcedureEntry *known = runtime.knownProcedure(name, true)) {
+        const Source &source = *known->current->source;
+        return source.isTyped() ? "Mel procedure entered interactively."
+                                : "Mel procedure found in: " + source.path;
+    }
+    if (const auto command = runtime.commands.find(name))
+        return command->kind == CommandKind::RunTimeCommand ? "Run Time Command" : "Command";
+    const std::string script = runtime.findScript(name);
+    return script.empty() ? "Unknown" : "Script found in: " + script;
+}
+
+Value whatIs(Runtime &runtime, Call &call)
+{
+    const std::string name = call.objectText(0);
+    if (name.compare(0, 1, "$") != 0)
+        return describeName(runtime, name);
+    const GlobalVariable *variable = runtime.variables.find(name);
+    return variable ? typeName(variable->value) + std::string(" variable") : std::string("Unknown");
+}
+
+Value exists(Runtime &runtime, Call &call)
+{
+    return describeName(runtime, call.objectText(0)) != "Unknown" ? 1 : 0;
+}
+
+StringArray allNames(Runtime &runtime)
+{
+    StringArray names = runtime.commands.names();
+    for (const StringArray &more : {runtime.procedures.globalNames(), runtime.library.names()})
+        names.insert(names.end(), more.begin(), more.end());
+    std::sort(names.begin(), names.end());
+    names.erase(std::unique(names.begin(), names.end()), names.end());
+    return names;
+}
+
+Value melInfo(Runtime &runtime, Call &)
+{
+    return allNames(runtime);
+}
+
+Value getProcArguments(Runtime &runtime, Call &call)
+{
+    const ProcedurePointer procedure = runtime.findProcedure(call.objectText(0), true);
+    if (!procedure)
+        throw RuntimeError("Cannot find procedure \"" + call.objectText(0) + "\".");
+    StringArray types;
+    for (const Parameter &parameter : procedure->parameters)
+        types.emplace_back(typeName(parameter.type));
+    return types;
+}
+
+std::string listNames(Runtime &runtime, const std::string &glob)
+{
+    std::string list;
+    for (const std::string &name : allNames(runtime)) {
+        if (matchesGlob(name, glob))
+            list += name + "\n";
+    }
+    return list;
+}
+
+std::string procedureHelp(const Procedure &procedure)
+{
+    std::string text = "Synopsis: " + procedure.name;
+    for (const Parameter &parameter : procedure.parameters)
+        text += std::string(" ") + typeName(parameter.type);
+    return text + "\n";
+}
+
+Value help(Runtime &runtime, Call &call)
+{
+    const std::string name = call.objectText(0);
+    if (call.isSet("list"))
+        return listNames(runtime, name);
+    if (const ProcedureEntry *procedure = runtime.knownProcedure(name, true))
+        return procedureHelp(*procedure->current);
+    const auto command = runtime.commands.find(name);
+    if (!command)
+        throw RuntimeError("Cannot find help for \"" + name + "\".");
+    return helpText(*command, !call.isSet("syntaxOnly") || runtime.settings.helpNamesCommandType);
+}
+
+Value source(Runtime &runtime, Call &call)
+{
+    try {
+        runtime.runUnit(*runtime.compileFile(call.objectText(0)));
+    } catch (const CompileError &error) {
+        throw RuntimeError(error.what());
+    }
+    return {};
+}
+
+// catch() is part of the language. What reaches the command of that name has been evaluated before,
+// without an error.
+Value caught(Runtime &, Call &)
+{
+    return 0;
+}
+
+Value format(Runtime &runtime, Call &call)
+{
+    const std::string pattern = call.objectText(0);
+    const auto arguments = call.findAll("stringArg");
+    std::string text;
+    for (size_t at = 0; at < pattern.size();) {
+        const size_t digits = pattern.find_first_not_of("0123456789", at + 1);
+        const bool placeholder = pattern[at] == '^' && digits != std::string::npos &&
+                                 digits > at + 1 && digits - at < 8 && pattern[digits] == 's';
+        if (!placeholder) {
+            text += pattern[at++];
+            continue;
+        }
+        const size_t number = std::stoul(pattern.substr(at + 1, digits - at - 1));
+        if (number >= 1 && number <= arguments.size())
+            text += std::get<std::string>(arguments[number - 1]->arguments[0]);
+        runtime.checkTextLength(text.size());
+        at = digits + 1;
+    }
+    return text;
+}
+
+const CommandRow rows[] = {
+    {"evalDeferred",
+     evalDeferred,
+     {{"low", "lowPriority"}, {"lp", "lowestPriority"}, {"ls", "list"}},
+     "String..."},
+    {"whatIs", whatIs, {}, "Name"},
+    {"exists", exists, {}, "Name"},
+    {"melInfo", melInfo, {}},
+    {"getProcArguments", getProcArguments, {}, "Name"},
+    {"help",
+     help,
+     {{"so", "syntaxOnly"},
+      {"l", "list"},
+      {"doc", "documentation"},
+      {"lng", "language", {ArgumentKind::String}}},
+     "String"},
+    {"source", source, {}, "String"},
+    {"catch", caught, {}, "Script"},
+    {"catchQuiet", caught, {}, "Script"},
+    {"format", format, {{"s", "stringArg", {ArgumentKind::String}, true}}, "String"},
+};
+
+} // namespace
+
+CommandRows languageCommands()
+{
+    return {rows, std::size(rows)};
+}
+
+} // namespace mel

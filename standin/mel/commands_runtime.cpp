@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: MIT
+#include "standin/mel/builtins.h"
+
+#include "standin/mel/runtime.h"
+
+namespace mel {
+
+namespace {
+
+// The script of a run-time command in the language its definition names.
+Value runScript(Runtime &runtime, const RunTimeCommand &definition)
+{
+    if (definition.texts.count("commandLanguage") == 0 ||
+        definition.texts.at("commandLanguage") != "python")
+        return runtime.runText(definition.texts.at("command"));
+    const auto python = runtime.commands.find("python");
+    if (!python)
+        throw RuntimeError("Cannot find procedure \"python\".");
+    Call call(runtime.interpreter, "python");
+    call.objects.emplace_back(definition.texts.at("command"));
+    return python->run(call);
+}
+
+void addCommand(Runtime &runtime, const std::string &name)
+{
+    Command command;
+    command.name = name;
+    command.kind = CommandKind::RunTimeCommand;
+    command.run = [&runtime, name](Call &) {
+        // A copy, as the script may delete the command.
+        const RunTimeCommand definition = runtime.runTimeCommands.at(name);
+        return runScript(runtime, definition);
+    };
+    if (!runtime.commands.add(std::move(command)))
+        throw RuntimeError("A command named \"" + name + "\" exists already.");
+}
+
+const char *const textFlags[] = {"annotation",      "category",       "command",
+                                 "commandLanguage", "image",          "keywords",
+                                 "label",           "longAnnotation", "tags"};
+
+StringArray names(const Runtime &runtime)
+{
+    StringArray all;
+    for (const auto &entry : runtime.runTimeCommands)
+        all.push_back(entry.first);
+    return all;
+}
+
+Value answer(const RunTimeCommand &definition, const Call &call)
+{
+    for (const char *flag : textFlags) {
+        if (!call.isSet(flag))
+            continue;
+        const auto found = definition.texts.find(flag);
+        return found == definition.texts.end() ? std::string() : found->second;
+    }
+    return call.isSet("default") ? definition.isDefault : false;
+}
+
+void change(RunTimeCommand &definition, const Call &call)
+{
+    for (const char *flag : textFlags) {
+        if (call.isSet(flag))
+            definition.texts[flag] = call.text(flag);
+    }
+    definition.isDefault = call.boolean("default", definition.isDefault);
+}
+
+Value define(Runtime &runtime, const Call &call, const std::string &name, bool known)
+{
+    if (known && !call.edit)
+        throw RuntimeError("Run time command \"" + name + "\" exists already.");
+    if (!known && call.edit)
+        throw RuntimeError("Run time command \"" + name + "\" not found.");
+    if (!known)
+        addCommand(runtime, name);
+    RunTimeCommand &definition = runtime.runTimeCommands[name];
+    definition.texts.try_emplace("command");
+    change(definition, call);
+    return name;
+}
+
+Value runTimeCommand(Runtime &runtime, Call &call)
+{
+    if (call.isSet("commandArray") || call.isSet("userCommandArray"))
+        return names(runtime);
+    if (call.isSet("numberOfCommands"))
+        return static_cast<int>(runtime.runTimeCommands.size());
+    const std::string name =
+        call.isSet("exists") ? call.text("exists", call.objects.empty() ? "" : call.objectText(0))
+                             : call.objectText(0);
+    const auto found = runtime.runTimeCommands.find(name);
+    const bool known = found != runtime.runTimeCommands.end();
+    if (call.isSet("exists"))
+        return known ? 1 : 0;
+    if (!call.query && !call.isSet("delete"))
+        return define(runtime, call, name, known);
+    if (!known)
+        throw RuntimeError("Run time command \"" + name + "\" not found.");
+    if (call.query)
+        return answer(found->second, call);
+    runtime.runTimeCommands.erase(found);
+    runtime.commands.remove(name);
+    return {};
+}
+
+const CommandRow rows[] = {
+    {"runTimeCommand",
+     runTimeCommand,
+     {{"ann", "annotation", {ArgumentKind::String}},
+      {"c", "command", {ArgumentKind::Script}},
+      {"ca", "commandArray"},
+      {"cat", "category", {ArgumentKind::String}},
+      {"cl", "commandLanguage", {ArgumentKind::String}},
+      {"d", "default", {ArgumentKind::Boolean}},
+      {"del", "delete"},
+      {"ex", "exists"},
+      {"hc", "hotkeyCtx", {ArgumentKind::String}},
+      {"i", "image", {ArgumentKind::String}},
+      {"k", "keywords", {ArgumentKind::String}},
+      {"l", "label", {ArgumentKind::String}},
+      {"la", "longAnnotation", {ArgumentKind::String}},
+      {"nc", "numberOfCommands"},
+      {"s", "save"},
+      {"she", "showInHotkeyEditor", {ArgumentKind::Boolean}},
+      {"t", "tags", {ArgumentKind::String}},
+      {"uca", "userCommandArray"}},
+     "String",
+     Modes::QueryAndEdit},
+};
+
+} // namespace
+
+CommandRows runTimeCommands()
+{
+    return {rows, std::size(rows)};
+}
+
+} // namespace mel

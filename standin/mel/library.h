@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace mel {
+
+// Procedures that come with the language, written in MEL. Each is compiled when it is first used.
+class Library
+{
+public:
+    struct Script
+    {
+        std::string text;
+        std::string origin; // the path that whatIs names
+    };
+
+    Library();
+
+    const Script *find(const std::string &name) const; // null when there is none of that name
+    std::vector<std::string> names() const;
+    // The text of a procedure that is to be compiled now; gives it out once.
+    std::optional<Script> take(const std::string &name);
+    void put(const std::string &name, const Script &script);
+
+private:
+    std::map<std::string, Script> m_scripts;
+};
+
+} // namespace mel
