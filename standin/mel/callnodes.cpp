@@ -134,8 +134,7 @@ Value LateCall::eval(Frame &frame) const
     if (const ProcedureEntry *known = runtime.knownProcedure(m_name, typed))
         return callProcedure(ProcedurePointer(known->current), frame);
     if (const CommandTable::Pointer command = runtime.commands.find(m_name)) {
-        // Positional functions take arrays whole, where commands get a word for each element.
-        if (!functionsNamed(m_name).empty())
+        if (isFunction(m_name))
             return callBuiltIn(frame);
         std::vector<Value> all = words(frame);
         frame.line = m_line;

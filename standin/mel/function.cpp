@@ -82,6 +82,11 @@ const std::vector<const Function *> &allFunctions()
     return all;
 }
 
+bool isFunction(const std::string &name)
+{
+    return functionMap().count(name) > 0;
+}
+
 std::vector<const Function *> functionsNamed(const std::string &name)
 {
     const auto found = functionMap().find(name);

@@ -57,6 +57,10 @@ struct Function
 // Runs the row that fits, as scripts would. Throws RuntimeError when none does.
 Value callFunctionByName(Runtime &runtime, const std::string &name, std::vector<Value> arguments);
 
+// Whether the name is that of a positional function, which takes arrays whole where commands get a
+// word for each element.
+bool isFunction(const std::string &name);
+
 // All rows of that name; there is one row for each way to call it.
 std::vector<const Function *> functionsNamed(const std::string &name);
 const std::vector<const Function *> &allFunctions();

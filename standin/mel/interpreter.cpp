@@ -3,6 +3,7 @@
 
 #include "standin/mel/callnodes.h"
 #include "standin/mel/commandrun.h"
+#include "standin/mel/function.h"
 #include "standin/mel/nodes.h"
 #include "standin/mel/runtime.h"
 #include "standin/mel/statements.h"
@@ -101,10 +102,12 @@ Value Interpreter::runCommand(const std::string &name, const std::vector<Value> 
     const auto command = m_state->commands.find(name);
     if (!command)
         throw RuntimeError("Cannot find procedure \"" + name + "\".");
+    const Runtime::Execution execution(*m_state);
+    if (isFunction(name))
+        return callFunctionByName(*m_state, name, words);
     std::vector<Value> spread;
     for (const Value &word : words)
         spreadWord(word, spread);
-    const Runtime::Execution execution(*m_state);
     return mel::runCommand(*m_state, *command, std::move(spread));
 }
 
