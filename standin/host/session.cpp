@@ -262,6 +262,11 @@ mel::Outcome Session::sourceFile(const std::string &path)
     return mel().sourceFile(path);
 }
 
+void Session::processIdle()
+{
+    idleQueue().processUntilEmpty();
+}
+
 std::vector<std::string> Session::scriptPath() const
 {
     const QStringList folders = QStringList()
