@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "standin/python/commandwords.h"
 
+#include "standin/python/pycall.h"
 #include "standin/python/values.h"
 
 #include <string>
@@ -146,11 +147,8 @@ bool WordList::add(PyObject *value, mel::ArgumentKind kind)
 // Scripts given from Python are Python, as text or as something to call.
 bool WordList::addScript(PyObject *value)
 {
-    const PyRef utils(PyImport_ImportModule("maya.utils"));
-    if (!utils)
-        return false;
-    const PyRef script(
-        PyObject_CallMethod(utils.get(), "_melScript", "sO", m_command.name.c_str(), value));
+    const PyRef command = textObject(m_command.name);
+    const PyRef script = command ? callUtils("_melScript", {command.get(), value}) : PyRef();
     return script && add(script.get());
 }
 

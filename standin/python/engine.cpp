@@ -5,9 +5,12 @@
 #include "standin/python/exceptiontext.h"
 #include "standin/python/gil.h"
 #include "standin/python/hostmodule.h"
+#include "standin/python/pycall.h"
 #include "standin/python/pycompat.h"
 #include "standin/python/python.h"
 #include "standin/python/values.h"
+
+#include <pythread.h>
 
 #include <cstring>
 
@@ -109,8 +112,6 @@ bool Engine::begin()
 
 bool Engine::prepareModules()
 {
-    if (!addHostModule())
-        return false;
     const PyRef folders = toPython(mel::Value(m_binding.mel.host().scriptPath()));
     return folders && callStartup("begin", folders);
 }
@@ -122,7 +123,8 @@ bool Engine::callStartup(const char *function, const PyRef &argument)
     if (!namespaceOfStartup) {
         const PyRef fresh(Py_BuildValue("{ss}", "__name__", "_standin_startup"));
         const PyRef sources = embeddedSources();
-        if (!fresh || !sources || PyDict_SetItemString(fresh.get(), "sources", sources.get()) != 0)
+        if (!addHostModule() || !fresh || !sources ||
+            PyDict_SetItemString(fresh.get(), "sources", sources.get()) != 0)
             return false;
         PyDict_SetItemString(fresh.get(), "__builtins__", PyEval_GetBuiltins());
         const PyRef done(
@@ -174,17 +176,19 @@ PyRef Engine::run(const std::string &text)
         return PyRef();
     PyObject *globals = PyModule_GetDict(main);
     // Through eval(), the one way to run code that is the same in every version.
-    PyObject *eval = PyDict_GetItemString(PyEval_GetBuiltins(), "eval");
-    return PyRef(PyObject_CallFunctionObjArgs(eval, code.get(), globals, globals, nullptr));
+    return callBuiltin("eval", {code.get(), globals});
 }
 
 PyRef Engine::compile(PyObject *source, const char *mode)
 {
-    PyObject *function = PyDict_GetItemString(PyEval_GetBuiltins(), "compile");
-    const int flags = 0;
-    const int inheritNothing = 1; // of the Python code that may be running below
-    return PyRef(
-        PyObject_CallFunction(function, "Ossii", source, consoleName, mode, flags, inheritNothing));
+    const PyRef name = textObject(consoleName);
+    const PyRef modeName = textObject(mode);
+    const PyRef flags = integerObject(0);
+    if (!name || !modeName || !flags)
+        return PyRef();
+    PyObject *inheritNothing = Py_True; // of the Python code that may be running below
+    return callBuiltin("compile",
+                       {source, name.get(), modeName.get(), flags.get(), inheritNothing});
 }
 
 mel::Outcome Engine::outcomeOf(PyObject *value, bool display)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "standin/python/exceptiontext.h"
 
+#include "standin/python/pycall.h"
 #include "standin/python/pycompat.h"
 #include "standin/python/values.h"
 
@@ -19,12 +20,8 @@ std::string bareName(PyObject *type)
 
 std::string exceptionText(PyObject *type, PyObject *value, PyObject *traceback, bool withTrace)
 {
-    const PyRef utils(PyImport_ImportModule("maya.utils"));
-    PyRef text;
-    if (utils) {
-        text = PyRef(PyObject_CallMethod(utils.get(), "_exceptionText", "OOOO", type, value,
-                                         traceback, withTrace ? Py_True : Py_False));
-    }
+    PyObject *trace = withTrace ? Py_True : Py_False;
+    const PyRef text = callUtils("_exceptionText", {type, value, traceback, trace});
     PyErr_Clear();
     return text && isText(text.get()) ? toUtf8(text.get()) : bareName(type);
 }

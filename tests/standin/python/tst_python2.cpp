@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#include "tests/standin/python/pythontest.h"
+#include "tests/support/testmain.h"
+
+#include <QObject>
+
+// What is different when the host embeds Python 2.7; the other tests expect the texts of Python 3.
+class TestPython2 : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void messages_data();
+    void messages();
+    void commandsReachTheHost();
+};
+
+void TestPython2::messages_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QStringList>("expected");
+
+    QTest::newRow("print-statement") << "print 'a', 1"
+                                     << (QStringList() << "display|a" << "display| " << "display|1"
+                                                       << "display|\\n");
+    QTest::newRow("source-is-utf-8") << QString::fromUtf8("print repr(u'\xC3\xA4')")
+                                     << (QStringList() << "display|u'\\xe4'" << "display|\\n");
+    QTest::newRow("declared-encoding")
+        << QString::fromUtf8("# -*- coding: utf-8 -*-\nprint u'\xC3\xA4'")
+        << (QStringList() << QString::fromUtf8("display|\xC3\xA4") << "display|\\n");
+    QTest::newRow("message-of-another-alphabet")
+        << QString::fromUtf8("raise ValueError(u'\xC3\xA4')")
+        << QStringList(QString::fromUtf8("error|ValueError: file <maya console> line 1: \xC3\xA4"));
+    QTest::newRow("syntax-error")
+        << "print('a'" << QStringList("error|SyntaxError: file <maya console> line 1: "
+                                      "unexpected EOF while parsing");
+}
+
+void TestPython2::messages()
+{
+    QFETCH(QString, text);
+    QFETCH(QStringList, expected);
+    PythonTest python;
+    QVERIFY(python.isStarted());
+    python.run(text);
+    QCOMPARE(python.host.takeMessages().join("\n"), expected.join("\n"));
+}
+
+void TestPython2::commandsReachTheHost()
+{
+    PythonTest python;
+    mel::Command command;
+    command.name = "answer";
+    command.run = [](mel::Call &) -> mel::Value { return 42; };
+    QVERIFY(python.host.interpreter.addCommand(command));
+    python.run("import maya.cmds as cmds, maya.mel as mel, maya.OpenMaya");
+    QCOMPARE(python.value("repr(cmds.answer()), 'answer' in dir(cmds)"), QString("('42', True)"));
+    QCOMPARE(python.value("repr(mel.eval('1 + 2'))"), QString("3"));
+}
+
+CORVANE_TEST_MAIN(TestPython2)
+#include "tst_python2.moc"
