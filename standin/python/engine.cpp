@@ -213,6 +213,8 @@ mel::Outcome Engine::failure(const std::string &error)
 
 mel::Outcome Engine::failureFromException()
 {
+    // An interrupt that has stopped MEL below must not stop the formatting of that error.
+    setInterrupt(nullptr);
     return failure(takeExceptionText(m_binding.mel.settings().stackTrace));
 }
 

@@ -21,19 +21,22 @@ void TestPython2::messages_data()
     QTest::addColumn<QStringList>("expected");
 
     QTest::newRow("print-statement") << "print 'a', 1"
-                                     << (QStringList() << "display|a" << "display| " << "display|1"
+                                     << (QStringList() << "display|a"
+                                                       << "display| "
+                                                       << "display|1"
                                                        << "display|\\n");
     QTest::newRow("source-is-utf-8") << QString::fromUtf8("print repr(u'\xC3\xA4')")
-                                     << (QStringList() << "display|u'\\xe4'" << "display|\\n");
+                                     << (QStringList() << "display|u'\\xe4'"
+                                                       << "display|\\n");
     QTest::newRow("declared-encoding")
         << QString::fromUtf8("# -*- coding: utf-8 -*-\nprint u'\xC3\xA4'")
         << (QStringList() << QString::fromUtf8("display|\xC3\xA4") << "display|\\n");
     QTest::newRow("message-of-another-alphabet")
         << QString::fromUtf8("raise ValueError(u'\xC3\xA4')")
         << QStringList(QString::fromUtf8("error|ValueError: file <maya console> line 1: \xC3\xA4"));
-    QTest::newRow("syntax-error")
-        << "print('a'" << QStringList("error|SyntaxError: file <maya console> line 1: "
-                                      "unexpected EOF while parsing");
+    QTest::newRow("syntax-error") << "print('a'"
+                                  << QStringList("error|SyntaxError: file <maya console> line 1: "
+                                                 "unexpected EOF while parsing");
 }
 
 void TestPython2::messages()
