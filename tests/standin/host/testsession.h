@@ -2,7 +2,7 @@
 #pragma once
 
 #include "standin/host/session.h"
-#include "tests/support/temporaryfolder.h"
+#include "tests/support/scratchdir.h"
 
 #include <maya/MMessage.h>
 
@@ -21,7 +21,7 @@ public:
 
     standin::Session *operator->() { return m_session.get(); }
     standin::Session &operator*() { return *m_session; }
-    TemporaryFolder &folder() { return m_folder; }
+    ScratchDir &folder() { return m_folder; }
 
     // Ends the session and starts another one with the same user folder.
     void restart();
@@ -38,7 +38,7 @@ private:
     void start();
     void stop();
 
-    TemporaryFolder m_folder;
+    ScratchDir m_folder;
     standin::SessionOptions m_options;
     std::unique_ptr<standin::Session> m_session;
     QStringList m_messages;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "standin/host/optionvars.h"
-#include "tests/support/temporaryfolder.h"
+#include "tests/support/scratchdir.h"
 #include "tests/standin/host/testsession.h"
 #include "tests/support/testmain.h"
 
@@ -55,7 +55,7 @@ void TestOptionVars::valuesSurviveARestart_data()
 void TestOptionVars::valuesSurviveARestart()
 {
     QFETCH(mel::Value, value);
-    const TemporaryFolder folder;
+    const ScratchDir folder;
     const QString file = folder.file("userPrefs.mel");
     OptionVars written(file);
     written.set("a \"name\"", value);
@@ -82,7 +82,7 @@ void TestOptionVars::theFileIsReadAndNeverRun()
 
 void TestOptionVars::damagedFilesAreReadAsFarAsTheyGo()
 {
-    const TemporaryFolder folder;
+    const ScratchDir folder;
     const OptionVars vars(folder.write(
         "p.mel", "optionVar -iv \"good\" 1;\noptionVar -iv;\noptionVar -sv \"cut\" \"text\\"));
     QVERIFY(areSame(vars.value("good"), mel::Value(1)));

@@ -5,6 +5,8 @@
 
 #include <maya/MTypes.h>
 
+#include <QDir>
+
 using standin::ModuleFolders;
 using standin::parseModules;
 
@@ -74,8 +76,11 @@ void TestSearchPath::modulesGiveTheirFolders()
 void TestSearchPath::scriptsOfModulesAndPathsAreFound()
 {
     TestSession session;
+    QVERIFY(QDir(session.folder().path()).mkpath("modules"));
     session.folder().write("modules/it.mod", "+ it 1.0 ../it");
+    QVERIFY(QDir(session.folder().path()).mkpath("it/scripts"));
     session.folder().write("it/scripts/fromModule.mel", "print 7;");
+    QVERIFY(QDir(session.folder().path()).mkpath("own"));
     session.folder().write("own/fromPath.mel", "print 8;");
     qputenv("MAYA_MODULE_PATH", session.folder().file("modules").toUtf8());
     qputenv("MAYA_SCRIPT_PATH", "/nowhere:" + session.folder().file("own").toUtf8());
@@ -87,7 +92,8 @@ void TestSearchPath::scriptsOfModulesAndPathsAreFound()
 
 void TestSearchPath::plugInsAreFoundByName()
 {
-    const TemporaryFolder folder;
+    const ScratchDir folder;
+    QVERIFY(QDir(folder.path()).mkpath("bin"));
     const QString file = folder.write("bin/thing.so", "");
     qputenv("MAYA_PLUG_IN_PATH", folder.file("bin").toUtf8());
     QCOMPARE(standin::pluginFile("thing"), file);
