@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#include "compat/picture.h"
+
+#include <QPixmap>
+#include <QWidget>
+#include <QtGlobal>
+
+namespace compat {
+
+QPixmap pictureOf(QWidget *widget)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
+    return widget->grab();
+#else
+    return QPixmap::grabWidget(widget);
+#endif
+}
+
+} // namespace compat
