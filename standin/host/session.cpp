@@ -69,6 +69,7 @@ struct Session::Parts
     std::optional<PluginLoader> loader;
     std::unique_ptr<PythonEngine> python;
     InterfaceLookup *lookup = nullptr;
+    std::function<bool()> interruptCheck;
     int runningTexts = 0;
     bool errorSeen = false;
     bool hasQuit = false;
@@ -190,6 +191,16 @@ void Session::interrupt()
     mel().interrupt();
     if (m_parts->python)
         m_parts->python->interrupt();
+}
+
+void Session::setInterruptCheck(std::function<bool()> check)
+{
+    m_parts->interruptCheck = std::move(check);
+}
+
+bool Session::interruptRequested()
+{
+    return m_parts->interruptCheck && m_parts->interruptCheck();
 }
 
 void Session::message(mel::MessageKind kind, const std::string &text)

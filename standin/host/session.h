@@ -9,6 +9,7 @@
 #include <QObject>
 #include <QString>
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -63,6 +64,8 @@ public:
 
     // Stops whatever script is running. From any thread.
     void interrupt();
+    // Asked now and then while MEL runs; an answer of true stops it.
+    void setInterruptCheck(std::function<bool()> check);
 
     bool errorSeen() const; // any Error message so far
 
@@ -71,6 +74,7 @@ public:
     void deferMel(const std::string &text, mel::IdlePriority priority) override;
     std::vector<std::string> deferredMel() const override;
     std::vector<std::string> scriptPath() const override;
+    bool interruptRequested() override;
 
     // The API libraries' view; C++ of the host itself uses it as well. From another thread,
     // output() delivers its message when the main thread gets to it.
