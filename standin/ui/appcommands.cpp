@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+#include "standin/ui/interfacecommands.h"
+
+#include "standin/host/session.h"
+#include "standin/mel/command.h"
+#include "standin/ui/userinterface.h"
+#include "standin/ui/utf8.h"
+
+#include <QApplication>
+#include <QWidget>
+
+namespace standin {
+
+namespace {
+
+using mel::ArgumentKind;
+using mel::Value;
+
+Value openScriptEditor(UserInterface &ui, const mel::Call &)
+{
+    ui.openScriptEditor();
+    return {};
+}
+
+// Opens no browser: the page is named in the help line.
+Value showHelp(UserInterface &ui, const mel::Call &call)
+{
+    static const char documentationRoot[] =
+        "https://help.autodesk.com/cloudhelp/2016/ENU/Maya-Tech-Docs/";
+    const QString page = toQt(call.objects.empty() ? "index.html" : call.objectText(0));
+    if (call.isSet("absolute"))
+        ui.showDocumentation(page);
+    else if (call.isSet("docs") || call.objects.empty())
+        ui.showDocumentation(documentationRoot + page);
+    else
+        ui.showDocumentation(QString(documentationRoot) + "index.html?topic=" + page);
+    return {};
+}
+
+// Windows are painted anew; input stays waiting until the script is done.
+Value refresh(UserInterface &, const mel::Call &)
+{
+    QApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    for (QWidget *widget : QApplication::topLevelWidgets()) {
+        if (widget->isVisible())
+            widget->repaint();
+    }
+    return {};
+}
+
+Value waitCursor(UserInterface &, const mel::Call &call)
+{
+    if (call.query)
+        return int(QApplication::overrideCursor() != nullptr);
+    if (call.boolean("state"))
+        QApplication::setOverrideCursor(QCursor(Qt::WaitCursor));
+    else
+        QApplication::restoreOverrideCursor();
+    return {};
+}
+
+struct CommandRow
+{
+    mel::Command command;
+    Value (*run)(UserInterface &, const mel::Call &);
+};
+
+mel::Command command(const char *name, std::vector<mel::Flag> flags = {})
+{
+    mel::Command made;
+    made.name = name;
+    made.flags = std::move(flags);
+    return made;
+}
+
+} // namespace
+
+void addAppCommands(UserInterface &ui)
+{
+    CommandRow rows[] = {
+        {command("ScriptEditor"), openScriptEditor},
+        {command("showHelp",
+                 {{"d", "docs"}, {"a", "absolute"}, {"ht", "helpTable"}, {"v", "version"}}),
+         showHelp},
+        {command("refresh", {{"f", "force"}, {"cv", "currentView"}}), refresh},
+        {command("waitCursor", {{"st", "state", {ArgumentKind::Boolean}}}), waitCursor},
+    };
+    rows[0].command.kind = mel::CommandKind::RunTimeCommand;
+    rows[3].command.queryable = true;
+    for (CommandRow &row : rows) {
+        row.command.run = [&ui, run = row.run](mel::Call &call) { return run(ui, call); };
+        ui.session().mel().addCommand(row.command);
+    }
+}
+
+} // namespace standin

@@ -1,0 +1,181 @@
+// SPDX-License-Identifier: MIT
+#include "standin/ui/elementtree.h"
+
+#include "standin/mel/command.h"
+#include "standin/ui/utf8.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QWidget>
+
+#include <algorithm>
+
+namespace standin {
+
+namespace {
+
+// Names are used as bare words of scripts.
+std::string asWord(std::string name)
+{
+    for (char &c : name) {
+        const bool isWordCharacter =
+            (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
+        if (!isWordCharacter)
+            c = '_';
+    }
+    if (!name.empty() && name[0] >= '0' && name[0] <= '9')
+        name.insert(0, "_");
+    return name;
+}
+
+bool endsWithPath(const std::string &path, const std::string &tail)
+{
+    if (tail.size() > path.size() ||
+        path.compare(path.size() - tail.size(), tail.size(), tail) != 0)
+        return false;
+    return tail.size() == path.size() || path[path.size() - tail.size() - 1] == '|';
+}
+
+void appendAll(const std::vector<std::unique_ptr<Element>> &children,
+               std::vector<Element *> &elements)
+{
+    for (const std::unique_ptr<Element> &child : children) {
+        elements.push_back(child.get());
+        appendAll(child->children, elements);
+    }
+}
+
+} // namespace
+
+std::string Element::text(const std::string &key) const
+{
+    const auto found = texts.find(key);
+    return found == texts.end() ? std::string() : found->second;
+}
+
+QWidget *Element::widget() const
+{
+    return qobject_cast<QWidget *>(object);
+}
+
+QMenu *Element::menu() const
+{
+    return qobject_cast<QMenu *>(object);
+}
+
+QAction *Element::action() const
+{
+    return menu() ? menu()->menuAction() : qobject_cast<QAction *>(object);
+}
+
+ElementTree::Children &ElementTree::siblings(const Element *parent)
+{
+    return parent ? const_cast<Element *>(parent)->children : m_windows;
+}
+
+bool ElementTree::isTaken(const std::string &name, const Element *parent)
+{
+    const auto range = m_byName.equal_range(name);
+    return std::any_of(range.first, range.second,
+                       [parent](const auto &entry) { return entry.second->parent == parent; });
+}
+
+std::string ElementTree::freeName(const std::string &type)
+{
+    std::string name;
+    do {
+        name = type + std::to_string(++m_lastNumbers[type]);
+    } while (m_byName.count(name) > 0);
+    return name;
+}
+
+Element &ElementTree::add(ElementKind kind, const std::string &type, const std::string &name,
+                          Element *parent, QObject *object)
+{
+    const std::string word = name.empty() ? freeName(type) : asWord(name);
+    if (isTaken(word, parent))
+        throw mel::RuntimeError("Object's name '" + word + "' is not unique.");
+    siblings(parent).push_back(
+        std::make_unique<Element>(Element{kind, type, word, parent, object}));
+    Element &element = *siblings(parent).back();
+    m_byName.emplace(word, &element);
+    m_byObject.insert(object, &element);
+    object->setObjectName(toQt(word));
+    connect(object, SIGNAL(destroyed(QObject *)), SLOT(forget(QObject *)));
+    return element;
+}
+
+Element *ElementTree::find(const std::string &name) const
+{
+    const size_t bar = name.rfind('|');
+    const auto range = m_byName.equal_range(bar == std::string::npos ? name : name.substr(bar + 1));
+    for (auto entry = range.first; entry != range.second; ++entry) {
+        if (endsWithPath(path(*entry->second), name))
+            return entry->second;
+    }
+    return nullptr;
+}
+
+std::string ElementTree::path(const Element &element)
+{
+    return element.parent ? path(*element.parent) + "|" + element.name : element.name;
+}
+
+bool ElementTree::isWithin(const Element *element, const Element &ancestor)
+{
+    while (element && element != &ancestor)
+        element = element->parent;
+    return element != nullptr;
+}
+
+std::vector<Element *> ElementTree::all() const
+{
+    std::vector<Element *> elements;
+    appendAll(m_windows, elements);
+    return elements;
+}
+
+void ElementTree::unregister(const Element &element)
+{
+    for (const std::unique_ptr<Element> &child : element.children)
+        unregister(*child);
+    const auto range = m_byName.equal_range(element.name);
+    m_byName.erase(std::find_if(range.first, range.second,
+                                [&](const auto &entry) { return entry.second == &element; }));
+    m_byObject.remove(element.object);
+    element.object->disconnect(this);
+}
+
+void ElementTree::takeOut(Element &element)
+{
+    if (isWithin(m_currentParent, element))
+        m_currentParent = element.parent;
+    if (isWithin(m_currentMenu, element))
+        m_currentMenu = nullptr;
+    unregister(element);
+    const QString pathOfElement = toQt(path(element));
+    Children &children = siblings(element.parent);
+    children.erase(std::find_if(children.begin(), children.end(),
+                                [&](const auto &child) { return child.get() == &element; }));
+    emit removed(pathOfElement);
+}
+
+void ElementTree::remove(Element &element)
+{
+    QObject *object = element.object;
+    QAction *action = element.action();
+    if (QWidget *widget = element.widget())
+        widget->hide();
+    takeOut(element);
+    if (action)
+        action->setVisible(false);
+    object->deleteLater();
+}
+
+void ElementTree::forget(QObject *object)
+{
+    if (Element *element = m_byObject.value(object))
+        takeOut(*element);
+}
+
+} // namespace standin

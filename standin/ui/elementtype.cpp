@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: MIT
+#include "standin/ui/elementtype.h"
+
+#include "standin/host/session.h"
+#include "standin/ui/placement.h"
+#include "standin/ui/userinterface.h"
+#include "standin/ui/utf8.h"
+
+#include <QWidget>
+
+namespace standin {
+
+namespace {
+
+using mel::ArgumentKind;
+using mel::RuntimeError;
+using mel::Value;
+
+Element &target(UserInterface &ui, const ElementType &type, const mel::Call &call)
+{
+    const std::string name = call.objectText(0);
+    Element *element = ui.tree().find(name);
+    const bool isAccepted =
+        element && (type.accepts ? type.accepts(*element) : element->type == type.command);
+    if (!isAccepted)
+        throw RuntimeError("Object '" + name + "' not found.");
+    return *element;
+}
+
+void apply(UserInterface &ui, const ElementType &type, Element &element, const mel::Call &call)
+{
+    for (const Attributes *attributes : type.attributes) {
+        for (const Attribute &attribute : *attributes) {
+            const char *flag = attribute.flag.longName.c_str();
+            if (attribute.set && call.isSet(flag))
+                attribute.set(element, Argument{call, flag, ui});
+        }
+    }
+}
+
+Value ask(UserInterface &ui, const ElementType &type, const Element &element, const mel::Call &call)
+{
+    for (const Attributes *attributes : type.attributes) {
+        for (const Attribute &attribute : *attributes) {
+            if (attribute.get && call.isSet(attribute.flag.longName.c_str()))
+                return attribute.get(element, ui);
+        }
+    }
+    if (call.isSet("parent"))
+        return element.parent ? ElementTree::path(*element.parent) : std::string();
+    throw RuntimeError("No flag to query on call to " + call.command + ".");
+}
+
+int exists(UserInterface &ui, const ElementType &type, const std::string &name)
+{
+    const Element *element = ui.tree().find(name);
+    if (!element)
+        return 0;
+    return (type.accepts ? type.accepts(*element) : element->type == type.command) ? 1 : 0;
+}
+
+Value create(UserInterface &ui, const ElementType &type, const mel::Call &call)
+{
+    if (!type.create)
+        throw RuntimeError("Command " + call.command + " needs -exists, -edit or -query.");
+    Element *parent = parentFor(ui, type.kind, call);
+    const std::string name = call.objects.empty() ? std::string() : call.objectText(0);
+    QObject *object = type.create(ui, parent, call);
+    Element *element = nullptr;
+    try {
+        element = &ui.tree().add(type.kind, type.command, name, parent, object);
+    } catch (...) {
+        delete object;
+        throw;
+    }
+    apply(ui, type, *element, call);
+    if (type.connect)
+        type.connect(ui, *element);
+    place(ui, *element);
+    return ElementTree::path(*element);
+}
+
+Value run(UserInterface &ui, const ElementType &type, const mel::Call &call)
+{
+    if (call.isSet("exists"))
+        return exists(ui, type,
+                      call.text("exists", call.objects.empty() ? "" : call.objectText(0)));
+    if (call.query)
+        return ask(ui, type, target(ui, type, call), call);
+    if (!call.edit)
+        return create(ui, type, call);
+    Element &element = target(ui, type, call);
+    apply(ui, type, element, call);
+    return ElementTree::path(element);
+}
+
+} // namespace
+
+QString Argument::text(size_t at) const
+{
+    return toQt(utf8(at));
+}
+
+void addElementCommand(UserInterface &ui, const ElementType &type)
+{
+    mel::Command command;
+    command.name = type.command;
+    command.queryable = true;
+    command.editable = true;
+    command.objectSynopsis = "[String]";
+    command.flags = {{"ex", "exists"}, {"p", "parent", {ArgumentKind::String}}};
+    for (const Attributes *attributes : type.attributes) {
+        for (const Attribute &attribute : *attributes)
+            command.flags.push_back(attribute.flag);
+    }
+    command.run = [&ui, &type](mel::Call &call) { return run(ui, type, call); };
+    ui.session().mel().addCommand(command);
+}
+
+const Attributes &widgetAttributes()
+{
+    static const Attributes attributes = {
+        {{"ann", "annotation", {ArgumentKind::String}},
+         [](Element &e, const Argument &given) {
+             e.widget()->setToolTip(given.text());
+             e.widget()->setStatusTip(given.text());
+         },
+         [](const Element &e, UserInterface &) -> Value { return toUtf8(e.widget()->toolTip()); }},
+        {{"en", "enable", {ArgumentKind::Boolean}},
+         [](Element &e, const Argument &given) { e.widget()->setEnabled(given.isOn()); },
+         [](const Element &e, UserInterface &) -> Value { return int(e.widget()->isEnabled()); }},
+        {{"vis", "visible", {ArgumentKind::Boolean}},
+         [](Element &e, const Argument &given) { e.widget()->setVisible(given.isOn()); },
+         [](const Element &e, UserInterface &) -> Value { return int(!e.widget()->isHidden()); }},
+        {{"w", "width", {ArgumentKind::Int}},
+         [](Element &e, const Argument &given) { setWidth(*e.widget(), given.number()); },
+         [](const Element &e, UserInterface &) -> Value { return e.widget()->width(); }},
+        {{"h", "height", {ArgumentKind::Int}},
+         [](Element &e, const Argument &given) { setHeight(*e.widget(), given.number()); },
+         [](const Element &e, UserInterface &) -> Value { return e.widget()->height(); }},
+    };
+    return attributes;
+}
+
+} // namespace standin

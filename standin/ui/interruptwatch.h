@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QElapsedTimer>
+#include <QObject>
+#include <QPointer>
+
+#include <memory>
+#include <utility>
+#include <vector>
+
+class QEvent;
+class QKeyEvent;
+
+namespace standin {
+
+// Lets Esc stop a script that keeps the main thread busy. Asked now and then by the interpreter, it
+// lets events in through a filter: paint events pass, timers and sockets wait (they come again by
+// themselves), keys are kept until the script is done, and the mouse is ignored. So nothing that
+// could run a second script in the middle of the first one is ever dispatched.
+class InterruptWatch : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit InterruptWatch(QObject *parent = nullptr);
+    ~InterruptWatch() override;
+
+    // Whether Esc was pressed. Looks at most ten times a second.
+    bool interruptRequested();
+
+protected:
+    bool eventFilter(QObject *object, QEvent *event) override;
+
+private slots:
+    void replayKeys();
+
+private:
+    void keepKey(QObject *receiver, const QKeyEvent &event);
+
+    using KeptKey = std::pair<QPointer<QObject>, std::unique_ptr<QKeyEvent>>;
+
+    QElapsedTimer m_sinceLastLook;
+    bool m_isLooking = false;
+    bool m_escapePressed = false;
+    std::vector<KeptKey> m_keys;
+};
+
+} // namespace standin

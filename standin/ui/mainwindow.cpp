@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#include "standin/ui/mainwindow.h"
+
+#include "standin/ui/commandline.h"
+#include "standin/ui/viewport.h"
+
+#include <QCloseEvent>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QStatusBar>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+namespace standin {
+
+namespace {
+
+const int shelfHeight = 76;
+
+} // namespace
+
+MainWindow::MainWindow() : m_shelf(new QTabWidget), m_commandLine(new CommandLine)
+{
+    setWindowTitle("Maya Stand-in 2016");
+    resize(1120, 720);
+    m_shelf->setFixedHeight(shelfHeight);
+    m_shelf->setDocumentMode(true);
+    QWidget *contents = new QWidget;
+    QVBoxLayout *layout = new QVBoxLayout(contents);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(m_shelf);
+    layout->addWidget(new Viewport, 1);
+    layout->addWidget(m_commandLine);
+    setCentralWidget(contents);
+    // The plug-in's own menus never go to a screen-wide bar, which would hide the window's.
+    menuBar()->setNativeMenuBar(false);
+    statusBar()->setSizeGripEnabled(false);
+    m_commandLine->input()->setFocus();
+}
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    event->ignore();
+    emit closeRequested();
+}
+
+} // namespace standin

@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: MIT
+#include "standin/ui/interfacecommands.h"
+
+#include "standin/ui/elementtype.h"
+#include "standin/ui/icons.h"
+#include "standin/ui/userinterface.h"
+#include "standin/ui/utf8.h"
+
+#include <QAction>
+#include <QMenu>
+
+namespace standin {
+
+namespace {
+
+using mel::ArgumentKind;
+using mel::Value;
+
+QObject *makeMenu(UserInterface &, Element *, const mel::Call &)
+{
+    return new QMenu;
+}
+
+QObject *makeMenuItem(UserInterface &ui, Element *, const mel::Call &call)
+{
+    if (call.boolean("subMenu"))
+        return new QMenu(ui.mainWindow());
+    QAction *action = new QAction(ui.mainWindow());
+    action->setSeparator(call.boolean("divider"));
+    return action;
+}
+
+void setLabel(Element &element, const Argument &given)
+{
+    element.texts["label"] = given.utf8();
+    // Shown as it is: an ampersand would underline what follows it.
+    element.action()->setText(given.text().replace("&", "&&"));
+}
+
+// Deliberate: an item without a label answers with an empty text, whatever it is; scripts ask every
+// item of a menu.
+Value label(const Element &element, UserInterface &)
+{
+    return element.text("label");
+}
+
+Value itemNames(const Element &element, UserInterface &)
+{
+    mel::StringArray names;
+    for (const auto &child : element.children)
+        names.push_back(child->name);
+    return names;
+}
+
+void setTearOff(Element &element, const Argument &given)
+{
+    if (QMenu *menu = element.menu())
+        menu->setTearOffEnabled(given.isOn());
+}
+
+const Attributes labels = {
+    {{"l", "label", {ArgumentKind::String}}, setLabel, label},
+    {{"en", "enable", {ArgumentKind::Boolean}},
+     [](Element &e, const Argument &given) { e.action()->setEnabled(given.isOn()); },
+     [](const Element &e, UserInterface &) -> Value { return int(e.action()->isEnabled()); }},
+    {{"vis", "visible", {ArgumentKind::Boolean}},
+     [](Element &e, const Argument &given) { e.action()->setVisible(given.isOn()); },
+     [](const Element &e, UserInterface &) -> Value { return int(e.action()->isVisible()); }},
+    {{"to", "tearOff", {ArgumentKind::Boolean}}, setTearOff},
+    {{"aob", "allowOptionBoxes", {ArgumentKind::Boolean}}},
+    STANDIN_KEPT_TEXT("pmc", "postMenuCommand"),
+};
+
+const Attributes contents = {
+    {{"ia", "itemArray"}, nullptr, itemNames},
+    {{"ni", "numberOfItems"},
+     nullptr,
+     [](const Element &e, UserInterface &) -> Value { return int(e.children.size()); }},
+    {{"dai", "deleteAllItems"},
+     [](Element &e, const Argument &given) {
+         while (!e.children.empty())
+             given.ui.tree().remove(*e.children.back());
+     }},
+};
+
+const Attributes itemAttributes = {
+    STANDIN_KEPT_TEXT("c", "command"),
+    STANDIN_KEPT_TEXT("stp", "sourceType"),
+    {{"d", "divider", {ArgumentKind::Boolean}},
+     nullptr,
+     [](const Element &e, UserInterface &) -> Value { return int(e.action()->isSeparator()); }},
+    {{"sm", "subMenu", {ArgumentKind::Boolean}},
+     nullptr,
+     [](const Element &e, UserInterface &) -> Value { return int(e.menu() != nullptr); }},
+    {{"ann", "annotation", {ArgumentKind::String}},
+     [](Element &e, const Argument &given) { e.action()->setStatusTip(given.text()); },
+     [](const Element &e, UserInterface &) -> Value { return toUtf8(e.action()->statusTip()); }},
+    {{"cb", "checkBox", {ArgumentKind::Boolean}},
+     [](Element &e, const Argument &given) {
+         e.action()->setCheckable(true);
+         e.action()->setChecked(given.isOn());
+     },
+     [](const Element &e, UserInterface &) -> Value { return int(e.action()->isChecked()); }},
+    {{"i", "image", {ArgumentKind::String}},
+     [](Element &e, const Argument &given) { e.action()->setIcon(iconNamed(given.text())); }},
+};
+
+void connectMenu(UserInterface &ui, Element &element)
+{
+    if (element.menu())
+        QObject::connect(element.object, SIGNAL(aboutToShow()), &ui, SLOT(runPostMenuCommand()));
+    else
+        QObject::connect(element.object, SIGNAL(triggered(bool)), &ui,
+                         SLOT(runCommandWithState(bool)));
+}
+
+bool isMenuOrItem(const Element &element)
+{
+    return element.kind == ElementKind::Menu || element.kind == ElementKind::MenuItem;
+}
+
+bool isItem(const Element &element)
+{
+    return element.kind == ElementKind::MenuItem;
+}
+
+const ElementType types[] = {
+    {"menu", ElementKind::Menu, makeMenu, connectMenu, {&labels, &contents}, isMenuOrItem},
+    {"menuItem",
+     ElementKind::MenuItem,
+     makeMenuItem,
+     connectMenu,
+     {&labels, &itemAttributes},
+     isItem},
+};
+
+} // namespace
+
+void addMenuCommands(UserInterface &ui)
+{
+    for (const ElementType &type : types)
+        addElementCommand(ui, type);
+}
+
+} // namespace standin

@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QWidget>
+
+namespace standin {
+
+class UserInterface;
+
+// The host's own small script editor: the history above, an input per language below.
+class ScriptEditorWindow : public QWidget
+{
+public:
+    explicit ScriptEditorWindow(UserInterface &ui, QWidget *parent);
+};
+
+} // namespace standin

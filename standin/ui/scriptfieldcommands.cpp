@@ -1,0 +1,199 @@
+// SPDX-License-Identifier: MIT
+#include "standin/ui/interfacecommands.h"
+
+#include "standin/host/session.h"
+#include "standin/ui/elementtype.h"
+#include "standin/ui/executerfield.h"
+#include "standin/ui/reporterfield.h"
+#include "standin/ui/userinterface.h"
+#include "standin/ui/utf8.h"
+
+#include <QTextCursor>
+
+namespace standin {
+
+namespace {
+
+using mel::ArgumentKind;
+using mel::Value;
+using Suppressed = OutputHistory::Suppressed;
+
+QPlainTextEdit *field(const Element &element)
+{
+    return qobject_cast<QPlainTextEdit *>(element.object);
+}
+
+QObject *makeReporter(UserInterface &ui, Element *, const mel::Call &)
+{
+    return new ReporterField(ui);
+}
+
+QObject *makeExecuter(UserInterface &ui, Element *, const mel::Call &)
+{
+    return new ExecuterField(ui.session());
+}
+
+// A switch of the whole session, whichever reporter sets it.
+template <bool mel::Settings::*member>
+Attribute sessionSwitch(const char *shortName, const char *longName)
+{
+    return {{shortName, longName, {ArgumentKind::Boolean}},
+            [](Element &, const Argument &given) {
+                given.ui.session().mel().settings().*member = given.isOn();
+            },
+            [](const Element &, UserInterface &ui) -> Value {
+                return int(ui.session().mel().settings().*member);
+            }};
+}
+
+template <bool Suppressed::*member>
+Attribute suppression(const char *shortName, const char *longName)
+{
+    return {{shortName, longName, {ArgumentKind::Boolean}},
+            [](Element &, const Argument &given) {
+                given.ui.session().history().suppressed().*member = given.isOn();
+            },
+            [](const Element &, UserInterface &ui) -> Value {
+                return int(ui.session().history().suppressed().*member);
+            }};
+}
+
+Attribute action(const char *shortName, const char *longName,
+                 void (*set)(Element &, const Argument &))
+{
+    return {{shortName, longName}, set};
+}
+
+void setFilter(Element &element, const Argument &given)
+{
+    element.texts[given.flag] = given.utf8();
+    std::optional<Language> language;
+    if (given.utf8() == "mel")
+        language = Language::Mel;
+    else if (given.utf8() == "python")
+        language = Language::Python;
+    qobject_cast<ReporterField *>(element.object)->setFilter(language);
+}
+
+// -select FIRST LENGTH, in characters.
+void select(Element &element, const Argument &given)
+{
+    const int last = field(element)->toPlainText().size();
+    QTextCursor cursor = field(element)->textCursor();
+    const int first = qBound(0, given.number(0), last);
+    cursor.setPosition(first);
+    cursor.setPosition(qBound(first, first + given.number(1), last), QTextCursor::KeepAnchor);
+    field(element)->setTextCursor(cursor);
+}
+
+// What reporters and executers have in common.
+const Attributes &textAttributes()
+{
+    static const Attributes attributes = {
+        {{"t", "text", {ArgumentKind::String}},
+         [](Element &e, const Argument &given) { field(e)->setPlainText(given.text()); },
+         [](const Element &e, UserInterface &) -> Value {
+             return toUtf8(field(e)->toPlainText());
+         }},
+        {{"tl", "textLength"},
+         nullptr,
+         [](const Element &e, UserInterface &) -> Value {
+             return int(field(e)->toPlainText().size());
+         }},
+        action("clr", "clear", [](Element &e, const Argument &) { field(e)->clear(); }),
+        action("cp", "copySelection", [](Element &e, const Argument &) { field(e)->copy(); }),
+        action("ct", "cutSelection", [](Element &e, const Argument &) { field(e)->cut(); }),
+        action("pst", "pasteSelection", [](Element &e, const Argument &) { field(e)->paste(); }),
+        action("sla", "selectAll", [](Element &e, const Argument &) { field(e)->selectAll(); }),
+        {{"sl", "select", {ArgumentKind::Int, ArgumentKind::Int}}, select},
+        {{"hf", "hasFocus"},
+         nullptr,
+         [](const Element &e, UserInterface &) -> Value { return int(field(e)->hasFocus()); }},
+        STANDIN_KEPT_TEXT("rfc", "receiveFocusCommand"),
+    };
+    return attributes;
+}
+
+void saveSelectionToShelf(Element &element, const Argument &given)
+{
+    QString text = field(element)->textCursor().selectedText();
+    text.replace(QChar::ParagraphSeparator, '\n');
+    const int isMel = element.text("sourceType") == "python" ? 0 : 1;
+    given.ui.session().mel().call("scriptToShelf",
+                                  {std::string(isMel ? "MEL" : "Py"), toUtf8(text), isMel});
+}
+
+const Attributes &reporterAttributes()
+{
+    static const Attributes attributes = {
+        {{"fst", "filterSourceType", {ArgumentKind::String}},
+         setFilter,
+         [](const Element &e, UserInterface &) -> Value { return e.text("filterSourceType"); }},
+        sessionSwitch<&mel::Settings::echoCommands>("eac", "echoAllCommands"),
+        sessionSwitch<&mel::Settings::lineNumbers>("ln", "lineNumbers"),
+        sessionSwitch<&mel::Settings::stackTrace>("st", "stackTrace"),
+        suppression<&Suppressed::errors>("se", "suppressErrors"),
+        suppression<&Suppressed::info>("si", "suppressInfo"),
+        suppression<&Suppressed::results>("sr", "suppressResults"),
+        suppression<&Suppressed::warnings>("sw", "suppressWarnings"),
+        STANDIN_KEPT_TEXT("sst", "suppressStackTrace"),
+        STANDIN_KEPT_TEXT("svs", "saveSelection"),
+        action("sts", "saveSelectionToShelf", saveSelectionToShelf),
+    };
+    return attributes;
+}
+
+ExecuterField *executer(const Element &element)
+{
+    return qobject_cast<ExecuterField *>(element.object);
+}
+
+const Attributes &executerAttributes()
+{
+    static const Attributes attributes = {
+        {{"stp", "sourceType", {ArgumentKind::String}},
+         [](Element &e, const Argument &given) {
+             e.texts["sourceType"] = given.utf8();
+             executer(e)->setLanguage(given.utf8() == "python" ? Language::Python : Language::Mel);
+         },
+         [](const Element &e, UserInterface &) -> Value {
+             return executer(e)->language() == Language::Python ? "python" : "mel";
+         }},
+        action("exc", "execute", [](Element &e, const Argument &) { executer(e)->execute(); }),
+        action("exa", "executeAll",
+               [](Element &e, const Argument &) { executer(e)->executeAll(); }),
+        action("sts", "saveSelectionToShelf", saveSelectionToShelf),
+        {{"it", "insertText", {ArgumentKind::String}},
+         [](Element &e, const Argument &given) { executer(e)->insertPlainText(given.text()); }},
+    };
+    return attributes;
+}
+
+const std::vector<ElementType> &fieldTypes()
+{
+    static const ElementKind control = ElementKind::Control;
+    static const Attributes &all = widgetAttributes();
+    static const std::vector<ElementType> types = {
+        {"cmdScrollFieldReporter",
+         control,
+         makeReporter,
+         nullptr,
+         {&reporterAttributes(), &textAttributes(), &all}},
+        {"cmdScrollFieldExecuter",
+         control,
+         makeExecuter,
+         nullptr,
+         {&executerAttributes(), &textAttributes(), &all}},
+    };
+    return types;
+}
+
+} // namespace
+
+void addScriptFieldCommands(UserInterface &ui)
+{
+    for (const ElementType &type : fieldTypes())
+        addElementCommand(ui, type);
+}
+
+} // namespace standin

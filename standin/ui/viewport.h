@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QWidget>
+
+namespace standin {
+
+// Where the host would show a scene: an empty ground grid in perspective.
+class Viewport : public QWidget
+{
+public:
+    explicit Viewport(QWidget *parent = nullptr);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+};
+
+} // namespace standin
