@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: MIT
+#include "standin/program/program.h"
+
+#include "standin/host/idlequeue.h"
+#include "standin/host/pluginloader.h"
+#include "standin/host/session.h"
+#include "standin/program/editorsteps.h"
+#include "standin/program/locations.h"
+#include "standin/python/python.h"
+#include "standin/ui/mainwindow.h"
+#include "standin/ui/userinterface.h"
+#include "standin/ui/utf8.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QTimer>
+
+#include <cstdio>
+
+namespace standin {
+
+namespace {
+
+const char *const kindNames[] = {"history", "display", "info", "warning",
+                                 "error",   "result",  "trace"};
+
+SessionOptions sessionOptions(const ProgramOptions &options)
+{
+    SessionOptions made;
+    made.batch = options.batch;
+    made.closingMarks = options.closingMarks;
+    made.userDirectory =
+        options.userDirectory.isEmpty() ? defaultUserDirectory() : options.userDirectory;
+    return made;
+}
+
+} // namespace
+
+Program::Program(const ProgramOptions &options)
+    : m_options(options), m_session(std::make_unique<Session>(sessionOptions(options)))
+{
+    if (options.log)
+        connect(m_session.get(), SIGNAL(messageArrived(int, QString)),
+                SLOT(logMessage(int, QString)));
+    connect(m_session.get(), SIGNAL(quitRequested(int)), SLOT(leave(int)));
+    m_session->setPython(createPythonEngine(*m_session, m_session->mel()));
+    if (options.batch)
+        return;
+    m_interface = std::make_unique<UserInterface>(*m_session);
+    m_interface->setUnattended(options.quits());
+    connect(&m_interface->window(), SIGNAL(closeRequested()), SLOT(leave()));
+}
+
+Program::~Program() = default;
+
+int Program::exitStatus() const
+{
+    return m_status == 0 && m_session->errorSeen() ? 1 : m_status;
+}
+
+void Program::start()
+{
+    runUserSetup();
+    if (m_interface)
+        m_interface->window().show();
+    loadPlugins();
+    settle();
+    nextStep();
+}
+
+// Python first: what it defines is there for MEL.
+void Program::runUserSetup()
+{
+    const QString python = m_session->userFolder("scripts") + "userSetup.py";
+    const QString mel = m_session->userFolder("scripts") + "userSetup.mel";
+    if (QFile::exists(python))
+        runFile({StepKind::PythonFile, python});
+    if (QFile::exists(mel))
+        m_session->sourceFile(toUtf8(mel));
+}
+
+void Program::loadPlugins()
+{
+    QStringList plugins = m_options.plugins;
+    if (plugins.isEmpty() && m_options.loadsDefaultPlugin)
+        plugins << defaultPlugin();
+    for (const QString &plugin : plugins) {
+        if (!plugin.isEmpty())
+            m_session->plugins().load(plugin);
+    }
+}
+
+void Program::nextStep()
+{
+    if (m_hasLeft)
+        return;
+    if (m_nextStep == m_options.steps.size()) {
+        if (m_options.batch)
+            leave();
+        return;
+    }
+    run(m_options.steps[m_nextStep++]);
+    // A turn of the loop, so that what the step has put off is done before the next one.
+    if (!m_hasLeft)
+        QTimer::singleShot(0, this, SLOT(nextStep()));
+}
+
+void Program::run(const Step &step)
+{
+    const std::string text = toUtf8(step.argument);
+    switch (step.kind) {
+    case StepKind::Mel:
+        m_session->executeMel(text, true);
+        break;
+    case StepKind::Python:
+        m_session->executePython(text, true);
+        break;
+    case StepKind::MelFile:
+    case StepKind::PythonFile:
+        runFile(step);
+        break;
+    case StepKind::Quit:
+        leave();
+        return;
+    default:
+        settle();
+        fail(runEditorStep(*m_interface, step));
+        break;
+    }
+    settle();
+}
+
+void Program::runFile(const Step &step)
+{
+    QFile file(step.argument);
+    if (!file.open(QIODevice::ReadOnly)) {
+        fail("Cannot read file \"" + step.argument + "\".");
+        return;
+    }
+    const QByteArray bytes = file.readAll();
+    const std::string text(bytes.constData(), static_cast<size_t>(bytes.size()));
+    if (step.kind == StepKind::MelFile)
+        m_session->executeMel(text, true);
+    else
+        m_session->executePython(text, step.kind == StepKind::PythonFile);
+}
+
+// Runs what was put off until the program is idle.
+void Program::settle()
+{
+    m_session->idleQueue().processUntilEmpty();
+    QCoreApplication::sendPostedEvents(this, 0);
+    QCoreApplication::sendPostedEvents(m_session.get(), 0);
+}
+
+void Program::fail(const QString &text)
+{
+    if (!text.isEmpty())
+        m_session->output(mel::MessageKind::Error, toUtf8(text));
+}
+
+void Program::leave(int status)
+{
+    if (m_hasLeft)
+        return;
+    // A script that lets events in may not be left on the stack.
+    if (m_session->mel().isRunning()) {
+        m_session->requestQuit(status);
+        return;
+    }
+    m_hasLeft = true;
+    m_session->quit();
+    m_status = status;
+    QCoreApplication::exit();
+}
+
+void Program::interruptAndLeave()
+{
+    m_session->interrupt();
+    QMetaObject::invokeMethod(this, "leave", Qt::QueuedConnection, Q_ARG(int, 0));
+}
+
+void Program::logMessage(int kind, const QString &text)
+{
+    QString line = text;
+    line.replace("\n", "\\n");
+    std::printf("%s\t%s\n", kindNames[kind], line.toUtf8().constData());
+    std::fflush(stdout);
+}
+
+} // namespace standin

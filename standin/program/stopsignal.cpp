@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#include "standin/program/stopsignal.h"
+
+#include <utility>
+
+#if defined(__unix__) || defined(__APPLE__)
+
+#include <csignal>
+#include <unistd.h>
+
+namespace standin {
+
+namespace {
+
+int pipeEnds[2] = {-1, -1}; // a handler can reach nothing but globals
+const char stopByte = 's';
+const char endByte = 'e';
+
+extern "C" void tellWaiter(int)
+{
+    // The second signal ends a program that does not react to the first.
+    std::signal(SIGINT, SIG_DFL);
+    if (write(pipeEnds[1], &stopByte, 1) < 0)
+        _exit(1);
+}
+
+} // namespace
+
+StopSignal::StopSignal(std::function<void()> stop)
+{
+    if (pipe(pipeEnds) != 0)
+        return;
+    m_waiter = std::thread([stop = std::move(stop)] {
+        char byte = 0;
+        while (read(pipeEnds[0], &byte, 1) == 1 && byte == stopByte)
+            stop();
+    });
+    std::signal(SIGINT, tellWaiter);
+    std::signal(SIGTERM, tellWaiter);
+}
+
+StopSignal::~StopSignal()
+{
+    if (!m_waiter.joinable())
+        return;
+    std::signal(SIGINT, SIG_DFL);
+    std::signal(SIGTERM, SIG_DFL);
+    if (write(pipeEnds[1], &endByte, 1) == 1)
+        m_waiter.join();
+    else
+        m_waiter.detach();
+}
+
+} // namespace standin
+
+#else
+
+namespace standin {
+
+StopSignal::StopSignal(std::function<void()>) {}
+StopSignal::~StopSignal() = default;
+
+} // namespace standin
+
+#endif
