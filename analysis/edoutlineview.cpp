@@ -4,5 +4,7 @@
 EdOutlineView::EdOutlineView(QWidget *parent) : QTreeWidget(parent)
 {
     setHeaderHidden(true);
-    setToolTip(tr("The outline of the script is not available yet."));
+    QTreeWidgetItem *hint = new QTreeWidgetItem(this);
+    hint->setText(0, tr("Nothing is listed here yet."));
+    hint->setDisabled(true);
 }

@@ -1,15 +1,24 @@
 // SPDX-License-Identifier: MIT
 #include "mainwindow/statuslabels.h"
 
+#include "compat/text.h"
+
 #include <QLabel>
 #include <QStatusBar>
 
 namespace {
 
+QString widestText()
+{
+    return QString::fromLatin1("        Col:99999");
+}
+
 QLabel *addLabel(QStatusBar *statusBar, const char *objectName)
 {
     QLabel *label = new QLabel(statusBar);
     label->setObjectName(QString::fromLatin1(objectName));
+    // Room for the usual numbers, so that the labels stand still while the caret moves.
+    label->setMinimumWidth(compat::textWidth(label->fontMetrics(), widestText()));
     statusBar->addPermanentWidget(label);
     return label;
 }

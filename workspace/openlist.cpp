@@ -5,6 +5,8 @@
 
 namespace {
 
+const int iconPixels = 16;
+
 void subdueSelection(QPalette *palette, QPalette::ColorGroup group)
 {
     palette->setColor(group, QPalette::Highlight, palette->color(group, QPalette::AlternateBase));
@@ -20,6 +22,7 @@ OpenList::OpenList(QWidget *parent) : QListWidget(parent), m_focusPalette(palett
     subdueSelection(&m_unfocusedPalette, QPalette::Active);
     setPalette(m_unfocusedPalette);
 
+    setIconSize(QSize(iconPixels, iconPixels));
     setSortingEnabled(true);
     setContextMenuPolicy(Qt::CustomContextMenu);
     connect(this, SIGNAL(customContextMenuRequested(QPoint)), SLOT(contextMenu(QPoint)));

@@ -188,7 +188,7 @@ void TestWindowExecution::keysInTheEditorExecuteOnce()
 
     WindowFixture fixture;
     fixture.newBuffer(MelBuffer, "one;\ntwo;");
-    fixture.window.show();
+    fixture.showActive();
     QTest::qWait(1);
     Executed runs(fixture.window);
 

@@ -198,12 +198,11 @@ void TestWindowView::clearAllClearsBoth()
 void TestWindowView::copyTakesTheHistoryThatHasTheFocus()
 {
     WindowFixture fixture;
-    fixture.window.show();
+    fixture.showActive();
     fixture.newBuffer(0, "print 1;");
     fixture.edit()->selectAll();
     fixture.window.appendOutputText("history");
     fixture.window.outputView()->selectAll();
-    fixture.window.activateWindow();
     fixture.window.outputView()->setFocus();
     QTest::qWait(1);
     QVERIFY(fixture.window.outputView()->hasFocus());

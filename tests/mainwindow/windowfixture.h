@@ -9,6 +9,7 @@
 #include "workspace/plaincodeedit.h"
 
 #include <QAction>
+#include <QApplication>
 
 // A window whose script and settings directories are an empty scratch directory.
 struct WindowFixture
@@ -20,6 +21,12 @@ struct WindowFixture
 
     PlainCodeEdit *edit() const { return window.central()->currentCodeView()->codeEdit(); }
     QAction *action(Action id) const { return window.action(id); }
+
+    void showActive()
+    {
+        window.show();
+        QApplication::setActiveWindow(&window);
+    }
 
     // A new MEL (0) or Python (1) buffer holding the text, the caret at its start.
     void newBuffer(int type, const char *text)

@@ -1,0 +1,217 @@
+// SPDX-License-Identifier: MIT
+#include "tests/support/testmain.h"
+#include "workspace/edbufferview.h"
+#include "workspace/edopendocumentview.h"
+
+#include <QApplication>
+#include <QFocusEvent>
+#include <QMenu>
+#include <QSignalSpy>
+#include <QTimer>
+
+namespace {
+
+QStringList textsOf(const QListWidget &list)
+{
+    QStringList texts;
+    for (int i = 0; i < list.count(); ++i)
+        texts << list.item(i)->text();
+    return texts;
+}
+
+// Triggers an entry of the next popup menu, or closes it for a text that no entry has.
+class MenuChoice : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit MenuChoice(const QString &text) : m_text(text)
+    {
+        connect(&m_timer, SIGNAL(timeout()), SLOT(choose()));
+        m_timer.start(5);
+    }
+
+    QStringList entries() const { return m_entries; }
+
+private slots:
+    void choose()
+    {
+        QMenu *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        if (!menu)
+            return;
+        m_timer.stop();
+        for (QAction *action : menu->actions()) {
+            m_entries << action->text();
+            if (action->text() == m_text)
+                action->trigger();
+        }
+        menu->close();
+    }
+
+private:
+    QString m_text;
+    QStringList m_entries;
+    QTimer m_timer;
+};
+
+} // namespace
+
+class TestOpenLists : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void buffersAreKnownByTheirIndex();
+    void documentsAreKnownByTheirPath();
+    void renamedDocumentsAreFoundByTheirNewPath();
+    void listsAreSorted();
+    void selectingReportsTheIdentity();
+    void clickingTheCurrentEntrySelectsItAgain();
+    void theMenuActsOnItsEntry_data();
+    void theMenuActsOnItsEntry();
+    void emptySpaceHasNoMenu();
+    void theSelectionIsSubduedWithoutFocus();
+};
+
+void TestOpenLists::buffersAreKnownByTheirIndex()
+{
+    EdBufferView list;
+    list.addBuffer(3, "MEL", QFileInfo());
+    list.addBuffer(4, "MEL", QFileInfo());
+    list.renameBuffer(4, "second");
+    list.renameBuffer(9, "unknown");
+    list.removeBuffer(3);
+    list.removeBuffer(9);
+    QCOMPARE(textsOf(list), QStringList("second"));
+    QCOMPARE(list.item(0)->data(Qt::UserRole).toInt(), 4);
+}
+
+void TestOpenLists::documentsAreKnownByTheirPath()
+{
+    EdOpenDocumentView list;
+    list.addDocument("/a/tool.mel");
+    list.addDocument("/b/tool.mel");
+    list.removeDocument("tool.mel");
+    list.removeDocument("/a/tool.mel");
+    QCOMPARE(textsOf(list), QStringList("tool.mel"));
+    QCOMPARE(list.item(0)->data(Qt::UserRole).toString(), QString("/b/tool.mel"));
+}
+
+void TestOpenLists::renamedDocumentsAreFoundByTheirNewPath()
+{
+    EdOpenDocumentView list;
+    list.addDocument("/a/tool.mel");
+    list.renameDocument("/a/unknown.mel", "/a/x.mel");
+    list.renameDocument("/a/tool.mel", "/b/other.py");
+    QCOMPARE(textsOf(list), QStringList("other.py"));
+    list.removeDocument("/a/tool.mel");
+    QCOMPARE(list.count(), 1);
+    list.removeDocument("/b/other.py");
+    QCOMPARE(list.count(), 0);
+}
+
+void TestOpenLists::listsAreSorted()
+{
+    EdOpenDocumentView list;
+    list.addDocument("/z/b.mel");
+    list.addDocument("/y/c.mel");
+    list.addDocument("/x/a.mel");
+    QCOMPARE(textsOf(list), QStringList() << "a.mel"
+                                          << "b.mel"
+                                          << "c.mel");
+    list.renameDocument("/x/a.mel", "/x/d.mel");
+    QCOMPARE(textsOf(list), QStringList() << "b.mel"
+                                          << "c.mel"
+                                          << "d.mel");
+}
+
+void TestOpenLists::selectingReportsTheIdentity()
+{
+    EdBufferView list;
+    list.addBuffer(3, "a", QFileInfo());
+    list.addBuffer(4, "b", QFileInfo());
+    QSignalSpy selected(&list, SIGNAL(bufferSelected(int)));
+    list.setCurrentRow(1);
+    QCOMPARE(int(selected.size()), 1);
+    QCOMPARE(selected.first().first().toInt(), 4);
+    list.selectBuffer(nullptr);
+    QCOMPARE(int(selected.size()), 1);
+}
+
+void TestOpenLists::clickingTheCurrentEntrySelectsItAgain()
+{
+    EdOpenDocumentView list;
+    list.addDocument("/a/tool.mel");
+    list.setCurrentRow(0);
+    list.show();
+    QSignalSpy selected(&list, SIGNAL(documentSelected(QString)));
+    const QPoint entry = list.visualItemRect(list.item(0)).center();
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::KeyboardModifiers(), entry);
+    QCOMPARE(int(selected.size()), 1);
+    QCOMPARE(selected.first().first().toString(), QString("/a/tool.mel"));
+}
+
+void TestOpenLists::theMenuActsOnItsEntry_data()
+{
+    QTest::addColumn<QString>("choice");
+    QTest::addColumn<int>("removed");
+    QTest::addColumn<int>("renamed");
+
+    QTest::newRow("close") << "Close" << 1 << 0;
+    QTest::newRow("rename") << "Rename..." << 0 << 1;
+    QTest::newRow("dismissed") << "" << 0 << 0;
+}
+
+void TestOpenLists::theMenuActsOnItsEntry()
+{
+    QFETCH(QString, choice);
+    QFETCH(int, removed);
+    QFETCH(int, renamed);
+
+    EdOpenDocumentView list;
+    list.addDocument("/a/a.mel");
+    list.addDocument("/a/b.mel");
+    list.show();
+    QSignalSpy removals(&list, SIGNAL(removeDocumentSelected(QString)));
+    QSignalSpy renames(&list, SIGNAL(renameDocumentSelected(QString)));
+    MenuChoice menu(choice);
+    list.contextMenu(list.visualItemRect(list.item(1)).center());
+    QCOMPARE(menu.entries(), QStringList() << "Close"
+                                           << "Rename...");
+    QCOMPARE(int(removals.size()), removed);
+    QCOMPARE(int(renames.size()), renamed);
+    for (const QList<QVariant> &arguments : removals + renames)
+        QCOMPARE(arguments.first().toString(), QString("/a/b.mel"));
+}
+
+void TestOpenLists::emptySpaceHasNoMenu()
+{
+    EdBufferView list;
+    list.addBuffer(3, "a", QFileInfo());
+    QSignalSpy removals(&list, SIGNAL(removeBufferSelected(int)));
+    list.contextMenu(QPoint(5, 500));
+    list.removeBuffer();
+    list.renameBuffer();
+    QCOMPARE(int(removals.size()), 0);
+}
+
+void TestOpenLists::theSelectionIsSubduedWithoutFocus()
+{
+    EdBufferView list;
+    const QPalette::ColorGroup active = QPalette::Active;
+    QFocusEvent in(QEvent::FocusIn);
+    QFocusEvent out(QEvent::FocusOut);
+    QCoreApplication::sendEvent(&list, &in);
+    const QColor focused = list.palette().color(active, QPalette::Highlight);
+    QCOMPARE(focused, QApplication::palette(&list).color(active, QPalette::Highlight));
+    QCOMPARE(list.palette().color(QPalette::Inactive, QPalette::Highlight),
+             list.palette().color(QPalette::Inactive, QPalette::AlternateBase));
+    QCoreApplication::sendEvent(&list, &out);
+    QCOMPARE(list.palette().color(active, QPalette::Highlight),
+             list.palette().color(active, QPalette::AlternateBase));
+    QCOMPARE(list.palette().color(active, QPalette::HighlightedText),
+             list.palette().color(active, QPalette::Text));
+}
+
+CORVANE_TEST_MAIN(TestOpenLists)
+#include "tst_openlists.moc"
