@@ -5,12 +5,34 @@
 
 namespace {
 
+// "$" would also match before a line break that ends the text; "\z" is the very end only.
+QString withStrictEnd(const QString &pattern)
+{
+    QString strict;
+    bool isInClass = false;
+    for (int i = 0; i < pattern.size(); ++i) {
+        const QChar character = pattern.at(i);
+        if (character == QLatin1Char('\\')) {
+            strict += pattern.mid(i, 2);
+            ++i;
+            continue;
+        }
+        isInClass = character != QLatin1Char(']') && (isInClass || character == QLatin1Char('['));
+        if (character == QLatin1Char('$') && !isInClass)
+            strict += QLatin1String("\\z");
+        else
+            strict += character;
+    }
+    return strict;
+}
+
 QRegularExpression compiled(const QString &pattern, Qt::CaseSensitivity sensitivity)
 {
-    QRegularExpression::PatternOptions options = QRegularExpression::UseUnicodePropertiesOption;
+    QRegularExpression::PatternOptions options = QRegularExpression::UseUnicodePropertiesOption |
+                                                 QRegularExpression::DotMatchesEverythingOption;
     if (sensitivity == Qt::CaseInsensitive)
         options |= QRegularExpression::CaseInsensitiveOption;
-    return QRegularExpression(pattern, options);
+    return QRegularExpression(withStrictEnd(pattern), options);
 }
 
 } // namespace
@@ -38,16 +60,6 @@ int Pattern::keep(const QRegularExpressionMatch &match)
     return match.hasMatch() ? int(match.capturedStart()) : -1;
 }
 
-int Pattern::matchedLength() const
-{
-    return m_length;
-}
-
-QString Pattern::captured(int group) const
-{
-    return m_captured.value(group);
-}
-
 #else
 
 Pattern::Pattern(const QString &pattern, Qt::CaseSensitivity sensitivity)
@@ -57,22 +69,30 @@ Pattern::Pattern(const QString &pattern, Qt::CaseSensitivity sensitivity)
 
 int Pattern::indexIn(const QString &text, int from)
 {
-    return m_expression.indexIn(text, from);
+    return keep(m_expression.indexIn(text, from));
 }
 
 bool Pattern::exactMatch(const QString &text)
 {
-    return m_expression.exactMatch(text);
+    return keep(m_expression.exactMatch(text) ? 0 : -1) == 0;
 }
+
+// A failed exactMatch() of QRegExp leaves the length of what did match.
+int Pattern::keep(int index)
+{
+    m_length = index < 0 ? -1 : m_expression.matchedLength();
+    m_captured = index < 0 ? QStringList() : m_expression.capturedTexts();
+    return index;
+}
+
+#endif
 
 int Pattern::matchedLength() const
 {
-    return m_expression.matchedLength();
+    return m_length;
 }
 
 QString Pattern::captured(int group) const
 {
-    return m_expression.capturedTexts().value(group);
+    return m_captured.value(group);
 }
-
-#endif

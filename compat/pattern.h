@@ -12,8 +12,10 @@
 #endif
 
 // A regular expression with the same meaning on every Qt version: classes such as \w and \s follow
-// Unicode, and "^" matches at index 0 of the text only, wherever the search begins. Positions are
-// 0-based UTF-16 units. Not for loops over a document: those compare characters.
+// Unicode, "^" matches at index 0 of the text only, wherever the search begins, "$" at its very end
+// only, and "." any character. Of alternatives that begin alike write the longest first: some
+// engines take the first that fits. Positions are 0-based UTF-16 units. Not for loops over a
+// document: those compare characters.
 class Pattern
 {
 public:
@@ -35,9 +37,11 @@ private:
 
     QRegularExpression m_expression;
     QRegularExpression m_wholeText;
-    int m_length = -1;
-    QStringList m_captured;
 #else
+    int keep(int index);
+
     QRegExp m_expression;
 #endif
+    int m_length = -1;
+    QStringList m_captured;
 };

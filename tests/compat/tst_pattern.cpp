@@ -36,6 +36,15 @@ void PatternTest::findsTheFirstMatchFromAPosition_data()
                                                   << "a\nb" << 0 << -1 << -1;
     QTest::newRow("dollar-only-at-the-end") << "a$"
                                             << "a\na" << 0 << 2 << 1;
+    QTest::newRow("dollar-not-before-a-last-line-break") << "a$"
+                                                         << "a\n"
+                                                         << 0 << -1 << -1;
+    QTest::newRow("dollar-in-a-class") << "[a$]+"
+                                       << "b$a" << 0 << 1 << 2;
+    QTest::newRow("escaped-dollar") << "\\$\\w"
+                                    << "a$b" << 0 << 1 << 2;
+    QTest::newRow("dot-takes-a-line-break") << "a.b"
+                                            << "a\nb" << 0 << 0 << 3;
     QTest::newRow("word-class-follows-unicode") << "\\w+" << umlaut << 0 << 0 << 5;
     QTest::newRow("word-border-follows-unicode") << "\\bpfel" << umlaut << 0 << -1 << -1;
 }
@@ -67,6 +76,8 @@ void PatternTest::exactMatchTakesTheWholeText()
     QVERIFY(pattern.exactMatch(QLatin1String("AB")));
     QVERIFY(!pattern.exactMatch(QLatin1String("ab\n")));
     QVERIFY(!pattern.exactMatch(QLatin1String("xab")));
+    QVERIFY(!pattern.exactMatch(QLatin1String("abx")));
+    QCOMPARE(pattern.matchedLength(), -1);
 }
 
 void PatternTest::splittingDropsEmptyParts()
