@@ -48,7 +48,9 @@ void take(const QString &key, const QVariant &stored, int &value)
 
 void take(const QString &, const QVariant &stored, QString &value)
 {
-    value = stored.toString();
+    const QString text = stored.toString();
+    if (!text.isEmpty())
+        value = text;
 }
 
 QString settingsKey(const char *group, const char *key)
@@ -65,6 +67,11 @@ void read(QSettings &settings, const char *group, const char *key, Type &value)
 }
 
 } // namespace
+
+QString builtInFontFamily()
+{
+    return QLatin1String("DejaVu Sans Mono");
+}
 
 Preferences &preferences()
 {

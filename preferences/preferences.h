@@ -5,6 +5,9 @@
 
 class QSettings;
 
+// A fixed-pitch family.
+QString builtInFontFamily();
+
 // The process-wide preferences, one member per row of the list. Whoever acts reads the current
 // value; nobody is told of changes.
 struct Preferences
@@ -16,6 +19,6 @@ struct Preferences
 
 Preferences &preferences();
 
-// Keys that are missing, of another type or out of range take their defaults.
+// Keys that are missing, empty, of another type or out of range take their defaults.
 void readPreferences(QSettings &settings);
 void writePreferences(QSettings &settings);

@@ -36,12 +36,14 @@ class PreferencesTest : public QObject
 private slots:
     void cleanup() { QFile::remove(settingsPath()); }
     void missingFileGivesTheDefaults();
+    void aFirstWriteHasEveryKey();
     void writtenValuesComeBack();
     void endOfLineMarksAlwaysStartOff();
     void damagedValuesTakeTheirDefaults_data();
     void damagedValuesTakeTheirDefaults();
     void categoriesKeepTheirIndexAndName();
     void emptyFontFamilyKeepsTheBuiltInOne();
+    void theFontFamilyInUseIsWritten();
 };
 
 void PreferencesTest::missingFileGivesTheDefaults()
@@ -54,6 +56,20 @@ void PreferencesTest::missingFileGivesTheDefaults()
     QCOMPARE(preferences().textFontSize, 9);
     QCOMPARE(preferences().saveOnExecute, true);
     QCOMPARE(preferences().defaultStateInitialized, false);
+}
+
+void PreferencesTest::aFirstWriteHasEveryKey()
+{
+    preferences() = Preferences();
+    QSettings settings(settingsPath(), QSettings::IniFormat);
+    writePreferences(settings);
+    const QStringList keys = settings.allKeys();
+    QCOMPARE(int(keys.size()), 5 + 1 + 37 + 1 + 11 + 4);
+    for (const char *key :
+         {"editor/suppressStackWindow", "outliner/sort", "preferences/outputWindowBufferSize",
+          "preferences/pythonForcedImports", "project/projectDir", "tabsandspaces/pyAutoIndent",
+          "fonts/outputFontSize"})
+        QVERIFY2(keys.contains(QLatin1String(key)), key);
 }
 
 void PreferencesTest::writtenValuesComeBack()
@@ -129,6 +145,18 @@ void PreferencesTest::emptyFontFamilyKeepsTheBuiltInOne()
     QCOMPARE(editorFont().family(), QString::fromLatin1("Courier"));
     QCOMPARE(editorFont().pointSize(), 13);
     QCOMPARE(outputFont().family(), builtIn);
+}
+
+void PreferencesTest::theFontFamilyInUseIsWritten()
+{
+    writeFile("[fonts]\ntextFont=\noutputFont=Courier\n");
+    readBack();
+    QSettings settings(settingsPath(), QSettings::IniFormat);
+    writePreferences(settings);
+    const QString written = settings.value(QLatin1String("fonts/textFont")).toString();
+    QCOMPARE(written, editorFont().family());
+    QCOMPARE(settings.value(QLatin1String("fonts/outputFont")).toString(),
+             QString::fromLatin1("Courier"));
 }
 
 CORVANE_TEST_MAIN(PreferencesTest)
