@@ -20,6 +20,12 @@ const int repaintInterval = 250; // ms; scripts that never return to the event l
 const int regionAbove = 30000;   // characters above the visible ones that are searched for marks
 const int regionBelow = 30;      // pixels
 
+bool isPointerInput(QEvent::Type type)
+{
+    return type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick ||
+           type == QEvent::Wheel;
+}
+
 } // namespace
 
 EdOutputView::EdOutputView(QWidget *parent) : QPlainTextEdit(parent)
@@ -169,6 +175,21 @@ bool EdOutputView::isSelectionDragged() const
         return false;
     const QWidget *under = QApplication::widgetAt(QCursor::pos());
     return under && under->objectName() == QLatin1String("qt_scrollarea_viewport");
+}
+
+// What the user does comes after all that arrived before it: shown later, that text would take the
+// new selection or scroll position away again.
+bool EdOutputView::viewportEvent(QEvent *event)
+{
+    if (isPointerInput(event->type()))
+        flush();
+    return QPlainTextEdit::viewportEvent(event);
+}
+
+void EdOutputView::keyPressEvent(QKeyEvent *event)
+{
+    flush();
+    QPlainTextEdit::keyPressEvent(event);
 }
 
 void EdOutputView::showEvent(QShowEvent *event)

@@ -70,6 +70,7 @@ private slots:
     void clearingDropsGatheredText();
     void oldLinesAreDropped();
     void aBurstWithoutEventLoopIsSeen();
+    void inputActsOnAllThatHasArrived();
     void selectedWordsAreMarked();
     void coloursAndFontFollowThePreferences();
 };
@@ -169,6 +170,18 @@ void OutputViewTest::aBurstWithoutEventLoopIsSeen()
     for (clock.start(); clock.elapsed() < 600;)
         view.appendText(QLatin1String("more\n"));
     QVERIFY(view.toPlainText().contains(QLatin1String("more")));
+}
+
+void OutputViewTest::inputActsOnAllThatHasArrived()
+{
+    EdOutputView view;
+    view.show();
+    while (!view.isGathering())
+        view.appendText(QLatin1String("more\n"));
+    QTest::keyClick(&view, Qt::Key_A, Qt::ControlModifier);
+    QTest::qWait(40); // frames, in which nothing may happen to the selection
+    QCOMPARE(view.isGathering(), false);
+    QCOMPARE(int(view.textCursor().selectedText().size()), int(view.toPlainText().size()));
 }
 
 void OutputViewTest::selectedWordsAreMarked()
