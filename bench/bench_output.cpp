@@ -90,6 +90,43 @@ void prepare(QPlainTextEdit &view)
     QApplication::processEvents();
 }
 
+// All lines in one message: the view has to slice them by itself.
+bool hugeMessageIsSliced()
+{
+    QString text;
+    for (int i = 0; i < messageCount; ++i)
+        text += message(i);
+    EdOutputView view;
+    prepare(view);
+    QElapsedTimer turn;
+    turn.start();
+    view.appendText(text);
+    qint64 longest = turn.elapsed();
+    while (view.isGathering()) {
+        turn.start();
+        QApplication::processEvents();
+        longest = std::max(longest, qint64(turn.elapsed()));
+    }
+    std::printf("100,000 lines at once: longest turn %lld ms\n", (long long)longest);
+    const bool isWhole = view.blockCount() == lineLimit && text.endsWith(view.toPlainText());
+    return check(longest <= longestSlice && isWhole, "a huge message is sliced and shown whole");
+}
+
+bool hiddenOutputIsShown()
+{
+    EdOutputView view;
+    view.setMaximumBlockCount(lineLimit);
+    for (int i = 0; i < 1000000; ++i)
+        view.appendText(message(i));
+    view.show();
+    while (view.isGathering())
+        QApplication::processEvents();
+    QString expected;
+    for (int i = 1000000 - lineLimit + 1; i < 1000000; ++i)
+        expected += message(i);
+    return check(view.toPlainText() == expected, "hidden output is shown in order");
+}
+
 bool hiddenOutputIsBounded()
 {
     OutputBacklog backlog;
@@ -142,6 +179,8 @@ int main(int argc, char **argv)
         check(ours.longest <= longestSlice, "no turn of the event loop is longer than 33 ms") && ok;
     ok = check(lookAlike(view, single), "text, marks and scroll position as message by message") &&
          ok;
+    ok = hugeMessageIsSliced() && ok;
     ok = hiddenOutputIsBounded() && ok;
+    ok = hiddenOutputIsShown() && ok;
     return ok ? 0 : 1;
 }
