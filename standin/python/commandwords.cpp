@@ -2,6 +2,7 @@
 #include "standin/python/commandwords.h"
 
 #include "standin/python/pycall.h"
+#include "standin/python/pycompat.h"
 #include "standin/python/values.h"
 
 #include <string>
@@ -14,27 +15,38 @@ bool isSequence(PyObject *object)
     return PyList_Check(object) || PyTuple_Check(object);
 }
 
-bool isMode(const std::string &name, const char *shortName, const char *longName)
-{
-    return name == shortName || name == longName;
-}
-
-// Whether the keywords ask for a mode: "q" or "query", "e" or "edit".
-bool asksFor(PyObject *keywords, const char *shortName, const char *longName)
-{
-    for (const char *name : {shortName, longName}) {
-        PyObject *value = keywords ? PyDict_GetItemString(keywords, name) : nullptr;
-        if (value && PyObject_IsTrue(value) == 1)
-            return true;
-    }
-    return false;
-}
-
 const mel::Flag *findFlag(const mel::Command &command, const std::string &name)
 {
     for (const mel::Flag &flag : command.flags) {
         if (flag.shortName == name || flag.longName == name)
             return &flag;
+    }
+    return nullptr;
+}
+
+struct Mode
+{
+    const char *shortName;
+    const char *longName;
+    const char *word;
+};
+
+const Mode queryMode = {"q", "query", "-q"};
+const Mode editMode = {"e", "edit", "-e"};
+
+// A command's own flag may have the name of a mode, as -e of scriptJob.
+bool isMode(const mel::Command &command, const Mode &mode, const std::string &name)
+{
+    return (name == mode.shortName || name == mode.longName) && !findFlag(command, name);
+}
+
+// What the keywords give for a mode, borrowed; null when they do not ask for it.
+PyObject *modeValue(const mel::Command &command, PyObject *keywords, const Mode &mode)
+{
+    for (const char *name : {mode.shortName, mode.longName}) {
+        PyObject *value = keywords ? PyDict_GetItemString(keywords, name) : nullptr;
+        if (value && isMode(command, mode, name) && (isText(value) || PyObject_IsTrue(value) == 1))
+            return value;
     }
     return nullptr;
 }
@@ -53,7 +65,7 @@ public:
 
     bool addFlag(const std::string &name, PyObject *value);
     bool add(PyObject *value, mel::ArgumentKind kind = mel::ArgumentKind::String);
-    void addMode(const char *word) { m_words.emplace_back(std::string(word)); }
+    bool addMode(const Mode &mode, PyObject *value);
     std::vector<mel::Value> take() { return std::move(m_words); }
 
 private:
@@ -70,6 +82,15 @@ private:
 mel::Value flagWord(const mel::Flag &flag)
 {
     return "-" + (flag.longName.empty() ? flag.shortName : flag.longName);
+}
+
+// cmds.f("x", q=True), or cmds.optionVar(q="x") where the object follows the mode
+bool WordList::addMode(const Mode &mode, PyObject *value)
+{
+    if (!value)
+        return true;
+    m_words.emplace_back(std::string(mode.word));
+    return !isText(value) || add(value);
 }
 
 bool WordList::addFlag(const std::string &name, PyObject *value)
@@ -152,16 +173,25 @@ bool WordList::addScript(PyObject *value)
     return script && add(script.get());
 }
 
-bool addKeywords(WordList &words, PyObject *keywords)
+bool addFlags(const mel::Command &command, PyObject *keywords, WordList &words)
 {
     PyObject *key = nullptr;
     PyObject *value = nullptr;
     Py_ssize_t position = 0;
-    while (PyDict_Next(keywords, &position, &key, &value)) {
+    while (keywords && PyDict_Next(keywords, &position, &key, &value)) {
         const std::string name = toUtf8(key);
-        if (isMode(name, "q", "query") || isMode(name, "e", "edit"))
+        if (isMode(command, queryMode, name) || isMode(command, editMode, name))
             continue;
         if (!words.addFlag(name, value))
+            return false;
+    }
+    return true;
+}
+
+bool addObjects(PyObject *arguments, WordList &words)
+{
+    for (Py_ssize_t i = 0; i < PyTuple_GET_SIZE(arguments); ++i) {
+        if (!words.add(PyTuple_GET_ITEM(arguments, i)))
             return false;
     }
     return true;
@@ -172,24 +202,18 @@ bool addKeywords(WordList &words, PyObject *keywords)
 std::optional<std::vector<mel::Value>> commandWords(const mel::Command &command,
                                                     PyObject *arguments, PyObject *keywords)
 {
-    const bool query = asksFor(keywords, "q", "query");
-    WordList words(command, query);
-    if (query)
-        words.addMode("-q");
-    if (asksFor(keywords, "e", "edit"))
-        words.addMode("-e");
-    if (keywords && !addKeywords(words, keywords))
-        return std::nullopt;
-    for (Py_ssize_t i = 0; i < PyTuple_GET_SIZE(arguments); ++i) {
-        if (!words.add(PyTuple_GET_ITEM(arguments, i)))
-            return std::nullopt;
-    }
-    return words.take();
+    PyObject *query = modeValue(command, keywords, queryMode);
+    PyObject *edit = modeValue(command, keywords, editMode);
+    WordList words(command, query != nullptr);
+    if (words.addMode(queryMode, query) && words.addMode(editMode, edit) &&
+        addFlags(command, keywords, words) && addObjects(arguments, words))
+        return words.take();
+    return std::nullopt;
 }
 
 bool answersYesOrNo(const mel::Command &command, PyObject *keywords)
 {
-    const bool query = asksFor(keywords, "q", "query");
+    const bool query = modeValue(command, keywords, queryMode) != nullptr;
     PyObject *key = nullptr;
     PyObject *value = nullptr;
     Py_ssize_t position = 0;

@@ -340,7 +340,7 @@ void TestMayaPackage::everyModuleCanBeImported()
     for (const char *name : names)
         QVERIFY2(m_python->run(QString("import %1").arg(name)).ok, name);
     QVERIFY(!m_python->run("import maya.nothing").ok);
-    QCOMPARE(value("maya.utils.__doc__[:8]"), QString("Deferred"));
+    QCOMPARE(value("maya.utils.__name__"), QString("maya.utils"));
 }
 
 void TestMayaPackage::modulesAreListed()

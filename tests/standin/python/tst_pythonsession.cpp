@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "standin/host/scriptjobs.h"
 #include "standin/host/session.h"
 #include "standin/python/python.h"
 #include "tests/support/testmain.h"
@@ -33,6 +34,9 @@ private slots:
     void threadsWaitForTheEventLoop();
     void interruptEndsBothLanguages();
     void userScriptsCanBeImported();
+    void sessionCommandsTakePythonForms_data();
+    void sessionCommandsTakePythonForms();
+    void scriptJobCallsPython();
 
     // Receiver of the session's messages.
     void keepMessage(int kind, const QString &text);
@@ -138,6 +142,40 @@ void TestPythonSession::userScriptsCanBeImported()
     run("import scriptofuser\nprint(scriptofuser.value)");
     QVERIFY2(m_messages.contains("of the user"), qPrintable(m_messages.join("\n")));
     QVERIFY(!QDir(m_session->userFolder("scripts")).exists("__pycache__"));
+}
+
+void TestPythonSession::sessionCommandsTakePythonForms_data()
+{
+    QTest::addColumn<QString>("expression");
+    QTest::addColumn<QString>("expected");
+
+    QTest::newRow("stored-value") << "cmds.optionVar(iv=('count', 3)), cmds.optionVar(q='count')"
+                                  << "(None, 3)";
+    QTest::newRow("existence") << "cmds.optionVar(exists='no such name')"
+                               << "False";
+    QTest::newRow("list") << "'SceneOpened' in cmds.scriptJob(listEvents=True)"
+                          << "True";
+    QTest::newRow("folder") << "cmds.internalVar(usd=True)[-9:]"
+                            << "/scripts/";
+    QTest::newRow("mel-procedure") << "mel.eval('startsWith(\"abc\", \"ab\")')"
+                                   << "1";
+}
+
+void TestPythonSession::sessionCommandsTakePythonForms()
+{
+    QFETCH(QString, expression);
+    QFETCH(QString, expected);
+    run("import maya.cmds as cmds, maya.mel as mel");
+    run(("print(str((" + expression + ")))").toUtf8().constData());
+    QCOMPARE(m_messages.join(""), expected + "\n");
+}
+
+void TestPythonSession::scriptJobCallsPython()
+{
+    run("import maya.cmds as cmds\n"
+        "cmds.scriptJob(e=['SceneOpened', lambda: print('called')], ro=True)");
+    m_session->scriptJobs().fire("SceneOpened");
+    QVERIFY(waitForMessage("called"));
 }
 
 CORVANE_TEST_MAIN(TestPythonSession)
