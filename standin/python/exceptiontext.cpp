@@ -28,15 +28,8 @@ std::string exceptionText(PyObject *type, PyObject *value, PyObject *traceback, 
 
 std::string takeExceptionText(bool withTrace)
 {
-    PyObject *type = nullptr;
-    PyObject *value = nullptr;
-    PyObject *traceback = nullptr;
-    PyErr_Fetch(&type, &value, &traceback);
-    PyErr_NormalizeException(&type, &value, &traceback);
-    const PyRef ownedType(type);
-    const PyRef ownedValue(value);
-    const PyRef ownedTraceback(traceback);
-    return exceptionText(ownedType.orNone(), ownedValue.orNone(), ownedTraceback.orNone(),
+    const RaisedException raised = takeRaisedException();
+    return exceptionText(raised.type.orNone(), raised.value.orNone(), raised.traceback.orNone(),
                          withTrace);
 }
 

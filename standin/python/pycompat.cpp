@@ -132,4 +132,28 @@ bool isText(PyObject *object)
 
 #endif
 
+#if PY_VERSION_HEX >= 0x030C0000
+
+RaisedException takeRaisedException()
+{
+    PyRef value(PyErr_GetRaisedException());
+    PyObject *type = value ? reinterpret_cast<PyObject *>(Py_TYPE(value.get())) : nullptr;
+    PyRef traceback(value ? PyException_GetTraceback(value.get()) : nullptr);
+    return {PyRef::borrowed(type), std::move(value), std::move(traceback)};
+}
+
+#else
+
+RaisedException takeRaisedException()
+{
+    PyObject *type = nullptr;
+    PyObject *value = nullptr;
+    PyObject *traceback = nullptr;
+    PyErr_Fetch(&type, &value, &traceback);
+    PyErr_NormalizeException(&type, &value, &traceback);
+    return {PyRef(type), PyRef(value), PyRef(traceback)};
+}
+
+#endif
+
 } // namespace standin

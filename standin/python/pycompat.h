@@ -23,4 +23,14 @@ PyRef integerObject(int number);  // of the type that the literal has
 bool isInteger(PyObject *object); // booleans included
 bool isText(PyObject *object);    // byte strings included where they are what a literal makes
 
+struct RaisedException
+{
+    PyRef type;
+    PyRef value;
+    PyRef traceback; // may be none
+};
+
+// The exception that is set, complete; it is cleared.
+RaisedException takeRaisedException();
+
 } // namespace standin
