@@ -187,6 +187,11 @@ void PluginLoader::unloadAll()
     const QStringList all = names();
     for (int i = all.size() - 1; i >= 0; --i)
         unload(all.at(i));
+    for (const std::unique_ptr<Plugin> &plugin : m_plugins) {
+        removeLeftovers(*plugin);
+        plugin->library.keepMapped();
+    }
+    m_plugins.clear();
 }
 
 // Whatever still points into the library would crash the host later.

@@ -26,7 +26,8 @@ public:
     bool load(const QString &nameOrFile);
     // By name or file. Refused while code of the plug-in is on the stack.
     bool unload(const QString &nameOrFile);
-    // The last loaded first.
+    // The last loaded first. One that fails to unload loses its callbacks and commands and stays
+    // mapped, unused, to the end of the program.
     void unloadAll();
 
     // The same for commands: what goes wrong is thrown as mel::RuntimeError.

@@ -82,6 +82,7 @@ Session::Session(const SessionOptions &options) : m_parts(std::make_unique<Parts
     setHostServices(this);
     // In place only now, for the interpreter may call back at once.
     m_parts->interpreter.emplace(*this);
+    mel().settings().helpNamesCommandType = options.helpNamesCommandType;
     m_parts->vars.emplace(userFolder("prefs") + "userPrefs.mel");
     m_parts->commands.emplace(mel());
     m_parts->loader.emplace(*this, *m_parts->commands);
@@ -228,7 +229,8 @@ void Session::output(mel::MessageKind kind, const std::string &text)
 
 void Session::deliver(int kind, const QString &text)
 {
-    output(static_cast<mel::MessageKind>(kind), text.toUtf8().constData());
+    const QByteArray bytes = text.toUtf8();
+    output(static_cast<mel::MessageKind>(kind), std::string(bytes.constData(), bytes.size()));
 }
 
 mel::Outcome Session::executeMel(const std::string &text, bool display)

@@ -18,6 +18,9 @@ public:
     // text.
     bool open(const QString &fileName, QString &problem);
 
+    // Leaves the library mapped when this object dies.
+    void keepMapped() { m_handle = nullptr; }
+
     // The address of an exported name, null when there is none.
     void *symbol(const char *name);
 

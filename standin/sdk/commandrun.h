@@ -3,7 +3,7 @@
 
 #include "standin/mel/value.h"
 
-#include <maya/MFnPlugin.h>
+#include <maya/MSyntax.h>
 
 #include <vector>
 
@@ -11,7 +11,7 @@ namespace standin {
 
 // Runs a plug-in's command once: makes its object, calls doIt() and deletes the object. Throws
 // mel::RuntimeError when there is no object, doIt() fails, or an exception leaves it.
-mel::Value runCommand(MCreatorFunction creator, const MSyntax &syntax,
+mel::Value runCommand(void *(*creator)(), const MSyntax &syntax,
                       const std::vector<mel::Value> &words);
 
 } // namespace standin

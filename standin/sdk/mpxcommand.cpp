@@ -79,7 +79,7 @@ mel::Value doIt(MPxCommand &command, const MArgList &arguments, const CommandRun
 
 } // namespace
 
-mel::Value runCommand(MCreatorFunction creator, const MSyntax &syntax,
+mel::Value runCommand(void *(*creator)(), const MSyntax &syntax,
                       const std::vector<mel::Value> &words)
 {
     MArgList arguments;

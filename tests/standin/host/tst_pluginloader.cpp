@@ -44,6 +44,7 @@ private slots:
     void anExceptionInACommandIsAnError();
     void aPlugInIsNotUnloadedUnderItsOwnFeet();
     void whatIsLeftBehindIsReportedAndRemoved();
+    void aPlugInThatRefusesStaysUntilTheEnd();
     void aLoadedPlugInIsLeftAlone();
     void plugInsAreFoundOnThePath();
     void pluginInfoAnswers();
@@ -177,6 +178,20 @@ void TestPluginLoader::whatIsLeftBehindIsReportedAndRemoved()
              QStringList()
                  << "error: Plug-in, \"leaking\", left a callback behind; it has been removed.");
     QVERIFY(session.run("print \"still alive\""));
+}
+
+void TestPluginLoader::aPlugInThatRefusesStaysUntilTheEnd()
+{
+    TestSession session;
+    QVERIFY(session->plugins().load(pluginPath("failinguninit")));
+    QVERIFY(!session->plugins().unload("failinguninit"));
+    QVERIFY(session.run("testStays"));
+    session->quit();
+    QCOMPARE(session.takeMessages().last(),
+             QString("error: Plug-in, \"failinguninit\", left the command \"testStays\" behind; it "
+                     "has been removed."));
+    QVERIFY(session->plugins().names().isEmpty());
+    QVERIFY(!session.run("testStays"));
 }
 
 void TestPluginLoader::aLoadedPlugInIsLeftAlone()
