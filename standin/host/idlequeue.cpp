@@ -11,6 +11,8 @@ namespace standin {
 IdleQueue::IdleQueue(bool enabled, QObject *parent)
     : QObject(parent), m_enabled(enabled), m_timer(new QTimer(this))
 {
+    // Single-shot, and started again before any work runs: a timer whose slot is still busy does
+    // not fire in a nested event loop, a newly started one does.
     m_timer->setInterval(0);
     m_timer->setSingleShot(true);
     connect(m_timer, SIGNAL(timeout()), this, SLOT(runPass()));
@@ -25,6 +27,7 @@ void IdleQueue::add(std::function<void()> work, mel::IdlePriority priority,
         const std::lock_guard<std::mutex> lock(m_mutex);
         m_entries[Key(priority, m_added++)] = Entry{std::move(work), melText};
     }
+    // A timer can only be started by the thread it lives in.
     if (QThread::currentThread() == thread())
         startTimer();
     else
@@ -55,6 +58,8 @@ bool IdleQueue::processUntilEmpty(int maximumPasses)
     return isEmpty();
 }
 
+// The bound at the start of the pass gives the event loop a turn between two rounds of work that
+// queues itself. Entries are taken one by one, never as a list: work that runs may run a pass too.
 void IdleQueue::runPass()
 {
     std::uint64_t end = 0;

@@ -50,6 +50,7 @@ int sizeOf(const mel::Value &value)
            size(std::get_if<mel::StringArray>(&value));
 }
 
+// Deliberate: a missing variable is 0, not an error; scripts rely on it.
 mel::Value queried(const OptionVars &vars, const std::string &name)
 {
     return vars.exists(name) ? vars.value(name) : mel::Value(0);

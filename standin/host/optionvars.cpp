@@ -13,6 +13,7 @@ namespace standin {
 
 namespace {
 
+// The same escapes for writing and reading; everything else is written as it is.
 struct Escape
 {
     char character;
@@ -45,15 +46,22 @@ Written written(int value)
 {
     return {"-iv", std::to_string(value)};
 }
+
+// Seventeen digits give back the very same number.
 Written written(double value)
 {
     return {"-fv", QByteArray::number(value, 'g', 17).constData()};
 }
+
 Written written(const std::string &value)
 {
     return {"-sv", quoted(value)};
 }
 
+// The command that sets the variable, the form in which the host keeps its preferences:
+//   optionVar -iv "name" 1;
+//   optionVar -sva "names" "a" -sva "names" "b";
+// Nothing for an empty array, which no command of this kind can express.
 std::string statement(const std::string &name, const mel::Value &value)
 {
     std::string text;
@@ -209,6 +217,8 @@ bool OptionVars::remove(const std::string &name)
     return existed;
 }
 
+// Deliberate: only the words of the commands are looked at, flag by flag. The file lies where every
+// program can write, and what is in it must not run.
 void OptionVars::load()
 {
     QFile file(m_fileName);
@@ -224,7 +234,7 @@ void OptionVars::load()
         if (!reader.next(name) || !reader.next(word))
             break;
         const std::optional<mel::Value> value = readValue(flag[1], word);
-        if (value && flag.size() == 4)
+        if (value && flag.size() == 4) // with the "a" of appending
             append(name, *value);
         else if (value)
             set(name, *value);

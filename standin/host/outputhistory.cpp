@@ -41,6 +41,8 @@ std::string OutputHistory::shown(mel::MessageKind kind, const std::string &text)
         return {};
     if (kind == mel::MessageKind::History || kind == mel::MessageKind::Display)
         return text;
+    // up to 2022:  // Error: text //
+    // from 2023:   // Error: text
     const std::string mark = m_language == Language::Python ? "#" : "//";
     const std::string sign = mark + " ";
     if (m_closingMarks)
@@ -48,6 +50,7 @@ std::string OutputHistory::shown(mel::MessageKind kind, const std::string &text)
     return sign + headingOf(kind) + withHeadedLines(text, sign) + "\n";
 }
 
+// What a script prints and what the user typed always show.
 bool OutputHistory::isSuppressed(mel::MessageKind kind) const
 {
     switch (kind) {
@@ -67,6 +70,7 @@ bool OutputHistory::isSuppressed(mel::MessageKind kind) const
 void OutputHistory::append(const std::string &shownText)
 {
     m_text += shownText;
+    // Opened for each message, so that the file is complete at any moment and may be removed.
     if (m_writesFile)
         std::ofstream(m_fileName, std::ios::app | std::ios::binary) << shownText;
 }

@@ -15,6 +15,7 @@ mel::Value run(const std::shared_ptr<const PluginCommand> &command, const mel::C
     } catch (const mel::RuntimeError &) {
         throw;
     } catch (const std::exception &failure) {
+        // Thrown in another library, where the class of the exception need not be ours.
         throw mel::RuntimeError(failure.what());
     }
 }
@@ -27,7 +28,7 @@ bool PluginCommands::add(const PluginCommand &command)
     mel::Command entry;
     entry.name = command.name;
     entry.flags = command.flags;
-    entry.rawWords = true;
+    entry.rawWords = true; // the API's own classes split them
     entry.run = [shared](mel::Call &call) {
         const auto kept = shared; // the command may remove itself while it runs
         return run(kept, call);

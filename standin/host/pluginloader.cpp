@@ -52,6 +52,7 @@ QString qString(const std::string &text)
 {
     return QString::fromUtf8(text.data(), static_cast<int>(text.size()));
 }
+
 std::string utf8(const QString &text)
 {
     return std::string(text.toUtf8().constData());
@@ -67,6 +68,7 @@ QString inParentheses(const PluginRecord &record)
     return QString(" (%1)").arg(qString(record.name));
 }
 
+// The entry point by its plain name, as with C linkage, or else by its mangled one.
 EntryPoint entryPoint(SharedLibrary &library, const char *name, const PluginRecord &record)
 {
     const std::string mangled = "_Z" + std::to_string(std::strlen(name)) + name + mangledParameter;
@@ -133,6 +135,7 @@ void PluginLoader::loadOrThrow(const QString &nameOrFile)
     const QString path = pluginFile(nameOrFile);
     if (path.isEmpty())
         fail(QString("Plug-in, \"%1\", was not found on MAYA_PLUG_IN_PATH.").arg(nameOrFile));
+    // Names decide which commands and callbacks belong together, so they are unique.
     auto owner = std::make_unique<Plugin>();
     Plugin &plugin = *owner;
     plugin.record.path = utf8(path);
@@ -141,7 +144,8 @@ void PluginLoader::loadOrThrow(const QString &nameOrFile)
         fail("A plug-in of the same name is loaded already" + inParentheses(plugin.record));
     try {
         open(plugin);
-        m_plugins.push_back(std::move(owner)); // its commands may ask about it
+        // Before it runs: what it does at loading may ask for the list of plug-ins.
+        m_plugins.push_back(std::move(owner));
         run(plugin.initialize, plugin.record);
     } catch (const mel::RuntimeError &) {
         close(plugin);
@@ -170,6 +174,8 @@ void PluginLoader::open(Plugin &plugin) const
         fail("MApiVersion could not be found in plug-in" + inParentheses(plugin.record));
 }
 
+// A plug-in whose own clean-up fails stays loaded: nobody knows which of its objects are still in
+// use.
 void PluginLoader::unloadOrThrow(const QString &nameOrFile)
 {
     Plugin *plugin = loaded(nameOrFile);
@@ -222,6 +228,7 @@ void PluginLoader::close(const Plugin &plugin)
     m_plugins.erase(std::remove_if(m_plugins.begin(), m_plugins.end(), isPlugin), m_plugins.end());
 }
 
+// A name may carry the suffix of its file; only something with a slash in it is taken for a path.
 PluginLoader::Plugin *PluginLoader::loaded(const QString &nameOrFile) const
 {
     const QString name = QFileInfo(nameOrFile).completeBaseName();

@@ -46,6 +46,7 @@ mel::Value forEach(const mel::Call &call, PluginLoader &plugins, Action action)
     return call.objectTexts();
 }
 
+// pluginInfo -query -FLAG [name]
 mel::Value info(const mel::Call &call, const Session &session, const PluginLoader &plugins)
 {
     if (call.isSet("listPlugins"))

@@ -26,6 +26,7 @@ const Switch switches[] = {
     {"sw", "suppressWarnings", &OutputHistory::Suppressed::warnings},
 };
 
+// One flag is asked for at a time; of several the first in this order answers.
 mel::Value query(const mel::Call &call, OutputHistory &history, const std::string &input)
 {
     for (const Switch &row : switches) {
@@ -82,6 +83,7 @@ void addScriptEditorCommand(Session &session)
     command.flags = flags();
     command.queryable = true;
     command.editable = true;
+    // The text of the host's own editor, which is not there: only remembered for who asks.
     const auto input = std::make_shared<std::string>();
     command.run = [&session, input](mel::Call &call) -> mel::Value {
         if (call.query)

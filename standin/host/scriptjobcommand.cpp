@@ -11,6 +11,7 @@ namespace {
 
 using mel::ArgumentKind;
 
+// A misspelt event would otherwise only show by never happening.
 void requireKnownEvent(const std::string &event)
 {
     const std::vector<std::string> known = ScriptJobs::eventNames();
@@ -47,6 +48,7 @@ void kill(const mel::Call &call, ScriptJobs &jobs)
 
 mel::Value run(const mel::Call &call, Session &session)
 {
+    // Without an event loop no job would ever run.
     if (session.isBatch())
         return 0;
     ScriptJobs &jobs = session.scriptJobs();

@@ -13,7 +13,8 @@ namespace {
 // The pause between two rounds of idle jobs; without one they would keep the processor busy.
 const int idleRoundMilliseconds = 50;
 
-// Sorted.
+// The events that scripts may name, sorted. Most of them never happen without scenes, but a script
+// that waits for them is in order.
 const char *const eventTable[] = {
     "ActiveViewChanged",
     "ChannelBoxLabelSelected",
@@ -149,6 +150,7 @@ bool ScriptJobs::kill(int number, bool force)
     return true;
 }
 
+// Over a copy, here and below: killing changes the list.
 void ScriptJobs::killAll(bool force)
 {
     const std::map<int, Job> all = m_jobs;
@@ -175,6 +177,7 @@ std::vector<std::string> ScriptJobs::descriptions() const
 
 void ScriptJobs::fire(const std::string &event)
 {
+    // Marked, so that an event that comes ten times before the next idle moment counts once.
     for (const int number : numbersFor(event)) {
         Job &job = m_jobs[number];
         if (!job.waiting)
@@ -215,7 +218,7 @@ void ScriptJobs::run(int number)
     if (found == m_jobs.end())
         return;
     found->second.waiting = false;
-    const Job job = found->second;
+    const Job job = found->second; // its script may remove it from the list
     if (job.runOnce)
         m_jobs.erase(found);
     m_session.executeMel(job.script, false);

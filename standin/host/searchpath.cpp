@@ -30,6 +30,7 @@ bool conditionHolds(const QString &condition)
 {
     const QString key = condition.section(':', 0, 0);
     const QString value = condition.section(':', 1);
+    // The interface has one language, so no locale is refused.
     if (key == "MAYAVERSION")
         return value == QString::number(MAYA_API_VERSION).left(4);
     return key == "PLATFORM" ? value == platform : key == "LOCALE";
@@ -41,7 +42,11 @@ bool isCondition(const QString &word)
     return word.contains(':') && (key == "MAYAVERSION" || key == "PLATFORM" || key == "LOCALE");
 }
 
-// Reads one module file line by line.
+// Reads one module file line by line. A heading begins a module; the lines after it may move its
+// folders:
+//   + PLATFORM:linux name 1.0 ../there
+//   plug-ins: bin/linux
+// Lines about icons, presets and environment variables mean nothing here and are skipped.
 class ModuleReader
 {
 public:

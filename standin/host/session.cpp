@@ -52,6 +52,8 @@ private:
 
 } // namespace
 
+// Everything of a session, in the order in which it is taken down from below: plug-ins before the
+// interpreter that holds their commands, jobs and idle work before the history they write to.
 struct Session::Parts
 {
     Parts(const SessionOptions &chosen, Session &session)
@@ -106,34 +108,42 @@ const SessionOptions &Session::options() const
 {
     return m_parts->options;
 }
+
 mel::Interpreter &Session::mel()
 {
     return *m_parts->interpreter;
 }
+
 IdleQueue &Session::idleQueue()
 {
     return m_parts->idle;
 }
+
 OptionVars &Session::optionVars()
 {
     return *m_parts->vars;
 }
+
 OutputHistory &Session::history()
 {
     return m_parts->history;
 }
+
 PluginLoader &Session::plugins()
 {
     return *m_parts->loader;
 }
+
 ScriptJobs &Session::scriptJobs()
 {
     return m_parts->jobs;
 }
+
 const PluginCommands &Session::pluginCommands() const
 {
     return *m_parts->commands;
 }
+
 bool Session::errorSeen() const
 {
     return m_parts->errorSeen;
@@ -143,19 +153,24 @@ void Session::setPython(std::unique_ptr<PythonEngine> engine)
 {
     m_parts->python = std::move(engine);
 }
+
 void Session::setInterface(InterfaceLookup *lookup)
 {
     m_parts->lookup = lookup;
 }
+
 InterfaceLookup *Session::interfaceLookup()
 {
     return m_parts->lookup;
 }
+
 bool Session::isBatch() const
 {
     return m_parts->options.batch;
 }
 
+// Made on demand rather than at the start, so that a session that asks for nothing leaves nothing
+// behind in the user's directory.
 QString Session::userFolder(const QString &name) const
 {
     const QDir user(m_parts->options.userDirectory);
@@ -176,6 +191,8 @@ void Session::quit()
     optionVars().save();
 }
 
+// Through the event loop: a script that quits is running, and may have come from a plug-in whose
+// code must not be unloaded below it.
 void Session::requestQuit(int exitStatus)
 {
     QMetaObject::invokeMethod(this, "emitQuitRequested", Qt::QueuedConnection,
@@ -209,8 +226,10 @@ void Session::message(mel::MessageKind kind, const std::string &text)
     output(kind, text);
 }
 
+// The history comes first, so that a callback that asks for it finds the message it is called for.
 void Session::output(mel::MessageKind kind, const std::string &text)
 {
+    // Python's threads print, but callbacks and widgets belong to the main thread.
     if (QThread::currentThread() != thread()) {
         QMetaObject::invokeMethod(this, "deliver", Qt::QueuedConnection,
                                   Q_ARG(int, static_cast<int>(kind)),
@@ -221,9 +240,8 @@ void Session::output(mel::MessageKind kind, const std::string &text)
     const std::string shown = history().shown(kind, text);
     history().append(shown);
     dispatchOutput(kind, text);
-    if (receivers(SIGNAL(messageArrived(int, QString))) > 0)
-        emit messageArrived(static_cast<int>(kind), qString(text));
-    if (!shown.empty() && receivers(SIGNAL(historyGrew(QString))) > 0)
+    emit messageArrived(static_cast<int>(kind), qString(text));
+    if (!shown.empty())
         emit historyGrew(qString(shown));
 }
 
@@ -259,6 +277,7 @@ void Session::executePythonOnIdle(const std::string &text, bool display)
     idleQueue().add([=] { executePython(text, display); });
 }
 
+// Deferred code never echoes: only what is typed or executed with display does.
 void Session::deferMel(const std::string &text, mel::IdlePriority priority)
 {
     idleQueue().add([=] { executeMel(text, false); }, priority, text);
@@ -280,6 +299,7 @@ void Session::processIdle()
     idleQueue().processUntilEmpty();
 }
 
+// Read afresh each time, since scripts extend the path with putenv.
 std::vector<std::string> Session::scriptPath() const
 {
     const QStringList folders = QStringList()
@@ -291,10 +311,12 @@ std::vector<std::string> Session::scriptPath() const
     return path;
 }
 
+// What follows is the API libraries' way in; the work is done by the parts.
 bool Session::registerCommand(const PluginCommand &command)
 {
     return m_parts->commands->add(command);
 }
+
 bool Session::deregisterCommand(const std::string &name)
 {
     return m_parts->commands->remove(name);

@@ -25,6 +25,7 @@ mel::Value isSystem(const char *name)
 {
     return std::string(operatingSystem) == name ? 1 : 0;
 }
+
 mel::Value release()
 {
     return std::string(MGlobal::mayaVersion().asUTF8());
@@ -38,6 +39,7 @@ struct Question
     mel::Value (*answer)(const Session &session);
 };
 
+// A folder of the user, in UTF-8.
 std::string folder(const Session &session, const char *name)
 {
     return session.userFolder(name).toUtf8().constData();

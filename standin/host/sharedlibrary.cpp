@@ -20,6 +20,7 @@ const void *baseOf(const void *address)
     return dladdr(address, &info) != 0 ? info.dli_fbase : nullptr;
 }
 
+// Where the functions that are running will return to, this one first.
 std::vector<void *> returnAddresses()
 {
     std::vector<void *> addresses(256);

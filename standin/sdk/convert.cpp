@@ -16,6 +16,8 @@ bool isEmptyArray(const mel::Value &value)
            isEmpty(std::get_if<mel::VectorArray>(&value));
 }
 
+// Replaces the array if the value has items of its kind, or none at all: an empty array has no type
+// that a script could see.
 template <class Items, class ApiArray, class Convert>
 bool copyItems(const mel::Value &value, ApiArray &result, Convert convertItem)
 {

@@ -20,6 +20,7 @@ Item itemAt(const MArgList &list, unsigned int index, MStatus *status)
     return value;
 }
 
+// The words that the language takes for a switch, and any number.
 bool readsAs(const MString &word, bool &value)
 {
     static const char *const yes[] = {"1", "on", "true", "yes"};
@@ -55,6 +56,7 @@ bool readsAs(const MString &word, MString &value)
     return true;
 }
 
+// Leaves the value alone unless the word reads as one.
 template <class Item>
 MStatus readWord(const std::vector<MString> &words, unsigned int index, Item &value)
 {
@@ -97,14 +99,17 @@ MStatus MArgList::get(unsigned int index, bool &value) const
 {
     return readWord(m_words, index, value);
 }
+
 MStatus MArgList::get(unsigned int index, int &value) const
 {
     return readWord(m_words, index, value);
 }
+
 MStatus MArgList::get(unsigned int index, double &value) const
 {
     return readWord(m_words, index, value);
 }
+
 MStatus MArgList::get(unsigned int index, MString &value) const
 {
     return readWord(m_words, index, value);
@@ -124,10 +129,12 @@ unsigned int MArgList::flagIndex(const char *shortFlag, const char *longFlag) co
     return kInvalidArgIndex;
 }
 
+// Words are kept as text, as they were typed; what a number was is decided when it is asked for.
 MStatus MArgList::addArg(bool value)
 {
     return addArg(value ? 1 : 0);
 }
+
 MStatus MArgList::addArg(int value)
 {
     return addArg(MString(std::to_string(value).c_str()));

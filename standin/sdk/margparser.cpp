@@ -21,6 +21,7 @@ struct MArgParser::Data
 
     bool readWords(const MArgList &words);
     bool readFlag(const MArgList &words, unsigned int &position);
+    // Whether as many objects stand there as the syntax wants, of the declared types.
     bool countsFit() const;
     // The uses of a flag by either name; null for a flag that the syntax does not have.
     const std::vector<MArgList> *usesOf(const char *flag);
@@ -72,6 +73,7 @@ bool isOfType(const MArgList &words, unsigned int index, MSyntax::MArgType type)
 
 } // namespace
 
+// Stops at the first word that does not fit; what was read before it can still be asked for.
 bool MArgParser::Data::readWords(const MArgList &words)
 {
     for (unsigned int i = 0; i < words.length(); ++i) {
@@ -110,6 +112,7 @@ bool MArgParser::Data::countsFit() const
 {
     const size_t count = objects.length();
     const size_t arguments = syntax.arguments.size();
+    // Queries and edits are about something that exists, so they may leave the arguments out.
     if (count < arguments && !query && !edit)
         return false;
     for (unsigned int i = 0; i < arguments && i < count; ++i) {

@@ -44,22 +44,27 @@ MStatus MCommandResult::getResult(int &value) const
 {
     return statusOf(convert(m_data->value, value));
 }
+
 MStatus MCommandResult::getResult(MIntArray &value) const
 {
     return statusOf(convert(m_data->value, value));
 }
+
 MStatus MCommandResult::getResult(double &value) const
 {
     return statusOf(convert(m_data->value, value));
 }
+
 MStatus MCommandResult::getResult(MDoubleArray &value) const
 {
     return statusOf(convert(m_data->value, value));
 }
+
 MStatus MCommandResult::getResult(MString &value) const
 {
     return statusOf(convert(m_data->value, value));
 }
+
 MStatus MCommandResult::getResult(MStringArray &value) const
 {
     return statusOf(convert(m_data->value, value));

@@ -18,6 +18,7 @@ using namespace standin;
 
 namespace {
 
+// What the handle stands for; null for the null object.
 PluginRecord *recordOf(const MObject &object)
 {
     return static_cast<PluginRecord *>(StandinAccess::target(object));
@@ -55,6 +56,7 @@ mel::ArgumentKind argumentKind(MSyntax::MArgType type)
     }
 }
 
+// The flags in the form in which the interpreter's help shows them.
 std::vector<mel::Flag> flagsOf(const MSyntax &syntax)
 {
     std::vector<mel::Flag> flags;
@@ -147,6 +149,7 @@ MStatus MFnPlugin::registerCommand(const MString &commandName, MCreatorFunction 
     const PluginRecord *record = recordOf(m_object);
     if (!record || !creator || !hostServices() || commandName.length() == 0)
         return MS::kFailure;
+    // Asked for once: a syntax does not change while its command is registered.
     const MSyntax syntax = createSyntax ? createSyntax() : MSyntax();
     PluginCommand command;
     command.name = utf8(commandName);

@@ -12,6 +12,7 @@ using namespace standin;
 
 namespace {
 
+// Every form of running a script is one of two calls of the host and one conversion.
 using Execute = mel::Outcome (HostServices::*)(const std::string &, bool);
 
 mel::Outcome run(Execute execute, const MString &text, bool display)
@@ -41,6 +42,7 @@ void show(mel::MessageKind kind, const MString &text)
         hostServices()->output(kind, utf8(text));
 }
 
+// A variable of another type counts as missing.
 template <class Item>
 Item optionVarValue(const MString &name, bool *valid)
 {
@@ -145,10 +147,12 @@ void MGlobal::displayInfo(const MString &message)
 {
     show(mel::MessageKind::Info, message);
 }
+
 void MGlobal::displayWarning(const MString &message)
 {
     show(mel::MessageKind::Warning, message);
 }
+
 void MGlobal::displayError(const MString &message)
 {
     show(mel::MessageKind::Error, message);
@@ -178,10 +182,12 @@ bool MGlobal::setOptionVarValue(const MString &name, int value)
 {
     return setVar(name, value);
 }
+
 bool MGlobal::setOptionVarValue(const MString &name, double value)
 {
     return setVar(name, value);
 }
+
 bool MGlobal::setOptionVarValue(const MString &name, const MString &value)
 {
     return setVar(name, utf8(value));
@@ -191,10 +197,12 @@ bool MGlobal::initOptionVar(const MString &name, int value)
 {
     return initVar(name, value);
 }
+
 bool MGlobal::initOptionVar(const MString &name, double value)
 {
     return initVar(name, value);
 }
+
 bool MGlobal::initOptionVar(const MString &name, const MString &value)
 {
     return initVar(name, utf8(value));

@@ -24,6 +24,7 @@ struct Callback
 };
 using CallbackList = std::vector<std::shared_ptr<Callback>>;
 
+// Shared pointers, so that a callback that removes itself lives until it returns.
 CallbackList callbacks; // in the order in which they were added
 CallbackList running;   // the innermost last
 MCallbackId lastId = 0;
@@ -49,6 +50,7 @@ private:
     const std::shared_ptr<Callback> m_callback;
 };
 
+// The application would crash here; a developer is better served by being told.
 void reportEscaped(const std::string &what)
 {
     if (hostServices())

@@ -44,6 +44,7 @@ void setCurrentResult(const mel::Value &value)
         CommandRun::current->result = value;
 }
 
+// A first value stands alone; a second one of its type makes an array of the two.
 template <class Item>
 void appendItem(mel::Value &value, const Item &item)
 {
@@ -62,6 +63,7 @@ void appendToCurrentResult(const Item &item)
         appendItem(CommandRun::current->result, item);
 }
 
+// Exceptions end here: the interpreter that called is another library's code.
 mel::Value doIt(MPxCommand &command, const MArgList &arguments, const CommandRun &run)
 {
     MStatus status;
@@ -101,22 +103,27 @@ STANDIN_API_OPEN
 MPxCommand::MPxCommand() = default;
 MPxCommand::~MPxCommand() = default;
 
+// A command that overrides nothing does nothing, and cannot be undone.
 MStatus MPxCommand::doIt(const MArgList &)
 {
     return MS::kSuccess;
 }
+
 MStatus MPxCommand::redoIt()
 {
     return MS::kSuccess;
 }
+
 MStatus MPxCommand::undoIt()
 {
     return MS::kSuccess;
 }
+
 bool MPxCommand::isUndoable() const
 {
     return false;
 }
+
 bool MPxCommand::hasSyntax() const
 {
     return false;
@@ -139,14 +146,17 @@ MStatus MPxCommand::setCommandString(const MString &text)
     return MS::kSuccess;
 }
 
+// The line number is the interpreter's to add; these show the text as it is.
 void MPxCommand::displayInfo(const MString &message)
 {
     MGlobal::displayInfo(message);
 }
+
 void MPxCommand::displayWarning(const MString &message, bool)
 {
     MGlobal::displayWarning(message);
 }
+
 void MPxCommand::displayError(const MString &message, bool)
 {
     MGlobal::displayError(message);
@@ -156,22 +166,27 @@ void MPxCommand::setResult(bool value)
 {
     setCurrentResult(value ? 1 : 0);
 }
+
 void MPxCommand::setResult(int value)
 {
     setCurrentResult(value);
 }
+
 void MPxCommand::setResult(double value)
 {
     setCurrentResult(value);
 }
+
 void MPxCommand::setResult(const char *value)
 {
     setCurrentResult(std::string(value ? value : ""));
 }
+
 void MPxCommand::setResult(const MString &value)
 {
     setCurrentResult(utf8(value));
 }
+
 void MPxCommand::setResult(const MStringArray &value)
 {
     setCurrentResult(utf8List(value));
@@ -181,18 +196,22 @@ void MPxCommand::appendToResult(bool value)
 {
     appendToCurrentResult(value ? 1 : 0);
 }
+
 void MPxCommand::appendToResult(int value)
 {
     appendToCurrentResult(value);
 }
+
 void MPxCommand::appendToResult(double value)
 {
     appendToCurrentResult(value);
 }
+
 void MPxCommand::appendToResult(const char *value)
 {
     appendToResult(MString(value));
 }
+
 void MPxCommand::appendToResult(const MString &value)
 {
     appendToCurrentResult(utf8(value));

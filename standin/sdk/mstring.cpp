@@ -26,14 +26,17 @@ MString::MString(const char *text)
 {
     set(text);
 }
+
 MString::MString(const char *text, int length)
 {
     set(text, length);
 }
+
 MString::MString(const wchar_t *text)
 {
     setWChar(text);
 }
+
 MString::MString(const wchar_t *text, int length)
 {
     setWChar(text, length);
@@ -81,6 +84,7 @@ MStatus MString::set(const char *text, int length)
     return MS::kSuccess;
 }
 
+// Ten digits, as the language prints a float; whole numbers of that size keep every digit.
 MStatus MString::set(double value)
 {
     m_text = numberText("%.*g", 10, value);
@@ -137,14 +141,17 @@ MString &MString::operator+=(double value)
     return *this += number;
 }
 
+// Each form of adding is the form of appending to a copy.
 MString MString::operator+(const MString &other) const
 {
     return MString(*this) += other;
 }
+
 MString MString::operator+(const char *text) const
 {
     return MString(*this) += text;
 }
+
 MString MString::operator+(double value) const
 {
     return MString(*this) += value;

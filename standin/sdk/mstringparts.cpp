@@ -17,6 +17,7 @@ int found(size_t position)
     return position == std::string::npos ? -1 : static_cast<int>(position);
 }
 
+// From one position to another, both included, as far as the text goes.
 template <class Text>
 Text partOf(const Text &text, int start, int end)
 {
@@ -25,6 +26,7 @@ Text partOf(const Text &text, int start, int end)
     return first > last ? Text() : text.substr(first, last - first + 1);
 }
 
+// The parts between separators; for narrow and wide text alike.
 template <class Text>
 MStatus splitInto(const Text &text, typename Text::value_type separator, MStringArray &parts)
 {
@@ -42,6 +44,7 @@ char lower(char c)
 {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
 }
+
 char upper(char c)
 {
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - ('a' - 'A')) : c;
@@ -69,6 +72,7 @@ int MString::index(char character) const
 {
     return found(m_text.find(character));
 }
+
 int MString::rindex(char character) const
 {
     return found(m_text.rfind(character));
@@ -110,6 +114,7 @@ MStatus MString::substitute(const MString &oldText, const MString &newText)
         return MS::kInvalidParameter;
     const std::string wanted = oldText.m_text; // copies: either may be this string
     const std::string replacement = newText.m_text;
+    // Goes on behind what was put in, which may hold the text looked for.
     for (size_t at = m_text.find(wanted); at != std::string::npos;
          at = m_text.find(wanted, at + replacement.size()))
         m_text.replace(at, wanted.size(), replacement);

@@ -36,6 +36,7 @@ MStatus MSyntax::addFlag(const char *shortName, const char *longName, MArgType a
     Data::Flag flag;
     flag.shortName = standin::withoutDash(shortName);
     flag.longName = standin::withoutDash(longName);
+    // Short names of up to three letters and long ones from four on can never be confused.
     const bool wellFormed =
         !flag.shortName.empty() && flag.shortName.size() <= 3 && flag.longName.size() >= 4;
     if (!wellFormed || m_data->find(shortName) || m_data->find(longName))

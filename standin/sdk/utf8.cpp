@@ -23,6 +23,7 @@ int continuationBytes(unsigned char first)
     return first >= 0xf0 && first < 0xf5 ? 3 : -1;
 }
 
+// Refuses overlong forms, which hide ASCII characters, and halves of surrogate pairs.
 bool isValid(char32_t code, int continuations)
 {
     static const char32_t smallest[] = {0, 0x80, 0x800, 0x10000};
@@ -65,6 +66,7 @@ void appendUtf8(std::string &text, char32_t code)
         text += static_cast<char>(0x80 | (code >> (6 * i) & 0x3f));
 }
 
+// Whether a UTF-16 surrogate pair stands at the position.
 bool isPair(const std::wstring &text, size_t position)
 {
     const auto isBetween = [&](size_t at, char32_t low) {
