@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QString>
 #include <QTreeView>
 
 class QFileSystemModel;
 
-// The tree of files of the project directory.
+// The tree of files of the project directory. It begins to watch the file system a moment after it
+// is first seen, so that the window need not wait for it.
 class EdExplorerView : public QTreeView
 {
     Q_OBJECT
@@ -22,7 +24,12 @@ signals:
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+
+private slots:
+    void list();
 
 private:
-    QFileSystemModel *m_model;
+    QString m_directory;
+    QFileSystemModel *m_model = nullptr; // until the first listing
 };
