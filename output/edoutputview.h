@@ -20,9 +20,6 @@ public:
 
     void appendText(const QString &text);
 
-    // Shows gathered text now; what is hidden stays gathered.
-    void flush();
-
     // Whether text waits for the next frame or, while the view is hidden, for being shown.
     bool isGathering() const { return !m_backlog.isEmpty(); }
 
@@ -39,6 +36,9 @@ public:
     void applyColors();
 
 public slots:
+    // Shows gathered text now; what is hidden stays gathered.
+    void flush();
+
     // Marks the visible messages and the occurrences of a selected word.
     void updateExtraSelections();
 
