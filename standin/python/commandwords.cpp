@@ -51,6 +51,13 @@ PyObject *modeValue(const mel::Command &command, PyObject *keywords, const Mode 
     return nullptr;
 }
 
+// Whether the keywords say which language the call's scripts are in.
+bool namesLanguage(PyObject *keywords)
+{
+    return keywords && (PyDict_GetItemString(keywords, "sourceType") != nullptr ||
+                        PyDict_GetItemString(keywords, "stp") != nullptr);
+}
+
 // A plug-in command without a syntax of its own takes what it is given.
 bool acceptsAnyFlag(const mel::Command &command)
 {
@@ -61,7 +68,11 @@ bool acceptsAnyFlag(const mel::Command &command)
 class WordList
 {
 public:
-    WordList(const mel::Command &command, bool query) : m_command(command), m_query(query) {}
+    WordList(const mel::Command &command, PyObject *keywords)
+        : m_command(command), m_query(modeValue(command, keywords, queryMode) != nullptr),
+          m_namesLanguage(namesLanguage(keywords))
+    {
+    }
 
     bool addFlag(const std::string &name, PyObject *value);
     bool add(PyObject *value, mel::ArgumentKind kind = mel::ArgumentKind::String);
@@ -76,6 +87,7 @@ private:
 
     const mel::Command &m_command;
     const bool m_query;
+    const bool m_namesLanguage;
     std::vector<mel::Value> m_words;
 };
 
@@ -165,9 +177,12 @@ bool WordList::add(PyObject *value, mel::ArgumentKind kind)
     return true;
 }
 
-// Scripts given from Python are Python, as text or as something to call.
+// Scripts given from Python are Python, as text or as something to call. With a language of its own
+// the element runs the text as it is.
 bool WordList::addScript(PyObject *value)
 {
+    if (m_namesLanguage && isText(value))
+        return add(value);
     const PyRef command = textObject(m_command.name);
     const PyRef script = command ? callUtils("_melScript", {command.get(), value}) : PyRef();
     return script && add(script.get());
@@ -204,7 +219,7 @@ std::optional<std::vector<mel::Value>> commandWords(const mel::Command &command,
 {
     PyObject *query = modeValue(command, keywords, queryMode);
     PyObject *edit = modeValue(command, keywords, editMode);
-    WordList words(command, query != nullptr);
+    WordList words(command, keywords);
     if (words.addMode(queryMode, query) && words.addMode(editMode, edit) &&
         addFlags(command, keywords, words) && addObjects(arguments, words))
         return words.take();

@@ -56,14 +56,14 @@ const Attributes buttonLabel = {
 };
 
 const Attributes command = {
-    STANDIN_KEPT_TEXT("c", "command"),
+    STANDIN_KEPT_SCRIPT("c", "command"),
     STANDIN_KEPT_TEXT("stp", "sourceType"),
 };
 
 const Attributes changeCommand = {
-    STANDIN_KEPT_TEXT("cc", "changeCommand"),
-    STANDIN_KEPT_TEXT("onc", "onCommand"),
-    STANDIN_KEPT_TEXT("ofc", "offCommand"),
+    STANDIN_KEPT_SCRIPT("cc", "changeCommand"),
+    STANDIN_KEPT_SCRIPT("onc", "onCommand"),
+    STANDIN_KEPT_SCRIPT("ofc", "offCommand"),
 };
 
 void setImage(Element &element, const Argument &given)
@@ -124,8 +124,8 @@ const Attributes fieldText = {
      [](const Element &e, UserInterface &) -> Value {
          return int(!as<QLineEdit>(e)->isReadOnly());
      }},
-    STANDIN_KEPT_TEXT("cc", "changeCommand"),
-    STANDIN_KEPT_TEXT("ec", "enterCommand"),
+    STANDIN_KEPT_SCRIPT("cc", "changeCommand"),
+    STANDIN_KEPT_SCRIPT("ec", "enterCommand"),
 };
 
 const Attributes separatorStyle = {

@@ -56,11 +56,13 @@ void addElementCommand(UserInterface &ui, const ElementType &type);
 // Flags that every widget has: annotation, enable, visible, width, height.
 const Attributes &widgetAttributes();
 
-// A text that is kept with the element and given back, such as a script.
-#define STANDIN_KEPT_TEXT(shortName, longName)                                                     \
+// A text or a script that is kept with the element and given back.
+#define STANDIN_KEPT_TEXT(shortName, longName) STANDIN_KEPT(shortName, longName, String)
+#define STANDIN_KEPT_SCRIPT(shortName, longName) STANDIN_KEPT(shortName, longName, Script)
+#define STANDIN_KEPT(shortName, longName, kind)                                                    \
     Attribute                                                                                      \
     {                                                                                              \
-        {shortName, longName, {mel::ArgumentKind::String}},                                        \
+        {shortName, longName, {mel::ArgumentKind::kind}},                                          \
             [](Element &element, const Argument &given) {                                          \
                 element.texts[longName] = given.utf8();                                            \
             },                                                                                     \

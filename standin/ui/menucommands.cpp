@@ -68,7 +68,7 @@ const Attributes labels = {
      [](const Element &e, UserInterface &) -> Value { return int(e.action()->isVisible()); }},
     {{"to", "tearOff", {ArgumentKind::Boolean}}, setTearOff},
     {{"aob", "allowOptionBoxes", {ArgumentKind::Boolean}}},
-    STANDIN_KEPT_TEXT("pmc", "postMenuCommand"),
+    STANDIN_KEPT_SCRIPT("pmc", "postMenuCommand"),
 };
 
 const Attributes contents = {
@@ -84,7 +84,7 @@ const Attributes contents = {
 };
 
 const Attributes itemAttributes = {
-    STANDIN_KEPT_TEXT("c", "command"),
+    STANDIN_KEPT_SCRIPT("c", "command"),
     STANDIN_KEPT_TEXT("stp", "sourceType"),
     {{"d", "divider", {ArgumentKind::Boolean}},
      nullptr,

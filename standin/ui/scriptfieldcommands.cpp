@@ -109,7 +109,7 @@ const Attributes &textAttributes()
         {{"hf", "hasFocus"},
          nullptr,
          [](const Element &e, UserInterface &) -> Value { return int(field(e)->hasFocus()); }},
-        STANDIN_KEPT_TEXT("rfc", "receiveFocusCommand"),
+        STANDIN_KEPT_SCRIPT("rfc", "receiveFocusCommand"),
     };
     return attributes;
 }

@@ -114,7 +114,7 @@ const Attributes buttonAttributes = {
      },
      [](const Element &e, UserInterface &) -> Value { return e.text("image1"); }},
     {{"st", "style", {ArgumentKind::String}}},
-    STANDIN_KEPT_TEXT("c", "command"),
+    STANDIN_KEPT_SCRIPT("c", "command"),
     STANDIN_KEPT_TEXT("stp", "sourceType"),
 };
 

@@ -51,7 +51,7 @@ const Attributes windowAttributes = {
     {{"s", "sizeable", {ArgumentKind::Boolean}}},
     {{"mb", "menuBar", {ArgumentKind::Boolean}}},
     STANDIN_KEPT_TEXT("in", "iconName"),
-    STANDIN_KEPT_TEXT("cc", "closeCommand"),
+    STANDIN_KEPT_SCRIPT("cc", "closeCommand"),
 };
 
 const std::vector<ElementType> &windowTypes()

@@ -70,7 +70,10 @@ def _queue(*call):
 
 
 def _runWaitingCall():
-    function, args, kwargs = _waitingCalls.popleft()
+    _runReporting(*_waitingCalls.popleft())
+
+
+def _runReporting(function, args, kwargs):
     try:
         function(*args, **kwargs)
     except BaseException:
@@ -96,6 +99,7 @@ def _runText(text):
 
 _callbacks = {}  # for ever: nothing says when an element of the interface has gone
 _withoutArgument = ('scriptJob', 'runTimeCommand', 'evalDeferred')
+_states = {'1': True, '0': False, '#1': False}
 
 
 def _melScript(command, value):
@@ -103,12 +107,16 @@ def _melScript(command, value):
     if callable(value):
         number = len(_callbacks) + 1
         _callbacks[number] = value
-        # Elements of the interface tell their callbacks about their state.
-        state = '' if command in _withoutArgument else 'False'
-        value = "__import__('maya.utils').utils._callbacks[%d](%s)" % (number, state)
+        # Elements of the interface put their state in the place of the mark, if they have one.
+        state = '' if command in _withoutArgument else ", '#1'"
+        value = "__import__('maya.utils').utils._runCallback(%d%s)" % (number, state)
     for plain, escaped in (('\\', '\\\\'), ('"', '\\"'), ('\n', '\\n'), ('\r', '\\r'), ('\t', '\\t')):
         value = value.replace(plain, escaped)
     return 'python("%s")' % value
+
+
+def _runCallback(number, *state):
+    _runReporting(_callbacks[number], tuple(_states.get(text, text) for text in state), {})
 
 
 # Uncaught exceptions

@@ -26,6 +26,7 @@ mel::Command wordsCommand()
                      {"wh", "widthHeight", {ArgumentKind::Int, ArgumentKind::Int}},
                      {"cw", "columnWidth", {ArgumentKind::Int, ArgumentKind::Int}, true},
                      {"c", "command", {ArgumentKind::Script}},
+                     {"stp", "sourceType", {ArgumentKind::String}},
                      {"f", "force"}};
     return command;
 }
@@ -121,6 +122,8 @@ void TestMayaPackage::callsBecomeWords_data()
                                      << "-watch a";
     QTest::newRow("one-use-of-two-arguments") << "cw=(1, 50)"
                                               << "-columnWidth 1 50";
+    QTest::newRow("script-in-a-named-language") << "c='x', stp='mel'"
+                                                << "-command x -sourceType mel";
     QTest::newRow("uses-of-two-arguments") << "cw=[(1, 50), (2, 60)]"
                                            << "-columnWidth 1 50 -columnWidth 2 60";
 }
