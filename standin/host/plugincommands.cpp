@@ -8,10 +8,10 @@ namespace standin {
 
 namespace {
 
-mel::Value run(const std::shared_ptr<const PluginCommand> &command, const mel::Call &call)
+mel::Value run(const PluginCommand &command, const mel::Call &call)
 {
     try {
-        return command->run(call.objects);
+        return command.run(call.objects);
     } catch (const mel::RuntimeError &) {
         throw;
     } catch (const std::exception &failure) {
@@ -29,10 +29,7 @@ bool PluginCommands::add(const PluginCommand &command)
     entry.name = command.name;
     entry.flags = command.flags;
     entry.rawWords = true; // the API's own classes split them
-    entry.run = [shared](mel::Call &call) {
-        const auto kept = shared; // the command may remove itself while it runs
-        return run(kept, call);
-    };
+    entry.run = [shared](mel::Call &call) { return run(*shared, call); };
     if (!m_interpreter.addCommand(entry))
         return false;
     m_owners[command.name] = command.plugin;

@@ -203,17 +203,19 @@ void PluginLoader::unloadAll()
 // Whatever still points into the library would crash the host later.
 void PluginLoader::removeLeftovers(const Plugin &plugin)
 {
-    const std::string who = "Plug-in, \"" + plugin.record.name + "\", left ";
+    const auto report = [&](const QString &what) {
+        const QString text = QString("Plug-in, \"%1\", left %2 behind; it has been removed.");
+        m_host.output(mel::MessageKind::Error, utf8(text.arg(qString(plugin.record.name), what)));
+    };
     for (const LiveCallback &callback : liveCallbacks()) {
         if (!plugin.library.contains(callback.function))
             continue;
         MMessage::removeCallback(callback.id);
-        m_host.output(mel::MessageKind::Error, who + "a callback behind; it has been removed.");
+        report("a callback");
     }
     for (const std::string &command : m_commands.namesOf(plugin.record.name)) {
         m_host.deregisterCommand(command);
-        m_host.output(mel::MessageKind::Error,
-                      who + "the command \"" + command + "\" behind; it has been removed.");
+        report(QString("the command \"%1\"").arg(qString(command)));
     }
 }
 

@@ -262,7 +262,7 @@ mel::Outcome Session::executePython(const std::string &text, bool display)
     const LanguageScope scope(history(), m_parts->runningTexts, Language::Python);
     if (m_parts->python)
         return m_parts->python->execute(text, display);
-    const mel::Outcome failure{false, {}, "Python is not available in this session."};
+    mel::Outcome failure{false, {}, "Python is not available in this session."};
     output(mel::MessageKind::Error, failure.error);
     return failure;
 }
