@@ -45,7 +45,7 @@ ExpressionPointer Builder::callProcedure(const ProcedureEntry &entry,
 }
 
 ExpressionPointer Builder::callFunction(const std::vector<const Function *> &rows,
-                                        ExpressionList arguments, int line)
+                                        ExpressionList arguments, int line, bool isCommandLine)
 {
     std::vector<Type> types;
     for (const ExpressionPointer &given : arguments)
@@ -56,17 +56,18 @@ ExpressionPointer Builder::callFunction(const std::vector<const Function *> &row
     for (size_t i = 0; i < arguments.size(); ++i)
         arguments[i] = argument(std::move(arguments[i]), function->parameterType(i));
     const Type type = function->returnType(types.empty() ? Type::Dynamic : types.front());
-    return nodes::functionCall(*function, std::move(arguments), type, line);
+    return nodes::functionCall(*function, std::move(arguments), type, line, isCommandLine);
 }
 
-ExpressionPointer Builder::call(const std::string &name, ExpressionList arguments, int line)
+ExpressionPointer Builder::call(const std::string &name, ExpressionList arguments, int line,
+                                bool isCommandLine)
 {
     const auto [entry, signature] = findProcedure(name);
     if (entry)
         return callProcedure(*entry, signature, std::move(arguments), line);
     const auto functions = functionsNamed(name);
     if (!functions.empty() && m_runtime.commands.find(name))
-        return callFunction(functions, std::move(arguments), line);
+        return callFunction(functions, std::move(arguments), line, isCommandLine);
     for (const ExpressionPointer &given : arguments) {
         if (given->type() == Type::Void)
             throw CompileError("Cannot cast data of type undefined to string.");

@@ -16,6 +16,14 @@ namespace {
     throw RuntimeError("Wrong number of arguments on call to " + name + ".");
 }
 
+void echoFunction(Runtime &runtime, const Function &function, Value *const *arguments, size_t count)
+{
+    std::vector<Value> words;
+    for (size_t i = 0; i < count; ++i)
+        words.push_back(*arguments[i]);
+    echoCommand(runtime, function.name, words);
+}
+
 class CallExpression : public Expression
 {
 public:
@@ -28,7 +36,7 @@ public:
 
 protected:
     Value callProcedure(const ProcedurePointer &procedure, Frame &frame) const;
-    Value callFunction(const Function &function, Frame &frame) const;
+    Value callFunction(const Function &function, Frame &frame, bool isCommandLine) const;
 
     ExpressionList m_arguments;
     int m_line;
@@ -54,7 +62,7 @@ Value CallExpression::callProcedure(const ProcedurePointer &procedure, Frame &fr
     return frame.runtime.invoke(procedure, callee);
 }
 
-Value CallExpression::callFunction(const Function &function, Frame &frame) const
+Value CallExpression::callFunction(const Function &function, Frame &frame, bool isCommandLine) const
 {
     constexpr size_t usualCount = 6;
     const size_t count = m_arguments.size();
@@ -72,6 +80,8 @@ Value CallExpression::callFunction(const Function &function, Frame &frame) const
         all[i] = &own[i];
     }
     frame.line = m_line;
+    if (isCommandLine && frame.runtime.settings.echoCommands)
+        echoFunction(frame.runtime, function, all, count);
     return function.run(Arguments(frame.runtime, all, count));
 }
 
@@ -100,14 +110,20 @@ Value ProcedureCall::eval(Frame &frame) const
 class FunctionCall : public CallExpression
 {
 public:
-    FunctionCall(const Function &function, ExpressionList arguments, Type type, int line)
-        : CallExpression(type, std::move(arguments), line), m_function(function)
+    FunctionCall(const Function &function, ExpressionList arguments, Type type, int line,
+                 bool isCommandLine)
+        : CallExpression(type, std::move(arguments), line), m_function(function),
+          m_isCommandLine(isCommandLine)
     {
     }
-    Value eval(Frame &frame) const override { return callFunction(m_function, frame); }
+    Value eval(Frame &frame) const override
+    {
+        return callFunction(m_function, frame, m_isCommandLine);
+    }
 
 private:
     const Function &m_function;
+    bool m_isCommandLine;
 };
 
 class LateCall : public CallExpression
@@ -172,9 +188,10 @@ ExpressionPointer procedureCall(const ProcedureEntry &entry, ProcedurePointer si
 }
 
 ExpressionPointer functionCall(const Function &function, ExpressionList arguments, Type type,
-                               int line)
+                               int line, bool isCommandLine)
 {
-    return std::make_unique<FunctionCall>(function, std::move(arguments), type, line);
+    return std::make_unique<FunctionCall>(function, std::move(arguments), type, line,
+                                          isCommandLine);
 }
 
 ExpressionPointer lateCall(std::string name, ExpressionList arguments, int line)

@@ -13,8 +13,9 @@ ExpressionPointer procedureCall(const ProcedureEntry &entry, ProcedurePointer si
                                 ExpressionList arguments, int line);
 
 // A built-in function; the arguments are converted already.
+// `isCommandLine`: written as a command, and so echoed like one.
 ExpressionPointer functionCall(const Function &function, ExpressionList arguments, Type type,
-                               int line);
+                               int line, bool isCommandLine);
 
 // Whatever has that name when the call is reached: procedure, command, or script on the path.
 ExpressionPointer lateCall(std::string name, ExpressionList arguments, int line);

@@ -133,7 +133,7 @@ std::string wordText(const Value &word)
     const std::string *text = std::get_if<std::string>(&word);
     if (!text)
         return printText(word);
-    if (looksLikeFlag(word))
+    if (looksLikeFlag(word) || booleanWord(*text) >= 0)
         return *text;
     std::string quoted = "\"";
     for (const char c : *text) {
@@ -142,12 +142,6 @@ std::string wordText(const Value &word)
         quoted += c == '\n' ? std::string("\\n") : std::string(1, c);
     }
     return quoted + "\"";
-}
-
-bool isEchoed(const Settings &settings, const std::string &name)
-{
-    const auto &filter = settings.echoFilter;
-    return settings.echoCommands && std::find(filter.begin(), filter.end(), name) == filter.end();
 }
 
 template <typename Element>
@@ -175,18 +169,21 @@ void spreadWord(Value argument, std::vector<Value> &words)
     }
 }
 
-std::string commandText(const std::string &name, const std::vector<Value> &words)
+void echoCommand(Runtime &runtime, const std::string &name, const std::vector<Value> &words)
 {
+    const StringArray &filter = runtime.settings.echoFilter;
+    const bool filtered = std::find(filter.begin(), filter.end(), name) != filter.end();
+    if (!runtime.settings.echoCommands || filtered)
+        return;
     std::string text = name;
     for (const Value &word : words)
         text += " " + wordText(word);
-    return text;
+    runtime.report(MessageKind::History, text + ";\n");
 }
 
 Value runCommand(Runtime &runtime, const Command &command, std::vector<Value> words)
 {
-    if (isEchoed(runtime.settings, command.name))
-        runtime.report(MessageKind::History, commandText(command.name, words) + ";\n");
+    echoCommand(runtime, command.name, words);
     Call call(runtime.interpreter, command.name);
     if (command.rawWords)
         call.objects = std::move(words);

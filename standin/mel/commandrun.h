@@ -15,7 +15,7 @@ void spreadWord(Value argument, std::vector<Value> &words);
 // Splits the words by the command's flags, echoes the command when that is on, and runs it.
 Value runCommand(Runtime &runtime, const Command &command, std::vector<Value> words);
 
-// The command as a line of text: 'sphere -r 5 "ball"'.
-std::string commandText(const std::string &name, const std::vector<Value> &words);
+// Shows the command as a line of history, 'sphere -r 5 "ball";', when that is on.
+void echoCommand(Runtime &runtime, const std::string &name, const std::vector<Value> &words);
 
 } // namespace mel

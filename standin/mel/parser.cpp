@@ -96,8 +96,7 @@ void Parser::fail(const std::string &text) const
 
 void Parser::warn(const std::string &text) const
 {
-    m_runtime.report(MessageKind::Warning, m_source->line(token().startLine));
-    m_runtime.warning(located(text, " : "));
+    m_runtime.compileWarning(m_source->line(token().startLine), located(text, " : "));
 }
 
 std::unique_ptr<Unit> Parser::parse()

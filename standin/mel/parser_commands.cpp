@@ -143,7 +143,7 @@ ExpressionPointer Parser::commandLine()
     ExpressionList words;
     while (startsWord())
         words.push_back(word());
-    return m_builder.call(name, std::move(words), line);
+    return m_builder.call(name, std::move(words), line, true);
 }
 
 bool Parser::startsWord() const
@@ -249,7 +249,7 @@ ExpressionPointer Parser::sourceCommand(int line)
         // A name that is only known later cannot be read while compiling.
         failSyntax();
     }
-    return nodes::sourceFile(m_runtime, name, line);
+    return nodes::sourceFile(m_runtime, name, {m_source, line});
 }
 
 } // namespace mel

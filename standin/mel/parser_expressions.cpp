@@ -251,7 +251,7 @@ ExpressionPointer Parser::functionCall()
     ExpressionList arguments = expressionList(')');
     m_inBacktick = outer;
     expect(')');
-    return m_builder.call(name, std::move(arguments), line);
+    return m_builder.call(name, std::move(arguments), line, false);
 }
 
 // The comma-separated expressions before `end`, which is not consumed.

@@ -63,8 +63,9 @@ public:
     Value runUnit(const Unit &unit);
     // Compiles a text of library procedures and makes them known.
     void compileLibrary(const std::string &text, const std::string &origin);
-    // Reads and compiles a script; throws CompileError when there is none.
-    std::unique_ptr<Unit> compileFile(const std::string &name);
+    // Reads and compiles a script that is sourced from that place (line 0: by the host). Throws
+    // CompileError when there is none.
+    std::unique_ptr<Unit> compileFile(const std::string &name, const Place &from = {});
     bool isBeingCompiled(const std::string &name) const;
 
     // The procedure a call reaches while running, library and script path included. Null: none.
@@ -76,6 +77,8 @@ public:
 
     void report(MessageKind kind, const std::string &text);
     void warning(const std::string &text) override; // adds the place
+    // About a text that is being compiled; its place is in the message already.
+    void compileWarning(const std::string &sourceLine, const std::string &located);
     // Echoes a text as history, line break added when missing.
     void echoText(const std::string &text);
     // Shows an error as messages; returns the last one.
@@ -121,7 +124,12 @@ private:
     std::int64_t m_stepsTaken = 0;
     std::int64_t m_slice = 0;
     std::atomic<bool> m_interrupted{false};
-    std::vector<std::string> m_compiling; // paths, outermost first
+    struct Compiling
+    {
+        std::string path;
+        Place from; // where it is sourced
+    };
+    std::vector<Compiling> m_compiling; // outermost first
 };
 
 } // namespace mel

@@ -37,9 +37,9 @@ std::string withSuffix(const std::string &name)
 class Runtime::CompileScope
 {
 public:
-    CompileScope(Runtime &runtime, const std::string &path) : m_runtime(runtime)
+    CompileScope(Runtime &runtime, const std::string &path, const Place &from) : m_runtime(runtime)
     {
-        m_runtime.m_compiling.push_back(path);
+        m_runtime.m_compiling.push_back({path, from});
     }
     ~CompileScope() { m_runtime.m_compiling.pop_back(); }
     CompileScope(const CompileScope &) = delete;
@@ -69,10 +69,20 @@ std::string Runtime::findScript(const std::string &name) const
 
 bool Runtime::isBeingCompiled(const std::string &name) const
 {
-    return std::find(m_compiling.begin(), m_compiling.end(), findScript(name)) != m_compiling.end();
+    const std::string path = findScript(name);
+    return std::any_of(m_compiling.begin(), m_compiling.end(),
+                       [&path](const Compiling &compiling) { return compiling.path == path; });
 }
 
-std::unique_ptr<Unit> Runtime::compileFile(const std::string &name)
+void Runtime::compileWarning(const std::string &sourceLine, const std::string &located)
+{
+    const bool sourced = !m_compiling.empty() && m_compiling.back().from.line > 0;
+    report(MessageKind::Warning, sourceLine);
+    report(MessageKind::Warning,
+           (sourced && settings.lineNumbers ? m_compiling.back().from.prefix() : "") + located);
+}
+
+std::unique_ptr<Unit> Runtime::compileFile(const std::string &name, const Place &from)
 {
     const std::string path = findScript(name);
     std::ifstream file(path, std::ios::binary);
@@ -80,7 +90,7 @@ std::unique_ptr<Unit> Runtime::compileFile(const std::string &name)
         throw CompileError("Cannot find file \"" + withSuffix(name) + "\" for source statement.");
     std::ostringstream text;
     text << file.rdbuf();
-    const CompileScope scope(*this, path);
+    const CompileScope scope(*this, path, from);
     checkStack();
     return compileSource(*this, std::make_shared<Source>(Source{path, text.str()}));
 }

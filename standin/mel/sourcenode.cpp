@@ -30,7 +30,7 @@ Value SourceFile::eval(Frame &frame) const
     std::unique_ptr<Unit> unit = std::move(m_compiled);
     if (!unit) {
         try {
-            unit = frame.runtime.compileFile(m_name);
+            unit = frame.runtime.compileFile(m_name, frame.runtime.place());
         } catch (const CompileError &error) {
             throw RuntimeError(error.what());
         }
@@ -41,10 +41,10 @@ Value SourceFile::eval(Frame &frame) const
 
 } // namespace
 
-ExpressionPointer sourceFile(Runtime &runtime, const std::string &name, int line)
+ExpressionPointer sourceFile(Runtime &runtime, const std::string &name, const Place &from)
 {
-    auto compiled = runtime.isBeingCompiled(name) ? nullptr : runtime.compileFile(name);
-    return std::make_unique<SourceFile>(std::move(compiled), name, line);
+    auto compiled = runtime.isBeingCompiled(name) ? nullptr : runtime.compileFile(name, from);
+    return std::make_unique<SourceFile>(std::move(compiled), name, from.line);
 }
 
 } // namespace mel::nodes

@@ -9,6 +9,6 @@ namespace mel::nodes {
 
 // The source statement. The file is compiled at once, so that its procedures are known to the text
 // around it, unless it is being compiled already. Throws CompileError when there is no such file.
-ExpressionPointer sourceFile(Runtime &runtime, const std::string &name, int line);
+ExpressionPointer sourceFile(Runtime &runtime, const std::string &name, const Place &from);
 
 } // namespace mel::nodes

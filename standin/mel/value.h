@@ -25,6 +25,11 @@ struct Matrix
     int rows = 0;
     int columns = 0;
     std::vector<double> elements;
+
+    friend bool operator==(const Matrix &a, const Matrix &b)
+    {
+        return a.rows == b.rows && a.columns == b.columns && a.elements == b.elements;
+    }
 };
 
 using IntArray = std::vector<int>;

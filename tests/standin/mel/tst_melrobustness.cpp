@@ -157,7 +157,7 @@ void TestMelRobustness::hostileTextsEndInAnError_data()
     row("doubled-text", "string $s = \"x\"; while (1) $s += $s;", "line 1: String is too long.");
     row("joined-text", "string $s = \"x\"; while (1) $s = $s + $s;", "line 1: String is too long.");
     row("huge-index", "int $a[]; $a[2147483647] = 1;", "line 1: Array is too large.");
-    row("huge-dynamic-index", "$a = eval(\"{1}\"); $a[2147483647] = 1;",
+    row("huge-dynamic-index", "$a = eval(\"$h = {1}\"); $a[2147483647] = 1;",
         "line 1: Array is too large.");
     row("huge-declaration", "int $a[2000000000];", "Array is too large.");
     row("huge-matrix", "matrix $m[60000][60000];", "Matrix is too large.");
