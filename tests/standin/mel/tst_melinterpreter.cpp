@@ -314,6 +314,7 @@ void TestMelInterpreter::fileThatSourcesItselfEnds()
     interpreter.host.scripts = {QDir::tempPath().toUtf8().constData()};
     const QString path = writeScript("melTestSelf.mel", "source melTestSelf;");
     QVERIFY(!interpreter.mel.execute("source melTestSelf;").ok);
+    interpreter.host.takeMessages();
     writeScript("melTestSelf.mel", "global proc reload() { source melTestSelf; } print \"in \";");
     QCOMPARE(interpreter.runJoined("source melTestSelf; reload; reload;"),
              std::string("> in in in "));
