@@ -3,6 +3,7 @@
 
 #include "analysis/edoutlineview.h"
 #include "analysis/edquickhelpview.h"
+#include "compat/icon.h"
 #include "mainwindow/filenames.h"
 #include "mainwindow/menus.h"
 #include "mainwindow/programnames.h"
@@ -39,6 +40,7 @@ Kestrowl::Kestrowl(const QString &userScriptDirectory, const QString &userPrefer
 {
     initResources();
     setObjectName(QLatin1String("Kestrowl"));
+    setWindowIcon(compat::icon(iconPath("corvane")));
     setCentralWidget(m_central);
     setTitleBufferName(QString());
     m_actions.create(this, m_central);
