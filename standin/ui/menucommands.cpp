@@ -16,9 +16,9 @@ namespace {
 using mel::ArgumentKind;
 using mel::Value;
 
-QObject *makeMenu(UserInterface &, Element *, const mel::Call &)
+QObject *makeMenu(UserInterface &ui, Element *, const mel::Call &)
 {
-    return new QMenu;
+    return new QMenu(ui.mainWindow());
 }
 
 QObject *makeMenuItem(UserInterface &ui, Element *, const mel::Call &call)
