@@ -28,8 +28,11 @@ double showEmptyWindow()
     QElapsedTimer clock;
     clock.start();
     QMainWindow window;
-    for (int i = 0; i < 6; ++i)
-        window.addDockWidget(Qt::LeftDockWidgetArea, new QDockWidget(QString::number(i), &window));
+    for (int i = 0; i < 6; ++i) {
+        auto *dock = new QDockWidget(QString::number(i), &window);
+        dock->setWidget(new QWidget);
+        window.addDockWidget(Qt::LeftDockWidgetArea, dock);
+    }
     for (int i = 0; i < 4; ++i)
         window.addToolBar(QString::number(i));
     window.resize(1100, 760);
