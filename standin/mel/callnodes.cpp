@@ -42,6 +42,15 @@ protected:
     int m_line;
 };
 
+// The value of an argument, which has to have one.
+Value evaluated(const Expression &argument, Frame &frame)
+{
+    Value value = argument.eval(frame);
+    if (isVoid(value))
+        failConversion(Type::Void, Type::String);
+    return value;
+}
+
 void bind(Slot &slot, Type type, const Expression &argument, Frame &frame)
 {
     Value *variable = isArray(type) ? argument.variable(frame) : nullptr;
@@ -76,7 +85,7 @@ Value CallExpression::callFunction(const Function &function, Frame &frame, bool 
         all[i] = m_arguments[i]->variable(frame);
         if (all[i])
             continue;
-        own[i] = m_arguments[i]->eval(frame);
+        own[i] = evaluated(*m_arguments[i], frame);
         all[i] = &own[i];
     }
     frame.line = m_line;
@@ -174,7 +183,7 @@ std::vector<Value> LateCall::words(Frame &frame) const
 {
     std::vector<Value> all;
     for (const ExpressionPointer &argument : m_arguments)
-        spreadWord(argument->eval(frame), all);
+        spreadWord(evaluated(*argument, frame), all);
     return all;
 }
 

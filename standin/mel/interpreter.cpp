@@ -144,7 +144,7 @@ unsigned Interpreter::commandGeneration() const
 
 bool Interpreter::hasProcedure(const std::string &name) const
 {
-    return m_state->knownProcedure(name, false) != nullptr;
+    return m_state->library.find(name) || m_state->procedures.findGlobal(name);
 }
 
 std::optional<Value> Interpreter::globalVariable(const std::string &name) const

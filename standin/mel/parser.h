@@ -45,6 +45,7 @@ private:
     StatementPointer doStatement(int line);
     StatementPointer forStatement(int line);
     StatementPointer forInStatement(int line);
+    Symbol loopVariable(const std::string &name, Type wanted, Type element, int line);
     StatementPointer switchStatement(int line);
     ExpressionPointer caseLabel(const Expression &value);
     StatementList caseBody();

@@ -168,19 +168,25 @@ StatementPointer Parser::forInStatement(int line)
     if (element == Type::Void)
         throw CompileError(std::string("Cannot cast data of type ") + typeName(array->type()) +
                            " to string[].");
-    const std::optional<Symbol> known = wanted == Type::Void ? m_builder.find(name) : std::nullopt;
-    const bool usable = known && (known->type == element || known->type == Type::Dynamic);
-    const Type type = wanted != Type::Void && element != Type::Dynamic ? wanted : element;
-    if (type != element)
-        throw CompileError(std::string("Cannot cast data of type ") + typeName(element) + " to " +
-                           typeName(type) + ".");
-    const Storage storage =
-        usable
-            ? known->storage
-            : m_builder.declare({name, element, false, defaultValue(element), line}).symbol.storage;
+    const Symbol variable = loopVariable(name, wanted, element, line);
     expect(')');
     StatementPointer body = loopBody();
-    return statements::forIn(storage, std::move(array), std::move(body), line);
+    return statements::forIn(variable.storage, variable.type, std::move(array), std::move(body),
+                             line);
+}
+
+// The variable of a for-in loop: the one declared in its head, else a known one that can take the
+// elements, else a new one.
+Symbol Parser::loopVariable(const std::string &name, Type wanted, Type element, int line)
+{
+    const std::optional<Symbol> known = wanted == Type::Void ? m_builder.find(name) : std::nullopt;
+    if (known && canConvert(element, known->type))
+        return *known;
+    const Type type = wanted == Type::Void ? element : wanted;
+    if (!canConvert(element, type))
+        throw CompileError(std::string("Cannot cast data of type ") + typeName(element) + " to " +
+                           typeName(type) + ".");
+    return m_builder.declare({name, type, false, defaultValue(type), line}).symbol;
 }
 
 StatementPointer Parser::switchStatement(int line)

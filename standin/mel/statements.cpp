@@ -190,8 +190,9 @@ private:
 class ForIn : public Statement
 {
 public:
-    ForIn(Storage variable, ExpressionPointer array, StatementPointer body, int line)
-        : Statement(line), m_variable(variable), m_array(std::move(array)), m_body(std::move(body))
+    ForIn(Storage variable, Type type, ExpressionPointer array, StatementPointer body, int line)
+        : Statement(line), m_variable(variable), m_type(type), m_array(std::move(array)),
+          m_body(std::move(body))
     {
     }
 
@@ -203,6 +204,7 @@ private:
     Flow runOver(const std::vector<Held> &array, Frame &frame) const;
 
     Storage m_variable;
+    Type m_type;
     ExpressionPointer m_array;
     StatementPointer m_body;
 };
@@ -213,7 +215,7 @@ Flow ForIn::runOver(const std::vector<Held> &array, Frame &frame) const
     Flow flow = Flow::Normal;
     for (const Held &element : array) {
         step(frame);
-        m_variable.in(frame) = element;
+        m_variable.in(frame) = convert(element, m_type, frame.runtime);
         if (!runBody(m_body, frame, flow))
             break;
     }
@@ -339,9 +341,10 @@ StatementPointer doLoop(StatementPointer body, ExpressionPointer condition, int 
     return std::make_unique<DoLoop>(std::move(body), std::move(condition), line);
 }
 
-StatementPointer forIn(Storage variable, ExpressionPointer array, StatementPointer body, int line)
+StatementPointer forIn(Storage variable, Type type, ExpressionPointer array, StatementPointer body,
+                       int line)
 {
-    return std::make_unique<ForIn>(variable, std::move(array), std::move(body), line);
+    return std::make_unique<ForIn>(variable, type, std::move(array), std::move(body), line);
 }
 
 StatementPointer choice(ExpressionPointer value, std::vector<Case> cases, int line)

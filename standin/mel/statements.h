@@ -30,7 +30,9 @@ struct Loop
 };
 StatementPointer loop(Loop loop, int line);
 StatementPointer doLoop(StatementPointer body, ExpressionPointer condition, int line);
-StatementPointer forIn(Storage variable, ExpressionPointer array, StatementPointer body, int line);
+// The elements become the variable's type.
+StatementPointer forIn(Storage variable, Type type, ExpressionPointer array, StatementPointer body,
+                       int line);
 
 struct Case
 {

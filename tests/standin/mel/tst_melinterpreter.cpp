@@ -387,6 +387,7 @@ void TestMelInterpreter::deferredTextsReachTheHost()
 void TestMelInterpreter::namesAreListedSorted()
 {
     TestInterpreter interpreter;
+    QVERIFY(interpreter.mel.hasProcedure("startsWith")); // before anything has run
     interpreter.run("global proc aaa() {} proc hidden() {} runTimeCommand -c \"print 1\" zzz;");
     const mel::Value listing = interpreter.mel.execute("melInfo").value;
     const mel::StringArray &names = std::get<mel::StringArray>(listing);
@@ -394,7 +395,6 @@ void TestMelInterpreter::namesAreListedSorted()
     for (const char *wanted : {"aaa", "zzz", "size", "startsWith", "commandEcho", "eval"})
         QVERIFY2(std::count(names.begin(), names.end(), wanted) == 1, wanted);
     QVERIFY(std::count(names.begin(), names.end(), "hidden") == 0);
-    QVERIFY(interpreter.mel.hasProcedure("startsWith"));
     QVERIFY(!interpreter.mel.hasProcedure("hidden"));
 }
 
