@@ -17,6 +17,7 @@ void Builder::checkDepth(const Expression &expression)
         throw CompileError("Expression is too long.");
 }
 
+// Conversions that cannot work are errors before anything runs, where both types are known.
 ExpressionPointer Builder::convert(ExpressionPointer value, Type to)
 {
     if (auto literal = nodes::retypedLiteral(value, to))
@@ -43,6 +44,7 @@ ExpressionPointer Builder::component(ExpressionPointer vector, char axis)
     return nodes::component(std::move(vector), axis);
 }
 
+// Three numbers in one row are a vector, everything else is a matrix.
 ExpressionPointer Builder::vectorOrMatrix(std::vector<ExpressionList> rows)
 {
     for (ExpressionList &row : rows) {
@@ -99,6 +101,7 @@ ExpressionPointer Builder::logical(bool isAnd, ExpressionPointer left, Expressio
     return node;
 }
 
+// Both branches take the type that holds either.
 ExpressionPointer Builder::conditional(ExpressionPointer condition, ExpressionPointer yes,
                                        ExpressionPointer no)
 {

@@ -59,6 +59,7 @@ ExpressionPointer Builder::callFunction(const std::vector<const Function *> &row
     return nodes::functionCall(*function, std::move(arguments), type, line, isCommandLine);
 }
 
+// Procedures hide commands. What nobody knows yet may be known when the call is reached.
 ExpressionPointer Builder::call(const std::string &name, ExpressionList arguments, int line,
                                 bool isCommandLine)
 {
@@ -123,12 +124,14 @@ void Builder::endProcedure(StatementList body)
     m_procedure.reset();
 }
 
+// From here on all callers reach the new definitions, those compiled earlier as well.
 void Builder::commit()
 {
     for (auto &pending : m_pending)
         pending.second.entry->current = pending.second.procedure;
 }
 
+// Gives back the names of variables that only the faulty text declared.
 void Builder::abandon()
 {
     for (const std::string &name : m_newGlobals)

@@ -33,6 +33,7 @@ int Builder::newSlot(Type type)
     return static_cast<int>(slots().size()) - 1;
 }
 
+// A procedure sees no global that it has not declared.
 std::optional<Symbol> Builder::find(const std::string &variable) const
 {
     for (auto scope = m_scopes.rbegin(); scope != m_scopes.rend(); ++scope) {
@@ -56,6 +57,7 @@ Builder::Declared Builder::declare(const Declaration &declaration)
     return declared;
 }
 
+// A global has one type for as long as the interpreter lives.
 Builder::Declared Builder::declareGlobal(const Declaration &declaration)
 {
     GlobalVariable *known = m_runtime.variables.find(declaration.name);
@@ -80,6 +82,7 @@ Builder::Declared Builder::declareGlobal(const Declaration &declaration)
     return {Symbol{known->type, Storage(&known->value), declaration.line}, isNew};
 }
 
+// Declaring again in the same scope keeps the variable.
 Builder::Declared Builder::declareLocal(const Declaration &declaration)
 {
     Scope &scope = m_scopes.back();
@@ -154,6 +157,7 @@ std::unique_ptr<Target> Builder::matrixElement(const std::string &name, Expressi
                                 convert(std::move(column), Type::Int));
 }
 
+// With an index, an array of the value's type is declared.
 ExpressionPointer Builder::assignNew(const std::string &name, ExpressionPointer index,
                                      ExpressionPointer value, int line)
 {

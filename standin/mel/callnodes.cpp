@@ -16,6 +16,7 @@ namespace {
     throw RuntimeError("Wrong number of arguments on call to " + name + ".");
 }
 
+// A function used like a command is echoed like one.
 void echoFunction(Runtime &runtime, const Function &function, Value *const *arguments, size_t count)
 {
     std::vector<Value> words;
@@ -24,6 +25,7 @@ void echoFunction(Runtime &runtime, const Function &function, Value *const *argu
     echoCommand(runtime, function.name, words);
 }
 
+// The arguments, and what calls of all kinds do with them.
 class CallExpression : public Expression
 {
 public:
@@ -51,6 +53,7 @@ Value evaluated(const Expression &argument, Frame &frame)
     return value;
 }
 
+// Fills a parameter: arrays in variables by reference, everything else by value.
 void bind(Slot &slot, Type type, const Expression &argument, Frame &frame)
 {
     Value *variable = isArray(type) ? argument.variable(frame) : nullptr;
@@ -94,6 +97,8 @@ Value CallExpression::callFunction(const Function &function, Frame &frame, bool 
     return function.run(Arguments(frame.runtime, all, count));
 }
 
+// A call that was checked against a procedure; the name is still bound late, so that a
+// redefinition reaches it.
 class ProcedureCall : public CallExpression
 {
 public:
@@ -116,6 +121,7 @@ Value ProcedureCall::eval(Frame &frame) const
                                    : mel::convert(std::move(value), type(), frame.runtime);
 }
 
+// A built-in function, bound while compiling.
 class FunctionCall : public CallExpression
 {
 public:
@@ -135,6 +141,7 @@ private:
     bool m_isCommandLine;
 };
 
+// A command, or a name that nothing had when the text was compiled.
 class LateCall : public CallExpression
 {
 public:

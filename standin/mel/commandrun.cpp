@@ -108,6 +108,7 @@ Value WordSplitter::argument(ArgumentKind kind)
     return nodes::convertArgument(std::move(m_words[m_at++]), argumentType(kind), m_runtime);
 }
 
+// A flag takes the next words whatever they look like, so that a text may begin with a dash.
 void WordSplitter::readFlag(Call &call, const std::string &word)
 {
     const std::string name = word.substr(1);
@@ -128,6 +129,7 @@ void WordSplitter::readFlag(Call &call, const std::string &word)
     call.flags.push_back(std::move(use));
 }
 
+// Quoted so that the echoed line could be run again.
 std::string wordText(const Value &word)
 {
     const std::string *text = std::get_if<std::string>(&word);

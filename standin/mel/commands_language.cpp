@@ -52,6 +52,7 @@ Value exists(Runtime &runtime, Call &call)
     return describeName(runtime, call.objectText(0)) != "Unknown" ? 1 : 0;
 }
 
+// Commands and global procedures in one list.
 StringArray allNames(Runtime &runtime)
 {
     StringArray names = runtime.commands.names();
@@ -126,6 +127,7 @@ Value caught(Runtime &, Call &)
     return 0;
 }
 
+// ^1s, ^2s, ... stand for the arguments; one that is missing leaves nothing.
 Value format(Runtime &runtime, Call &call)
 {
     const std::string pattern = call.objectText(0);

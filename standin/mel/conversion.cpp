@@ -23,6 +23,7 @@ double numberIn(const std::string &text, const char *kind, WarningSink &warnings
     return number.value;
 }
 
+// Up to three numbers, with or without the signs of a vector literal.
 Vector vectorIn(const std::string &text)
 {
     double parts[3] = {0, 0, 0};
@@ -142,6 +143,7 @@ Vector toVector(const Value &value, WarningSink &warnings)
     return {number, number, number};
 }
 
+// Everything but zero is true, 0.5 included; a vector counts by its length.
 bool isTrue(const Value &value, WarningSink &warnings)
 {
     if (const int *number = std::get_if<int>(&value))

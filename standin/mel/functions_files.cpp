@@ -37,6 +37,7 @@ Value frewind(const Arguments &call)
     return 0;
 }
 
+// Only a read that met the end makes this true.
 Value feof(const Arguments &call)
 {
     return std::feof(call.runtime.files.file(call.integer(0))) ? 1 : 0;
@@ -62,6 +63,7 @@ std::string readText(const Arguments &call, std::FILE *file, GoesOn goesOn)
     return text;
 }
 
+// The line keeps its line break, so that an empty answer means the end.
 Value fgetline(const Arguments &call)
 {
     std::FILE *file = call.runtime.files.forReading(call.integer(0));

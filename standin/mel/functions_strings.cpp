@@ -30,6 +30,7 @@ struct SizeOf
     }
 };
 
+// Characters of a text, elements of an array.
 Value size(const Arguments &call)
 {
     return std::visit(SizeOf(), call.value(0));
@@ -46,6 +47,7 @@ Value strcmp(const Arguments &call)
     return order < 0 ? -1 : order > 0 ? 1 : 0;
 }
 
+// Positions count from 1, both ends included.
 Value substring(const Arguments &call)
 {
     const int first = call.integer(1);
@@ -56,6 +58,7 @@ Value substring(const Arguments &call)
         characters(call.text(0), static_cast<size_t>(first) - 1, static_cast<size_t>(last)));
 }
 
+// The first match only.
 Value substitute(const Arguments &call)
 {
     const std::string &text = call.text(1);
@@ -78,6 +81,7 @@ Value gmatch(const Arguments &call)
     return matchesGlob(call.text(0), call.text(1)) ? 1 : 0;
 }
 
+// Any character separates; separators in a row make no empty tokens.
 StringArray split(const std::string &text, const std::string &separators)
 {
     StringArray tokens;

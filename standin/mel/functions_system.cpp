@@ -21,6 +21,7 @@ Value putenv(const Arguments &call)
     return setenv(call.text(0).c_str(), call.text(1).c_str(), 1);
 }
 
+// Not the environment: the names of the global variables.
 Value env(const Arguments &call)
 {
     return call.runtime.variables.names();
@@ -39,6 +40,7 @@ Value system(const Arguments &call)
     return output;
 }
 
+// Through the shell, in the background.
 Value exec(const Arguments &call)
 {
     return std::system(("( " + call.text(0) + "\n) &").c_str());

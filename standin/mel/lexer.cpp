@@ -112,6 +112,7 @@ void Lexer::advance(size_t bytes)
     }
 }
 
+// A comment that is never closed runs to the end.
 void Lexer::skipComment()
 {
     const bool lineComment = at(1) == '/';
@@ -143,6 +144,7 @@ void Lexer::readHexadecimal(Token &token)
     token.number = static_cast<int>(value);
 }
 
+// Leading zeros do not make a number octal; what is beyond 32 bits wraps around.
 void Lexer::readNumber(Token &token)
 {
     if (at() == '0' && (at(1) == 'x' || at(1) == 'X') && hexDigit(at(2)) >= 0) {

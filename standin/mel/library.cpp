@@ -23,6 +23,7 @@ Library::Script script(const std::string &name, std::string text)
 
 } // namespace
 
+// Texts only; nothing is compiled before it is called.
 Library::Library()
 {
     for (size_t i = 0; i < libraryTextCount; ++i)

@@ -17,6 +17,7 @@ Held &held(const Target &target, Frame &frame)
     return as<Held>(*target.variable(frame));
 }
 
+// Numbers in plain variables, the usual case in loops, never pass through a Value.
 class AssignInt : public IntExpression
 {
 public:
@@ -55,6 +56,7 @@ private:
     ExpressionPointer m_value;
 };
 
+// The value of an assignment is what was stored, in the type of the target.
 class Assign : public Expression
 {
 public:
@@ -85,6 +87,7 @@ private:
     ExpressionPointer m_value;
 };
 
+// The indices are evaluated once, before the value.
 class CompoundAssign : public Expression
 {
 public:
@@ -139,6 +142,7 @@ private:
     ExpressionPointer m_value;
 };
 
+// += and -= on an int variable.
 class AddToInt : public IntExpression
 {
 public:
@@ -160,6 +164,7 @@ private:
     int m_sign;
 };
 
+// ++ and -- on an int variable.
 class IncrementInt : public IntExpression
 {
 public:

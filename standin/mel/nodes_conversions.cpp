@@ -43,6 +43,7 @@ private:
     ExpressionPointer m_operand;
 };
 
+// Any other conversion; what cannot be converted is only found out while running.
 class Converted : public Expression
 {
 public:
@@ -60,6 +61,7 @@ private:
     ExpressionPointer m_operand;
 };
 
+// The words true, on, ... stand for numbers in arguments only.
 class Argument : public Expression
 {
 public:
@@ -121,6 +123,7 @@ private:
     ExpressionPointer m_z;
 };
 
+// Rows may differ in length: what is missing is zero.
 class MatrixLiteral : public Expression
 {
 public:
@@ -154,6 +157,7 @@ Value MatrixLiteral::eval(Frame &frame) const
     return matrix;
 }
 
+// An array literal takes the type of the variable it initialises, element by element.
 class ArrayLiteral : public Expression
 {
 public:

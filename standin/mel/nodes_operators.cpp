@@ -132,6 +132,7 @@ public:
     }
 };
 
+// Whatever has no node of its own: vectors, matrices, and types known only while running.
 class GeneralOperation : public Pair<Expression>
 {
 public:
@@ -152,6 +153,7 @@ private:
     Operator m_op;
 };
 
+// The right side is only evaluated when it decides.
 class And : public Pair<IntExpression>
 {
 public:
@@ -202,6 +204,7 @@ private:
     ExpressionPointer m_operand;
 };
 
+// Both branches have the same type already.
 class Conditional : public Pair<Expression>
 {
 public:
@@ -223,6 +226,7 @@ private:
     ExpressionPointer m_condition;
 };
 
+// One instance per operator, so that the operator costs nothing while running.
 template <template <Operator> class Node>
 ExpressionPointer arithmeticNode(Operator op, ExpressionPointer left, ExpressionPointer right)
 {

@@ -13,6 +13,7 @@ namespace {
     throw RuntimeError("Array index out of range.");
 }
 
+// Texts, vectors and whatever else is no plain number.
 class Constant : public Expression
 {
 public:
@@ -48,6 +49,7 @@ private:
     Value m_value;
 };
 
+// A variable as a whole. Numbers are read without copying the value that holds them.
 class Variable : public Target
 {
 public:
@@ -95,6 +97,8 @@ double Variable::evalFloat(Frame &frame) const
     return number ? *number : toFloat(value, frame.runtime);
 }
 
+// An element of an array whose type is known. Writing beyond the end grows the array, by doubling,
+// so that filling one element by element stays linear; reading there gives the default.
 template <typename Held>
 class Element : public Target
 {
@@ -156,6 +160,7 @@ double Element<Held>::evalFloat(Frame &frame) const
     return Target::evalFloat(frame);
 }
 
+// Calls back with the array that the variable holds at the moment.
 template <typename Visitor>
 auto visitArray(Value &value, Visitor visitor)
 {
@@ -216,6 +221,7 @@ void DynamicElement::store(Frame &frame, Index index, Value value) const
     });
 }
 
+// A matrix never grows, so both indices have to be inside.
 class MatrixElement : public Target
 {
 public:
@@ -256,6 +262,7 @@ void MatrixElement::store(Frame &frame, Index index, Value value) const
     at(frame, index) = toFloat(value, frame.runtime);
 }
 
+// $v.x, which can be read only.
 class Component : public FloatExpression
 {
 public:
@@ -274,6 +281,7 @@ private:
     char m_axis;
 };
 
+// A local variable starts afresh each time its declaration is reached, in loops too.
 class Reset : public Expression
 {
 public:

@@ -76,6 +76,7 @@ Matrix asMatrix(const Value &value, bool asColumn)
     return asColumn ? Matrix{3, 1, {v.x, v.y, v.z}} : Matrix{1, 3, {v.x, v.y, v.z}};
 }
 
+// A vector is a row on the left and a column on the right.
 Value matrixProduct(const Value &left, const Value &right)
 {
     const Matrix a = asMatrix(left, false);
@@ -121,6 +122,7 @@ Value matrixArithmetic(Operator op, const Value &left, const Value &right, Warni
     return result;
 }
 
+// Equality compares as texts or part by part, order compares as numbers.
 int compareValues(Operator op, const Value &left, const Value &right, WarningSink &warnings)
 {
     const Type a = typeOf(left);
@@ -160,6 +162,7 @@ Type comparisonType(Type left, Type right)
     return comparable(left) && comparable(right) ? Type::Int : Type::Void;
 }
 
+// Between two vectors * is the dot product and ^ the cross product.
 Type vectorResult(Operator op, Type left, Type right)
 {
     if (op == Operator::Cross)
@@ -181,6 +184,7 @@ bool isComparison(Operator op)
     return op >= Operator::Less;
 }
 
+// A text on either side makes + a concatenation and every other arithmetic an error.
 Type resultType(Operator op, Type left, Type right)
 {
     if (left == Type::Void || right == Type::Void)

@@ -44,6 +44,7 @@ bool Parser::adjacent() const
     return m_at > 0 && m_tokens[m_at - 1].end == token().begin;
 }
 
+// An open string is an error of its own, wherever the grammar is.
 void Parser::next()
 {
     if (m_at + 1 < m_tokens.size())
@@ -79,6 +80,7 @@ void Parser::failSyntax() const
     throw CompileError("Syntax error");
 }
 
+// The place is that of the last character of the token in hand.
 std::string Parser::located(const std::string &text, const char *colon) const
 {
     const std::string place =
@@ -99,6 +101,7 @@ void Parser::warn(const std::string &text) const
     m_runtime.compileWarning(m_source->line(token().startLine), located(text, " : "));
 }
 
+// Nothing of a text that has an error stays behind: no procedure, no variable.
 std::unique_ptr<Unit> Parser::parse()
 {
     try {

@@ -11,6 +11,7 @@ namespace mel {
 
 namespace {
 
+// Operators that make an expression of a call at the start of a statement.
 bool isBinaryOperator(const Token &token)
 {
     static const int symbols[] = {'+',
@@ -86,6 +87,7 @@ bool Parser::callIsCommandLine() const
     return wordFollows(after);
 }
 
+// Whether the token, met after a call, starts a word rather than goes on with an expression.
 bool Parser::wordFollows(size_t at) const
 {
     const Token &candidate = m_tokens[at];
@@ -108,6 +110,7 @@ bool Parser::wordFollows(size_t at) const
            candidate.is('.') || candidate.is(':') || candidate.is('{');
 }
 
+// At the start of a statement or after a backtick, where a name may begin either.
 ExpressionPointer Parser::commandOrCall()
 {
     const bool catchWord = token().isWord("catch") || token().isWord("catchQuiet");
@@ -131,6 +134,7 @@ ExpressionPointer Parser::capturedCommand()
     return command;
 }
 
+// A name and its words, up to a token that cannot be a word.
 ExpressionPointer Parser::commandLine()
 {
     const std::string name = token().text;
@@ -187,6 +191,7 @@ ExpressionPointer Parser::word()
     return bareWord();
 }
 
+// -flag stays a text; -5 and -$x are numbers.
 ExpressionPointer Parser::dashedWord()
 {
     if (tokenAfter().kind != TokenKind::Identifier)

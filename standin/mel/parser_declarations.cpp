@@ -48,6 +48,7 @@ StatementPointer Parser::declaration(int line)
     return statements::declaration(std::move(actions), line);
 }
 
+// One name with its own brackets and initialiser.
 ExpressionPointer Parser::declarator(Type type, bool isGlobal)
 {
     if (token().kind != TokenKind::Variable)
@@ -100,6 +101,7 @@ int Parser::constantSize()
     return size;
 }
 
+// A procedure is known from its head on, so that its body can call it.
 void Parser::procedure(bool isGlobal)
 {
     next();
@@ -129,6 +131,7 @@ void Parser::procedure(bool isGlobal)
     next();
 }
 
+// The brackets follow the type here, and only here.
 Type Parser::returnTypeOfProcedure()
 {
     const Type type = token().kind == TokenKind::Identifier ? typeWord(token().text) : Type::Void;

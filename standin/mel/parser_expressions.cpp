@@ -67,6 +67,7 @@ ExpressionPointer Parser::expression()
     return assignment(conditional());
 }
 
+// Right associative: the value of an assignment may be assigned again.
 ExpressionPointer Parser::assignment(ExpressionPointer left)
 {
     const std::optional<Operator> compound = compoundOperator(token());
@@ -102,6 +103,7 @@ ExpressionPointer Parser::conditional()
     return m_builder.conditional(std::move(condition), std::move(yes), std::move(no));
 }
 
+// Left associative operators of one level and, inside, of all that bind tighter.
 ExpressionPointer Parser::binary(int level)
 {
     if (level == unaryLevel)
@@ -193,6 +195,7 @@ ExpressionPointer Parser::primary()
     return component(std::move(inner));
 }
 
+// What may start with a word: booleans, casts, catch and function calls.
 ExpressionPointer Parser::wordExpression()
 {
     const std::string word = token().text;
@@ -213,6 +216,7 @@ ExpressionPointer Parser::wordExpression()
     return functionCall();
 }
 
+// int(7.5), the second spelling of a cast.
 ExpressionPointer Parser::cast(Type type)
 {
     expect('(');
@@ -221,6 +225,7 @@ ExpressionPointer Parser::cast(Type type)
     return m_builder.convert(std::move(operand), type);
 }
 
+// catch(...) around an expression, or around a captured command.
 ExpressionPointer Parser::catching(bool quiet)
 {
     if (token().is('`'))
@@ -307,6 +312,7 @@ ExpressionPointer Parser::newVariable(const std::string &name, int line)
     return m_builder.assignNew(name, std::move(position), std::move(value), line);
 }
 
+// $v.x: no blank may stand before the dot.
 ExpressionPointer Parser::component(ExpressionPointer operand)
 {
     const Token &axis = tokenAfter();

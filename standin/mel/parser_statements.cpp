@@ -44,6 +44,7 @@ StatementPointer Parser::statementOf(const std::string &keyword, int line)
     return simpleStatement(line);
 }
 
+// Procedures are defined at the top level only.
 bool Parser::startsProcedure() const
 {
     return token().isWord("proc") || (token().isWord("global") && tokenAfter().isWord("proc"));
@@ -58,6 +59,7 @@ bool Parser::startsDeclaration() const
            !tokenAfter().is('(');
 }
 
+// Braces open a scope: what is declared inside ends with them.
 StatementPointer Parser::block(int line)
 {
     expect('{');
@@ -105,6 +107,7 @@ StatementPointer Parser::ifStatement(int line)
     return statements::branches(std::move(branches), line);
 }
 
+// Counts the loops around a statement, which break and continue need.
 StatementPointer Parser::loopBody()
 {
     ++m_loops;
@@ -214,6 +217,7 @@ StatementPointer Parser::switchStatement(int line)
     return statements::choice(std::move(value), std::move(cases), line);
 }
 
+// Labels are expressions like any other, variables included.
 ExpressionPointer Parser::caseLabel(const Expression &value)
 {
     ExpressionPointer label = expression();
@@ -223,6 +227,7 @@ ExpressionPointer Parser::caseLabel(const Expression &value)
     return label;
 }
 
+// Up to the next label or the end of the switch.
 StatementList Parser::caseBody()
 {
     StatementList body;

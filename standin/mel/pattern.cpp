@@ -107,6 +107,7 @@ void Pattern::Compiler::item(int depth)
     }
 }
 
+// Wraps the steps from `from` on into a loop; being relative, they can move.
 void Pattern::Compiler::repeat(size_t from, bool atLeastOnce)
 {
     auto &steps = m_pattern.m_steps;

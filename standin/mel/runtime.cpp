@@ -59,6 +59,7 @@ Runtime::Execution::~Execution()
     --m_runtime.m_depth;
 }
 
+// Looking at the host at every step would cost more than the steps, hence slices.
 void Runtime::startSteps()
 {
     m_slice = stepsPerSlice;
@@ -97,6 +98,8 @@ void Runtime::checkTextLength(size_t bytes) const
         throw RuntimeError("String is too long.");
 }
 
+// Counts calls, and measures the stack as well: how much of it a call needs depends on the build
+// and on the expressions around it.
 void Runtime::checkStack() const
 {
     const std::ptrdiff_t used = stackPointer() - m_stackBase;
@@ -113,6 +116,8 @@ void Runtime::rethrowLocated(const RuntimeError &error, const Frame &frame) cons
     throw located;
 }
 
+// Runs statements with their own frame on top. An error that passes through learns its place from
+// the innermost frame, and each frame adds itself to the trace.
 Value Runtime::runInFrame(Frame &frame, const StatementList &statements, bool wantsValue)
 {
     checkStack();
@@ -151,12 +156,14 @@ Value Runtime::runUnit(const Unit &unit)
     return runInFrame(frame, unit.statements, true);
 }
 
+// Each text is compiled on its own: it sees the globals, never the variables of its caller.
 Value Runtime::runText(const std::string &text)
 {
     checkStack();
     return runUnit(*compileSource(*this, std::make_shared<Source>(Source{"", text})));
 }
 
+// The message comes out before the script goes on, whether or not the result is looked at.
 int Runtime::fails(const Expression &expression, Frame &frame, bool quiet)
 {
     const int line = frame.line;

@@ -34,6 +34,7 @@ std::string withSuffix(const std::string &name)
 
 } // namespace
 
+// Notes a file while it is compiled, so that sourcing it from within does not go round in circles.
 class Runtime::CompileScope
 {
 public:
@@ -49,6 +50,7 @@ private:
     Runtime &m_runtime;
 };
 
+// Absolute as given, else the first folder of the path that has it.
 std::string Runtime::findScript(const std::string &name) const
 {
     if (name.empty() || name.find('\0') != std::string::npos)

@@ -33,6 +33,7 @@ namespace statements {
 
 namespace {
 
+// Only the last statement of a text asks for its value.
 class ExpressionStatement : public Statement
 {
 public:
@@ -103,6 +104,7 @@ private:
     StatementList m_statements;
 };
 
+// A whole chain of if and else if.
 class Branches : public Statement
 {
 public:
@@ -136,6 +138,7 @@ bool runBody(const StatementPointer &body, Frame &frame, Flow &flow)
     return goOn;
 }
 
+// for and while.
 class LoopStatement : public Statement
 {
 public:
@@ -187,6 +190,7 @@ private:
     ExpressionPointer m_condition;
 };
 
+// The loop runs over the array as it is at the start.
 class ForIn : public Statement
 {
 public:
@@ -240,6 +244,7 @@ Flow ForIn::run(Frame &frame) const
     }
 }
 
+// switch: runs from the chosen case on until something breaks.
 class Choice : public Statement
 {
 public:

@@ -9,6 +9,7 @@ GlobalVariable *Variables::find(const std::string &name) const
     return found == m_byName.end() ? nullptr : found->second;
 }
 
+// Each variable has an address of its own that never changes, which compiled code relies on.
 GlobalVariable &Variables::declare(const std::string &name, Type type, Value value)
 {
     m_all.push_back(std::make_unique<GlobalVariable>(GlobalVariable{type, std::move(value)}));
