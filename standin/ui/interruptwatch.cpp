@@ -80,9 +80,9 @@ void InterruptWatch::keepKey(QObject *receiver, const QKeyEvent &event)
 {
     if (!receiver->isWidgetType())
         return;
-    // The timer waits like all others until the script is done.
+    // Waits like all timers until the script is done; without a delay it would be a queued call.
     if (m_keys.empty())
-        QTimer::singleShot(0, this, SLOT(replayKeys()));
+        QTimer::singleShot(1, this, SLOT(replayKeys()));
     m_keys.emplace_back(receiver,
                         std::make_unique<QKeyEvent>(event.type(), event.key(), event.modifiers(),
                                                     event.text(), event.isAutoRepeat()));

@@ -16,8 +16,9 @@ namespace standin {
 
 // Lets Esc stop a script that keeps the main thread busy. Asked now and then by the interpreter, it
 // lets events in through a filter: paint events pass, timers and sockets wait (they come again by
-// themselves), keys are kept until the script is done, and the mouse is ignored. So nothing that
-// could run a second script in the middle of the first one is ever dispatched.
+// themselves), keys are kept until the script is done, and the mouse is ignored. So neither the
+// idle queue nor the user can start a second script in the middle of the first one. Calls that
+// objects have queued to each other do come, for Qt has no way to hold them back.
 class InterruptWatch : public QObject
 {
     Q_OBJECT

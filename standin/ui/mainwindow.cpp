@@ -15,7 +15,11 @@ namespace standin {
 
 namespace {
 
-const int shelfHeight = 76;
+// Room for the tabs and one row of buttons with a line of text each.
+int shelfHeight(const QFontMetrics &metrics)
+{
+    return 2 * metrics.height() + 50;
+}
 
 } // namespace
 
@@ -23,7 +27,7 @@ MainWindow::MainWindow() : m_shelf(new QTabWidget), m_commandLine(new CommandLin
 {
     setWindowTitle("Maya Stand-in 2016");
     resize(1120, 720);
-    m_shelf->setFixedHeight(shelfHeight);
+    m_shelf->setFixedHeight(shelfHeight(fontMetrics()));
     m_shelf->setDocumentMode(true);
     QWidget *contents = new QWidget;
     QVBoxLayout *layout = new QVBoxLayout(contents);
