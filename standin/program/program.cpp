@@ -11,7 +11,7 @@
 #include "standin/ui/userinterface.h"
 #include "standin/ui/utf8.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QFile>
 #include <QTimer>
 
@@ -23,6 +23,7 @@ namespace {
 
 const char *const kindNames[] = {"history", "display", "info", "warning",
                                  "error",   "result",  "trace"};
+const int millisecondsToRetry = 20;
 
 SessionOptions sessionOptions(const ProgramOptions &options)
 {
@@ -149,8 +150,8 @@ void Program::runFile(const Step &step)
 void Program::settle()
 {
     m_session->idleQueue().processUntilEmpty();
-    QCoreApplication::sendPostedEvents(this, 0);
-    QCoreApplication::sendPostedEvents(m_session.get(), 0);
+    QApplication::sendPostedEvents(this, 0);
+    QApplication::sendPostedEvents(m_session.get(), 0);
 }
 
 void Program::fail(const QString &text)
@@ -163,15 +164,22 @@ void Program::leave(int status)
 {
     if (m_hasLeft)
         return;
-    // A script that lets events in may not be left on the stack.
+    m_status = status;
+    // A script that lets events in may not be left on the stack, nor a dialog that it waits for.
     if (m_session->mel().isRunning()) {
-        m_session->requestQuit(status);
+        if (QWidget *dialog = m_interface ? QApplication::activeModalWidget() : nullptr)
+            dialog->close();
+        QTimer::singleShot(millisecondsToRetry, this, SLOT(leaveAgain()));
         return;
     }
     m_hasLeft = true;
     m_session->quit();
-    m_status = status;
-    QCoreApplication::exit();
+    QApplication::exit();
+}
+
+void Program::leaveAgain()
+{
+    leave(m_status);
 }
 
 void Program::interruptAndLeave()

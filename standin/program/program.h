@@ -34,6 +34,7 @@ public slots:
 
 private slots:
     void nextStep();
+    void leaveAgain();
     void logMessage(int kind, const QString &text);
 
 private:

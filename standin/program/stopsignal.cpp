@@ -20,6 +20,7 @@ extern "C" void tellWaiter(int)
 {
     // The second signal ends a program that does not react to the first.
     std::signal(SIGINT, SIG_DFL);
+    std::signal(SIGTERM, SIG_DFL);
     if (write(pipeEnds[1], &stopByte, 1) < 0)
         _exit(1);
 }
