@@ -1,0 +1,262 @@
+// SPDX-License-Identifier: MIT
+#include "tests/support/scratchdir.h"
+#include "tests/support/testmain.h"
+
+#include <QImage>
+#include <QProcess>
+#include <QTest>
+
+namespace {
+
+struct Run
+{
+    int status = -1; // -1: did not end by itself
+    QStringList lines;
+    QString complaints;
+};
+
+const int longestRun = 60000; // milliseconds
+
+Run finished(QProcess &process)
+{
+    Run run;
+    if (process.waitForFinished(longestRun) && process.exitStatus() == QProcess::NormalExit)
+        run.status = process.exitCode();
+    run.lines = QString::fromUtf8(process.readAllStandardOutput()).split('\n');
+    run.lines.removeLast();
+    run.complaints = QString::fromUtf8(process.readAllStandardError());
+    return run;
+}
+
+} // namespace
+
+// The program as a user starts it.
+class TestProgram : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void theStatusTellsOfErrors_data();
+    void theStatusTellsOfErrors();
+    void optionsRunInTheirOrder();
+    void deferredWorkRunsBeforeTheNextOption();
+    void lineBreaksAreWrittenOut();
+    void filesAreRun();
+    void userSetupRunsFirst();
+    void batchSessionsNeedNoDisplay();
+    void optionVariablesSurvive();
+    void quitJobsRunBeforeTheEnd();
+    void picturesAreSaved();
+    void nobodyHasToAnswerDialogs();
+    void badCommandLinesShowTheUsage();
+    void missingFilesAreErrors();
+    void terminationStopsARunningScript();
+
+private:
+    QStringList complete(const QStringList &options) const;
+    Run run(const QStringList &options) const;
+
+    ScratchDir m_user;
+};
+
+QStringList TestProgram::complete(const QStringList &options) const
+{
+    return QStringList() << "--no-plugin"
+                         << "--user-dir" << m_user.path() << options;
+}
+
+Run TestProgram::run(const QStringList &options) const
+{
+    QProcess process;
+    process.start(STANDIN_PROGRAM, complete(options));
+    return finished(process);
+}
+
+void TestProgram::theStatusTellsOfErrors_data()
+{
+    QTest::addColumn<QString>("mel");
+    QTest::addColumn<int>("status");
+    QTest::newRow("fine") << "print 1" << 0;
+    QTest::newRow("warning") << "warning \"w\"" << 0;
+    QTest::newRow("error") << "error \"e\"" << 1;
+    QTest::newRow("syntax-error") << "{" << 1;
+    QTest::newRow("caught-error") << "catch(`error \"e\"`)" << 1;
+    QTest::newRow("chosen-by-the-script") << "quit -exitCode 7" << 7;
+    QTest::newRow("quit-by-the-script") << "quit" << 0;
+}
+
+void TestProgram::theStatusTellsOfErrors()
+{
+    QFETCH(QString, mel);
+    QFETCH(int, status);
+    const Run made = run(QStringList() << "--mel" << mel << "--quit");
+    QCOMPARE(made.status, status);
+    QCOMPARE(made.lines, QStringList());
+}
+
+void TestProgram::optionsRunInTheirOrder()
+{
+    const Run made = run(QStringList() << "--mel"
+                                       << "1+1"
+                                       << "--mel"
+                                       << "print \"b\""
+                                       << "--log"
+                                       << "--mel"
+                                       << "warning \"c\""
+                                       << "--quit"
+                                       << "--mel"
+                                       << "print \"never\"");
+    QCOMPARE(made.lines, QStringList() << "history\t1+1\\n"
+                                       << "result\t2"
+                                       << "history\tprint \"b\"\\n"
+                                       << "display\tb"
+                                       << "history\twarning \"c\"\\n"
+                                       << "warning\tline 1: c");
+}
+
+void TestProgram::deferredWorkRunsBeforeTheNextOption()
+{
+    const Run made = run(QStringList() << "--log"
+                                       << "--mel"
+                                       << "evalDeferred \"print 1; evalDeferred \\\"print 2\\\"\""
+                                       << "--mel"
+                                       << "print 3"
+                                       << "--quit");
+    QCOMPARE(made.lines.filter("display"), QStringList() << "display\t1"
+                                                         << "display\t2"
+                                                         << "display\t3");
+}
+
+void TestProgram::lineBreaksAreWrittenOut()
+{
+    const Run made = run(QStringList() << "--log"
+                                       << "--mel"
+                                       << "print \"a\\n\\tb\\n\";"
+                                       << "--quit");
+    QCOMPARE(made.lines.filter("display"), QStringList() << "display\ta\\n\tb\\n");
+}
+
+void TestProgram::filesAreRun()
+{
+    const QString file = m_user.write("script.mel", "int $a = 4;\nprint ($a + 1);\n");
+    const Run made = run(QStringList() << "--log"
+                                       << "--mel-file" << file << "--quit");
+    QCOMPARE(made.lines.filter("display"), QStringList() << "display\t5");
+    QCOMPARE(made.status, 0);
+}
+
+void TestProgram::userSetupRunsFirst()
+{
+    const QString file = m_user.write("scripts/userSetup.mel", "global int $fromSetup = 8;");
+    const Run made = run(QStringList() << "--log"
+                                       << "--mel"
+                                       << "global int $fromSetup; print $fromSetup;"
+                                       << "--quit");
+    QFile::remove(file);
+    QCOMPARE(made.lines.filter("display"), QStringList() << "display\t8");
+}
+
+void TestProgram::batchSessionsNeedNoDisplay()
+{
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.remove("DISPLAY");
+    environment.insert("QT_QPA_PLATFORM", "no-such-platform");
+    process.setProcessEnvironment(environment);
+    process.start(STANDIN_PROGRAM, complete(QStringList() << "--batch"
+                                                          << "--log"
+                                                          << "--mel"
+                                                          << "about -batch"
+                                                          << "--mel"
+                                                          << "window w"));
+    const Run made = finished(process);
+    QCOMPARE(made.status, 1);
+    QVERIFY(made.lines.contains("result\t1"));
+    QVERIFY(made.lines.contains("error\tline 1: Cannot find procedure \"window\"."));
+}
+
+void TestProgram::optionVariablesSurvive()
+{
+    run(QStringList() << "--mel"
+                      << "optionVar -iv kept 12"
+                      << "--quit");
+    const Run made = run(QStringList() << "--log"
+                                       << "--mel"
+                                       << "optionVar -q kept"
+                                       << "--quit");
+    QVERIFY2(made.lines.contains("result\t12"), qPrintable(made.lines.join("\n")));
+}
+
+void TestProgram::quitJobsRunBeforeTheEnd()
+{
+    const Run made = run(QStringList() << "--log"
+                                       << "--mel"
+                                       << "scriptJob -event quitApplication \"print bye\";"
+                                       << "--quit");
+    QCOMPARE(made.lines.last(), QString("display\tbye"));
+}
+
+void TestProgram::picturesAreSaved()
+{
+    const QString file = m_user.file("main.png");
+    const Run made = run(QStringList() << "--screenshot-main" << file << "--quit");
+    QCOMPARE(made.status, 0);
+    QVERIFY(QImage(file).width() > 600);
+    QCOMPARE(run(QStringList() << "--screenshot"
+                               << "/no/such/folder/a.png"
+                               << "--quit")
+                 .status,
+             1);
+}
+
+void TestProgram::nobodyHasToAnswerDialogs()
+{
+    const Run made = run(QStringList() << "--log"
+                                       << "--mel"
+                                       << "confirmDialog -message \"sure?\" -button yes"
+                                       << "--quit");
+    QCOMPARE(made.lines.last(), QString("result\tdismiss"));
+}
+
+void TestProgram::badCommandLinesShowTheUsage()
+{
+    const Run made = run(QStringList() << "--mle"
+                                       << "print 1");
+    QCOMPARE(made.status, 2);
+    QVERIFY(made.complaints.contains("--mle"));
+    QVERIFY(made.complaints.contains("Usage:"));
+    QVERIFY(made.lines.isEmpty());
+    QCOMPARE(run(QStringList() << "--help").status, 0);
+}
+
+void TestProgram::missingFilesAreErrors()
+{
+    const Run made = run(QStringList() << "--log"
+                                       << "--mel-file"
+                                       << "/no/such.mel"
+                                       << "--open"
+                                       << "/no/such.py"
+                                       << "--quit");
+    QCOMPARE(made.status, 1);
+    QCOMPARE(made.lines, QStringList() << "error\tCannot read file \"/no/such.mel\"."
+                                       << "error\tCannot open file \"/no/such.py\".");
+}
+
+void TestProgram::terminationStopsARunningScript()
+{
+    QProcess process;
+    process.start(STANDIN_PROGRAM, complete(QStringList() << "--log"
+                                                          << "--mel"
+                                                          << "print \"on\"; while (1) ;"));
+    QByteArray text;
+    while (!text.contains("display\ton") && process.waitForReadyRead(longestRun))
+        text += process.readAllStandardOutput();
+    QVERIFY(text.contains("display\ton"));
+    process.terminate();
+    QVERIFY(process.waitForFinished(longestRun));
+    QCOMPARE(int(process.exitStatus()), int(QProcess::NormalExit));
+    QCOMPARE(process.exitCode(), 1); // the interrupted script is an error
+}
+
+CORVANE_TEST_MAIN(TestProgram)
+#include "tst_program.moc"
