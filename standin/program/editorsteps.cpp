@@ -12,7 +12,6 @@
 #include <QFileInfo>
 #include <QPixmap>
 #include <QPlainTextEdit>
-#include <QThread>
 
 #include <cstdio>
 

@@ -4,7 +4,6 @@
 #include "standin/ui/theme.h"
 
 #include <QHBoxLayout>
-#include <QIcon>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QToolButton>
@@ -58,7 +57,6 @@ CommandLine::CommandLine(QWidget *parent)
     m_languageButton->setAutoRaise(true);
     m_languageButton->setMinimumWidth(56);
     m_languageButton->setToolTip("Switch between MEL and Python");
-    m_scriptEditorButton->setIcon(QIcon(":/standin/scriptEditor.png"));
     m_scriptEditorButton->setAutoRaise(true);
     layout->addWidget(m_languageButton);
     layout->addWidget(m_input, 1);
