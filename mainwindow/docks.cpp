@@ -21,17 +21,17 @@ struct DockRow
 };
 
 // Flag 2 belonged to a dock that is gone; settings files may still hold it.
+// clang-format off
 const DockRow dockRows[] = {
-    // dock, title, object name, toggle keys, area, flag, initially visible
-    {Dock::Project, "Project View", "projectdock", "Ctrl+Alt+P", Qt::LeftDockWidgetArea, 32, true},
-    {Dock::Documents, "Documents", "opendocumentdock", "Ctrl+Alt+D", Qt::LeftDockWidgetArea, 4,
-     true},
-    {Dock::Buffers, "Buffers", "bufferdock", "Ctrl+Alt+B", Qt::LeftDockWidgetArea, 1, true},
-    {Dock::Output, "Output Window", "outputdock", "Ctrl+Shift+O", Qt::TopDockWidgetArea, 8, true},
-    {Dock::Outline, "Outline", "outlinedock", "Ctrl+Alt+O", Qt::RightDockWidgetArea, 16, true},
-    {Dock::QuickHelp, "Quick Help", "quickhelpdock", "Ctrl+Alt+J", Qt::RightDockWidgetArea, 64,
-     false},
+    // dock           title            object name         toggle keys     area                     flag  initially visible
+    {Dock::Project,   "Project View",  "projectdock",      "Ctrl+Alt+P",   Qt::LeftDockWidgetArea,  32,   true},
+    {Dock::Documents, "Documents",     "opendocumentdock", "Ctrl+Alt+D",   Qt::LeftDockWidgetArea,  4,    true},
+    {Dock::Buffers,   "Buffers",       "bufferdock",       "Ctrl+Alt+B",   Qt::LeftDockWidgetArea,  1,    true},
+    {Dock::Output,    "Output Window", "outputdock",       "Ctrl+Shift+O", Qt::TopDockWidgetArea,   8,    true},
+    {Dock::Outline,   "Outline",       "outlinedock",      "Ctrl+Alt+O",   Qt::RightDockWidgetArea, 16,   true},
+    {Dock::QuickHelp, "Quick Help",    "quickhelpdock",    "Ctrl+Alt+J",   Qt::RightDockWidgetArea, 64,   false},
 };
+// clang-format on
 
 QDockWidget *createDock(const DockRow &row, QMainWindow *window, QWidget *content)
 {

@@ -21,43 +21,36 @@ const char helpTitle[] = "&Help";
 std::vector<MenuRow> menuRows()
 {
     using A = Action;
+    // clang-format off
     return {
         {"&File",
-         {A::New,
-          A::NewMelBuffer,
-          A::NewPythonBuffer,
-          A::Open,
-          separator, //
-          A::Close,
-          A::CloseAll,
-          A::CloseAllButActive,
-          separator, //
-          A::Save,
-          A::SaveAs,
-          A::SaveAll,
-          A::Rename,
-          A::ReloadFromDisk,
-          separator,
-          A::SaveState,
-          separator, //
-          A::SaveScriptToShelf,
-          separator,
+         {A::New, A::NewMelBuffer, A::NewPythonBuffer, A::Open, separator,
+          A::Close, A::CloseAll, A::CloseAllButActive, separator,
+          A::Save, A::SaveAs, A::SaveAll, A::Rename, A::ReloadFromDisk, separator,
+          A::SaveState, separator,
+          A::SaveScriptToShelf, separator,
           A::SourceScript}},
         {"&Edit",
-         {A::Undo, A::Redo, separator,                        //
-          A::Cut, A::Copy, A::Paste, A::SelectAll, separator, //
-          A::FindReplace, A::GoToLine, separator,             //
-          A::ConvertTabsToSpaces, separator,                  //
-          A::ClearHistory, A::ClearEditor, A::ClearAll, separator, A::Preferences}},
+         {A::Undo, A::Redo, separator,
+          A::Cut, A::Copy, A::Paste, A::SelectAll, separator,
+          A::FindReplace, A::GoToLine, separator,
+          A::ConvertTabsToSpaces, separator,
+          A::ClearHistory, A::ClearEditor, A::ClearAll, separator,
+          A::Preferences}},
         {"&History",
          {A::EchoAllCommands, A::LineNumbersInErrors, A::ShowStackTrace, separator,
           A::SuppressStackWindow}},
-        {"&Command", {A::Execute, A::ExecuteAll, A::ExecuteLine}},
-        {viewTitle, {A::ShowTabsAndSpaces, A::WordWrap, separator, A::CodeEditor}},
+        {"&Command",
+         {A::Execute, A::ExecuteAll, A::ExecuteLine}},
+        {viewTitle,
+         {A::ShowTabsAndSpaces, A::WordWrap, separator,
+          A::CodeEditor}},
         {helpTitle,
-         {A::MelCommandReference, A::PythonCommandReference, A::NodeAndAttributeReference,
-          separator, A::Licensing, separator, A::About}},
+         {A::MelCommandReference, A::PythonCommandReference, A::NodeAndAttributeReference, separator,
+          A::Licensing, separator,
+          A::About}},
     };
+    // clang-format on
 }
 
 } // namespace
