@@ -8,7 +8,6 @@
 #include "preferences/preferences.h"
 
 #include <maya/MArgDatabase.h>
-#include <maya/MArgList.h>
 #include <maya/MCommandMessage.h>
 #include <maya/MGlobal.h>
 #include <maya/MMessage.h>

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <maya/MArgList.h>
 #include <maya/MPxCommand.h>
 #include <maya/MStatus.h>
 #include <maya/MSyntax.h>
-
-class MArgList;
 
 // The MEL command "corvaneEditor": shows and raises the editor window, or with -writeSettings
 // saves its settings and leaves the window alone.
