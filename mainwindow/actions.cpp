@@ -10,7 +10,7 @@
 
 namespace {
 
-enum class Kind { Plain, Checkable, Checked };
+enum class Kind { Plain, Checkable, Checked, Later };
 
 struct Keys
 {
@@ -44,6 +44,7 @@ struct ActionRow
 #define plain Kind::Plain
 #define checkable Kind::Checkable
 #define checked Kind::Checked
+#define later Kind::Later
 
 const ActionRow actionRows[] = {
 #define ACTION(id, text, tip, keyColumn, icon, kind, receiver, slot)                               \
@@ -61,14 +62,16 @@ const ActionRow actionRows[] = {
 #undef plain
 #undef checkable
 #undef checked
+#undef later
 
 QAction *createAction(const ActionRow &row, QWidget *window)
 {
     QAction *action = new QAction(QString::fromUtf8(row.text), window);
     action->setObjectName(QString::fromLatin1(row.objectName));
     action->setStatusTip(QString::fromUtf8(row.tip));
-    action->setCheckable(row.kind != Kind::Plain);
+    action->setCheckable(row.kind == Kind::Checkable || row.kind == Kind::Checked);
     action->setChecked(row.kind == Kind::Checked);
+    action->setEnabled(row.kind != Kind::Later);
     if (row.keys.text)
         action->setShortcut(QKeySequence(QString::fromLatin1(row.keys.text)));
     else if (row.keys.standard != QKeySequence::UnknownKey)
@@ -82,9 +85,7 @@ QAction *createAction(const ActionRow &row, QWidget *window)
 
 void connectAction(QAction *action, QObject *receiver, const char *slot)
 {
-    if (qstrcmp(slot, SLOT(none)) == 0)
-        action->setEnabled(false);
-    else if (action->isCheckable())
+    if (action->isCheckable())
         QObject::connect(action, SIGNAL(triggered(bool)), receiver, slot);
     else
         QObject::connect(action, SIGNAL(triggered()), receiver, slot);

@@ -71,6 +71,7 @@ public slots:
     void copy();
     void paste();
     void showGotoLineDialog();
+    void showFindReplaceDialog();
     void replace(const QString &text);
     void clearOutput();
     void clearEditor();
@@ -117,6 +118,7 @@ public slots:
     void updateAndShowQuickHelp(const QString &text, bool ignoreWhenHidden);
     void insertQuickHelpFlag(const QString &flag);
 
+    void showPreferencesDialog();
     void updatePreferences();
     void updatePreferencesAndWrite();
 

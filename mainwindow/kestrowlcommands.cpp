@@ -166,6 +166,16 @@ void Kestrowl::showGotoLineDialog()
         currentView()->goToLine(line);
 }
 
+void Kestrowl::showFindReplaceDialog()
+{
+    setStatusText(tr("Find and replace is not part of this version."));
+}
+
+void Kestrowl::showPreferencesDialog()
+{
+    setStatusText(tr("The Preferences dialog is not part of this version."));
+}
+
 void Kestrowl::replace(const QString &text)
 {
     m_central->replace(text);
