@@ -6,6 +6,7 @@
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QPointer>
 
 namespace {
 
@@ -31,11 +32,16 @@ void ModalAnswer::answer()
     readDialog(dialog);
     if (!m_input.isEmpty())
         enterInput(dialog);
+    const QPointer<QDialog> pressed = dialog;
     press(dialog);
+    // A file dialog enables its button only once it has read the folder.
+    if (pressed && pressed->isVisible())
+        m_timer.start(5);
 }
 
 void ModalAnswer::readDialog(QDialog *dialog)
 {
+    m_buttons.clear();
     m_title = dialog->windowTitle().isNull() ? QString::fromLatin1("") : dialog->windowTitle();
     if (QMessageBox *box = qobject_cast<QMessageBox *>(dialog))
         m_text = box->text();
