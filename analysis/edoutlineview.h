@@ -3,11 +3,14 @@
 
 #include <QTreeWidget>
 
-// The outline of the active script: nothing is listed yet.
+// The outline of the active script. Nothing is listed yet, which an empty view says.
 class EdOutlineView : public QTreeWidget
 {
     Q_OBJECT
 
 public:
     explicit EdOutlineView(QWidget *parent = nullptr);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
 };
