@@ -61,9 +61,9 @@ QString settingsKey(const char *group, const char *key)
 template <typename Type>
 void read(QSettings &settings, const char *group, const char *key, Type &value)
 {
-    const QString path = settingsKey(group, key);
-    if (settings.contains(path))
-        take(QLatin1String(key), settings.value(path), value);
+    const QVariant stored = settings.value(settingsKey(group, key));
+    if (stored.isValid())
+        take(QLatin1String(key), stored, value);
 }
 
 } // namespace
