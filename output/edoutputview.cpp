@@ -131,14 +131,8 @@ void EdOutputView::applyColors()
 {
     setFont(outputFont());
     applyTextOption();
-    const TextFormat &plain = textFormat(OutputText::Plain);
-    const TextFormat &selected = textFormat(OutputText::Selected);
-    QPalette colors = palette();
-    colors.setColor(QPalette::Text, plain.foreground);
-    colors.setColor(QPalette::Base, plain.background);
-    colors.setColor(QPalette::HighlightedText, selected.foreground);
-    colors.setColor(QPalette::Highlight, selected.background);
-    setPalette(colors);
+    setPalette(
+        withTextColors(palette(), textFormat(OutputText::Plain), textFormat(OutputText::Selected)));
     updateExtraSelections();
 }
 

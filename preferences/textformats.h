@@ -3,6 +3,7 @@
 
 #include <QColor>
 #include <QFont>
+#include <QPalette>
 #include <QTextCharFormat>
 
 // What a stretch of text looks like. An invalid colour leaves that of the plain text.
@@ -17,6 +18,9 @@ struct TextFormat
 };
 
 bool operator==(const TextFormat &a, const TextFormat &b);
+
+// The palette with these colours for a text widget's ground, text and selection.
+QPalette withTextColors(QPalette palette, const TextFormat &plain, const TextFormat &selected);
 
 // The index is a category's identity in the stored colour list.
 enum class EditorText {

@@ -59,14 +59,8 @@ QString PlainCodeEdit::text() const
 void PlainCodeEdit::applyFontAndColors()
 {
     setFont(editorFont());
-    const TextFormat plain = textFormat(EditorText::Plain);
-    const TextFormat selected = textFormat(EditorText::Selected);
-    QPalette colors = palette();
-    colors.setColor(QPalette::Text, plain.foreground);
-    colors.setColor(QPalette::Base, plain.background);
-    colors.setColor(QPalette::HighlightedText, selected.foreground);
-    colors.setColor(QPalette::Highlight, selected.background);
-    setPalette(colors);
+    setPalette(
+        withTextColors(palette(), textFormat(EditorText::Plain), textFormat(EditorText::Selected)));
     applyTextOption();
 }
 
