@@ -196,7 +196,7 @@ std::vector<Value> LateCall::words(Frame &frame) const
 
 } // namespace
 
-ExpressionPointer procedureCall(const ProcedureEntry &entry, ProcedurePointer signature,
+ExpressionPointer procedureCall(const ProcedureEntry &entry, const ProcedurePointer &signature,
                                 ExpressionList arguments, int line)
 {
     return std::make_unique<ProcedureCall>(entry, signature->returnType, std::move(arguments),

@@ -9,7 +9,7 @@
 namespace mel::nodes {
 
 // A procedure known while compiling; `signature` is what the arguments were checked against.
-ExpressionPointer procedureCall(const ProcedureEntry &entry, ProcedurePointer signature,
+ExpressionPointer procedureCall(const ProcedureEntry &entry, const ProcedurePointer &signature,
                                 ExpressionList arguments, int line);
 
 // A built-in function; the arguments are converted already.

@@ -20,7 +20,18 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-enum class ArgumentKind { Boolean, Int, UnsignedInt, Float, Length, Angle, Time, String, Name, Script };
+enum class ArgumentKind {
+    Boolean,
+    Int,
+    UnsignedInt,
+    Float,
+    Length,
+    Angle,
+    Time,
+    String,
+    Name,
+    Script
+};
 enum class QueryArgument { None, Optional, Mandatory };
 
 // Names are written without the dash. A flag without argument kinds is a plain switch.
@@ -43,7 +54,10 @@ public:
         std::vector<Value> arguments;
     };
 
-    Call(Interpreter &runner, std::string commandName) : interpreter(runner), command(std::move(commandName)) {}
+    Call(Interpreter &runner, std::string commandName)
+        : interpreter(runner), command(std::move(commandName))
+    {
+    }
 
     Interpreter &interpreter;
     std::string command;
@@ -62,7 +76,8 @@ public:
     double number(const char *flag, double byDefault = 0, size_t index = 0) const;
     std::string text(const char *flag, const std::string &byDefault = {}, size_t index = 0) const;
 
-    // Objects as text; throws RuntimeError("Wrong number of arguments on call to NAME.") when absent.
+    // Objects as text; throws RuntimeError("Wrong number of arguments on call to NAME.") when
+    // absent.
     std::string objectText(size_t index) const;
     std::vector<std::string> objectTexts() const;
 };

@@ -109,6 +109,7 @@ const Function *chooseFunction(const std::vector<const Function *> &rows,
 Value callFunctionByName(Runtime &runtime, const std::string &name, std::vector<Value> arguments)
 {
     std::vector<Type> types;
+    types.reserve(arguments.size());
     for (const Value &argument : arguments)
         types.push_back(typeOf(argument));
     const Function *function = chooseFunction(functionsNamed(name), types);

@@ -30,7 +30,6 @@ public:
 
     // Asked every few thousand steps while a script runs; true stops it with an error.
     virtual bool interruptRequested() { return false; }
-
 };
 
 } // namespace mel

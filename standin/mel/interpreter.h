@@ -17,10 +17,10 @@ namespace mel {
 struct Limits
 {
     int callDepth = 500;
-    int nesting = 200;                       // of expressions and blocks in one text
-    std::int64_t elements = 50 * 1000 * 1000; // of one array
+    int nesting = 200;                           // of expressions and blocks in one text
+    std::int64_t elements = 50 * 1000 * 1000;    // of one array
     std::int64_t textLength = 256 * 1000 * 1000; // bytes of one string
-    std::int64_t steps = 0;                  // statements and loop rounds of one execution, 0: no limit
+    std::int64_t steps = 0; // statements and loop rounds of one execution, 0: no limit
 };
 
 // The switches that commandEcho and stackTrace set, shared by everything that reports errors.
@@ -37,7 +37,7 @@ struct Settings
 struct Outcome
 {
     bool ok = false;
-    Value value = {};    // of the last statement, void when it has none
+    Value value = {};       // of the last statement, void when it has none
     std::string error = {}; // the error message as it was reported, without a kind's heading
 };
 

@@ -9,7 +9,7 @@
 
 namespace mel {
 
-Parser::Parser(Runtime &runtime, SourcePointer source)
+Parser::Parser(Runtime &runtime, const SourcePointer &source)
     : m_runtime(runtime), m_source(source), m_tokens(Lexer(m_source->text).tokens()),
       m_builder(runtime, source, [this](const std::string &text) { warn(text); })
 {

@@ -13,7 +13,7 @@ namespace mel {
 class Parser
 {
 public:
-    Parser(Runtime &runtime, SourcePointer source);
+    Parser(Runtime &runtime, const SourcePointer &source);
 
     // Throws CompileFailure.
     std::unique_ptr<Unit> parse();

@@ -85,7 +85,7 @@ std::unique_ptr<Target> Parser::asTarget(ExpressionPointer expression) const
     Target *target = dynamic_cast<Target *>(expression.get());
     if (!target)
         failSyntax();
-    expression.release();
+    (void)expression.release(); // the target is the same object
     return std::unique_ptr<Target>(target);
 }
 

@@ -60,7 +60,10 @@ std::string Runtime::findScript(const std::string &name) const
         found = existing(name);
     } else {
         for (const std::string &folder : host.scriptPath()) {
-            found = existing(folder + (!folder.empty() && folder.back() == '/' ? "" : "/") + name);
+            std::string path = folder;
+            if (path.empty() || path.back() != '/')
+                path += '/';
+            found = existing(path + name);
             if (!found.empty())
                 break;
         }

@@ -93,7 +93,7 @@ ProgramOptions readOptions(const QStringList &arguments)
 {
     ProgramOptions options;
     for (int i = 0; i < arguments.size() && options.error.isEmpty(); ++i) {
-        const QString name = arguments.at(i);
+        const QString &name = arguments.at(i);
         const OptionRow *row = rowFor(name);
         if (!row)
             options.error = "unknown option: " + name;
