@@ -48,3 +48,5 @@ message(STATUS "Qt major version: ${CORVANE_QT_MAJOR}")
 
 set(CMAKE_AUTOMOC ON)
 set(CMAKE_AUTORCC ON)
+# Pictures are packed already, or stored so that they are read at once.
+set(CMAKE_AUTORCC_OPTIONS -no-compress)

@@ -5,16 +5,24 @@
 #include <QFile>
 #include <QImage>
 #include <QPixmap>
+#include <QPixmapCache>
 
 namespace compat {
 
 namespace {
 
-// An image of a named format: left to themselves, icons and pixmaps ask every image plug-in about
-// every file and look at its time, which is a good part of what a window with many icons costs.
+// Of a named format and kept by our own name: left to themselves, icons and pixmaps ask every image
+// plug-in about every file and look at its time, a good part of what a window with many icons
+// costs.
 QPixmap pixmap(const QString &path)
 {
-    return QPixmap::fromImage(QImage(path, "PNG"));
+    const QString key = QLatin1String("corvane") + path;
+    QPixmap result;
+    if (!QPixmapCache::find(key, &result)) {
+        result = QPixmap::fromImage(QImage(path, "PNG"));
+        QPixmapCache::insert(key, result);
+    }
+    return result;
 }
 
 } // namespace

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "mainwindow/docks.h"
 
+#include "mainwindow/visibility.h"
+
 #include <QAction>
 #include <QDockWidget>
+#include <QFrame>
 #include <QKeySequence>
 #include <QMainWindow>
 #include <QMenu>
@@ -38,9 +41,12 @@ QDockWidget *createDock(const DockRow &row, QMainWindow *window, QWidget *conten
     QDockWidget *dock = new QDockWidget(QString::fromLatin1(row.title), window);
     dock->setObjectName(QString::fromLatin1(row.objectName));
     dock->setWidget(content);
+    // The dock's own edge is enough.
+    if (QFrame *frame = qobject_cast<QFrame *>(content))
+        frame->setFrameShape(QFrame::NoFrame);
     dock->toggleViewAction()->setShortcut(QKeySequence(QString::fromLatin1(row.toggleKeys)));
     window->addDockWidget(row.area, dock);
-    dock->setVisible(row.initiallyVisible);
+    setShown(dock, row.initiallyVisible);
     return dock;
 }
 
@@ -76,7 +82,7 @@ int visibleDockFlags(const DockArray<QDockWidget *> &docks)
 {
     int flags = 0;
     for (const DockRow &row : dockRows) {
-        if (!docks[row.dock]->isHidden())
+        if (!isPutAway(docks[row.dock]))
             flags |= row.flag;
     }
     return flags;

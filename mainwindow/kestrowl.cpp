@@ -9,6 +9,7 @@
 #include "mainwindow/programnames.h"
 #include "mainwindow/shortcuts.h"
 #include "mainwindow/toolbars.h"
+#include "mainwindow/visibility.h"
 #include "output/edoutputview.h"
 #include "preferences/preferences.h"
 #include "resources/resources.h"
@@ -159,7 +160,7 @@ void Kestrowl::applyToggles()
 void Kestrowl::updatePreferences()
 {
     setToolbarVisible(preferences().toolbar);
-    statusBar()->setVisible(preferences().statusBar);
+    setShown(statusBar(), preferences().statusBar);
     m_output->setLineLimit(preferences().outputWindowBufferSize);
     m_output->setTabWidth(preferences().tabSize);
     m_output->applyColors();

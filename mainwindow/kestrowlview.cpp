@@ -3,6 +3,7 @@
 #include "mainwindow/kestrowl.h"
 
 #include "compat/icon.h"
+#include "mainwindow/visibility.h"
 #include "output/edoutputview.h"
 #include "preferences/preferences.h"
 #include "workspace/edcentralwidget.h"
@@ -89,13 +90,13 @@ void Kestrowl::editorVisibleChange(bool visible)
 {
     action(Action::CodeEditor)->setChecked(visible);
     m_central->setVisible(visible);
-    if (!visible && m_docks[Dock::Output]->isHidden())
+    if (!visible && isPutAway(m_docks[Dock::Output]))
         setOutputVisible(true);
 }
 
 void Kestrowl::outputViewVisibleChange(bool)
 {
-    if (m_docks[Dock::Output]->isHidden() && m_central->isHidden())
+    if (isPutAway(m_docks[Dock::Output]) && isPutAway(m_central))
         setEditorVisible(true);
 }
 
@@ -137,7 +138,7 @@ void Kestrowl::showAll()
 void Kestrowl::setToolbarVisible(bool visible)
 {
     for (QToolBar *toolBar : m_toolBars)
-        toolBar->setVisible(visible);
+        setShown(toolBar, visible);
 }
 
 // Brings a dock that was switched on to the front of those it is tabbed with.
@@ -194,7 +195,7 @@ void Kestrowl::updateInsertOverwriteStatus()
 void Kestrowl::updateAndShowQuickHelp(const QString &, bool ignoreWhenHidden)
 {
     QDockWidget *quickHelp = m_docks[Dock::QuickHelp];
-    if (ignoreWhenHidden && quickHelp->isHidden())
+    if (ignoreWhenHidden && isPutAway(quickHelp))
         return;
     quickHelp->show();
     quickHelp->raise();

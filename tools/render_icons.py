@@ -11,8 +11,10 @@ PACKAGE_DIR is the unpacked npm package `lucide-static` (the folder with `icons/
 import json
 import os
 import re
+import struct
 import subprocess
 import sys
+import zlib
 
 LIGHT, DIM = "#d0d0d0", "#858585"
 GREEN, AMBER, RED, BLUE = "#7ccf6b", "#f0b440", "#f07068", "#6cb4f0"
@@ -147,6 +149,51 @@ def render(package, look, size, path):
                    input=svg.encode(), check=True)
 
 
+def chunks(data):
+    """The (type, content) pairs of a PNG file."""
+    position = 8
+    while position < len(data):
+        length, kind = struct.unpack_from(">I4s", data, position)
+        yield kind, data[position + 8:position + 8 + length]
+        position += length + 12
+
+
+def unfiltered(rows, width, height):
+    """The bytes of an RGBA image without the filters of PNG (PNG specification, clause 9)."""
+    stride = 4 * width
+    above, result = bytes(stride), []
+    for y in range(height):
+        kind, *line = rows[y * (stride + 1):(y + 1) * (stride + 1)]
+        for i in range(stride):
+            left = line[i - 4] if i >= 4 else 0
+            corner = above[i - 4] if i >= 4 else 0
+            estimate = left + above[i] - corner
+            paeth = min((left, above[i], corner), key=lambda value: abs(estimate - value))
+            line[i] = (line[i] + (0, left, above[i], (left + above[i]) // 2, paeth)[kind]) % 256
+        above = line
+        result.append(bytes(line))
+    return result
+
+
+def store(path):
+    """Rewrites a PNG uncompressed. A window full of icons is shown at once, and unpacking takes
+    most of the time that reading a small image does."""
+    with open(path, "rb") as file:
+        data = file.read()
+    parts = dict(chunks(data))
+    width, height, depth, colour, _, _, interlace = struct.unpack(">IIBBBBB", parts[b"IHDR"])
+    if (depth, colour, interlace) != (8, 6, 0):
+        raise SystemExit(f"{path} is not a plain RGBA image")
+    packed = b"".join(content for kind, content in chunks(data) if kind == b"IDAT")
+    rows = unfiltered(zlib.decompress(packed), width, height)
+    stored = zlib.compress(b"".join(b"\0" + row for row in rows), 0)
+    with open(path, "wb") as file:
+        file.write(data[:8])
+        for kind, content in ((b"IHDR", parts[b"IHDR"]), (b"IDAT", stored), (b"IEND", b"")):
+            check = zlib.crc32(kind + content)
+            file.write(struct.pack(">I", len(content)) + kind + content + struct.pack(">I", check))
+
+
 def write_list(folder, name, prefix, files):
     rows = "".join(f"    <file>icons/{file}</file>\n" for file in sorted(files))
     with open(os.path.join(folder, name + ".qrc"), "w", encoding="utf-8") as file:
@@ -178,7 +225,10 @@ def main():
             for title, look in looks.items():
                 for suffix, scale in (("", 1), ("@2x", 2)):
                     files.append(f"{title}{suffix}.png")
-                    render(package, look, size * scale, os.path.join(folder, "icons", files[-1]))
+                    path = os.path.join(folder, "icons", files[-1])
+                    render(package, look, size * scale, path)
+                    if scale == 1 and size < 32:
+                        store(path)
         write_list(folder, name, prefix, files)
         write_licence(package, folder)
 

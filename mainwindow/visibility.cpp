@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+#include "mainwindow/visibility.h"
+
+#include <QWidget>
+
+bool isPutAway(const QWidget *part)
+{
+    return part->isHidden() && part->testAttribute(Qt::WA_WState_ExplicitShowHide);
+}
+
+void setShown(QWidget *part, bool shown)
+{
+    if (isPutAway(part) == shown)
+        part->setVisible(shown);
+}
