@@ -11,14 +11,20 @@ namespace mel {
 
 namespace {
 
+IdlePriority deferredPriority(const Call &call)
+{
+    if (call.isSet("evaluateNext"))
+        return IdlePriority::Next;
+    if (call.isSet("lowestPriority"))
+        return IdlePriority::Lowest;
+    return call.isSet("lowPriority") ? IdlePriority::Low : IdlePriority::Normal;
+}
+
 Value evalDeferred(Runtime &runtime, Call &call)
 {
     if (call.isSet("list"))
         return runtime.host.deferredMel();
-    IdlePriority priority = call.isSet("lowPriority") ? IdlePriority::Low : IdlePriority::Normal;
-    if (call.isSet("lowestPriority"))
-        priority = IdlePriority::Lowest;
-    runtime.host.deferMel(joinedObjects(call), priority);
+    runtime.host.deferMel(joinedObjects(call), deferredPriority(call));
     return {};
 }
 
@@ -153,7 +159,7 @@ Value format(Runtime &runtime, Call &call)
 const CommandRow rows[] = {
     {"evalDeferred",
      evalDeferred,
-     {{"low", "lowPriority"}, {"lp", "lowestPriority"}, {"ls", "list"}},
+     {{"low", "lowPriority"}, {"lp", "lowestPriority"}, {"ls", "list"}, {"en", "evaluateNext"}},
      "String..."},
     {"whatIs", whatIs, {}, "Name"},
     {"exists", exists, {}, "Name"},

@@ -17,7 +17,8 @@ const std::vector<Flag> contextFlags = {
 // The place in front of a message, as the flags ask for it.
 std::string prefix(const Runtime &runtime, const Call &call)
 {
-    if (call.isSet("noContext"))
+    // Python and the interface have no line to name.
+    if (call.isSet("noContext") || !runtime.topFrame())
         return {};
     const bool shown = call.boolean("showLineNumber", runtime.settings.lineNumbers);
     return shown ? runtime.place().prefix() : "";
@@ -51,7 +52,7 @@ Value commandEcho(Runtime &runtime, Call &call)
 {
     Settings &settings = runtime.settings;
     if (call.query) {
-        if (call.isSet("filter"))
+        if (call.isSet("filter") || call.isSet("addFilter"))
             return settings.echoFilter;
         return call.isSet("lineNumbers") ? settings.lineNumbers : settings.echoCommands;
     }

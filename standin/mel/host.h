@@ -9,7 +9,7 @@ namespace mel {
 // Numbered as the host application numbers its command messages.
 enum class MessageKind { History, Display, Info, Warning, Error, Result, StackTrace };
 
-enum class IdlePriority { Normal, Low, Lowest };
+enum class IdlePriority { Next, Normal, Low, Lowest };
 
 // What the interpreter needs from the program around it. The program outlives the interpreter.
 class Host

@@ -91,14 +91,20 @@ std::string Parser::located(const std::string &text, const char *colon) const
                                : "\"" + m_source->path + "\" line " + place + text;
 }
 
+// A token shows the line it begins on; the end of the text, which no line holds, the last one.
+std::string Parser::sourceLine() const
+{
+    return m_source->line(token().kind == TokenKind::End ? token().line : token().startLine);
+}
+
 void Parser::fail(const std::string &text) const
 {
-    throw CompileFailure(m_source->line(token().startLine), located(text, ": "));
+    throw CompileFailure(sourceLine(), located(text, ": "));
 }
 
 void Parser::warn(const std::string &text) const
 {
-    m_runtime.compileWarning(m_source->line(token().startLine), located(text, " : "));
+    m_runtime.compileWarning(sourceLine(), located(text, " : "));
 }
 
 // Nothing of a text that has an error stays behind: no procedure, no variable.

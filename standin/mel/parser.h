@@ -31,6 +31,7 @@ private:
     void expect(int symbol);
     [[noreturn]] void failSyntax() const;
     [[noreturn]] void fail(const std::string &text) const;
+    std::string sourceLine() const;
     std::string located(const std::string &text, const char *colon) const;
     void warn(const std::string &text) const;
 

@@ -219,8 +219,11 @@ void Runtime::echoText(const std::string &text)
 std::string LocatedError::traceText() const
 {
     std::string text = "Start of trace: (" + steps.front().place.traceText() + ").";
-    for (size_t i = 0; i + 1 < steps.size(); ++i)
-        text += "\n" + steps[i].procedure + " (" + steps[i + 1].place.traceText() + ").";
+    for (size_t i = 0; i + 1 < steps.size(); ++i) {
+        // A sourced file is a step of its own, but no procedure.
+        if (!steps[i].procedure.empty())
+            text += "\n" + steps[i].procedure + " (" + steps[i + 1].place.traceText() + ").";
+    }
     return text;
 }
 
@@ -230,7 +233,7 @@ std::string Runtime::reportFailure(const RuntimeError &failure, bool withTrace)
         report(MessageKind::Error, compiling->sourceLine);
     report(MessageKind::Error, failure.what());
     const auto *located = dynamic_cast<const LocatedError *>(&failure);
-    if (located && withTrace && settings.stackTrace)
+    if (located && !located->steps.empty() && withTrace && settings.stackTrace)
         report(MessageKind::StackTrace, located->traceText());
     return failure.what();
 }

@@ -241,6 +241,15 @@ void TestMelInterpreter::evaluateHandsTheErrorToTheCommand()
              std::string("R caught line 1: Cannot find procedure \"noSuch\"."));
     QCOMPARE(interpreter.runJoined("inner \"1 +\";"),
              std::string("R caught Line 1.3: Syntax error"));
+    // Without a script around them messages have no line to name.
+    mel.runCommand("warning", {std::string("w")});
+    QCOMPARE(interpreter.host.takeMessages().back(), std::string("W w"));
+    try {
+        mel.runCommand("error", {std::string("e")});
+        QFAIL("no error");
+    } catch (const mel::RuntimeError &error) {
+        QCOMPARE(error.what(), "e");
+    }
 }
 
 void TestMelInterpreter::globalVariablesCrossTheBorder()
@@ -270,9 +279,18 @@ void TestMelInterpreter::sourcedFilesNameThemselvesInErrors()
     interpreter.mel.settings().stackTrace = false;
     QCOMPARE(interpreter.runJoined("melTestFail;"), std::string("E no"));
     interpreter.mel.settings().lineNumbers = true;
+    writeScript("melTestFailing.mel", "error \"at once\";");
+    interpreter.mel.settings().stackTrace = true;
+    QCOMPARE(interpreter.runJoined("source \"" + quoted + "\";"),
+             "E file: " + quoted + " line 1: at once | S Start of trace: (file: " + quoted +
+                 " line 1).");
+    interpreter.mel.settings().stackTrace = false;
     writeScript("melTestFailing.mel", "int $a;\nprint (;\n");
     QCOMPARE(interpreter.runJoined("source \"" + quoted + "\"; print 2;"),
              "E print (;\\n | E \"" + quoted + "\" line 2.8: Syntax error");
+    writeScript("melTestFailing.mel", "print (1\n");
+    QCOMPARE(interpreter.runJoined("source \"" + quoted + "\"; print 2;"),
+             "E print (1\\n | E \"" + quoted + "\" line 1.9: Syntax error");
     QFile::remove(path);
     QCOMPARE(interpreter.runJoined("source \"" + quoted + "\"; print 2;").substr(0, 10),
              std::string("E source \""));
@@ -378,10 +396,10 @@ void TestMelInterpreter::helpTextsListFlags()
 void TestMelInterpreter::deferredTextsReachTheHost()
 {
     TestInterpreter interpreter;
-    QCOMPARE(
-        interpreter.runJoined(
-            "evalDeferred \"a\"; evalDeferred -lp \"b\"; evalDeferred -low c d; evalDeferred -ls"),
-        std::string("R a @0 b @2 c d @1"));
+    QCOMPARE(interpreter.runJoined("evalDeferred \"a\"; evalDeferred -lp \"b\"; evalDeferred -low "
+                                   "c d; evalDeferred -en \"e\"; "
+                                   "evalDeferred -ls"),
+             std::string("R a @1 b @3 c d @2 e @0"));
 }
 
 void TestMelInterpreter::namesAreListedSorted()
