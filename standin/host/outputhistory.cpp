@@ -62,6 +62,8 @@ bool OutputHistory::isSuppressed(mel::MessageKind kind) const
         return m_suppressed.errors;
     case mel::MessageKind::Result:
         return m_suppressed.results;
+    case mel::MessageKind::StackTrace:
+        return m_suppressed.stackTrace;
     default:
         return false;
     }

@@ -21,6 +21,7 @@ public:
         bool warnings = false;
         bool errors = false;
         bool results = false;
+        bool stackTrace = false;
         bool stackWindow = false; // concerns no text, only remembered
     };
 

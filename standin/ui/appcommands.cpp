@@ -78,14 +78,13 @@ mel::Command command(const char *name, std::vector<mel::Flag> flags = {})
 void addAppCommands(UserInterface &ui)
 {
     CommandRow rows[] = {
-        {command("ScriptEditor"), openScriptEditor},
+        {command("openScriptEditor"), openScriptEditor},
         {command("showHelp",
                  {{"d", "docs"}, {"a", "absolute"}, {"ht", "helpTable"}, {"v", "version"}}),
          showHelp},
         {command("refresh", {{"f", "force"}, {"cv", "currentView"}}), refresh},
         {command("waitCursor", {{"st", "state", {ArgumentKind::Boolean}}}), waitCursor},
     };
-    rows[0].command.kind = mel::CommandKind::RunTimeCommand;
     rows[3].command.queryable = true;
     for (CommandRow &row : rows) {
         row.command.run = [&ui, run = row.run](mel::Call &call) { return run(ui, call); };

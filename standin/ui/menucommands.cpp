@@ -37,8 +37,7 @@ void setLabel(Element &element, const Argument &given)
     element.action()->setText(given.text().replace("&", "&&"));
 }
 
-// Deliberate: an item without a label answers with an empty text, whatever it is; scripts ask every
-// item of a menu.
+// Deliberate: an item without a label answers with an empty text; scripts ask every item of a menu.
 Value label(const Element &element, UserInterface &)
 {
     return element.text("label");
@@ -114,9 +113,11 @@ void connectMenu(UserInterface &ui, Element &element)
                          SLOT(runCommandWithState(bool)));
 }
 
-bool isMenuOrItem(const Element &element)
+// Submenus too, but no plain item.
+bool isMenu(const Element &element)
 {
-    return element.kind == ElementKind::Menu || element.kind == ElementKind::MenuItem;
+    return (element.kind == ElementKind::Menu || element.kind == ElementKind::MenuItem) &&
+           element.menu();
 }
 
 bool isItem(const Element &element)
@@ -125,7 +126,7 @@ bool isItem(const Element &element)
 }
 
 const ElementType types[] = {
-    {"menu", ElementKind::Menu, makeMenu, connectMenu, {&labels, &contents}, isMenuOrItem},
+    {"menu", ElementKind::Menu, makeMenu, connectMenu, {&labels, &contents}, isMenu},
     {"menuItem",
      ElementKind::MenuItem,
      makeMenuItem,

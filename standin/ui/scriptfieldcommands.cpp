@@ -8,6 +8,7 @@
 #include "standin/ui/userinterface.h"
 #include "standin/ui/utf8.h"
 
+#include <QFile>
 #include <QTextCursor>
 
 namespace standin {
@@ -114,13 +115,25 @@ const Attributes &textAttributes()
     return attributes;
 }
 
-void saveSelectionToShelf(Element &element, const Argument &given)
+QString selectedText(const Element &element)
 {
     QString text = field(element)->textCursor().selectedText();
-    text.replace(QChar::ParagraphSeparator, '\n');
+    return text.replace(QChar::ParagraphSeparator, '\n');
+}
+
+void saveSelection(Element &element, const Argument &given)
+{
+    QFile file(given.text());
+    const QByteArray text = selectedText(element).toUtf8();
+    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size())
+        throw mel::RuntimeError("Cannot write file \"" + given.utf8() + "\".");
+}
+
+void saveSelectionToShelf(Element &element, const Argument &given)
+{
     const int isMel = element.text("sourceType") == "python" ? 0 : 1;
-    given.ui.session().mel().call("scriptToShelf",
-                                  {std::string(isMel ? "MEL" : "Py"), toUtf8(text), isMel});
+    given.ui.session().mel().call(
+        "scriptToShelf", {std::string(isMel ? "MEL" : "Py"), toUtf8(selectedText(element)), isMel});
 }
 
 const Attributes &reporterAttributes()
@@ -136,8 +149,8 @@ const Attributes &reporterAttributes()
         suppression<&Suppressed::info>("si", "suppressInfo"),
         suppression<&Suppressed::results>("sr", "suppressResults"),
         suppression<&Suppressed::warnings>("sw", "suppressWarnings"),
-        STANDIN_KEPT_TEXT("sst", "suppressStackTrace"),
-        STANDIN_KEPT_TEXT("svs", "saveSelection"),
+        suppression<&Suppressed::stackTrace>("sst", "suppressStackTrace"),
+        {{"svs", "saveSelection", {ArgumentKind::String}}, saveSelection},
         action("sts", "saveSelectionToShelf", saveSelectionToShelf),
     };
     return attributes;

@@ -66,8 +66,13 @@ void TestInterfaceCommands::addMenuRows()
         << "a d";
     QTest::newRow("every-item-has-a-label-to-ask-for")
         << "menu -p MayaWindow m; menuItem -d true d; menuItem -l \"A & b\" a; "
-           "`menu -q -l d` + \"/\" + `menu -q -l a`;"
+           "`menuItem -q -l d` + \"/\" + `menuItem -q -l a`;"
         << "/A & b";
+    QTest::newRow("submenu-is-a-menu")
+        << "menu -p MayaWindow m; menuItem -subMenu true -l A a; menu -q -l a;"
+        << "A";
+    QTest::newRow("plain-item-is-no-menu") << "menu -p MayaWindow m; menuItem -l A a; menu -q -l a;"
+                                           << "error: line 1: Object 'a' not found.";
     QTest::newRow("check-box-state")
         << "menu -p MayaWindow m; menuItem -checkBox true a; menuItem -e -cb false a; "
            "menuItem -q -cb a;"
