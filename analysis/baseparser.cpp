@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#include "analysis/baseparser.h"
+
+BaseParser::~BaseParser() = default;
+
+void BaseParser::clear()
+{
+    m_outlineItems.clear();
+    m_errors.clear();
+    m_warnings.clear();
+    m_todos.clear();
+    m_file = QFileInfo();
+    m_parens = 0;
+    m_braces = 0;
+    m_brackets = 0;
+    m_bracketErrorReported = false;
+}
+
+void BaseParser::addError(const QString &message, int start, int end)
+{
+    m_errors.add(message, start, end);
+}
+
+void BaseParser::addWarning(const QString &message, int start, int end)
+{
+    m_warnings.add(message, start, end);
+}
+
+void BaseParser::addTodo(const QString &message, int start, int end)
+{
+    m_todos.add(message, start, end);
+}
+
+void BaseParser::reportExpected(QChar character, int start, int end)
+{
+    reportBracket("Expected a '%1'", character, start, end);
+}
+
+void BaseParser::reportUnexpected(QChar character, int start, int end)
+{
+    reportBracket("Unexpected '%1'", character, start, end);
+}
+
+void BaseParser::reportBracket(const char *message, QChar character, int start, int end)
+{
+    if (m_bracketErrorReported)
+        return;
+    addError(QString::fromLatin1(message).arg(character), start, end);
+    m_bracketErrorReported = true;
+}
+
+void BaseParser::addOutlineItem(int kind, const QString &name, int position, int depth)
+{
+    m_outlineItems << OutlineItem{kind, name, position, depth};
+}
+
+QString BaseParser::prepared(const QString &text)
+{
+    QString result;
+    result.reserve(text.size() + 1);
+    result += text;
+    result.replace(QChar(QChar::ParagraphSeparator), QLatin1Char('\n'));
+    result += QLatin1Char('\n');
+    return result;
+}

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "analysis/sourcecursor.h"
+
+#include <vector>
+
+// A stretch of tabs and spaces at the start of a line of the parsed text.
+struct Indent
+{
+    int start = 0;
+    int length = 0;
+    int width = 0; // 8 columns for a tab, 1 for a space, as the language's own compiler counts
+    bool isMixed = false; // holds both
+};
+
+// The indents of the open blocks, outermost first; at the bottom the empty one.
+class IndentStack
+{
+public:
+    void reset() { m_indents.assign(1, Indent()); }
+
+    int topWidth() const { return m_indents.back().width; }
+    void push(const Indent &indent) { m_indents.push_back(indent); }
+    // Closes the blocks down to the one that is indented with the very same characters. False, and
+    // only the empty indent is left, when there is none.
+    bool popTo(const SourceCursor &cursor, const Indent &indent);
+    // How many blocks are open.
+    int depth() const { return int(m_indents.size()) - 1; }
+
+private:
+    std::vector<Indent> m_indents{Indent()};
+};

@@ -1,0 +1,365 @@
+// SPDX-License-Identifier: MIT
+#include "analysis/melparser.h"
+
+#include "preferences/preferences.h"
+
+#include <cstring>
+
+namespace {
+
+const char *const types[] = {"string", "int", "float", "matrix", "vector"};
+
+// What may stand between the parentheses of a declaration. Deliberate: no bracket, although MEL
+// takes array parameters.
+bool isArgumentUnit(ushort unit)
+{
+    return isNameUnit(unit) || unit == ',' || unit == '$' || unit == '*' || unit == '/';
+}
+
+// The length of the type's name that begins at `index`, 0 when there is none.
+int typeLength(const SourceCursor &cursor, int index)
+{
+    for (const char *type : types) {
+        if (cursor.startsWith(type, index))
+            return int(std::strlen(type));
+    }
+    return 0;
+}
+
+} // namespace
+
+// Deliberate: nothing. The scan is too simple to contradict a script that Maya runs.
+void MelParser::addError(const QString &, int, int) {}
+
+void MelParser::addWarning(const QString &message, int start, int end)
+{
+    if (preferences().melDisplayErrors)
+        BaseParser::addWarning(message, start, end);
+}
+
+void MelParser::addTodo(const QString &message, int start, int end)
+{
+    if (preferences().melDisplayErrors)
+        BaseParser::addTodo(message, start, end);
+}
+
+void MelParser::parse(const QString &text, const QString &filePath)
+{
+    clear();
+    setFile(filePath);
+    m_slashSeen = false;
+    m_procedureDepth = 0;
+    m_insideProcedure = false;
+    const QString source = prepared(text);
+    m_cursor = SourceCursor(source);
+    warnOfEmptyFirstLine();
+    scan();
+    m_cursor = SourceCursor();
+}
+
+void MelParser::warnOfEmptyFirstLine()
+{
+    const int firstSolid = m_cursor.findSolid(0);
+    if (firstSolid > m_cursor.find('\n', 0))
+        addWarning(QString::fromLatin1("Empty line(s) at start of file. "
+                                       "Line numbers in trace may be incorrect."),
+                   0, 0);
+}
+
+void MelParser::scan()
+{
+    for (; !m_cursor.isAtEnd(); m_cursor.advance()) {
+        const int position = m_cursor.position();
+        m_previousIsSpace = position == 0 || m_cursor.isSpace(position - 1);
+        scanUnit(m_cursor.current());
+    }
+    if (m_braces >= 1)
+        reportExpected(QLatin1Char('}'), m_cursor.size() - 1, m_cursor.size() - 1);
+}
+
+void MelParser::scanUnit(ushort unit)
+{
+    const bool slashSeen = m_slashSeen;
+    // Deliberate: these four leave the mark of a slash, so a comment sign may have one between.
+    if (unit != ';' && unit != '}' && unit != '"' && unit != '/')
+        m_slashSeen = false;
+    switch (unit) {
+    case ';':
+        return semicolon();
+    case '{':
+        ++m_braces;
+        return;
+    case '}':
+        return closeBrace();
+    case '[':
+        ++m_brackets;
+        return;
+    case ']':
+        return closeBracket();
+    case '(':
+        ++m_parens;
+        return;
+    case ')':
+        return closeParen();
+    case '"':
+        return string();
+    case '/':
+        return slash();
+    case '*':
+        if (slashSeen)
+            blockComment();
+        return;
+    case 'g':
+        return declarationFromG();
+    case 'p':
+        return declarationFromP();
+    default:
+        return;
+    }
+}
+
+void MelParser::semicolon()
+{
+    const int position = m_cursor.position();
+    if (m_parens > 0)
+        reportExpected(QLatin1Char(')'), position, position + 1);
+    else if (m_brackets > 0)
+        reportExpected(QLatin1Char(']'), position, position + 1);
+}
+
+void MelParser::closeBrace()
+{
+    const int position = m_cursor.position();
+    if (m_braces < 1) {
+        reportUnexpected(QLatin1Char('}'), position, position + 1);
+        return;
+    }
+    --m_braces;
+    if (m_braces == m_procedureDepth)
+        m_insideProcedure = false;
+}
+
+void MelParser::closeBracket()
+{
+    if (m_brackets < 1)
+        reportUnexpected(QLatin1Char(']'), m_cursor.position(), m_cursor.position() + 1);
+    else
+        --m_brackets;
+}
+
+void MelParser::closeParen()
+{
+    if (m_parens < 1)
+        reportUnexpected(QLatin1Char(')'), m_cursor.position(), m_cursor.position() + 1);
+    else
+        --m_parens;
+}
+
+// Up to the closing quote; a backslash before the end of the line continues it on the next.
+void MelParser::string()
+{
+    const int start = m_cursor.position();
+    for (;;) {
+        const int end = m_cursor.findEither('"', '\n', m_cursor.position() + 1);
+        const bool isLast = end < 0 || end == m_cursor.size() - 1;
+        const bool isQuote = !isLast && m_cursor.at(end) == '"';
+        m_cursor.moveTo(end < 0 ? m_cursor.size() - 1 : end);
+        const bool escaped = m_cursor.isEscaped(m_cursor.position(), start);
+        if (isQuote && !escaped)
+            return;
+        if (isLast || !escaped)
+            break;
+    }
+    addError(QString::fromLatin1("Unterminated String"), start, m_cursor.position());
+}
+
+void MelParser::slash()
+{
+    if (m_slashSeen)
+        lineComment();
+    else
+        m_slashSeen = true;
+}
+
+// The cursor is at the second slash.
+void MelParser::lineComment()
+{
+    const int end = m_cursor.find('\n', m_cursor.position() + 1);
+    noteTodo(end);
+    m_cursor.moveTo(end < 0 ? m_cursor.size() - 1 : end);
+    m_slashSeen = false;
+}
+
+// The cursor is at the asterisk, which cannot be that of the end.
+void MelParser::blockComment()
+{
+    const int end = m_cursor.findText("*/", m_cursor.position() + 1);
+    noteTodo(end);
+    m_cursor.moveTo(end < 0 ? m_cursor.size() - 1 : end + 1);
+}
+
+// Looks from the cursor to `end`, or to the end of the text when that is -1.
+void MelParser::noteTodo(int end)
+{
+    const int start = m_cursor.position();
+    if (m_cursor.hasWord("TODO", start, end < 0 ? m_cursor.size() : end))
+        addTodo(QString::fromLatin1("TODO:"), start, end);
+}
+
+void MelParser::declarationFromG()
+{
+    if (m_previousIsSpace && !globalProcedure())
+        globalVariable();
+}
+
+void MelParser::declarationFromP()
+{
+    if (m_previousIsSpace)
+        procedure();
+}
+
+bool MelParser::globalProcedure()
+{
+    const int position = m_cursor.position();
+    if (!m_cursor.startsWith("global", position))
+        return false;
+    const int gap = position + 6;
+    const int word = m_cursor.skipLineSpace(gap);
+    if (word == gap || !m_cursor.startsWith("proc", word))
+        return false;
+    const int matchEnd = typesEnd(word + 4);
+    if (matchEnd < 0)
+        return false;
+    m_procedureDepth = m_braces;
+    if (m_insideProcedure) {
+        reportNested(matchEnd);
+        return true;
+    }
+    return declareProcedure(GlobalProcedureItem, m_braces, matchEnd);
+}
+
+bool MelParser::procedure()
+{
+    const int position = m_cursor.position();
+    if (!m_cursor.startsWith("proc", position))
+        return false;
+    const int matchEnd = typesEnd(position + 4);
+    if (matchEnd < 0)
+        return false;
+    if (m_braces >= 1 && m_insideProcedure) {
+        reportNested(matchEnd);
+        return true;
+    }
+    return declareProcedure(LocalProcedureItem, 0, matchEnd);
+}
+
+// global proc string[] name(
+//            |         |      from, and the result: behind the last white space of the types
+//
+// -1 when no white space follows. Types need none before them: "procstring x" declares x.
+int MelParser::typesEnd(int from) const
+{
+    int end = -1;
+    for (int i = from;;) {
+        if (m_cursor.isSpace(i) && m_cursor.at(i) != '\n')
+            end = ++i;
+        else if (m_cursor.at(i) == '[' || m_cursor.at(i) == ']')
+            ++i;
+        else if (const int length = typeLength(m_cursor, i))
+            i += length;
+        else
+            return end;
+    }
+}
+
+void MelParser::reportNested(int matchEnd)
+{
+    addError(QString::fromLatin1("Procedures cannot be nested within each other. Expected a '}'."),
+             m_cursor.position(), matchEnd);
+}
+
+bool MelParser::declareProcedure(OutlineKind kind, int depth, int nameStart)
+{
+    const int nameEnd = m_cursor.skipPath(nameStart);
+    if (nameEnd == nameStart)
+        return false;
+    const QString name = m_cursor.text(nameStart, nameEnd);
+    if (name.endsWith(QLatin1Char('.')) || name.contains(QLatin1String(".."))) {
+        const int position = m_cursor.position();
+        const bool isGlobal = kind == GlobalProcedureItem;
+        addError(QString::fromLatin1("Invalid procedure name"), position,
+                 isGlobal ? nameEnd : position + int(name.size()));
+        return true;
+    }
+    addOutlineItem(kind, name, nameStart, depth);
+    m_cursor.moveTo(nameEnd);
+    argumentList(nameStart);
+    return true;
+}
+
+// The cursor is behind the name.
+void MelParser::argumentList(int nameStart)
+{
+    const int open = m_cursor.findSolid(m_cursor.position());
+    if (open < 0 || m_cursor.at(open) != '(') {
+        reportExpected(QLatin1Char('('), nameStart, m_cursor.position());
+        m_cursor.moveTo(open < 0 ? m_cursor.size() - 1 : open);
+        return;
+    }
+    const int close = argumentListEnd(open);
+    if (m_cursor.at(close) != ')') {
+        reportExpected(QLatin1Char(')'), nameStart, m_cursor.position());
+        m_cursor.moveTo(open);
+        return;
+    }
+    m_cursor.moveTo(close + 1);
+    body(nameStart);
+}
+
+// Where the units of an argument list end.
+int MelParser::argumentListEnd(int open) const
+{
+    int end = open + 1;
+    while (isArgumentUnit(m_cursor.at(end)) || m_cursor.isSpace(end))
+        ++end;
+    return end;
+}
+
+// The cursor is behind the argument list.
+void MelParser::body(int nameStart)
+{
+    const int open = m_cursor.findSolid(m_cursor.position());
+    if (open >= 0 && m_cursor.at(open) == '{') {
+        m_cursor.moveTo(open - 1); // the main loop counts the brace
+        m_insideProcedure = true;
+        return;
+    }
+    reportExpected(QLatin1Char('{'), nameStart, m_cursor.position());
+    if (open < 0)
+        m_cursor.moveTo(m_cursor.size() - 1);
+}
+
+// global string[] $name
+//                 |      exactly one white space before it
+bool MelParser::globalVariable()
+{
+    const int position = m_cursor.position();
+    if (!m_cursor.startsWith("global", position))
+        return false;
+    const int type = m_cursor.skipLineSpace(position + 6);
+    const int length = typeLength(m_cursor, type);
+    if (type == position + 6 || length == 0)
+        return false;
+    int gap = type + length;
+    while (m_cursor.at(gap) == '[' || m_cursor.at(gap) == ']')
+        ++gap;
+    const int name = gap + 1;
+    if (!m_cursor.isSpace(gap) || m_cursor.at(gap) == '\n' || m_cursor.at(name) != '$')
+        return false;
+    const int nameEnd = m_cursor.skipName(name + 1);
+    if (nameEnd == name + 1)
+        return false;
+    addOutlineItem(GlobalVariableItem, m_cursor.text(name, nameEnd), name, m_braces);
+    m_cursor.moveTo(nameEnd - 1);
+    return true;
+}

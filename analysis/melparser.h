@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "analysis/baseparser.h"
+#include "analysis/sourcecursor.h"
+
+// Finds the procedures and global variables of a MEL script, and its TODO notes. Structural errors
+// are computed as well, but not kept: only the host knows MEL well enough to show errors of it.
+class MelParser : public BaseParser
+{
+public:
+    void parse(const QString &text, const QString &filePath) override;
+    void addError(const QString &message, int start, int end) override;
+    // Both only while the preferences ask for diagnostics of MEL.
+    void addWarning(const QString &message, int start, int end) override;
+    void addTodo(const QString &message, int start, int end) override;
+
+private:
+    void warnOfEmptyFirstLine();
+    void scan();
+    void scanUnit(ushort unit);
+    void semicolon();
+    void closeBrace();
+    void closeBracket();
+    void closeParen();
+    void slash();
+    void string();
+    void lineComment();
+    void blockComment();
+    void noteTodo(int end);
+
+    void declarationFromG();
+    void declarationFromP();
+    bool globalProcedure();
+    bool procedure();
+    bool globalVariable();
+    int typesEnd(int from) const;
+    void reportNested(int matchEnd);
+    bool declareProcedure(OutlineKind kind, int depth, int nameStart);
+    void argumentList(int nameStart);
+    int argumentListEnd(int open) const;
+    void body(int nameStart);
+
+    SourceCursor m_cursor;
+    bool m_slashSeen = false;
+    bool m_previousIsSpace = true;
+    int m_procedureDepth = 0; // brace depth at the last "global proc"
+    bool m_insideProcedure = false;
+};

@@ -1,0 +1,300 @@
+// SPDX-License-Identifier: MIT
+// The scan of lines, blocks, brackets and strings; declarations are in pythondeclarations.cpp.
+#include "analysis/pythonparser.h"
+
+#include "preferences/preferences.h"
+
+namespace {
+
+const int tabWidth = 8;
+
+} // namespace
+
+void PythonParser::addError(const QString &message, int start, int end)
+{
+    if (preferences().pythonDisplayErrors)
+        BaseParser::addError(message, start, end);
+}
+
+void PythonParser::addWarning(const QString &message, int start, int end)
+{
+    if (preferences().pythonDisplayErrors)
+        BaseParser::addWarning(message, start, end);
+}
+
+void PythonParser::addTodo(const QString &message, int start, int end)
+{
+    if (preferences().pythonDisplayErrors)
+        BaseParser::addTodo(message, start, end);
+}
+
+void PythonParser::parse(const QString &text, const QString &filePath)
+{
+    clear();
+    setFile(filePath);
+    const QString source = prepared(text);
+    m_cursor = SourceCursor(source);
+    m_tokenSearchedFrom = 0;
+    m_token = -1;
+    // Deliberate: the first line is taken to start at 1, as if a line feed stood at 0.
+    startLine();
+    m_indentStart = 0;
+    m_decorators.clear();
+    m_indentErrorReported = false;
+    m_mixedIndentReported = false;
+    resetBlocks();
+    scan();
+    m_cursor = SourceCursor();
+}
+
+void PythonParser::scan()
+{
+    for (; !m_cursor.isAtEnd(); m_cursor.advance()) {
+        const ushort unit = m_cursor.current();
+        if (!m_atLineStart || !scanLineStart(unit))
+            scanUnit(unit);
+    }
+}
+
+// Returns whether the unit is done with.
+bool PythonParser::scanLineStart(ushort unit)
+{
+    if (unit == '\t' || unit == ' ')
+        return true;
+    if (unit == '\n') {
+        startLine();
+        return true;
+    }
+    if (unit != '#' && !m_cursor.isSpace(m_cursor.position()))
+        checkIndent();
+    if (unit == '@' && decorator())
+        return true;
+    const bool defines = (unit == 'c' && classDefinition()) || (unit == 'd' && definition());
+    // What an import or a main block says is scanned again as ordinary code.
+    if (unit == 'f')
+        fromImport();
+    else if (unit == 'i' && !import())
+        mainBlock();
+    m_decorators.clear();
+    m_atLineStart = false;
+    return defines;
+}
+
+void PythonParser::scanUnit(ushort unit)
+{
+    switch (unit) {
+    case '\n':
+        return startLine();
+    case ':':
+        return colon();
+    case '{':
+        ++m_braces;
+        return;
+    case '[':
+        ++m_brackets;
+        return;
+    case '(':
+        ++m_parens;
+        return;
+    case '}':
+        return close('}', m_braces);
+    case ']':
+        return close(']', m_brackets);
+    case ')':
+        return close(')', m_parens);
+    case '"':
+    case '\'':
+        return string();
+    case '#':
+        return comment();
+    default:
+        return;
+    }
+}
+
+void PythonParser::close(char bracket, int &depth)
+{
+    if (depth < 1)
+        reportUnexpected(QLatin1Char(bracket), m_cursor.position(), m_cursor.position() + 1);
+    else
+        --depth;
+}
+
+// The cursor is at a line feed. While a bracket is open the next line goes on with the statement.
+void PythonParser::startLine()
+{
+    if ((m_parens > 0 || m_braces > 0 || m_brackets > 0) && !endsOpenBrackets())
+        return;
+    m_atLineStart = true;
+    m_lineStart = m_cursor.position() + 1;
+    m_indentStart = m_lineStart;
+}
+
+// Whether the next word can only begin a statement, so that a bracket was left open.
+bool PythonParser::endsOpenBrackets()
+{
+    const int token = nextToken(m_cursor.position());
+    for (const char *word : {"class", "def", "import", "from"}) {
+        const int end = token + int(qstrlen(word));
+        if (m_cursor.startsWith(word, token) && m_cursor.isSpace(end)) {
+            reportOpenBracket();
+            return true;
+        }
+    }
+    return false;
+}
+
+// The next unit that is not white space, or the end of the text; kept, since many blank lines ask
+// for the same one.
+int PythonParser::nextToken(int from)
+{
+    const bool isKnown = m_tokenSearchedFrom <= from && from <= m_token;
+    if (!isKnown) {
+        const int found = m_cursor.findSolid(from);
+        m_token = found < 0 ? m_cursor.size() : found;
+        m_tokenSearchedFrom = from;
+    }
+    return m_token;
+}
+
+void PythonParser::reportOpenBracket()
+{
+    const char missing = m_braces >= 1 ? '}' : m_parens >= 1 ? ')' : ']';
+    reportExpected(QLatin1Char(missing), m_cursor.position(), m_cursor.position());
+    m_parens = 0;
+    m_braces = 0;
+    m_brackets = 0;
+}
+
+Indent PythonParser::currentIndent() const
+{
+    Indent indent;
+    indent.start = m_indentStart;
+    indent.length = m_cursor.position() - m_indentStart;
+    int tabs = 0;
+    for (int i = indent.start; i < m_cursor.position(); ++i)
+        tabs += m_cursor.at(i) == '\t' ? 1 : 0;
+    indent.width = indent.length - tabs + tabs * tabWidth;
+    indent.isMixed = tabs > 0 && tabs < indent.length;
+    return indent;
+}
+
+// Deliberate: widths say what is deeper, but only the very same characters close blocks, so that a
+// line that fits by its width alone is an error.
+void PythonParser::checkIndent()
+{
+    const Indent indent = currentIndent();
+    const bool isDeeper = m_blocks.topWidth() < indent.width;
+    if (m_blockExpected) {
+        m_blockExpected = false;
+        if (isDeeper)
+            m_blocks.push(indent);
+        else
+            indentError("Expected an indented block");
+    } else if (isDeeper) {
+        indentError("Unexpected indent");
+    } else if (!m_blocks.popTo(m_cursor, indent)) {
+        indentError("Unindent does not match any outer indentation level");
+        m_mixedIndentReported = true;
+    }
+    warnOfMixedIndent(indent);
+    m_atLineStart = false;
+}
+
+// Only the first one: the others follow from it.
+void PythonParser::indentError(const char *message)
+{
+    if (!m_indentErrorReported)
+        addError(QString::fromLatin1(message), m_lineStart, m_cursor.position());
+    m_indentErrorReported = true;
+}
+
+void PythonParser::warnOfMixedIndent(const Indent &indent)
+{
+    if (m_mixedIndentReported || !indent.isMixed)
+        return;
+    addWarning(QString::fromLatin1("Indent contains both tabs and spaces"), m_lineStart,
+               m_cursor.position());
+    m_mixedIndentReported = true;
+}
+
+void PythonParser::resetBlocks()
+{
+    m_blocks.reset();
+    m_blockExpected = false;
+}
+
+void PythonParser::resetBlocksAtMargin()
+{
+    if (currentIndent().length == 0)
+        resetBlocks();
+}
+
+// A colon that ends its line, but for a comment, asks for a block. Deliberate: the comment is not
+// searched for notes.
+void PythonParser::colon()
+{
+    if (m_parens > 0 || m_braces > 0 || m_brackets > 0)
+        return;
+    int next = m_cursor.skipBlanks(m_cursor.position() + 1);
+    if (m_cursor.at(next) == '#')
+        next = m_cursor.lineEnd(next);
+    if (m_cursor.at(next) != '\n')
+        return;
+    m_blockExpected = true;
+    m_cursor.moveTo(next);
+    startLine();
+}
+
+// The cursor is at the opening quote, and ends at the closing one.
+void PythonParser::string()
+{
+    const int start = m_cursor.position();
+    const char quote = char(m_cursor.current());
+    if (m_cursor.at(start + 1) == ushort(quote) && m_cursor.at(start + 2) == ushort(quote))
+        return tripleQuoted(quote);
+    for (;;) {
+        const int end = m_cursor.findEither(quote, '\n', m_cursor.position() + 1);
+        const bool isLast = end < 0 || end == m_cursor.size() - 1;
+        m_cursor.moveTo(end < 0 ? m_cursor.size() - 1 : end);
+        const bool escaped = m_cursor.isEscaped(m_cursor.position());
+        if (!isLast && m_cursor.current() == ushort(quote) && !escaped)
+            return;
+        if (isLast || !escaped)
+            break;
+    }
+    // Deliberate: the line feed belongs to the string, so the next line's indent is not checked.
+    addError(QString::fromLatin1("Unterminated String"), start, m_cursor.position());
+}
+
+// Deliberate: one backslash before the closing quotes is enough to escape them.
+void PythonParser::tripleQuoted(char quote)
+{
+    const char quotes[] = {quote, quote, quote, '\0'};
+    int end = m_cursor.findText(quotes, m_cursor.position() + 3);
+    while (end >= 0 && m_cursor.at(end - 1) == '\\') {
+        m_cursor.moveTo(end + 1);
+        end = m_cursor.findText(quotes, m_cursor.position() + 3);
+    }
+    noteTodo(end);
+    if (end >= 0)
+        m_cursor.moveTo(end + 2);
+}
+
+void PythonParser::comment()
+{
+    const int end = m_cursor.find('\n', m_cursor.position() + 1);
+    noteTodo(end);
+    if (end < 0)
+        return;
+    m_cursor.moveTo(end);
+    startLine();
+}
+
+// Looks from the cursor to `end`, or to the end of the text when that is -1.
+void PythonParser::noteTodo(int end)
+{
+    const int start = m_cursor.position();
+    if (m_cursor.hasWord("TODO", start, end < 0 ? m_cursor.size() : end))
+        addTodo(QString::fromLatin1("TODO:"), start, end);
+}

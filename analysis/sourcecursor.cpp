@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: MIT
+#include "analysis/sourcecursor.h"
+
+#include <cstring>
+
+bool SourceCursor::isSpace(int index) const
+{
+    return index >= 0 && index < m_size && m_data[index].isSpace();
+}
+
+int SourceCursor::find(char character, int from) const
+{
+    for (int i = from; i < m_size; ++i) {
+        if (m_data[i].unicode() == ushort(character))
+            return i;
+    }
+    return -1;
+}
+
+int SourceCursor::findEither(char first, char second, int from) const
+{
+    for (int i = from; i < m_size; ++i) {
+        const ushort unit = m_data[i].unicode();
+        if (unit == ushort(first) || unit == ushort(second))
+            return i;
+    }
+    return -1;
+}
+
+int SourceCursor::findText(const char *ascii, int from) const
+{
+    for (int i = find(*ascii, from); i >= 0; i = find(*ascii, i + 1)) {
+        if (startsWith(ascii, i))
+            return i;
+    }
+    return -1;
+}
+
+int SourceCursor::findSolid(int from) const
+{
+    for (int i = from; i < m_size; ++i) {
+        if (!m_data[i].isSpace())
+            return i;
+    }
+    return -1;
+}
+
+int SourceCursor::lineEnd(int from) const
+{
+    const int end = find('\n', from);
+    return end < 0 ? m_size : end;
+}
+
+bool SourceCursor::startsWith(const char *ascii, int at) const
+{
+    for (; *ascii; ++ascii, ++at) {
+        if (at >= m_size || m_data[at].unicode() != ushort(*ascii))
+            return false;
+    }
+    return true;
+}
+
+bool SourceCursor::holds(const QString &text, int at) const
+{
+    const int length = int(text.size());
+    return at >= 0 && at + length <= m_size &&
+           std::memcmp(m_data + at, text.constData(), sizeof(QChar) * size_t(length)) == 0;
+}
+
+bool SourceCursor::isText(const char *ascii, int begin, int end) const
+{
+    return end - begin == int(std::strlen(ascii)) && startsWith(ascii, begin);
+}
+
+int SourceCursor::backslashesBefore(int index, int floor) const
+{
+    int count = 0;
+    while (index - count - 1 >= floor && at(index - count - 1) == '\\')
+        ++count;
+    return count;
+}
+
+int SourceCursor::skipBlanks(int from) const
+{
+    while (at(from) == ' ' || at(from) == '\t')
+        ++from;
+    return from;
+}
+
+int SourceCursor::skipLineSpace(int from) const
+{
+    while (isSpace(from) && at(from) != '\n')
+        ++from;
+    return from;
+}
+
+int SourceCursor::skipName(int from) const
+{
+    while (isNameUnit(at(from)))
+        ++from;
+    return from;
+}
+
+int SourceCursor::skipPath(int from) const
+{
+    while (isNameUnit(at(from)) || at(from) == '.')
+        ++from;
+    return from;
+}
+
+bool SourceCursor::isWordUnit(int index, int begin, int end) const
+{
+    if (index < begin || index >= end)
+        return false;
+    const QChar unit = m_data[index];
+    return unit.isLetterOrNumber() || unit.isMark() || unit == QLatin1Char('_');
+}
+
+bool SourceCursor::hasWord(const char *ascii, int begin, int end) const
+{
+    const int length = int(std::strlen(ascii));
+    for (int i = begin; i + length <= end; ++i) {
+        if (at(i) == ushort(*ascii) && startsWith(ascii, i) && !isWordUnit(i - 1, begin, end) &&
+            !isWordUnit(i + length, begin, end))
+            return true;
+    }
+    return false;
+}

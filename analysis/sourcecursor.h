@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+// A place in a text that is read where it lies, unit by unit (0-based UTF-16 units). The text must
+// outlive the cursor.
+class SourceCursor
+{
+public:
+    SourceCursor() = default;
+    explicit SourceCursor(const QString &text) : m_data(text.constData()), m_size(int(text.size()))
+    {
+    }
+
+    int size() const { return m_size; }
+    int position() const { return m_position; }
+    void moveTo(int position) { m_position = position; }
+    void advance(int count = 1) { m_position += count; }
+    bool isAtEnd() const { return m_position >= m_size; }
+
+    // NUL outside the text.
+    ushort at(int index) const
+    {
+        return index >= 0 && index < m_size ? m_data[index].unicode() : ushort(0);
+    }
+    ushort current() const { return at(m_position); }
+    bool isSpace(int index) const;
+    QString text(int begin, int end) const { return QString(m_data + begin, end - begin); }
+
+    // The first place at or after `from` that holds the character; -1 when there is none.
+    int find(char character, int from) const;
+    // The same for the first of two characters.
+    int findEither(char first, char second, int from) const;
+    int findText(const char *ascii, int from) const;
+    // The first place at or after `from` that is not white space; -1 when there is none.
+    int findSolid(int from) const;
+    // The line feed at or after `from`, or the end of the text.
+    int lineEnd(int from) const;
+    bool holds(const QString &text, int at) const;
+    // Whether exactly this text lies between `begin` and `end`.
+    bool isText(const char *ascii, int begin, int end) const;
+
+    bool startsWith(const char *ascii, int at) const;
+    // How many backslashes stand directly before `index`, none of them before `floor`.
+    int backslashesBefore(int index, int floor = 0) const;
+    // An odd number of them takes what follows its meaning.
+    bool isEscaped(int index, int floor = 0) const { return backslashesBefore(index, floor) % 2; }
+
+    // The end of the longest run of such units from `from`.
+    int skipBlanks(int from) const;    // spaces and tabs
+    int skipLineSpace(int from) const; // white space but line feeds
+    int skipName(int from) const;      // a-z A-Z 0-9 _
+    int skipPath(int from) const;      // names and dots
+
+    // Whether the word stands there between `begin` and `end`, with nothing of a word beside it.
+    bool hasWord(const char *ascii, int begin, int end) const;
+
+private:
+    bool isWordUnit(int index, int begin, int end) const;
+
+    const QChar *m_data = nullptr;
+    int m_size = 0;
+    int m_position = 0;
+};
+
+// The characters of names that MEL and Python have in common.
+inline bool isNameUnit(ushort unit)
+{
+    return (unit >= 'a' && unit <= 'z') || (unit >= 'A' && unit <= 'Z') ||
+           (unit >= '0' && unit <= '9') || unit == '_';
+}
