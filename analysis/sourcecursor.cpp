@@ -108,20 +108,17 @@ int SourceCursor::skipPath(int from) const
     return from;
 }
 
-bool SourceCursor::isWordUnit(int index, int begin, int end) const
+bool SourceCursor::isWordWithin(int index, int begin, int end) const
 {
-    if (index < begin || index >= end)
-        return false;
-    const QChar unit = m_data[index];
-    return unit.isLetterOrNumber() || unit.isMark() || unit == QLatin1Char('_');
+    return index >= begin && index < end && isWord(index);
 }
 
 bool SourceCursor::hasWord(const char *ascii, int begin, int end) const
 {
     const int length = int(std::strlen(ascii));
     for (int i = begin; i + length <= end; ++i) {
-        if (at(i) == ushort(*ascii) && startsWith(ascii, i) && !isWordUnit(i - 1, begin, end) &&
-            !isWordUnit(i + length, begin, end))
+        if (at(i) == ushort(*ascii) && startsWith(ascii, i) && !isWordWithin(i - 1, begin, end) &&
+            !isWordWithin(i + length, begin, end))
             return true;
     }
     return false;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "analysis/wordunits.h"
+
 #include <QString>
 
 // A place in a text that is read where it lies, unit by unit (0-based UTF-16 units). The text must
@@ -26,7 +28,18 @@ public:
     }
     ushort current() const { return at(m_position); }
     bool isSpace(int index) const;
+    // Part of a word of any script; false outside the text.
+    bool isWord(int index) const
+    {
+        return index >= 0 && index < m_size && isWordUnit(m_data, m_size, index);
+    }
+
     QString text(int begin, int end) const { return QString(m_data + begin, end - begin); }
+    // Valid no longer than the cursor's text, and not to be kept: nothing is copied.
+    QString sharedText(int begin, int end) const
+    {
+        return QString::fromRawData(m_data + begin, end - begin);
+    }
 
     // The first place at or after `from` that holds the character; -1 when there is none.
     int find(char character, int from) const;
@@ -57,16 +70,9 @@ public:
     bool hasWord(const char *ascii, int begin, int end) const;
 
 private:
-    bool isWordUnit(int index, int begin, int end) const;
+    bool isWordWithin(int index, int begin, int end) const;
 
     const QChar *m_data = nullptr;
     int m_size = 0;
     int m_position = 0;
 };
-
-// The characters of names that MEL and Python have in common.
-inline bool isNameUnit(ushort unit)
-{
-    return (unit >= 'a' && unit <= 'z') || (unit >= 'A' && unit <= 'Z') ||
-           (unit >= '0' && unit <= '9') || unit == '_';
-}

@@ -1,0 +1,8 @@
+// SPDX-License-Identifier: MIT
+#include "bridge/melnametable.h"
+
+QHash<QString, QString> &melNameTable()
+{
+    static QHash<QString, QString> table;
+    return table;
+}

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "preferences/textformats.h"
+
+#include <QString>
+
+#include <vector>
+
+// One of ( ) { } [ ] outside strings and comments.
+struct Bracket
+{
+    QChar character;
+    int column = 0; // 0-based, in UTF-16 units
+};
+
+bool operator==(const Bracket &a, const Bracket &b);
+
+struct FormatSpan
+{
+    int start = 0; // 0-based, in UTF-16 units
+    int length = 0;
+    EditorText category = EditorText::Plain;
+};
+
+bool operator==(const FormatSpan &a, const FormatSpan &b);
+
+// What a scanner finds out about one line.
+struct LineScan
+{
+    int state = 0;          // in which the line ends: one of the scanner's states, 0 for code
+    bool inComment = false; // begins inside a comment of several lines
+    QString codeText;       // what lies outside strings and comments
+    // By stretches of code from left to right, in each first all "(", then all ")", "{", "}", "[",
+    // "]".
+    std::vector<Bracket> brackets;
+    std::vector<FormatSpan> spans; // from left to right, none touching one of its own category
+
+    void clear();
+};

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "editor/linescanner.h"
+
+// States: 1 inside a string that a backslash continues, 2 inside a comment of several lines.
+class MelScanner : public LineScanner
+{
+public:
+    explicit MelScanner(const QHash<QString, QString> &names);
+
+protected:
+    bool markWord(int start, int end) override;
+};
