@@ -1,0 +1,155 @@
+// SPDX-License-Identifier: MIT
+#include "tests/support/scriptdump.h"
+
+#include "analysis/melparser.h"
+#include "analysis/pythonparser.h"
+#include "editor/melscanner.h"
+#include "editor/pythonscanner.h"
+
+#include <QStringList>
+
+#include <memory>
+
+namespace {
+
+QByteArray quoted(const QString &text)
+{
+    QString escaped;
+    for (int i = 0; i < text.size(); ++i) {
+        const QChar unit = text[i];
+        const bool startsPair =
+            unit.isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate();
+        if (unit == QLatin1Char('"') || unit == QLatin1Char('\\'))
+            escaped += QLatin1Char('\\');
+        if (startsPair)
+            escaped += text.mid(i++, 2);
+        else if (unit.unicode() < 0x20 || unit.isSurrogate())
+            escaped +=
+                QString::fromLatin1("\\u%1").arg(uint(unit.unicode()), 4, 16, QLatin1Char('0'));
+        else
+            escaped += unit;
+    }
+    return '"' + escaped.toUtf8() + '"';
+}
+
+QByteArray number(int value)
+{
+    return QByteArray::number(value);
+}
+
+// Values between brackets, commas between them.
+class Array
+{
+public:
+    Array &operator<<(const QByteArray &value)
+    {
+        if (!m_text.isEmpty())
+            m_text += ", ";
+        m_text += value;
+        return *this;
+    }
+
+    QByteArray json() const { return '[' + m_text + ']'; }
+
+private:
+    QByteArray m_text;
+};
+
+QByteArray outlineJson(const BaseParser &parser)
+{
+    Array items;
+    for (const OutlineItem &item : parser.outlineItems())
+        items << (Array() << number(item.kind) << quoted(item.name) << number(item.position)
+                          << number(item.depth))
+                     .json();
+    return items.json();
+}
+
+QByteArray diagnosticsJson(const DiagnosticList &list)
+{
+    Array entries;
+    for (int i = 0; i < list.count(); ++i)
+        entries << (Array() << quoted(list.messages[i]) << number(list.starts[i])
+                            << number(list.ends[i]))
+                       .json();
+    return entries.json();
+}
+
+QByteArray blockJson(const LineScan &scan)
+{
+    Array brackets;
+    for (const Bracket &bracket : scan.brackets)
+        brackets << (Array() << quoted(bracket.character) << number(bracket.column)).json();
+    Array formats;
+    for (const FormatSpan &span : scan.spans)
+        formats << (Array() << number(span.start) << number(span.length)
+                            << quoted(QString::fromLatin1(textName(span.category))))
+                       .json();
+    return "{\"state\": " + number(scan.state) +
+           ", \"in_comment\": " + (scan.inComment ? "true" : "false") +
+           ", \"code_text\": " + quoted(scan.codeText) + ", \"brackets\": " + brackets.json() +
+           ", \"formats\": " + formats.json() + '}';
+}
+
+QByteArray blocksJson(LineScanner &scanner, const QString &text)
+{
+    Array blocks;
+    LineScan scan;
+    int state = -1;
+    for (const QString &line : text.split(QLatin1Char('\n'))) {
+        scanner.scan(line, state, scan);
+        state = scan.state;
+        blocks << blockJson(scan);
+    }
+    return blocks.json();
+}
+
+std::unique_ptr<BaseParser> parserFor(ScriptLanguage language)
+{
+    if (language == ScriptLanguage::Mel)
+        return std::make_unique<MelParser>();
+    return std::make_unique<PythonParser>();
+}
+
+std::unique_ptr<LineScanner> scannerFor(ScriptLanguage language,
+                                        const QHash<QString, QString> &names)
+{
+    if (language == ScriptLanguage::Mel)
+        return std::make_unique<MelScanner>(names);
+    return std::make_unique<PythonScanner>(names);
+}
+
+} // namespace
+
+QByteArray scriptDump(ScriptLanguage language, const QString &file, const QString &text,
+                      const QHash<QString, QString> &names)
+{
+    const std::unique_ptr<BaseParser> parser = parserFor(language);
+    parser->parse(text, file);
+    const std::unique_ptr<LineScanner> scanner = scannerFor(language, names);
+    return "{\"file\": " + quoted(file) + ", \"outline\": " + outlineJson(*parser) +
+           ", \"errors\": " + diagnosticsJson(parser->errors()) +
+           ", \"warnings\": " + diagnosticsJson(parser->warnings()) +
+           ", \"todos\": " + diagnosticsJson(parser->todos()) +
+           ", \"blocks\": " + blocksJson(*scanner, text) + '}';
+}
+
+QString scriptText(const QByteArray &bytes)
+{
+    QString text = QString::fromUtf8(bytes.constData(), int(bytes.size()));
+    // Qt drops the byte-order mark, but offsets count it.
+    if (bytes.startsWith("\xef\xbb\xbf") && !text.startsWith(QChar(QChar::ByteOrderMark)))
+        text.prepend(QChar(QChar::ByteOrderMark));
+    text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    return text.replace(QLatin1Char('\r'), QLatin1Char('\n'));
+}
+
+QHash<QString, QString> namesFrom(const QByteArray &bytes)
+{
+    QHash<QString, QString> names;
+    for (const QString &line : scriptText(bytes).split(QLatin1Char('\n'))) {
+        if (!line.trimmed().isEmpty())
+            names.insert(line.trimmed(), line.trimmed());
+    }
+    return names;
+}
