@@ -28,6 +28,9 @@ bool PluginCommands::add(const PluginCommand &command)
     mel::Command entry;
     entry.name = command.name;
     entry.flags = command.flags;
+    entry.queryable = command.queryable;
+    entry.editable = command.editable;
+    entry.objectSynopsis = command.objectSynopsis;
     entry.rawWords = true; // the API's own classes split them
     entry.run = [shared](mel::Call &call) { return run(*shared, call); };
     if (!m_interpreter.addCommand(entry))
@@ -41,11 +44,11 @@ bool PluginCommands::remove(const std::string &name)
     return m_owners.erase(name) > 0 && m_interpreter.removeCommand(name);
 }
 
-std::vector<std::string> PluginCommands::namesOf(const std::string &plugin) const
+std::vector<std::string> PluginCommands::namesOf(const std::string &pluginPath) const
 {
     std::vector<std::string> names;
     for (const auto &[command, owner] : m_owners) {
-        if (owner == plugin)
+        if (owner == pluginPath)
             names.push_back(command);
     }
     return names;

@@ -20,11 +20,11 @@ public:
     bool add(const PluginCommand &command);
     // False when no plug-in has added such a command.
     bool remove(const std::string &name);
-    std::vector<std::string> namesOf(const std::string &plugin) const;
+    std::vector<std::string> namesOf(const std::string &pluginPath) const;
 
 private:
     mel::Interpreter &m_interpreter;
-    std::map<std::string, std::string> m_owners; // command to plug-in
+    std::map<std::string, std::string> m_owners; // command to path of the plug-in
 };
 
 } // namespace standin

@@ -213,7 +213,7 @@ void PluginLoader::removeLeftovers(const Plugin &plugin)
         MMessage::removeCallback(callback.id);
         report("a callback");
     }
-    for (const std::string &command : m_commands.namesOf(plugin.record.name)) {
+    for (const std::string &command : m_commands.namesOf(plugin.record.path)) {
         m_host.deregisterCommand(command);
         report(QString("the command \"%1\"").arg(qString(command)));
     }
@@ -230,7 +230,8 @@ void PluginLoader::close(const Plugin &plugin)
     m_plugins.erase(std::remove_if(m_plugins.begin(), m_plugins.end(), isPlugin), m_plugins.end());
 }
 
-// A name may carry the suffix of its file; only something with a slash in it is taken for a path.
+// A name may carry the suffix of its file; something with a slash in it is always a path. The path
+// counts for names too, since a plug-in may have chosen another name than its file's.
 PluginLoader::Plugin *PluginLoader::loaded(const QString &nameOrFile) const
 {
     const QString name = QFileInfo(nameOrFile).completeBaseName();
@@ -238,8 +239,8 @@ PluginLoader::Plugin *PluginLoader::loaded(const QString &nameOrFile) const
     const bool isFile = nameOrFile.contains('/');
     for (const std::unique_ptr<Plugin> &plugin : m_plugins) {
         const PluginRecord &record = plugin->record;
-        if (isFile ? record.path == path
-                   : record.name == utf8(nameOrFile) || record.name == utf8(name))
+        const bool hasName = record.name == utf8(nameOrFile) || record.name == utf8(name);
+        if (record.path == path || (hasName && !isFile))
             return plugin.get();
     }
     return nullptr;

@@ -55,7 +55,7 @@ mel::Value info(const mel::Call &call, const Session &session, const PluginLoade
         return plugins.find(qString(call.objectText(0))) ? 1 : 0;
     const PluginRecord &record = required(plugins, call.objectText(0));
     if (call.isSet("command"))
-        return session.pluginCommands().namesOf(record.name);
+        return session.pluginCommands().namesOf(record.path);
     if (call.isSet("apiVersion"))
         return std::to_string(MAYA_API_VERSION);
     static const struct

@@ -312,6 +312,11 @@ std::vector<std::string> Session::scriptPath() const
 }
 
 // What follows is the API libraries' way in; the work is done by the parts.
+bool Session::hasPlugin(const std::string &name) const
+{
+    return m_parts->loader->names().contains(qString(name));
+}
+
 bool Session::registerCommand(const PluginCommand &command)
 {
     return m_parts->commands->add(command);

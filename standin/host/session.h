@@ -86,6 +86,7 @@ public:
     void executePythonOnIdle(const std::string &text, bool display) override;
     mel::Outcome sourceFile(const std::string &path) override;
     void processIdle() override;
+    bool hasPlugin(const std::string &name) const override;
     bool registerCommand(const PluginCommand &command) override;
     bool deregisterCommand(const std::string &name) override;
     mel::Value optionVar(const std::string &name) const override;

@@ -20,8 +20,11 @@ namespace standin {
 struct PluginCommand
 {
     std::string name;
-    std::string plugin; // short name of the plug-in that owns it
+    std::string plugin; // path of the plug-in that owns it
     std::vector<mel::Flag> flags;
+    bool queryable = false;
+    bool editable = false;
+    std::string objectSynopsis; // as in mel::Command
     std::function<mel::Value(const std::vector<mel::Value> &words)> run;
 };
 
@@ -56,6 +59,7 @@ public:
     // Runs what waits for idle time, and what that adds.
     virtual void processIdle() {}
 
+    virtual bool hasPlugin(const std::string &) const { return false; }
     // False when the name is taken, or unknown.
     virtual bool registerCommand(const PluginCommand &command) = 0;
     virtual bool deregisterCommand(const std::string &name) = 0;

@@ -10,6 +10,7 @@
 #include "standin/sdk/hostservices.h"
 #include "standin/sdk/pluginrecord.h"
 #include "standin/sdk/standinaccess.h"
+#include "standin/sdk/syntaxhelp.h"
 
 #include <memory>
 #include <string>
@@ -32,45 +33,13 @@ MString fieldOf(const MObject &object, std::string PluginRecord::*field, MStatus
     return record ? apiString(record->*field) : MString();
 }
 
-mel::ArgumentKind argumentKind(MSyntax::MArgType type)
+// The name itself, or with the first number that makes it unlike those of the loaded plug-ins.
+std::string unusedName(const std::string &name)
 {
-    switch (type) {
-    case MSyntax::kBoolean:
-        return mel::ArgumentKind::Boolean;
-    case MSyntax::kLong:
-        return mel::ArgumentKind::Int;
-    case MSyntax::kUnsigned:
-        return mel::ArgumentKind::UnsignedInt;
-    case MSyntax::kDouble:
-        return mel::ArgumentKind::Float;
-    case MSyntax::kDistance:
-        return mel::ArgumentKind::Length;
-    case MSyntax::kAngle:
-        return mel::ArgumentKind::Angle;
-    case MSyntax::kTime:
-        return mel::ArgumentKind::Time;
-    case MSyntax::kSelectionItem:
-        return mel::ArgumentKind::Name;
-    default:
-        return mel::ArgumentKind::String;
-    }
-}
-
-// The flags in the form in which the interpreter's help shows them.
-std::vector<mel::Flag> flagsOf(const MSyntax &syntax)
-{
-    std::vector<mel::Flag> flags;
-    for (const StandinAccess::SyntaxData::Flag &declared : StandinAccess::data(syntax).flags) {
-        mel::Flag flag;
-        flag.shortName = declared.shortName;
-        flag.longName = declared.longName;
-        for (MSyntax::MArgType type : declared.arguments)
-            flag.arguments.push_back(argumentKind(type));
-        flag.multiUse = declared.multiUse;
-        flag.queryArgument = declared.queryArgument;
-        flags.push_back(flag);
-    }
-    return flags;
+    std::string unused = name;
+    for (int number = 1; hostServices()->hasPlugin(unused); ++number)
+        unused = name + std::to_string(number);
+    return unused;
 }
 
 } // namespace
@@ -128,10 +97,21 @@ MString MFnPlugin::loadPath(MStatus *ReturnStatus) const
     return fieldOf(m_object, &PluginRecord::path, ReturnStatus);
 }
 
-// Plug-ins keep the name of their file: the host finds their commands and callbacks by it.
-MStatus MFnPlugin::setName(const MString &name, bool)
+MStatus MFnPlugin::setName(const MString &name, bool allowRename)
 {
-    return this->name() == name ? MS::kSuccess : MS::kNotImplemented;
+    PluginRecord *record = recordOf(m_object);
+    if (!record || !hostServices())
+        return MS::kFailure;
+    const std::string wanted = utf8(name);
+    if (wanted.empty())
+        return MS::kInvalidParameter;
+    if (wanted == record->name)
+        return MS::kSuccess;
+    const std::string unused = unusedName(wanted);
+    if (unused != wanted && !allowRename)
+        return MS::kFailure;
+    record->name = unused;
+    return MS::kSuccess;
 }
 
 MStatus MFnPlugin::setVersion(const MString &version)
@@ -153,8 +133,8 @@ MStatus MFnPlugin::registerCommand(const MString &commandName, MCreatorFunction 
     const MSyntax syntax = createSyntax ? createSyntax() : MSyntax();
     PluginCommand command;
     command.name = utf8(commandName);
-    command.plugin = record->name;
-    command.flags = flagsOf(syntax);
+    command.plugin = record->path;
+    describe(syntax, command);
     command.run = [creator, syntax](const std::vector<mel::Value> &words) {
         return runCommand(creator, syntax, words);
     };

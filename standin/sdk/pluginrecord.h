@@ -9,7 +9,7 @@ namespace standin {
 // refers to this. Strings are UTF-8.
 struct PluginRecord
 {
-    std::string name; // file name without suffix
+    std::string name; // the file's name without suffix, unless the plug-in chose another
     std::string path;
     std::string vendor = "Unknown";
     std::string version = "Unknown";

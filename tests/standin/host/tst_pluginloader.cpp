@@ -42,6 +42,9 @@ private slots:
     void commandsGetTheirWords_data();
     void commandsGetTheirWords();
     void anExceptionInACommandIsAnError();
+    void helpShowsModesAndObjects();
+    void aCommandTellsWhereItWasCalled();
+    void aPlugInMayChooseItsName();
     void aPlugInIsNotUnloadedUnderItsOwnFeet();
     void whatIsLeftBehindIsReportedAndRemoved();
     void aPlugInThatRefusesStaysUntilTheEnd();
@@ -153,6 +156,49 @@ void TestPluginLoader::anExceptionInACommandIsAnError()
     QCOMPARE(session.takeMessages(),
              QStringList() << "error: line 1: Unhandled exception in command: thrown by the test");
     QCOMPARE(session.value("catchQuiet(`testCommand -t`)"), QString("1"));
+}
+
+void TestPluginLoader::helpShowsModesAndObjects()
+{
+    TestSession session;
+    QVERIFY(session->plugins().load(pluginPath("good")));
+    QCOMPARE(session.value("help -syntaxOnly testCommand"),
+             QString("Synopsis: testCommand [flags] [String...]\n"
+                     "Flags:\n"
+                     "   -e -edit\n"
+                     "   -q -query\n"
+                     "   -c -count    Int\n"
+                     "   -m -melText  String\n"
+                     "   -n -name     String (multi-use)\n"
+                     "   -t -throw\n"
+                     "   -w -warn     String\n"));
+}
+
+void TestPluginLoader::aCommandTellsWhereItWasCalled()
+{
+    TestSession session;
+    QVERIFY(session->plugins().load(pluginPath("good")));
+    QVERIFY(session.run("print 1;\ntestCommand -warn careful;"));
+    QCOMPARE(session.takeMessages().last(), QString("warning: line 2: careful"));
+}
+
+void TestPluginLoader::aPlugInMayChooseItsName()
+{
+    TestSession session;
+    QVERIFY(session->plugins().load(pluginPath("renamed")));
+    QCOMPARE(session->plugins().names(), QStringList() << "good");
+    QCOMPARE(session.value("pluginInfo -q -command good"), QString("testAfter testBefore"));
+    QVERIFY(session->plugins().load(pluginPath("renamed"))); // the same one
+    QVERIFY(!session->plugins().load(pluginPath("good")));
+    QVERIFY(session.run("unloadPlugin good"));
+
+    QVERIFY(session->plugins().load(pluginPath("good")));
+    session.takeMessages();
+    QVERIFY(session->plugins().load(pluginPath("renamed")));
+    QCOMPARE(session->plugins().names(), QStringList() << "good"
+                                                       << "good1");
+    QVERIFY(session->plugins().unload(pluginPath("renamed")));
+    QCOMPARE(session.takeMessages(), QStringList());
 }
 
 void TestPluginLoader::aPlugInIsNotUnloadedUnderItsOwnFeet()

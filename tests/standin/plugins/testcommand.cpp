@@ -19,7 +19,10 @@ MSyntax TestCommand::newSyntax()
     syntax.addFlag("-n", "-name", MSyntax::kString);
     syntax.addFlag("-t", "-throw");
     syntax.addFlag("-m", "-melText", MSyntax::kString);
+    syntax.addFlag("-w", "-warn", MSyntax::kString);
     syntax.makeFlagMultiUse("-n");
+    syntax.enableQuery();
+    syntax.enableEdit();
     syntax.setObjectType(MSyntax::kStringObjects);
     return syntax;
 }
@@ -36,6 +39,8 @@ MStatus TestCommand::doIt(const MArgList &args)
         throw std::runtime_error("thrown by the test");
     if (words.isFlagSet("-melText"))
         return MGlobal::executeCommand(words.flagArgumentString("-m", 0));
+    if (words.isFlagSet("-warn"))
+        displayWarning(words.flagArgumentString("-w", 0), true);
     MStringArray objects;
     words.getObjects(objects);
     MString text;

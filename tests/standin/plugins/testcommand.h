@@ -5,8 +5,8 @@
 
 // A command that tells what it was called with: "COUNT:NAME:OBJECTS", or "malformed" when the
 // words do not fit its syntax.
-//   -c -count int, -n -name string (multi-use), -t -throw, -m -melText string; any number of
-//   strings
+//   -c -count int, -n -name string (multi-use), -t -throw, -m -melText string,
+//   -w -warn string (with the place of the call); any number of strings
 class TestCommand : public MPxCommand
 {
 public:

@@ -32,6 +32,8 @@ public:
     MString apiVersion(MStatus *ReturnStatus = nullptr) const;
     MString name(MStatus *ReturnStatus = nullptr) const;
     MString loadPath(MStatus *ReturnStatus = nullptr) const;
+    // Scripts know the plug-in by this name instead of its file's. One that is taken gets a number
+    // at its end, or is kFailure without `allowRename`.
     MStatus setName(const MString &name, bool allowRename = true);
     MStatus setVersion(const MString &version);
 
