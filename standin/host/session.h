@@ -80,6 +80,7 @@ public:
     // output() delivers its message when the main thread gets to it.
     bool isBatch() const override;
     void output(mel::MessageKind kind, const std::string &text) override;
+    std::string scriptPlace() const override;
     mel::Outcome executeMel(const std::string &text, bool display) override;
     mel::Outcome executePython(const std::string &text, bool display) override;
     void executeMelOnIdle(const std::string &text, bool display) override;

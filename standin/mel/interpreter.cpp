@@ -191,6 +191,11 @@ bool Interpreter::isRunning() const
     return m_state->isRunning();
 }
 
+std::string Interpreter::placePrefix() const
+{
+    return m_state->topFrame() ? m_state->place().prefix() : "";
+}
+
 bool Interpreter::defineLibrary(const std::string &text, const std::string &origin)
 {
     const auto compile = [&] {

@@ -91,6 +91,9 @@ public:
     // Stops the running script with a run-time error; callable from any thread.
     void interrupt();
     bool isRunning() const;
+    // The place of the running statement as it stands in front of messages: "line 3: "; "" when
+    // nothing runs.
+    std::string placePrefix() const;
 
     // The library procedures of the language (startsWith, stringArrayContains, ...) are compiled
     // from MEL text; hosts add theirs the same way. `origin` is the path whatIs names.

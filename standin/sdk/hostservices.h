@@ -50,6 +50,8 @@ public:
 
     virtual bool isBatch() const = 0;
     virtual void output(mel::MessageKind kind, const std::string &text) = 0;
+    // Where the running script is, as in front of a warning: "line 3: "; empty when none runs.
+    virtual std::string scriptPlace() const { return {}; }
 
     virtual mel::Outcome executeMel(const std::string &text, bool display) = 0;
     virtual mel::Outcome executePython(const std::string &text, bool display) = 0;

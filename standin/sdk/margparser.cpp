@@ -20,7 +20,11 @@ struct MArgParser::Data
     explicit Data(const MSyntax &declared) : syntax(StandinAccess::data(declared)) {}
 
     bool readWords(const MArgList &words);
+    bool asksQuery(const MString &word) const;
+    bool asksEdit(const MString &word) const;
     bool readFlag(const MArgList &words, unsigned int &position);
+    bool takesArguments(const StandinAccess::SyntaxData::Flag &flag, const MArgList &words,
+                        unsigned int position) const;
     // Whether as many objects stand there as the syntax wants, of the declared types.
     bool countsFit() const;
     // The uses of a flag by either name; null for a flag that the syntax does not have.
@@ -76,18 +80,29 @@ bool isOfType(const MArgList &words, unsigned int index, MSyntax::MArgType type)
 // Stops at the first word that does not fit; what was read before it can still be asked for.
 bool MArgParser::Data::readWords(const MArgList &words)
 {
+    // The mode decides how many arguments flags take, wherever it stands.
+    for (unsigned int i = 0; i < words.length(); ++i) {
+        query = query || asksQuery(words.asString(i));
+        edit = edit || asksEdit(words.asString(i));
+    }
     for (unsigned int i = 0; i < words.length(); ++i) {
         const MString word = words.asString(i);
         if (!isFlag(word))
             objects.addArg(word);
-        else if (syntax.query && isOneOf(word, "-q", "-query"))
-            query = true;
-        else if (syntax.edit && isOneOf(word, "-e", "-edit"))
-            edit = true;
-        else if (!readFlag(words, i))
+        else if (!readFlag(words, i) && !asksQuery(word) && !asksEdit(word))
             return false;
     }
     return countsFit();
+}
+
+bool MArgParser::Data::asksQuery(const MString &word) const
+{
+    return syntax.query && isOneOf(word, "-q", "-query");
+}
+
+bool MArgParser::Data::asksEdit(const MString &word) const
+{
+    return syntax.edit && isOneOf(word, "-e", "-edit");
 }
 
 // Reads the flag at the position and its arguments; the position ends at the last of them.
@@ -97,7 +112,7 @@ bool MArgParser::Data::readFlag(const MArgList &words, unsigned int &position)
     if (!flag)
         return false;
     MArgList arguments;
-    if (!query || flag->queryArgument == mel::QueryArgument::Mandatory) {
+    if (takesArguments(*flag, words, position + 1)) {
         for (MSyntax::MArgType type : flag->arguments) {
             if (!isOfType(words, ++position, type))
                 return false;
@@ -106,6 +121,17 @@ bool MArgParser::Data::readFlag(const MArgList &words, unsigned int &position)
     }
     uses[flag->longName].push_back(arguments);
     return true;
+}
+
+// Whether the words from the position on are the flag's. A queried flag names what is asked for;
+// an argument follows only where the flag says so.
+bool MArgParser::Data::takesArguments(const StandinAccess::SyntaxData::Flag &flag,
+                                      const MArgList &words, unsigned int position) const
+{
+    if (!query || flag.queryArgument == mel::QueryArgument::Mandatory)
+        return true;
+    return flag.queryArgument == mel::QueryArgument::Optional && position < words.length() &&
+           !isFlag(words.asString(position));
 }
 
 bool MArgParser::Data::countsFit() const

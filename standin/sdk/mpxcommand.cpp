@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "standin/sdk/commandrun.h"
 #include "standin/sdk/convert.h"
+#include "standin/sdk/hostaccess.h"
+#include "standin/sdk/hostservices.h"
 #include "standin/sdk/standinaccess.h"
 
 #include <maya/MGlobal.h>
@@ -79,6 +81,13 @@ mel::Value doIt(MPxCommand &command, const MArgList &arguments, const CommandRun
     return run.result;
 }
 
+// The message, with the place of the script in front of it where that is wanted.
+MString placed(const MString &message, bool showLineNumber)
+{
+    const bool hasPlace = showLineNumber && hostServices();
+    return hasPlace ? apiString(hostServices()->scriptPlace()) + message : message;
+}
+
 } // namespace
 
 mel::Value runCommand(void *(*creator)(), const MSyntax &syntax,
@@ -146,20 +155,19 @@ MStatus MPxCommand::setCommandString(const MString &text)
     return MS::kSuccess;
 }
 
-// The line number is the interpreter's to add; these show the text as it is.
 void MPxCommand::displayInfo(const MString &message)
 {
     MGlobal::displayInfo(message);
 }
 
-void MPxCommand::displayWarning(const MString &message, bool)
+void MPxCommand::displayWarning(const MString &message, bool showLineNumber)
 {
-    MGlobal::displayWarning(message);
+    MGlobal::displayWarning(placed(message, showLineNumber));
 }
 
-void MPxCommand::displayError(const MString &message, bool)
+void MPxCommand::displayError(const MString &message, bool showLineNumber)
 {
-    MGlobal::displayError(message);
+    MGlobal::displayError(placed(message, showLineNumber));
 }
 
 void MPxCommand::setResult(bool value)

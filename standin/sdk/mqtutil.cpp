@@ -57,6 +57,15 @@ MString MQtUtil::fullName(const QObject *object)
     return lookup() && object ? apiString(lookup()->fullName(object)) : MString();
 }
 
+QWidget *MQtUtil::getParent(const QObject *object)
+{
+    for (QObject *above = object ? object->parent() : nullptr; above; above = above->parent()) {
+        if (QWidget *widget = qobject_cast<QWidget *>(above))
+            return widget;
+    }
+    return nullptr;
+}
+
 MString MQtUtil::toMString(const QString &text)
 {
     const QByteArray bytes = text.toUtf8();

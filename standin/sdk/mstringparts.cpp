@@ -61,11 +61,6 @@ unsigned int placeholderAt(const std::string &text, size_t position, size_t &len
     return text[position] == '^' && end < text.size() && text[end] == 's' ? number : 0;
 }
 
-MStringArray listOf(std::initializer_list<MString> strings)
-{
-    return MStringArray(strings.begin(), static_cast<unsigned int>(strings.size()));
-}
-
 } // namespace
 
 int MString::index(char character) const
@@ -151,26 +146,9 @@ MStatus MString::format(const MString &format, const MStringArray &arguments)
     return MS::kSuccess;
 }
 
-MStatus MString::format(const MString &format, const MString &arg1)
+MStatus MString::formatWith(const MString &format, const MString arguments[], unsigned int count)
 {
-    return this->format(format, listOf({arg1}));
-}
-
-MStatus MString::format(const MString &format, const MString &arg1, const MString &arg2)
-{
-    return this->format(format, listOf({arg1, arg2}));
-}
-
-MStatus MString::format(const MString &format, const MString &arg1, const MString &arg2,
-                        const MString &arg3)
-{
-    return this->format(format, listOf({arg1, arg2, arg3}));
-}
-
-MStatus MString::format(const MString &format, const MString &arg1, const MString &arg2,
-                        const MString &arg3, const MString &arg4)
-{
-    return this->format(format, listOf({arg1, arg2, arg3, arg4}));
+    return this->format(format, MStringArray(arguments, count));
 }
 
 STANDIN_API_CLOSE

@@ -18,7 +18,9 @@ MSyntax newSyntax()
     syntax.addFlag("c", "count", MSyntax::kLong); // the dash may be left out
     syntax.addFlag("-p", "-place", MSyntax::kDouble, MSyntax::kDouble);
     syntax.addFlag("-n", "-name", MSyntax::kString);
+    syntax.addFlag("-t", "-title", MSyntax::kString);
     syntax.makeFlagMultiUse("-name");
+    syntax.makeFlagQueryWithFullArgs("-title", true);
     syntax.setObjectType(MSyntax::kStringObjects, 0, 2);
     syntax.enableQuery();
     return syntax;
@@ -48,7 +50,8 @@ private slots:
     void flagsAreFoundByEitherName();
     void argumentsAreConverted();
     void multiUseFlagsKeepEveryUse();
-    void queriedFlagsTakeNoArguments();
+    void queriedFlagsTakeTheArgumentsTheyMay_data();
+    void queriedFlagsTakeTheArgumentsTheyMay();
     void declaredArgumentsComeBeforeObjects();
     void badNamesAreRefusedBySyntax();
     void copiesOfASyntaxAreIndependent();
@@ -117,16 +120,35 @@ void TestMArgDatabase::multiUseFlagsKeepEveryUse()
     QVERIFY(words.flagArgumentString("-n", 0) == "two");
 }
 
-void TestMArgDatabase::queriedFlagsTakeNoArguments()
+void TestMArgDatabase::queriedFlagsTakeTheArgumentsTheyMay_data()
 {
+    QTest::addColumn<QString>("line");
+    QTest::addColumn<int>("arguments"); // of -title
+    QTest::addColumn<QString>("object");
+    QTest::newRow("mode-first") << "-q -count ball" << -1 << "ball";
+    QTest::newRow("mode-last") << "-count ball -q" << -1 << "ball";
+    QTest::newRow("optional-and-given") << "-q -title x ball" << 1 << "ball";
+    QTest::newRow("optional-before-a-flag") << "-q -title -count ball" << 0 << "ball";
+    QTest::newRow("optional-at-the-end") << "ball -q -title" << 0 << "ball";
+    QTest::newRow("optional-and-empty") << "-q -title '' ball" << 1 << "ball";
+}
+
+void TestMArgDatabase::queriedFlagsTakeTheArgumentsTheyMay()
+{
+    QFETCH(QString, line);
+    QFETCH(int, arguments);
+    QFETCH(QString, object);
     MStatus status;
-    const MArgDatabase words(newSyntax(), wordsOf("-q -count ball"), &status);
+    const MArgDatabase words(newSyntax(), wordsOf(line), &status);
     QVERIFY(!status.error());
     QVERIFY(words.isQuery());
+    MArgList taken;
+    const bool isSet = !words.getFlagArgumentList("-t", 0, taken).error();
+    QCOMPARE(isSet ? int(taken.length()) : -1, arguments);
     MStringArray objects;
     words.getObjects(objects);
     QCOMPARE(objects.length(), 1u);
-    QVERIFY(objects[0] == "ball");
+    QCOMPARE(MQtUtil::toQString(objects[0]), object);
 }
 
 void TestMArgDatabase::declaredArgumentsComeBeforeObjects()

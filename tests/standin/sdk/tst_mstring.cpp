@@ -152,6 +152,10 @@ void TestMString::formatFillsNumberedPlaces()
     MString string;
     string.format("^2s ^1s ^3s ^s", "one", "two");
     QCOMPARE(text(string), QString("two one ^3s ^s"));
+    string.format("^10s^9s^1s", "1", "2", "3", "4", "5", "6", "7", "8", "9", MString("ten"));
+    QCOMPARE(text(string), QString("ten91"));
+    string.format("^2s", MStringArray(2, "of a list"));
+    QCOMPARE(text(string), QString("of a list"));
 }
 
 void TestMString::aStringMayBeSetFromItsOwnText()

@@ -3,6 +3,8 @@
 #include "tests/standin/ui/uisession.h"
 #include "tests/support/testmain.h"
 
+#include <maya/MQtUtil.h>
+
 #include <QAction>
 #include <QTest>
 #include <QToolButton>
@@ -115,6 +117,10 @@ void TestPluginFootholds::pluginsFindWidgetsByName()
     QVERIFY(lookup.mainWindow() == lookup.findWindow("MayaWindow"));
     QCOMPARE(lookup.fullName(session.object<QWidget>("b")), std::string("w|c|b"));
     QCOMPARE(lookup.fullName(&session.ui()), std::string());
+    QObject child(session.object<QWidget>("b"));
+    const QObject grandchild(&child);
+    QVERIFY(MQtUtil::getParent(&grandchild) == session.object<QWidget>("b"));
+    QVERIFY(!MQtUtil::getParent(&session.ui()));
 }
 
 CORVANE_TEST_MAIN(TestPluginFootholds)

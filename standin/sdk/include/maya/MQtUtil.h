@@ -21,6 +21,8 @@ public:
     static QWidget *findWindow(MString windowName);
     static QAction *findMenuItem(MString menuItemName);
     static MString fullName(const QObject *object);
+    // The widget that holds the object, however far above it.
+    static QWidget *getParent(const QObject *object);
 
     static MString toMString(const QString &text);
     static QString toQString(const MString &text);

@@ -74,12 +74,14 @@ public:
 
     // Replaces ^1s, ^2s, ... in the format; a number without an argument stays as it is.
     MStatus format(const MString &format, const MStringArray &arguments);
-    MStatus format(const MString &format, const MString &arg1);
-    MStatus format(const MString &format, const MString &arg1, const MString &arg2);
-    MStatus format(const MString &format, const MString &arg1, const MString &arg2,
-                   const MString &arg3);
-    MStatus format(const MString &format, const MString &arg1, const MString &arg2,
-                   const MString &arg3, const MString &arg4);
+    // Up to ten arguments.
+    template <class... More>
+    MStatus format(const MString &format, const MString &arg1, const More &...more)
+    {
+        static_assert(sizeof...(more) < 10, "the API takes ten arguments at most");
+        const MString arguments[] = {arg1, MString(more)...};
+        return formatWith(format, arguments, 1 + sizeof...(more));
+    }
 
     MString &operator=(const char *text);
     MString &operator=(double value);
@@ -95,6 +97,8 @@ public:
     bool operator!=(const char *text) const { return !(*this == text); }
 
 private:
+    MStatus formatWith(const MString &format, const MString arguments[], unsigned int count);
+
     std::string m_text;
     mutable std::wstring m_wideText; // what asWChar() last returned
 };
