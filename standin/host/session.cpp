@@ -226,7 +226,8 @@ void Session::message(mel::MessageKind kind, const std::string &text)
     output(kind, text);
 }
 
-// The history comes first, so that a callback that asks for it finds the message it is called for.
+// Callbacks come last: one that asks for the history finds the message it is called for, and what
+// it prints itself follows that message everywhere.
 void Session::output(mel::MessageKind kind, const std::string &text)
 {
     // Python's threads print, but callbacks and widgets belong to the main thread.
@@ -237,12 +238,19 @@ void Session::output(mel::MessageKind kind, const std::string &text)
         return;
     }
     m_parts->errorSeen = m_parts->errorSeen || kind == mel::MessageKind::Error;
-    const std::string shown = history().shown(kind, text);
-    history().append(shown);
-    dispatchOutput(kind, text);
     emit messageArrived(static_cast<int>(kind), qString(text));
-    if (!shown.empty())
-        emit historyGrew(qString(shown));
+    if (!isHiddenByFilter(kind, text)) {
+        const std::string shown = history().shown(kind, text);
+        history().append(shown);
+        if (!shown.empty())
+            emit historyGrew(qString(shown));
+    }
+    dispatchOutput(kind, text);
+}
+
+std::string Session::scriptPlace() const
+{
+    return m_parts->interpreter->placePrefix();
 }
 
 void Session::deliver(int kind, const QString &text)

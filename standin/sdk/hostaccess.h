@@ -21,9 +21,11 @@ STANDIN_API HostServices *hostServices();
 // The object that a plug-in's entry points get. The record has to live as long as the plug-in.
 STANDIN_API MObject pluginObject(PluginRecord &record);
 
-// Passes a message to every output callback that is not running already, so that a callback may
-// print. What escapes from a callback is reported as an error.
+// Passes a message to every output callback. One that prints is called for that as well, to a
+// bounded depth. What escapes from a callback is reported as an error.
 STANDIN_API void dispatchOutput(mel::MessageKind kind, const std::string &text);
+// The same with every filter callback; returns whether one of them hides the message.
+STANDIN_API bool isHiddenByFilter(mel::MessageKind kind, const std::string &text);
 
 struct LiveCallback
 {

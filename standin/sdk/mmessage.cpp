@@ -9,18 +9,28 @@
 
 #include <algorithm>
 #include <exception>
+#include <functional>
 #include <memory>
+#include <string>
+#include <vector>
 
 namespace standin {
 
 namespace {
 
+using MessageType = MCommandMessage::MessageType;
+
+// A callback whose messages call it again, and so on, is left out at this depth.
+const int maximumDepth = 50;
+
 struct Callback
 {
     MCallbackId id = 0;
-    MCommandMessage::MMessageFunction function = nullptr;
-    void *clientData = nullptr;
-    bool running = false;
+    bool filters = false;
+    std::function<void(const MString &, MessageType, bool &)> run;
+    const void *function = nullptr;
+    int depth = 0; // of its calls within each other
+    bool leftOut = false;
 };
 using CallbackList = std::vector<std::shared_ptr<Callback>>;
 
@@ -35,13 +45,14 @@ class RunningMark
 public:
     explicit RunningMark(const std::shared_ptr<Callback> &callback) : m_callback(callback)
     {
-        callback->running = true;
+        ++callback->depth;
         running.push_back(callback);
     }
     ~RunningMark()
     {
         running.pop_back();
-        m_callback->running = false;
+        if (--m_callback->depth == 0)
+            m_callback->leftOut = false;
     }
     RunningMark(const RunningMark &) = delete;
     RunningMark &operator=(const RunningMark &) = delete;
@@ -50,25 +61,30 @@ private:
     const std::shared_ptr<Callback> m_callback;
 };
 
-// The application would crash here; a developer is better served by being told.
-void reportEscaped(const std::string &what)
+// The application would crash here; a developer is better served by being told. The callback hears
+// of nothing more until its outermost call returns, least of all of this.
+void reportAndLeaveOut(Callback &callback, const std::string &problem)
 {
+    callback.leftOut = true;
     if (hostServices())
-        hostServices()->output(mel::MessageKind::Error, "Exception in an output callback" + what);
+        hostServices()->output(mel::MessageKind::Error, problem);
 }
 
-// The callback is still marked as running while what escaped from it is reported, so a callback
-// that always throws does not hear of it again.
-void call(const std::shared_ptr<Callback> &callback, const MString &text,
-          MCommandMessage::MessageType type)
+void call(const std::shared_ptr<Callback> &callback, const MString &text, MessageType type,
+          bool &hidden)
 {
+    if (callback->depth == maximumDepth) {
+        reportAndLeaveOut(*callback, "An output callback calls itself without end.");
+        return;
+    }
     const RunningMark mark(callback);
     try {
-        callback->function(text, type, callback->clientData);
+        callback->run(text, type, hidden);
     } catch (const std::exception &escaped) {
-        reportEscaped(std::string(": ") + escaped.what());
+        reportAndLeaveOut(*callback,
+                          std::string("Exception in an output callback: ") + escaped.what());
     } catch (...) {
-        reportEscaped(".");
+        reportAndLeaveOut(*callback, "Exception in an output callback.");
     }
 }
 
@@ -77,35 +93,68 @@ bool isLive(const std::shared_ptr<Callback> &callback)
     return std::find(callbacks.begin(), callbacks.end(), callback) != callbacks.end();
 }
 
-const void *addressOf(const Callback &callback)
+// Passes the message to all callbacks of one sort. Returns whether one of them asked to hide it.
+bool callAll(bool filters, mel::MessageKind kind, const std::string &text)
 {
-    return reinterpret_cast<const void *>(callback.function);
+    const MString message = apiString(text);
+    bool hidden = false;
+    // A copy, since callbacks add and remove callbacks; an added one starts with the next message.
+    const CallbackList current = callbacks;
+    for (const std::shared_ptr<Callback> &callback : current) {
+        if (callback->filters == filters && !callback->leftOut && isLive(callback))
+            call(callback, message, static_cast<MessageType>(kind), hidden);
+    }
+    return hidden;
 }
 
 } // namespace
 
 void dispatchOutput(mel::MessageKind kind, const std::string &text)
 {
-    const MString message = apiString(text);
-    // A copy, since callbacks add and remove callbacks; an added one starts with the next message.
-    const CallbackList current = callbacks;
-    for (const std::shared_ptr<Callback> &callback : current) {
-        if (!callback->running && isLive(callback))
-            call(callback, message, static_cast<MCommandMessage::MessageType>(kind));
-    }
+    callAll(false, kind, text);
+}
+
+bool isHiddenByFilter(mel::MessageKind kind, const std::string &text)
+{
+    return callAll(true, kind, text);
 }
 
 std::vector<LiveCallback> liveCallbacks()
 {
     std::vector<LiveCallback> live;
     for (const std::shared_ptr<Callback> &callback : callbacks)
-        live.push_back({callback->id, addressOf(*callback)});
+        live.push_back({callback->id, callback->function});
     return live;
 }
 
 } // namespace standin
 
 using namespace standin;
+
+namespace {
+
+const void *addressOf(MCommandMessage::MMessageFunction function)
+{
+    return reinterpret_cast<const void *>(function);
+}
+
+const void *addressOf(MCommandMessage::MMessageFilterFunction function)
+{
+    return reinterpret_cast<const void *>(function);
+}
+
+// A new callback with the next id, at the end of the list.
+template <class Function>
+Callback &added(Function function)
+{
+    auto callback = std::make_shared<Callback>();
+    callback->id = ++lastId;
+    callback->function = addressOf(function);
+    callbacks.push_back(callback);
+    return *callback;
+}
+
+} // namespace
 
 STANDIN_API_OPEN
 
@@ -144,12 +193,25 @@ MCallbackId MCommandMessage::addCommandOutputCallback(MMessageFunction func, voi
     setStatus(ReturnStatus, func ? MS::kSuccess : MS::kInvalidParameter);
     if (!func)
         return 0;
-    auto callback = std::make_shared<Callback>();
-    callback->id = ++lastId;
-    callback->function = func;
-    callback->clientData = clientData;
-    callbacks.push_back(callback);
-    return callback->id;
+    Callback &callback = added(func);
+    callback.run = [func, clientData](const MString &text, MessageType type, bool &) {
+        func(text, type, clientData);
+    };
+    return callback.id;
+}
+
+MCallbackId MCommandMessage::addCommandOutputFilterCallback(MMessageFilterFunction func,
+                                                            void *clientData, MStatus *ReturnStatus)
+{
+    setStatus(ReturnStatus, func ? MS::kSuccess : MS::kInvalidParameter);
+    if (!func)
+        return 0;
+    Callback &callback = added(func);
+    callback.filters = true;
+    callback.run = [func, clientData](const MString &text, MessageType type, bool &hidden) {
+        func(text, type, hidden, clientData);
+    };
+    return callback.id;
 }
 
 STANDIN_API_CLOSE

@@ -24,6 +24,9 @@ private slots:
     void idleTextsReportInTheirOrder();
     void theApiShowsItsTextsUnchanged();
     void aCallbackMayRunCommands();
+    void anEndlessCallbackIsReportedOnce();
+    void whatACallbackPrintsFollowsItsMessage();
+    void aFilterKeepsMessagesOutOfTheHistory();
     void anEscapingExceptionIsReported();
     void messagesOfOtherThreadsArriveOnTheMainThread();
     void listenersGetBareAndShownText();
@@ -95,9 +98,20 @@ void TestMessages::theApiShowsItsTextsUnchanged()
 
 namespace {
 
-void runCommand(const MString &, MCommandMessage::MessageType, void *)
+void runCommand(const MString &text, MCommandMessage::MessageType, void *)
 {
-    MGlobal::executeCommand("print \"nested\"; noSuchThing");
+    if (text == "a")
+        MGlobal::executeCommand("print \"nested\"; noSuchThing");
+}
+
+void printForEver(const MString &, MCommandMessage::MessageType, void *)
+{
+    MGlobal::executeCommand("print \"again\"; print \"and again\"");
+}
+
+void hideWarnings(const MString &, MCommandMessage::MessageType type, bool &hidden, void *)
+{
+    hidden = hidden || type == MCommandMessage::kWarning;
 }
 
 void escape(const MString &, MCommandMessage::MessageType, void *)
@@ -117,6 +131,49 @@ void TestMessages::aCallbackMayRunCommands()
              QStringList() << "display: a"
                            << "display: nested"
                            << "error: line 1: Cannot find procedure \"noSuchThing\".");
+}
+
+void TestMessages::anEndlessCallbackIsReportedOnce()
+{
+    TestSession session;
+    const MCallbackId id = MCommandMessage::addCommandOutputCallback(printForEver);
+    for (int i = 0; i < 2; ++i) {
+        session.run("print \"a\"");
+        const QStringList messages = session.takeMessages();
+        QCOMPARE(messages.filter("error: "),
+                 QStringList() << "error: An output callback calls itself without end.");
+        QVERIFY(messages.filter("again").size() > 20); // it does call itself
+    }
+    MMessage::removeCallback(id);
+}
+
+void TestMessages::whatACallbackPrintsFollowsItsMessage()
+{
+    TestSession session;
+    QSignalSpy bare(&*session, SIGNAL(messageArrived(int, QString)));
+    QSignalSpy shown(&*session, SIGNAL(historyGrew(QString)));
+    const MCallbackId id = MCommandMessage::addCommandOutputCallback(runCommand);
+    session.run("print \"a\"");
+    MMessage::removeCallback(id);
+    QCOMPARE(bare.at(0).at(1).toString(), QString("a"));
+    QCOMPARE(bare.at(1).at(1).toString(), QString("nested"));
+    QCOMPARE(shown.at(0).at(0).toString(), QString("a"));
+}
+
+void TestMessages::aFilterKeepsMessagesOutOfTheHistory()
+{
+    TestSession session;
+    QSignalSpy shown(&*session, SIGNAL(historyGrew(QString)));
+    const MCallbackId id = MCommandMessage::addCommandOutputFilterCallback(hideWarnings);
+    MGlobal::displayWarning("hidden");
+    MGlobal::displayInfo("shown");
+    MMessage::removeCallback(id);
+    MGlobal::displayWarning("late");
+    QCOMPARE(session->history().text(), std::string("// shown // \n// Warning: late // \n"));
+    QCOMPARE(shown.size(), 2);
+    QCOMPARE(session.takeMessages(), QStringList() << "warning: hidden"
+                                                   << "info: shown"
+                                                   << "warning: late");
 }
 
 void TestMessages::anEscapingExceptionIsReported()

@@ -25,9 +25,18 @@ public:
     typedef void (*MMessageFunction)(const MString &message, MessageType messageType,
                                      void *clientData);
 
-    // The function gets every message as bare text, without heading or closing mark.
+    // Setting `filterOutput` keeps the message out of the script editor's history.
+    typedef void (*MMessageFilterFunction)(const MString &message, MessageType messageType,
+                                           bool &filterOutput, void *clientData);
+
+    // The function gets every message as bare text, without heading or closing mark; also those
+    // that it causes itself.
     static MCallbackId addCommandOutputCallback(MMessageFunction func, void *clientData = nullptr,
                                                 MStatus *ReturnStatus = nullptr);
+    // The function gets every message before it is shown.
+    static MCallbackId addCommandOutputFilterCallback(MMessageFilterFunction func,
+                                                      void *clientData = nullptr,
+                                                      MStatus *ReturnStatus = nullptr);
 };
 
 STANDIN_API_CLOSE
