@@ -99,8 +99,9 @@ void run(EntryPoint function, PluginRecord &record)
 
 } // namespace
 
-PluginLoader::PluginLoader(HostServices &host, const PluginCommands &commands)
-    : m_host(host), m_commands(commands)
+PluginLoader::PluginLoader(HostServices &host, const PluginCommands &commands,
+                           const QStringList &folders)
+    : m_host(host), m_commands(commands), m_folders(folders)
 {
 }
 
@@ -132,7 +133,7 @@ void PluginLoader::loadOrThrow(const QString &nameOrFile)
 {
     if (loaded(nameOrFile))
         return;
-    const QString path = pluginFile(nameOrFile);
+    const QString path = pluginFile(nameOrFile, m_folders);
     if (path.isEmpty())
         fail(QString("Plug-in, \"%1\", was not found on MAYA_PLUG_IN_PATH.").arg(nameOrFile));
     // Names decide which commands and callbacks belong together, so they are unique.
@@ -235,7 +236,7 @@ void PluginLoader::close(const Plugin &plugin)
 PluginLoader::Plugin *PluginLoader::loaded(const QString &nameOrFile) const
 {
     const QString name = QFileInfo(nameOrFile).completeBaseName();
-    const std::string path = utf8(pluginFile(nameOrFile));
+    const std::string path = utf8(pluginFile(nameOrFile, m_folders));
     const bool isFile = nameOrFile.contains('/');
     for (const std::unique_ptr<Plugin> &plugin : m_plugins) {
         const PluginRecord &record = plugin->record;

@@ -18,7 +18,8 @@ struct PluginRecord;
 class PluginLoader
 {
 public:
-    PluginLoader(HostServices &host, const PluginCommands &commands);
+    // Plug-ins given by name are looked up in `folders` too, after MAYA_PLUG_IN_PATH.
+    PluginLoader(HostServices &host, const PluginCommands &commands, const QStringList &folders);
     ~PluginLoader();
 
     // By file, or by a name that is looked up on the search path. A plug-in that is loaded already
@@ -49,6 +50,7 @@ private:
 
     HostServices &m_host;
     const PluginCommands &m_commands;
+    const QStringList m_folders;
     std::vector<std::unique_ptr<Plugin>> m_plugins;
 };
 

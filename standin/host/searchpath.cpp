@@ -150,14 +150,27 @@ ModuleFolders readModules()
     return all;
 }
 
-QString pluginFile(const QString &nameOrFile)
+void applyModuleVariables()
+{
+    for (const ModuleVariable &variable : readModules().variables) {
+        const QByteArray name = variable.name.toUtf8();
+        const QString value =
+            variable.isAdded
+                ? withParts(QFile::decodeName(qgetenv(name.constData())), variable.value)
+                : variable.value;
+        qputenv(name.constData(), QFile::encodeName(value));
+    }
+}
+
+QString pluginFile(const QString &nameOrFile, const QStringList &folders)
 {
     const QFileInfo given(nameOrFile);
     if (given.isFile() && (given.isAbsolute() || nameOrFile.contains('/')))
         return QDir::cleanPath(given.absoluteFilePath());
-    const QStringList folders = foldersInEnvironment("MAYA_PLUG_IN_PATH") + readModules().plugins;
+    const QStringList all =
+        foldersInEnvironment("MAYA_PLUG_IN_PATH") + folders + readModules().plugins;
     const QStringList names = QStringList() << nameOrFile << nameOrFile + pluginSuffix;
-    for (const QString &folder : folders) {
+    for (const QString &folder : all) {
         for (const QString &name : names) {
             const QFileInfo file(QDir(folder), name);
             if (file.isFile())

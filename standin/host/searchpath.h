@@ -23,7 +23,7 @@ ModuleFolders readModules();
 ModuleFolders parseModules(const QString &text, const QString &folder);
 
 // The file of a plug-in given by file or by name, empty when there is none. Names are looked up in
-// MAYA_PLUG_IN_PATH and in the modules.
-QString pluginFile(const QString &nameOrFile);
+// MAYA_PLUG_IN_PATH, in `folders` and in the modules.
+QString pluginFile(const QString &nameOrFile, const QStringList &folders = QStringList());
 
 } // namespace standin

@@ -25,6 +25,13 @@ QString qString(const std::string &text)
     return QString::fromUtf8(text.data(), static_cast<int>(text.size()));
 }
 
+// Where plug-ins are looked up by name besides the search path: the user's folder first.
+QStringList pluginFolders(const SessionOptions &options)
+{
+    const QDir user(options.userDirectory);
+    return QStringList() << user.absoluteFilePath("plug-ins") << options.pluginFolders;
+}
+
 // Marks the language that runs. A text run from within another one hands back to it; after the
 // outermost one the mark stays, since the history keeps the form of what ran last.
 class LanguageScope
@@ -87,7 +94,7 @@ Session::Session(const SessionOptions &options) : m_parts(std::make_unique<Parts
     mel().settings().helpNamesCommandType = options.helpNamesCommandType;
     m_parts->vars.emplace(userFolder("prefs") + "userPrefs.mel");
     m_parts->commands.emplace(mel());
-    m_parts->loader.emplace(*this, *m_parts->commands);
+    m_parts->loader.emplace(*this, *m_parts->commands, pluginFolders(options));
     addSessionCommands(*this);
     addPluginManagement(*this);
     addOptionVarCommand(*this);

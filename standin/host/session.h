@@ -28,6 +28,8 @@ struct SessionOptions
     QString userDirectory;             // holds prefs/ and scripts/, which are made when missing
     bool closingMarks = true;          // the message form of releases up to 2022
     bool helpNamesCommandType = false; // "help -so" ends with the "Command Type" line
+    bool unloadsAtQuit = true;         // else plug-ins stay loaded to the end of the program
+    QStringList pluginFolders;         // the program's own, for plug-ins given by name
 };
 
 // One running host without its windows: interpreters, idle queue, option variables, script jobs,

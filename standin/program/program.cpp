@@ -13,6 +13,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QFileInfo>
 #include <QTimer>
 
 #include <cstdio>
@@ -32,6 +33,9 @@ SessionOptions sessionOptions(const ProgramOptions &options)
     made.closingMarks = options.closingMarks;
     made.userDirectory =
         options.userDirectory.isEmpty() ? defaultUserDirectory() : options.userDirectory;
+    made.unloadsAtQuit = options.unloadsAtQuit;
+    if (!defaultPlugin().isEmpty())
+        made.pluginFolders << QFileInfo(defaultPlugin()).path();
     return made;
 }
 

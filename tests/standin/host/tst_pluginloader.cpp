@@ -261,6 +261,15 @@ void TestPluginLoader::plugInsAreFoundOnThePath()
     QVERIFY(session.run("unloadPlugin \"good.so\""));
     qputenv("MAYA_PLUG_IN_PATH", QByteArray());
     QVERIFY(!session.run("loadPlugin good"));
+    QVERIFY(QDir(session.folder().path()).mkpath("plug-ins"));
+    QVERIFY(QFile::copy(pluginPath("good"), session.folder().file("plug-ins/good.so")));
+    QVERIFY(session.run("loadPlugin good; unloadPlugin good"));
+    session->quit();
+
+    standin::SessionOptions options;
+    options.pluginFolders << TEST_PLUGIN_FOLDER;
+    TestSession other(options);
+    QVERIFY(other.run("loadPlugin good"));
 }
 
 void TestPluginLoader::pluginInfoAnswers()
