@@ -42,11 +42,21 @@ bool isCondition(const QString &word)
     return word.contains(':') && (key == "MAYAVERSION" || key == "PLATFORM" || key == "LOCALE");
 }
 
+bool isVariableName(const QString &text)
+{
+    for (const QChar character : text) {
+        if (!character.isLetterOrNumber() && character != '_')
+            return false;
+    }
+    return !text.isEmpty();
+}
+
 // Reads one module file line by line. A heading begins a module; the lines after it may move its
 // folders:
 //   + PLATFORM:linux name 1.0 ../there
 //   plug-ins: bin/linux
-// Lines about icons, presets and environment variables mean nothing here and are skipped.
+//   LIBRARY_FOLDER := lib
+// Lines about icons and presets mean nothing here and are skipped.
 class ModuleReader
 {
 public:
@@ -60,6 +70,7 @@ public:
 
 private:
     void readHeading(const QString &line);
+    void readVariable(const QString &line);
 
     const QDir m_folder;
     bool m_applies = false;
@@ -77,6 +88,26 @@ void ModuleReader::readLine(const QString &line)
         m_plugins = text.mid(10).trimmed();
     else if (text.startsWith("scripts: "))
         m_scripts = text.mid(9).trimmed();
+    else if (m_applies && text.contains('='))
+        readVariable(text);
+}
+
+// NAME=value, or NAME:=path relative to the module; a plus before either adds to a list.
+void ModuleReader::readVariable(const QString &line)
+{
+    ModuleVariable variable;
+    QString name = line.section('=', 0, 0).trimmed();
+    variable.value = line.section('=', 1).trimmed();
+    if (name.endsWith(':')) {
+        name.chop(1);
+        variable.value = QDir::cleanPath(QDir(m_root).absoluteFilePath(variable.value));
+    }
+    variable.isAdded = name.endsWith('+');
+    if (variable.isAdded)
+        name.chop(1);
+    variable.name = name.trimmed();
+    if (isVariableName(variable.name))
+        folders.variables.push_back(variable);
 }
 
 // [conditions] name version path
@@ -112,6 +143,16 @@ QString textOf(const QString &fileName)
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
+// The list with the parts of another one at its end that it does not have yet.
+QString withParts(const QString &list, const QString &added)
+{
+    QStringList parts = list.split(listSeparator);
+    parts << added.split(listSeparator);
+    parts.removeAll(QString());
+    parts.removeDuplicates();
+    return parts.join(QString(listSeparator));
+}
+
 } // namespace
 
 QStringList foldersInEnvironment(const char *variable)
@@ -145,6 +186,8 @@ ModuleFolders readModules()
             const ModuleFolders found = parseModules(textOf(file.filePath()), folder);
             all.plugins << found.plugins;
             all.scripts << found.scripts;
+            all.variables.insert(all.variables.end(), found.variables.begin(),
+                                 found.variables.end());
         }
     }
     return all;

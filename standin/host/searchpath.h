@@ -4,13 +4,24 @@
 #include <QString>
 #include <QStringList>
 
+#include <vector>
+
 namespace standin {
 
-// What the module files on the module path add, in their order. The names are full paths.
+// An environment variable as a module file asks for it.
+struct ModuleVariable
+{
+    QString name;
+    QString value;
+    bool isAdded = false; // to the end of the list that the variable holds
+};
+
+// What the module files on the module path add, in their order. The folders are full paths.
 struct ModuleFolders
 {
     QStringList plugins;
     QStringList scripts;
+    std::vector<ModuleVariable> variables;
 };
 
 // A list of folders in an environment variable, separated as the platform does.
@@ -21,6 +32,9 @@ QStringList foldersInEnvironment(const char *variable);
 ModuleFolders readModules();
 // One module file's text; relative paths start at `folder`, where the file lies.
 ModuleFolders parseModules(const QString &text, const QString &folder);
+
+// Sets the environment variables of the modules. Doing it again changes nothing.
+void applyModuleVariables();
 
 // The file of a plug-in given by file or by name, empty when there is none. Names are looked up in
 // MAYA_PLUG_IN_PATH, in `folders` and in the modules.

@@ -89,6 +89,7 @@ Session::Session(const SessionOptions &options) : m_parts(std::make_unique<Parts
     // Numbers are read and written with a point, whatever the user's locale.
     std::setlocale(LC_NUMERIC, "C");
     setHostServices(this);
+    applyModuleVariables(); // the search paths among them
     // In place only now, for the interpreter may call back at once.
     m_parts->interpreter.emplace(*this);
     mel().settings().helpNamesCommandType = options.helpNamesCommandType;
