@@ -11,6 +11,7 @@
 #include "standin/sdk/hostaccess.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QThread>
 
 #include <clocale>
@@ -185,6 +186,20 @@ QString Session::userFolder(const QString &name) const
     const QString folder = QDir::cleanPath(user.absoluteFilePath(name));
     QDir().mkpath(folder);
     return folder + "/";
+}
+
+void Session::runUserSetup()
+{
+    // Python first: what it defines is there for MEL.
+    if (m_parts->python)
+        executePython("__import__('maya.utils').utils._runUserSetup()", false);
+    for (const std::string &folder : scriptPath()) {
+        const QString file = QDir(qString(folder)).filePath("userSetup.mel");
+        if (QFileInfo(file).isFile()) {
+            sourceFile(file.toUtf8().constData());
+            return;
+        }
+    }
 }
 
 void Session::quit()

@@ -59,7 +59,11 @@ public:
     // slash at its end; made when missing.
     QString userFolder(const QString &name) const;
 
-    // Runs quit jobs, then unloads the plug-ins. Only the first call counts; windows still exist.
+    // Runs every userSetup.py on Python's path and the first userSetup.mel on the script path;
+    // before there are windows.
+    void runUserSetup();
+    // Runs quit jobs, then unloads the plug-ins if the options say so, and saves what the user has
+    // changed. Only the first call counts; windows still exist.
     void quit();
     // Asks the program to quit once the running script is done: quitRequested() follows.
     void requestQuit(int exitStatus);

@@ -49,11 +49,6 @@ Program::Program(const ProgramOptions &options)
                 SLOT(logMessage(int, QString)));
     connect(m_session.get(), SIGNAL(quitRequested(int)), SLOT(leave(int)));
     m_session->setPython(createPythonEngine(*m_session, m_session->mel()));
-    if (options.batch)
-        return;
-    m_interface = std::make_unique<UserInterface>(*m_session);
-    m_interface->setUnattended(options.quits());
-    connect(&m_interface->window(), SIGNAL(closeRequested()), SLOT(leave()));
 }
 
 Program::~Program() = default;
@@ -65,23 +60,20 @@ int Program::exitStatus() const
 
 void Program::start()
 {
-    runUserSetup();
-    if (m_interface)
-        m_interface->window().show();
+    m_session->runUserSetup();
+    if (!m_options.batch)
+        makeInterface();
     loadPlugins();
     settle();
     nextStep();
 }
 
-// Python first: what it defines is there for MEL.
-void Program::runUserSetup()
+void Program::makeInterface()
 {
-    const QString python = m_session->userFolder("scripts") + "userSetup.py";
-    const QString mel = m_session->userFolder("scripts") + "userSetup.mel";
-    if (QFile::exists(python))
-        runFile({StepKind::PythonFile, python});
-    if (QFile::exists(mel))
-        m_session->sourceFile(toUtf8(mel));
+    m_interface = std::make_unique<UserInterface>(*m_session);
+    m_interface->setUnattended(m_options.quits());
+    connect(&m_interface->window(), SIGNAL(closeRequested()), SLOT(leave()));
+    m_interface->window().show();
 }
 
 void Program::loadPlugins()
@@ -147,7 +139,7 @@ void Program::runFile(const Step &step)
     if (step.kind == StepKind::MelFile)
         m_session->executeMel(text, true);
     else
-        m_session->executePython(text, step.kind == StepKind::PythonFile);
+        m_session->executePython(text, true);
 }
 
 // Runs what was put off until the program is idle.

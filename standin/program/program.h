@@ -38,8 +38,8 @@ private slots:
     void logMessage(int kind, const QString &text);
 
 private:
+    void makeInterface();
     void loadPlugins();
-    void runUserSetup();
     void run(const Step &step);
     void runFile(const Step &step);
     void settle();
@@ -47,7 +47,7 @@ private:
 
     const ProgramOptions m_options;
     std::unique_ptr<Session> m_session;
-    std::unique_ptr<UserInterface> m_interface; // null in batch sessions
+    std::unique_ptr<UserInterface> m_interface; // null in batch sessions and before start()
     size_t m_nextStep = 0;
     int m_status = 0;
     bool m_hasLeft = false;

@@ -1,7 +1,9 @@
 # SPDX-License-Identifier: MIT
 """Deferred calls, calls from threads, and the text of uncaught exceptions."""
 import collections
+import io
 import linecache
+import os
 import sys
 import threading
 import traceback
@@ -78,8 +80,14 @@ def _runReporting(function, args, kwargs):
         function(*args, **kwargs)
     except BaseException:
         kind, error, trace = sys.exc_info()
-        # Starts at the call itself; what led there is the host's own.
-        _standin.reportException(kind, error, trace.tb_next or trace)
+        _standin.reportException(kind, error, _beyondHost(trace))
+
+
+def _beyondHost(trace):
+    """What follows the host's own calls in a trace, which mean nothing to a script's author."""
+    while trace and trace.tb_frame.f_code.co_filename == _runReporting.__code__.co_filename:
+        trace = trace.tb_next
+    return trace
 
 
 def _forgetCalls():
@@ -93,6 +101,20 @@ def _runText(text):
     except SyntaxError:
         code = compile(text, _CONSOLE, 'exec', 0, True)
     return eval(code, variables)
+
+
+def _runUserSetup():
+    """Runs every userSetup.py on the path; one that fails stops no other."""
+    for folder in list(sys.path):
+        path = os.path.join(folder, 'userSetup.py')
+        if os.path.isfile(path):
+            _runReporting(_runFile, (path,), {})
+
+
+def _runFile(path):
+    with io.open(path, 'rb') as source:
+        code = compile(source.read(), path, 'exec', 0, True)
+    eval(code, sys.modules['__main__'].__dict__)
 
 
 # Scripts handed to commands

@@ -18,7 +18,11 @@ private slots:
     void cleanup();
     void modulesGiveTheirFolders_data();
     void modulesGiveTheirFolders();
+    void modulesSetVariables_data();
+    void modulesSetVariables();
+    void variablesAreSetOnce();
     void scriptsOfModulesAndPathsAreFound();
+    void theFirstUserSetupRuns();
     void plugInsAreFoundByName();
 };
 
@@ -71,6 +75,63 @@ void TestSearchPath::modulesGiveTheirFolders()
     const ModuleFolders found = parseModules(text, "/modules");
     QCOMPARE(found.plugins.join(" "), plugins);
     QCOMPARE(found.scripts.join(" "), scripts);
+}
+
+void TestSearchPath::modulesSetVariables_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("value") << "+ n 1 /it\nX=a = b"
+                           << "X=a = b";
+    QTest::newRow("added") << "+ n 1 /it\nX+=more"
+                           << "X+=more";
+    QTest::newRow("relative") << "+ n 1 ../it\nX:=lib"
+                              << "X=/it/lib";
+    QTest::newRow("relative-and-added") << "+ n 1 /it\nX +:= ../lib"
+                                        << "X+=/lib";
+    QTest::newRow("absolute-stays") << "+ n 1 /it\nX:=/lib"
+                                    << "X=/lib";
+    QTest::newRow("module-does-not-apply") << "+ PLATFORM:none n 1 /it\nX=1"
+                                           << "";
+    QTest::newRow("folder-with-equals-sign") << "+ n 1 /it\nicons: a=b\nplug-ins: c=d"
+                                             << "";
+}
+
+void TestSearchPath::modulesSetVariables()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, expected);
+    QStringList found;
+    for (const standin::ModuleVariable &variable : parseModules(text, "/modules").variables)
+        found << variable.name + (variable.isAdded ? "+=" : "=") + variable.value;
+    QCOMPARE(found.join(" "), expected);
+}
+
+void TestSearchPath::variablesAreSetOnce()
+{
+    const ScratchDir folder;
+    folder.write("it.mod", "+ it 1 /it\nCORVANE_LIST+=b\nCORVANE_LIST+:=c\nCORVANE_VALUE=v:v\n");
+    qputenv("MAYA_MODULE_PATH", folder.path().toUtf8());
+    qputenv("CORVANE_LIST", "a:b");
+    {
+        const TestSession session;
+    }
+    const TestSession session;
+    QCOMPARE(qgetenv("CORVANE_LIST"), QByteArray("a:b:/it/c"));
+    QCOMPARE(qgetenv("CORVANE_VALUE"), QByteArray("v:v"));
+}
+
+void TestSearchPath::theFirstUserSetupRuns()
+{
+    TestSession session;
+    QVERIFY(QDir(session.folder().path()).mkpath("first"));
+    QVERIFY(QDir(session.folder().path()).mkpath("second"));
+    session.folder().write("first/userSetup.mel", "print first; $a = 1;");
+    session.folder().write("second/userSetup.mel", "print second;");
+    qputenv("MAYA_SCRIPT_PATH",
+            (session.folder().file("first") + ":" + session.folder().file("second")).toUtf8());
+    session->runUserSetup();
+    QCOMPARE(session.takeMessages(), QStringList() << "display: first");
 }
 
 void TestSearchPath::scriptsOfModulesAndPathsAreFound()

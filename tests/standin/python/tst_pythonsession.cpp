@@ -2,6 +2,7 @@
 #include "standin/host/scriptjobs.h"
 #include "standin/host/session.h"
 #include "standin/python/python.h"
+#include "tests/support/scratchdir.h"
 #include "tests/support/testmain.h"
 
 #include <QDir>
@@ -34,6 +35,7 @@ private slots:
     void threadsWaitForTheEventLoop();
     void interruptEndsBothLanguages();
     void userScriptsCanBeImported();
+    void everyUserSetupRuns();
     void sessionCommandsTakePythonForms_data();
     void sessionCommandsTakePythonForms();
     void scriptJobCallsPython();
@@ -142,6 +144,25 @@ void TestPythonSession::userScriptsCanBeImported()
     run("import scriptofuser\nprint(scriptofuser.value)");
     QVERIFY2(m_messages.contains("of the user"), qPrintable(m_messages.join("\n")));
     QVERIFY(!QDir(m_session->userFolder("scripts")).exists("__pycache__"));
+}
+
+void TestPythonSession::everyUserSetupRuns()
+{
+    const ScratchDir first;
+    const ScratchDir second;
+    const ScratchDir third;
+    first.write("userSetup.py", "defined = 7\ndef fail(): raise ValueError('f')\nfail()\n");
+    second.write("userSetup.py", "def broken(\n");
+    third.write("userSetup.py", "print('third %d' % defined)\n");
+    run(("import sys\nsys.path += '" + first.path() + " " + second.path() + " " + third.path() +
+         "'.split()")
+            .toUtf8()
+            .constData());
+    m_session->runUserSetup();
+    run("del sys.path[-3:]");
+    QCOMPARE(m_messages.at(0), "ValueError: file " + first.file("userSetup.py") + " line 2: f");
+    QVERIFY(m_messages.at(1).startsWith("SyntaxError: file " + second.file("userSetup.py")));
+    QVERIFY2(m_messages.contains("third 7"), qPrintable(m_messages.join("\n")));
 }
 
 void TestPythonSession::sessionCommandsTakePythonForms_data()
