@@ -194,10 +194,15 @@ void PluginLoader::unloadAll()
     const QStringList all = names();
     for (int i = all.size() - 1; i >= 0; --i)
         unload(all.at(i));
-    for (const std::unique_ptr<Plugin> &plugin : m_plugins) {
+    for (const std::unique_ptr<Plugin> &plugin : m_plugins)
         removeLeftovers(*plugin);
+    leaveMapped();
+}
+
+void PluginLoader::leaveMapped()
+{
+    for (const std::unique_ptr<Plugin> &plugin : m_plugins)
         plugin->library.keepMapped();
-    }
     m_plugins.clear();
 }
 

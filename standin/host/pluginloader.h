@@ -30,6 +30,8 @@ public:
     // The last loaded first. One that fails to unload loses its callbacks and commands and stays
     // mapped, unused, to the end of the program.
     void unloadAll();
+    // Forgets the plug-ins without a word to them; their code stays mapped.
+    void leaveMapped();
 
     // The same for commands: what goes wrong is thrown as mel::RuntimeError.
     void loadOrThrow(const QString &nameOrFile);

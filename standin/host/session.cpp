@@ -104,10 +104,13 @@ Session::Session(const SessionOptions &options) : m_parts(std::make_unique<Parts
     addScriptEditorCommand(*this);
 }
 
-// Deliberate: without quit() no quit jobs run, but no plug-in outlives the interpreters either.
+// Deliberate: without quit() no quit jobs run, but no plug-in outlives the interpreters unasked.
 Session::~Session()
 {
-    plugins().unloadAll();
+    if (m_parts->options.unloadsAtQuit)
+        plugins().unloadAll();
+    else
+        plugins().leaveMapped();
     optionVars().save();
     m_parts->python.reset();
     setHostServices(nullptr);
@@ -208,7 +211,8 @@ void Session::quit()
         return;
     m_parts->hasQuit = true;
     scriptJobs().runNow("quitApplication");
-    plugins().unloadAll();
+    if (m_parts->options.unloadsAtQuit)
+        plugins().unloadAll();
     // What the plug-ins have queued to tidy up after them; bounded, for work may queue itself.
     idleQueue().processUntilEmpty(100);
     optionVars().save();

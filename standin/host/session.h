@@ -8,6 +8,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 #include <memory>
@@ -25,7 +26,7 @@ class ScriptJobs;
 struct SessionOptions
 {
     bool batch = false;
-    QString userDirectory;             // holds prefs/ and scripts/, which are made when missing
+    QString userDirectory;             // holds prefs/, scripts/ and plug-ins/; made when needed
     bool closingMarks = true;          // the message form of releases up to 2022
     bool helpNamesCommandType = false; // "help -so" ends with the "Command Type" line
     bool unloadsAtQuit = true;         // else plug-ins stay loaded to the end of the program

@@ -34,7 +34,9 @@ const OptionRow rows[] = {
      [](ProgramOptions &options, const QString &file) { options.plugins << file; }},
     {"--no-plugin", nullptr, "load no plug-in",
      [](ProgramOptions &options, const QString &) { options.loadsDefaultPlugin = false; }},
-    {"--user-dir", "DIR", "folder that holds prefs/ and scripts/",
+    {"--keep-plugins", nullptr, "leave without unloading the plug-ins, as Maya may",
+     [](ProgramOptions &options, const QString &) { options.unloadsAtQuit = false; }},
+    {"--user-dir", "DIR", "folder that holds prefs/, scripts/ and plug-ins/",
      [](ProgramOptions &options, const QString &folder) { options.userDirectory = folder; }},
     {"--log", nullptr, "print every message as KIND<TAB>TEXT",
      [](ProgramOptions &options, const QString &) { options.log = true; }},
@@ -51,7 +53,8 @@ const OptionRow rows[] = {
      StepKind::Screenshot},
     {"--screenshot-main", "FILE", "save a picture of the main window", nullptr,
      StepKind::ScreenshotMain},
-    {"--quit", nullptr, "leave: run quit jobs, unload the plug-ins", nullptr, StepKind::Quit},
+    {"--quit", nullptr, "leave: run quit jobs, unload the plug-ins, save preferences", nullptr,
+     StepKind::Quit},
 };
 
 const OptionRow *rowFor(const QString &name)
@@ -123,8 +126,9 @@ QString usageText()
             name += QString(" ") + row.argument;
         text += "  " + name.leftJustified(24) + row.help + "\n";
     }
-    return text + "\nExit status: 1 when an error message arrived, 2 for a bad command line, "
-                  "else 0.\n";
+    return text + "\nMAYA_LOCATION is the program's folder unless it is set; set to nothing, it "
+                  "stays so.\nExit status: 1 when an error message arrived, 2 for a bad command "
+                  "line, else 0.\n";
 }
 
 } // namespace standin

@@ -36,6 +36,7 @@ struct ProgramOptions
     bool log = false;
     bool closingMarks = true;
     bool loadsDefaultPlugin = true;
+    bool unloadsAtQuit = true;
     QString userDirectory; // empty: the default one
     QStringList plugins;
     std::vector<Step> steps; // in the order given

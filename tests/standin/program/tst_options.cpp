@@ -47,6 +47,7 @@ void TestOptions::settingsCountWhereverTheyStand()
                                                                       << "--plugin"
                                                                       << "q"
                                                                       << "--no-plugin"
+                                                                      << "--keep-plugins"
                                                                       << "--messages"
                                                                       << "from-2023"
                                                                       << "--user-dir"
@@ -55,6 +56,7 @@ void TestOptions::settingsCountWhereverTheyStand()
     QVERIFY(options.log);
     QVERIFY(!options.closingMarks);
     QVERIFY(!options.loadsDefaultPlugin);
+    QVERIFY(!options.unloadsAtQuit);
     QVERIFY(!options.quits());
     QCOMPARE(options.plugins.join(","), QString("p,q"));
     QCOMPARE(options.userDirectory, QString("/u"));

@@ -43,6 +43,11 @@ private slots:
     void lineBreaksAreWrittenOut();
     void filesAreRun();
     void userSetupRunsFirst();
+    void optionsOfQtAreNotTaken();
+    void theDefaultPlugInCanBeLoadedAgain();
+    void theEditorSurvivesTheEnd_data();
+    void theEditorSurvivesTheEnd();
+    void theEditorRunsWithoutMayaLocation();
     void batchSessionsNeedNoDisplay();
     void optionVariablesSurvive();
     void quitJobsRunBeforeTheEnd();
@@ -55,6 +60,10 @@ private slots:
 private:
     QStringList complete(const QStringList &options) const;
     Run run(const QStringList &options) const;
+    // With the default plug-in, and every message in the lines.
+    Run runWithEditor(
+        const QStringList &options,
+        const QProcessEnvironment &environment = QProcessEnvironment::systemEnvironment()) const;
 
     ScratchDir m_user;
 };
@@ -69,6 +78,16 @@ Run TestProgram::run(const QStringList &options) const
 {
     QProcess process;
     process.start(STANDIN_PROGRAM, complete(options));
+    return finished(process);
+}
+
+Run TestProgram::runWithEditor(const QStringList &options,
+                               const QProcessEnvironment &environment) const
+{
+    QProcess process;
+    process.setProcessEnvironment(environment);
+    process.start(STANDIN_PROGRAM, QStringList() << "--log"
+                                                 << "--user-dir" << m_user.path() << options);
     return finished(process);
 }
 
@@ -147,13 +166,76 @@ void TestProgram::filesAreRun()
 
 void TestProgram::userSetupRunsFirst()
 {
-    const QString file = m_user.write("scripts/userSetup.mel", "global int $fromSetup = 8;");
+    const QString file = m_user.write("scripts/userSetup.mel",
+                                      "global string $gMainWindowMenu;\n"
+                                      "global int $fromSetup = 8; print(size($gMainWindowMenu));"
+                                      "evalDeferred(\"print $gMainWindowMenu\");");
     const Run made = run(QStringList() << "--log"
                                        << "--mel"
                                        << "global int $fromSetup; print $fromSetup;"
                                        << "--quit");
     QFile::remove(file);
-    QCOMPARE(made.lines.filter("display"), QStringList() << "display\t8");
+    QCOMPARE(made.lines.filter("display"), QStringList() << "display\t0"
+                                                         << "display\tmainWindowMenu"
+                                                         << "display\t8");
+    QCOMPARE(made.lines.filter("history").size(), 1);
+}
+
+void TestProgram::optionsOfQtAreNotTaken()
+{
+    const Run made = run(QStringList() << "--plugin" << TEST_PLUGIN_FOLDER "/good.so"
+                                       << "--log"
+                                       << "--mel"
+                                       << "testCommand"
+                                       << "--quit");
+    QVERIFY(made.lines.contains("result\t0::"));
+    QVERIFY2(!made.complaints.contains("plugin for spec"), qPrintable(made.complaints));
+}
+
+void TestProgram::theDefaultPlugInCanBeLoadedAgain()
+{
+    const Run made = runWithEditor(QStringList() << "--mel"
+                                                 << "unloadPlugin corvaneEditor;"
+                                                 << "--mel"
+                                                 << "loadPlugin corvaneEditor; corvaneEditor;"
+                                                 << "--quit");
+    QCOMPARE(made.lines.filter("error"), QStringList());
+    QCOMPARE(made.status, 0);
+}
+
+void TestProgram::theEditorSurvivesTheEnd_data()
+{
+    QTest::addColumn<QString>("option");
+    QTest::newRow("unloaded") << "--log";
+    QTest::newRow("still-loaded") << "--keep-plugins";
+}
+
+void TestProgram::theEditorSurvivesTheEnd()
+{
+    QFETCH(QString, option);
+    const QString settings = m_user.file("prefs/corvaneEditor.ini");
+    QFile::remove(settings);
+    const QString file = m_user.write("script.mel", "print 5;\n");
+    const Run made = runWithEditor(QStringList() << option << "--open" << file << "--execute"
+                                                 << "--print-output"
+                                                 << "--quit");
+    QCOMPARE(made.status, 0);
+    QVERIFY(made.lines.join("\n").contains("print 5;"));
+    QVERIFY(QFile::exists(settings)); // the quit job has run
+}
+
+// Whoever asks for the icon folder is told that there is none; nothing else suffers.
+void TestProgram::theEditorRunsWithoutMayaLocation()
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("MAYA_LOCATION", "");
+    const Run made = runWithEditor(QStringList() << "--mel"
+                                                 << "corvaneEditor; getenv MAYA_LOCATION"
+                                                 << "--quit",
+                                   environment);
+    QVERIFY(made.lines.contains("result\t"));
+    QCOMPARE(made.lines.filter("error"), QStringList());
+    QCOMPARE(made.status, 0);
 }
 
 void TestProgram::batchSessionsNeedNoDisplay()
