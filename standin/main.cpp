@@ -9,11 +9,12 @@
 #include <QTimer>
 
 #include <cstdio>
+#include <cstdlib>
 #include <memory>
 
 namespace {
 
-// Without the program's name; taken before Qt removes the options it knows itself.
+// Without the program's name.
 QStringList arguments(int argc, char **argv)
 {
     QStringList list;
@@ -22,11 +23,14 @@ QStringList arguments(int argc, char **argv)
     return list;
 }
 
-std::unique_ptr<QCoreApplication> newApplication(bool batch, int &argc, char **argv)
+// Qt gets the program's name alone, for it would take options of its own, --plugin among them,
+// wherever they stand.
+std::unique_ptr<QCoreApplication> newApplication(bool batch, char **argv)
 {
+    static int count = 1; // Qt keeps the reference
     if (batch)
-        return std::make_unique<QCoreApplication>(argc, argv);
-    auto application = std::make_unique<QApplication>(argc, argv);
+        return std::make_unique<QCoreApplication>(count, argv);
+    auto application = std::make_unique<QApplication>(count, argv);
     standin::applyTheme(*application);
     // The session decides when to leave; closing the editor's window is no reason.
     application->setQuitOnLastWindowClosed(false);
@@ -56,8 +60,9 @@ int main(int argc, char **argv)
                      standin::usageText().toUtf8().constData());
         return 2;
     }
-    const std::unique_ptr<QCoreApplication> application = newApplication(options.batch, argc, argv);
-    if (qgetenv("MAYA_LOCATION").isEmpty())
+    const std::unique_ptr<QCoreApplication> application = newApplication(options.batch, argv);
+    // Deliberate: set but empty, it stays so, to see what plug-ins do without it.
+    if (!std::getenv("MAYA_LOCATION"))
         qputenv("MAYA_LOCATION", standin::programRoot().toLocal8Bit());
     return run(options);
 }
