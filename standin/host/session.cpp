@@ -215,7 +215,14 @@ void Session::quit()
         plugins().unloadAll();
     // What the plug-ins have queued to tidy up after them; bounded, for work may queue itself.
     idleQueue().processUntilEmpty(100);
+    saveUserFiles();
+}
+
+void Session::saveUserFiles()
+{
     optionVars().save();
+    if (interfaceLookup() && mel().hasProcedure("saveAllShelves"))
+        executeMel("global string $gShelfTopLevel; saveAllShelves($gShelfTopLevel);", false);
 }
 
 // Through the event loop: a script that quits is running, and may have come from a plug-in whose

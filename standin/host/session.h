@@ -117,6 +117,8 @@ private slots:
 private:
     struct Parts;
 
+    void saveUserFiles();
+
     std::unique_ptr<Parts> m_parts;
 };
 

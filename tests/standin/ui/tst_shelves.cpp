@@ -27,6 +27,7 @@ private slots:
     void aScriptOnTheShelfRuns();
     void buttonsSurviveARestart();
     void newTabsSurviveARestart();
+    void shelvesAreSavedAtTheEnd();
     void deletedTabsDoNot();
     void theShelfInFrontGetsTheButton();
 };
@@ -71,6 +72,16 @@ void TestShelves::newTabsSurviveARestart()
     QCOMPARE(session.answer("shelfTabLayout -q -childArray $gShelfTopLevel"),
              QString("Polygons Custom Mine"));
     QCOMPARE(session.session().takeMessages(), QStringList());
+}
+
+void TestShelves::shelvesAreSavedAtTheEnd()
+{
+    UiSession session;
+    session.session().run("addNewShelfTab Mine;");
+    session.session()->quit();
+    session.restart();
+    QCOMPARE(session.answer("shelfTabLayout -q -childArray $gShelfTopLevel"),
+             QString("Polygons Custom Mine"));
 }
 
 void TestShelves::deletedTabsDoNot()
