@@ -6,6 +6,9 @@
 #include "standin/ui/userinterface.h"
 #include "standin/ui/utf8.h"
 
+#include <maya/MGlobal.h>
+#include <maya/MQtUtil.h>
+
 #include <QApplication>
 #include <QWidget>
 
@@ -25,15 +28,16 @@ Value openScriptEditor(UserInterface &ui, const mel::Call &)
 // Opens no browser: the page is named in the help line.
 Value showHelp(UserInterface &ui, const mel::Call &call)
 {
-    static const char documentationRoot[] =
-        "https://help.autodesk.com/cloudhelp/2016/ENU/Maya-Tech-Docs/";
+    const QString documentationRoot = "https://help.autodesk.com/cloudhelp/" +
+                                      MQtUtil::toQString(MGlobal::mayaVersion()) +
+                                      "/ENU/Maya-Tech-Docs/";
     const QString page = toQt(call.objects.empty() ? "index.html" : call.objectText(0));
     if (call.isSet("absolute"))
         ui.showDocumentation(page);
     else if (call.isSet("docs") || call.objects.empty())
         ui.showDocumentation(documentationRoot + page);
     else
-        ui.showDocumentation(QString(documentationRoot) + "index.html?topic=" + page);
+        ui.showDocumentation(documentationRoot + "index.html?topic=" + page);
     return {};
 }
 

@@ -4,6 +4,9 @@
 #include "standin/ui/commandline.h"
 #include "standin/ui/viewport.h"
 
+#include <maya/MGlobal.h>
+#include <maya/MQtUtil.h>
+
 #include <QCloseEvent>
 #include <QLineEdit>
 #include <QMenuBar>
@@ -25,7 +28,7 @@ int shelfHeight(const QFontMetrics &metrics)
 
 MainWindow::MainWindow() : m_shelf(new QTabWidget), m_commandLine(new CommandLine)
 {
-    setWindowTitle("Maya Stand-in 2016");
+    setWindowTitle("Maya Stand-in " + MQtUtil::toQString(MGlobal::mayaVersion()));
     resize(1120, 720);
     m_shelf->setFixedHeight(shelfHeight(fontMetrics()));
     m_shelf->setDocumentMode(true);

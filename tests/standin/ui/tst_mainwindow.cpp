@@ -4,6 +4,8 @@
 #include "tests/standin/ui/uisession.h"
 #include "tests/support/testmain.h"
 
+#include <maya/MTypes.h>
+
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QSignalSpy>
@@ -16,6 +18,7 @@ class TestMainWindow : public QObject
 
 private slots:
     void menusStandInTheUsualOrder();
+    void theTitleTellsTheRelease();
     void theCommandLineRunsWhatIsEntered();
     void theCommandLineRemembers();
     void theCommandLineSwitchesItsLanguage();
@@ -32,6 +35,15 @@ void TestMainWindow::menusStandInTheUsualOrder()
     for (const QAction *action : session.ui().window().menuBar()->actions())
         titles << action->text();
     QCOMPARE(titles.join(" "), QString("File Edit Create Select Modify Display Windows Help"));
+}
+
+void TestMainWindow::theTitleTellsTheRelease()
+{
+    UiSession session;
+    const QString release = QString::number(MAYA_API_VERSION).left(4);
+    QCOMPARE(session.ui().window().windowTitle(), "Maya Stand-in " + release);
+    session.session().run("showHelp");
+    QVERIFY(session.ui().lastDocumentation().contains("/" + release + "/"));
 }
 
 void TestMainWindow::theCommandLineRunsWhatIsEntered()
