@@ -11,8 +11,16 @@ import types
 PACKAGE_PATH = '<maya package>'
 
 
+def folder_of(package):
+    """What stands for the folder of a package, as no other package has it."""
+    return '/'.join([PACKAGE_PATH] + package.split('.')[1:])
+
+
 class Importer(object):
-    """Imports the modules that are part of the program, and lists them for pkgutil."""
+    """Imports the modules that are part of the program, and lists those of a package for pkgutil."""
+
+    def __init__(self, package='maya'):
+        self.package = package
 
     # Python 3
 
@@ -22,7 +30,7 @@ class Importer(object):
         from importlib.machinery import ModuleSpec
         spec = ModuleSpec(name, self, origin=self._origin(name), is_package=self.is_package(name))
         if self.is_package(name):
-            spec.submodule_search_locations = [PACKAGE_PATH]
+            spec.submodule_search_locations = [folder_of(name)]
         return spec
 
     def create_module(self, spec):
@@ -41,7 +49,7 @@ class Importer(object):
             module = sys.modules[name] = types.ModuleType(name)
             module.__loader__ = self
             if self.is_package(name):
-                module.__path__ = [PACKAGE_PATH]
+                module.__path__ = [folder_of(name)]
             eval(self.get_code(name), module.__dict__)
         return sys.modules[name]
 
@@ -57,18 +65,19 @@ class Importer(object):
         return compile(self.get_source(name), self._origin(name), 'exec', 0, True)
 
     def _origin(self, name):
-        return '%s/%s.py' % (PACKAGE_PATH, name.partition('.')[2] or '__init__')
+        return folder_of(name) + ('/__init__.py' if self.is_package(name) else '.py')
 
     def __call__(self, path):
         """As a path hook."""
-        if path != PACKAGE_PATH:
-            raise ImportError(path)
-        return self
+        for name in sources:
+            if self.is_package(name) and folder_of(name) == path:
+                return Importer(name)
+        raise ImportError(path)
 
     def iter_modules(self, prefix=''):
         for name in sorted(sources):
             parent, _, child = name.rpartition('.')
-            if parent == 'maya':
+            if parent == self.package:
                 yield prefix + child, self.is_package(name)
 
 
