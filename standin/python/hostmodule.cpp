@@ -3,6 +3,7 @@
 
 #include "standin/python/commandfunctions.h"
 #include "standin/python/exceptiontext.h"
+#include "standin/python/globalfunctions.h"
 #include "standin/python/hostbinding.h"
 #include "standin/python/pycompat.h"
 #include "standin/python/values.h"
@@ -13,17 +14,6 @@ namespace {
 PyObject *none()
 {
     return PyRef::borrowed(Py_None).release();
-}
-
-// The one argument of a function, which must be text.
-bool readText(PyObject *argument, std::string &text)
-{
-    if (!isText(argument)) {
-        PyErr_Format(PyExc_TypeError, "argument must be str, not %s", Py_TYPE(argument)->tp_name);
-        return false;
-    }
-    text = toUtf8(argument);
-    return true;
 }
 
 PyObject *outcomeObject(const mel::Outcome &outcome, const std::string &errorPrefix)
@@ -75,47 +65,14 @@ PyObject *evalMel(PyObject *, PyObject *argument)
     return outcomeObject(outcome, "Error occurred during execution of MEL script\n");
 }
 
-// executeMel(text, display)
-PyObject *executeMel(PyObject *, PyObject *arguments)
+// executeOnIdle(text): Python, from any thread
+PyObject *executeOnIdle(PyObject *, PyObject *argument)
 {
-    PyObject *object = nullptr;
-    int display = 0;
     std::string text;
-    HostBinding *binding = bindingOnMainThread();
-    mel::Outcome outcome;
-    if (!binding || !PyArg_ParseTuple(arguments, "Oi:executeMel", &object, &display) ||
-        !readText(object, text) ||
-        !callHost([&] { outcome = binding->host.executeMel(text, display != 0); }))
+    if (!readText(argument, text))
         return nullptr;
-    return outcomeObject(outcome, {});
-}
-
-PyObject *sourceFile(PyObject *, PyObject *argument)
-{
-    std::string path;
-    HostBinding *binding = bindingOnMainThread();
-    mel::Outcome outcome;
-    if (!binding || !readText(argument, path) ||
-        !callHost([&] { outcome = binding->host.sourceFile(path); }))
-        return nullptr;
-    return outcomeObject(outcome, {});
-}
-
-// executeOnIdle(text, isPython): from any thread
-PyObject *executeOnIdle(PyObject *, PyObject *arguments)
-{
-    PyObject *object = nullptr;
-    int isPython = 0;
-    std::string text;
-    if (!PyArg_ParseTuple(arguments, "Oi:executeOnIdle", &object, &isPython) ||
-        !readText(object, text))
-        return nullptr;
-    if (HostBinding *binding = HostBinding::current()) {
-        if (isPython)
-            binding->host.executePythonOnIdle(text, false);
-        else
-            binding->host.executeMelOnIdle(text, false);
-    }
+    if (HostBinding *binding = HostBinding::current())
+        binding->host.executePythonOnIdle(text, false);
     return none();
 }
 
@@ -200,9 +157,7 @@ PyMethodDef functions[] = {
     {"message", message, METH_VARARGS, nullptr},
     {"reportException", reportException, METH_VARARGS, nullptr},
     {"eval", evalMel, METH_O, "Runs MEL text and returns the value of its last statement."},
-    {"executeMel", executeMel, METH_VARARGS, nullptr},
-    {"sourceFile", sourceFile, METH_O, nullptr},
-    {"executeOnIdle", executeOnIdle, METH_VARARGS, nullptr},
+    {"executeOnIdle", executeOnIdle, METH_O, nullptr},
     {"processIdle", processIdle, METH_NOARGS, nullptr},
     {"isBatch", isBatch, METH_NOARGS, nullptr},
     {"isMainThread", isMainThread, METH_NOARGS, nullptr},
@@ -216,7 +171,8 @@ PyMethodDef functions[] = {
 
 bool addHostModule()
 {
-    return addBuiltinModule("_standin", functions) != nullptr;
+    PyObject *module = addBuiltinModule("_standin", functions);
+    return module && addGlobalFunctions(module);
 }
 
 } // namespace standin

@@ -133,6 +133,16 @@ PyRef toPython(const mel::Value &value)
     return std::visit(ToPython(), value);
 }
 
+bool readText(PyObject *argument, std::string &text)
+{
+    if (!isText(argument)) {
+        PyErr_Format(PyExc_TypeError, "argument must be str, not %s", Py_TYPE(argument)->tp_name);
+        return false;
+    }
+    text = toUtf8(argument);
+    return true;
+}
+
 PyRef textObject(const std::string &utf8)
 {
     return PyRef(

@@ -16,6 +16,8 @@ PyRef toPython(const mel::Value &value);
 // Lone surrogates and other characters without a UTF-8 form become escapes.
 std::string toUtf8(PyObject *text);
 PyRef textObject(const std::string &utf8);
+// A function's argument that must be text; false with a TypeError set when it is none.
+bool readText(PyObject *argument, std::string &text);
 
 // str() of an object as UTF-8; none when its __str__ fails.
 std::optional<std::string> strText(PyObject *object);

@@ -24,7 +24,7 @@ def executeDeferred(textOrCallable, *args, **kwargs):
     if callable(textOrCallable):
         _queue(textOrCallable, args, kwargs)
     else:
-        _standin.executeOnIdle(textOrCallable, True)
+        _standin.executeOnIdle(textOrCallable)
 
 
 def executeInMainThreadWithResult(textOrCallable, *args, **kwargs):
@@ -68,7 +68,7 @@ class _WaitedCall(object):
 def _queue(*call):
     # One entry of the host's queue per call keeps the order among calls and texts.
     _waitingCalls.append(call)
-    _standin.executeOnIdle("__import__('maya.utils').utils._runWaitingCall()", True)
+    _standin.executeOnIdle("__import__('maya.utils').utils._runWaitingCall()")
 
 
 def _runWaitingCall():

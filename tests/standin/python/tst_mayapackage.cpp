@@ -72,6 +72,8 @@ private slots:
     void everyModuleCanBeImported();
     void modulesAreListed();
     void globalSendsMessages();
+    void failuresOfGlobalAreAtTheCall_data();
+    void failuresOfGlobalAreAtTheCall();
 
 private:
     void addCommand(const mel::Command &command)
@@ -352,6 +354,12 @@ void TestMayaPackage::modulesAreListed()
     QCOMPARE(value("' '.join(m[1] for m in pkgutil.iter_modules(maya.__path__, 'maya.'))"),
              QString("maya.OpenMaya maya.OpenMayaAnim maya.OpenMayaFX maya.OpenMayaMPx "
                      "maya.OpenMayaRender maya.OpenMayaUI maya.api maya.cmds maya.mel maya.utils"));
+    QCOMPARE(value("' '.join(m[1] for m in pkgutil.iter_modules(maya.api.__path__))"),
+             QString("OpenMaya OpenMayaAnim OpenMayaRender OpenMayaUI"));
+    QCOMPARE(value("' '.join(m[1] for m in pkgutil.walk_packages(maya.__path__, 'maya.')"
+                   " if m[1].startswith('maya.a'))"),
+             QString("maya.api maya.api.OpenMaya maya.api.OpenMayaAnim maya.api.OpenMayaRender "
+                     "maya.api.OpenMayaUI"));
     QCOMPARE(value("__import__('inspect').getsource(utils.processIdleEvents).split('\\n')[0]"),
              QString("def processIdleEvents():"));
 }
@@ -366,6 +374,29 @@ void TestMayaPackage::globalSendsMessages()
                                                           << "warning|w"
                                                           << "error|e");
     QCOMPARE(value("MGlobal.executeCommandStringResult('1 + 2')"), QString("3"));
+    QCOMPARE(value("MGlobal.executeCommand('1 + 2', undoEnabled=True)"), QString("None"));
+}
+
+void TestMayaPackage::failuresOfGlobalAreAtTheCall_data()
+{
+    QTest::addColumn<QString>("call");
+    QTest::newRow("failing-mel") << "executeCommand('noSuchThing')";
+    QTest::newRow("failing-mel-with-result") << "executeCommandStringResult('noSuchThing')";
+    QTest::newRow("missing-file") << "sourceFile('/no/such.mel')";
+    QTest::newRow("no-text") << "displayInfo(1)";
+}
+
+// Neither as the place nor in the trace may a file of the package show.
+void TestMayaPackage::failuresOfGlobalAreAtTheCall()
+{
+    QFETCH(QString, call);
+    for (bool stackTrace : {false, true}) {
+        m_python->host.interpreter.settings().stackTrace = stackTrace;
+        QVERIFY(!m_python->run("import maya.OpenMaya as om\nom.MGlobal." + call).ok);
+        const QString message = m_python->host.takeMessages().last();
+        QVERIFY2(message.contains("<maya console>") && !message.contains("<maya package>"),
+                 qPrintable(message));
+    }
 }
 
 CORVANE_TEST_MAIN(TestMayaPackage)

@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "standin/python/pyref.h"
+
+namespace standin {
+
+// Adds what maya.OpenMaya.MGlobal consists of: displayInfo, executeCommand and so on. False with an
+// exception set when that fails.
+bool addGlobalFunctions(PyObject *module);
+
+} // namespace standin
