@@ -6,9 +6,12 @@
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
-#include <QPointer>
+#include <QTimer>
 
 namespace {
+
+const int interval = 5; // ms
+const int maximumAttempts = 2000;
 
 QString plainText(const QAbstractButton *button)
 {
@@ -19,24 +22,32 @@ QString plainText(const QAbstractButton *button)
 
 ModalAnswer::ModalAnswer(const QString &button) : m_button(button)
 {
-    connect(&m_timer, SIGNAL(timeout()), SLOT(answer()));
-    m_timer.start(5);
+    QTimer::singleShot(interval, this, SLOT(answer()));
 }
 
 void ModalAnswer::answer()
 {
+    if (wasAsked() && !m_dialog)
+        return;
+    // Before the click, which may well open another dialog.
+    QTimer::singleShot(interval, this, SLOT(answer()));
     QDialog *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
     if (!dialog)
         return;
-    m_timer.stop();
-    readDialog(dialog);
-    if (!m_input.isEmpty())
-        enterInput(dialog);
-    const QPointer<QDialog> pressed = dialog;
-    press(dialog);
-    // A file dialog enables its button only once it has read the folder.
-    if (pressed && pressed->isVisible())
-        m_timer.start(5);
+    if (!m_dialog) {
+        m_dialog = dialog;
+        readDialog(dialog);
+        if (!m_input.isEmpty())
+            enterInput(dialog);
+    }
+    // A file dialog enables its button only once it has read the folder; one that never does, or
+    // complains in a box of its own, fails the test instead of holding it up.
+    if (dialog != m_dialog || ++m_attempts > maximumAttempts)
+        dialog->reject();
+    else
+        press(dialog);
+    if (m_dialog && !m_dialog->isVisible())
+        m_dialog = nullptr;
 }
 
 void ModalAnswer::readDialog(QDialog *dialog)

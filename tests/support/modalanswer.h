@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QDialog>
 #include <QObject>
+#include <QPointer>
 #include <QString>
 #include <QStringList>
-#include <QTimer>
-
-class QDialog;
 
 // Answers the next modal dialog that a test's call opens, and keeps what the dialog said. To be
 // made before the call; a dialog that never comes leaves wasAsked() false.
@@ -41,5 +40,6 @@ private:
     QString m_title;
     QString m_text;
     QStringList m_buttons;
-    QTimer m_timer;
+    QPointer<QDialog> m_dialog; // null before and after it
+    int m_attempts = 0;
 };
