@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "bridge/mayainterface.h"
 
+#include "bridge/melcatalogue.h"
 #include "bridge/meltext.h"
 
 #include <maya/MCommonSystemUtils.h>
 #include <maya/MGlobal.h>
 #include <maya/MQtUtil.h>
 #include <maya/MString.h>
-
-#include <algorithm>
 
 namespace {
 
@@ -134,17 +133,11 @@ void MayaInterface::scriptToShelf(const QString &label, const QString &script, b
     MGlobal::executeCommandOnIdle(MQtUtil::toMString(call), false);
 }
 
-void MayaInterface::setMelCommands(const QStringList &commands)
-{
-    m_melCommands = commands;
-    m_melCommands.sort();
-}
-
 void MayaInterface::commandHelp(const QString &command, bool python)
 {
     QString page = QLatin1String("index.html");
     if (!command.isEmpty()) {
-        if (!std::binary_search(m_melCommands.constBegin(), m_melCommands.constEnd(), command)) {
+        if (!isMelCommand(command)) {
             showError(QLatin1String("Command not found: ") + command);
             return;
         }

@@ -3,7 +3,6 @@
 
 #include <QObject>
 #include <QString>
-#include <QStringList>
 
 // The editor's footholds in Maya's own interface: a menu item, the Script Editor button of the
 // command line, shelf buttons and documentation pages. One instance, owned by the plug-in.
@@ -20,9 +19,6 @@ public:
     void removeMenuItem();
 
     void restoreScriptEditorButton();
-
-    // The commands that have a documentation page of their own.
-    void setMelCommands(const QStringList &commands);
 
     // Maya's Script Editor history of the session so far; empty when Maya does not tell.
     QString currentTrace() const;
@@ -48,5 +44,4 @@ private:
 
     QString m_menuItemPath;       // empty: no item
     QString m_scriptEditorButton; // empty: not taken over
-    QStringList m_melCommands;    // sorted
 };

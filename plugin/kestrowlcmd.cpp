@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "plugin/kestrowlcmd.h"
 
+#include "bridge/melcatalogue.h"
 #include "mainwindow/kestrowl.h"
 #include "plugin/commandoutput.h"
 #include "plugin/editorinstance.h"
@@ -79,6 +80,7 @@ void applyInitialStates()
 
 void createEditor()
 {
+    loadMelCatalogue();
     createWindow();
     if (preferences().pythonImportPyMelOnLoad)
         MGlobal::executePythonCommand("import pymel.core");

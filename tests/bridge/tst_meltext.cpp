@@ -22,14 +22,17 @@ QString throughMel(const QString &text)
     SilentHost host;
     mel::Interpreter interpreter(host);
     const QByteArray code = (QLatin1String("string $s = ") + quotedForMel(text)).toUtf8();
-    const mel::Outcome outcome = interpreter.execute(std::string(code.constData(), size_t(code.size())));
+    const mel::Outcome outcome =
+        interpreter.execute(std::string(code.constData(), size_t(code.size())));
     const std::string *value = std::get_if<std::string>(&outcome.value);
-    return value ? QString::fromUtf8(value->data(), int(value->size())) : QLatin1String("no string");
+    return value ? QString::fromUtf8(value->data(), int(value->size()))
+                 : QLatin1String("no string");
 }
 
 QString randomText()
 {
-    static const QString alphabet = QString::fromUtf8("\"\\`$'n\n\t;{}()%1 a#/*\xc3\xa4\xe2\x82\xac");
+    static const QString alphabet =
+        QString::fromUtf8("\"\\`$'n\n\t;{}()%1 a#/*\xc3\xa4\xe2\x82\xac");
     QString text;
     for (int i = std::rand() % 30; i > 0; --i)
         text += alphabet.at(std::rand() % int(alphabet.size()));
@@ -54,10 +57,14 @@ void MelTextTest::literalsAreWrittenAsMelReadsThem_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("literal");
 
-    QTest::newRow("empty") << "" << "\"\"";
-    QTest::newRow("quotes") << "say \"x\"" << "\"say \\\"x\\\"\"";
-    QTest::newRow("backslash-before-n") << "C:\\new" << "\"C:\\\\new\"";
-    QTest::newRow("line-break") << "a\nb" << "\"a\\nb\"";
+    QTest::newRow("empty") << ""
+                           << "\"\"";
+    QTest::newRow("quotes") << "say \"x\""
+                            << "\"say \\\"x\\\"\"";
+    QTest::newRow("backslash-before-n") << "C:\\new"
+                                        << "\"C:\\\\new\"";
+    QTest::newRow("line-break") << "a\nb"
+                                << "\"a\\nb\"";
 }
 
 void MelTextTest::literalsAreWrittenAsMelReadsThem()
@@ -77,7 +84,9 @@ void MelTextTest::hostileTextArrivesUnchanged()
 
 void MelTextTest::paragraphSeparatorsBecomeLineBreaks()
 {
-    QCOMPARE(throughMel(QString::fromUtf8("a\xe2\x80\xa9" "b")), QString::fromLatin1("a\nb"));
+    QCOMPARE(throughMel(QString::fromUtf8("a\xe2\x80\xa9"
+                                          "b")),
+             QString::fromLatin1("a\nb"));
 }
 
 CORVANE_TEST_MAIN(MelTextTest)

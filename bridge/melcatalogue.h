@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+// Which words Maya knows. All of it is process-wide, filled by loadMelCatalogue(), kept until the
+// plug-in is unloaded, and used on the GUI thread only; melNameTable() belongs to it.
+#pragma once
+
+#include <maya/MStringArray.h>
+
+#include <QString>
+#include <QStringList>
+
+class QStandardItemModel;
+
+// As Maya returned them: an element is empty for each name before it that is of another kind.
+MStringArray &melCommands();
+MStringArray &melRuntimeCommands();
+MStringArray &melProcedures();
+
+// Commands, then runtime commands, one item each, empty ones too.
+QStandardItemModel &melCommandModel();
+
+// Asks Maya anew. A query that fails leaves its kind out.
+void loadMelCatalogue();
+
+// Exactly this name, compiled commands only.
+bool isMelCommand(const QString &name);
+
+// Three texts for each flag: short name, long name, first argument. Empty for anything that is not
+// a compiled command.
+QStringList commandFlags(const QString &command);
