@@ -289,14 +289,18 @@ void EdCentralWidget::focusBuffer(int bufferIndex)
 
 void EdCentralWidget::updateFontAndColors()
 {
-    if (m_view)
-        m_view->codeEdit()->applyFontAndColors();
+    if (!m_view)
+        return;
+    m_view->codeEdit()->applyFontAndColors();
+    m_view->highlightAgain();
 }
 
 void EdCentralWidget::updateHiddenCharacters()
 {
-    if (m_view)
-        m_view->codeEdit()->applyTextOption();
+    if (!m_view)
+        return;
+    m_view->codeEdit()->applyTextOption();
+    m_view->highlightAgain();
 }
 
 void EdCentralWidget::mouseDoubleClickEvent(QMouseEvent *event)

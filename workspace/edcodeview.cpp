@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "workspace/edcodeview.h"
 
+#include "editor/edhighlighter.h"
 #include "workspace/plaincodeedit.h"
 
 #include <QApplication>
@@ -23,9 +24,9 @@ int languageOfFile(const QFileInfo &info)
 } // namespace
 
 EdCodeView::EdCodeView(int bufferIndex, int language, QWidget *parent)
-    : QWidget(parent), m_codeEdit(new PlainCodeEdit(this)), m_bufferIndex(bufferIndex),
-      m_language(language)
+    : QWidget(parent), m_codeEdit(new PlainCodeEdit(this)), m_bufferIndex(bufferIndex)
 {
+    setLanguage(language);
     QVBoxLayout *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_codeEdit);
@@ -35,6 +36,30 @@ EdCodeView::EdCodeView(int bufferIndex, int language, QWidget *parent)
     connect(m_codeEdit, SIGNAL(selectionChanged()), SIGNAL(cursorStatusChanged()));
     connect(m_codeEdit, SIGNAL(overwriteModeChanged()), SIGNAL(overwriteModeChanged()));
     connect(m_codeEdit, SIGNAL(fileDropped(QString)), SIGNAL(fileDropped(QString)));
+}
+
+EdCodeView::~EdCodeView() = default;
+
+void EdCodeView::setLanguage(int language)
+{
+    if (language == m_language)
+        return;
+    m_language = language;
+    m_highlighter.reset();
+    if (language == Mel)
+        m_highlighter = std::make_unique<EdHighlighterMel>(m_codeEdit->document());
+    else if (language == Python)
+        m_highlighter = std::make_unique<EdHighlighterPython>(m_codeEdit->document());
+    if (m_highlighter)
+        m_highlighter->rehighlight();
+}
+
+void EdCodeView::highlightAgain()
+{
+    if (!m_highlighter)
+        return;
+    m_highlighter->readFormats();
+    m_highlighter->rehighlight();
 }
 
 bool EdCodeView::load(const QFileInfo &info)
@@ -48,7 +73,7 @@ bool EdCodeView::load(const QFileInfo &info)
     }
     m_bufferIndex = -1;
     m_fileInfo = info;
-    m_language = languageOfFile(info);
+    setLanguage(languageOfFile(info));
     m_codeEdit->setPlainText(m_fileFormat.text);
     m_codeEdit->document()->setModified(false);
     return true;
@@ -68,7 +93,7 @@ bool EdCodeView::write(const QString &path)
     }
     m_bufferIndex = -1;
     m_fileInfo = QFileInfo(path);
-    m_language = languageOfFile(m_fileInfo);
+    setLanguage(languageOfFile(m_fileInfo));
     m_codeEdit->document()->setModified(false);
     return true;
 }
@@ -87,7 +112,7 @@ void EdCodeView::rename(const QString &newName)
     if (!QFile::rename(oldPath, newPath))
         return;
     m_fileInfo = QFileInfo(newPath);
-    m_language = languageOfFile(m_fileInfo);
+    setLanguage(languageOfFile(m_fileInfo));
     emit fileRenamed(oldPath, newPath);
 }
 

@@ -6,6 +6,9 @@
 #include <QFileInfo>
 #include <QWidget>
 
+#include <memory>
+
+class EdHighlighter;
 class PlainCodeEdit;
 
 // One open document: its text widget, the file behind it, and its language. A buffer is a document
@@ -19,6 +22,7 @@ public:
     enum Language { Text = 0, Python = 1, Mel = 2 };
 
     EdCodeView(int bufferIndex, int language, QWidget *parent = nullptr);
+    ~EdCodeView() override;
 
     // Replaces the document by the file's. A file that cannot be read is reported to the user and
     // leaves the document as it was; the result is false.
@@ -34,6 +38,8 @@ public:
     bool isBuffer() const { return m_bufferIndex >= 0; }
     bool isModified() const;
     int language() const { return m_language; }
+    // Takes colours and the marks of white space from the preferences.
+    void highlightAgain();
     // The whole text, lines ending in "\n".
     QString text() const;
     // The selection as the text widget reports it: U+2029 between lines.
@@ -56,9 +62,12 @@ signals:
     void fileDropped(const QString &path);
 
 private:
+    void setLanguage(int language);
+
     PlainCodeEdit *m_codeEdit;
+    std::unique_ptr<EdHighlighter> m_highlighter; // none for plain text
     QFileInfo m_fileInfo;
     TextFile m_fileFormat;
     int m_bufferIndex;
-    int m_language;
+    int m_language = Text;
 };
