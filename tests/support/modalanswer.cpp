@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QTimer>
 
@@ -37,9 +38,9 @@ void ModalAnswer::answer()
     if (!m_dialog) {
         m_dialog = dialog;
         readDialog(dialog);
-        if (!m_input.isEmpty())
-            enterInput(dialog);
     }
+    if (!m_input.isEmpty() && dialog == m_dialog)
+        enterInput(dialog);
     // A file dialog enables its button only once it has read the folder; one that never does, or
     // complains in a box of its own, fails the test instead of holding it up.
     if (dialog != m_dialog || ++m_attempts > maximumAttempts)
@@ -68,9 +69,12 @@ void ModalAnswer::readDialog(QDialog *dialog)
 void ModalAnswer::enterInput(QDialog *dialog)
 {
     QInputDialog *input = qobject_cast<QInputDialog *>(dialog);
-    if (QFileDialog *files = qobject_cast<QFileDialog *>(dialog))
+    if (QFileDialog *files = qobject_cast<QFileDialog *>(dialog)) {
+        // Anew each time: the dialog looks for the name only when it changes.
+        if (QLineEdit *name = files->findChild<QLineEdit *>(QString::fromLatin1("fileNameEdit")))
+            name->clear();
         files->selectFile(m_input);
-    else if (input && input->inputMode() == QInputDialog::IntInput)
+    } else if (input && input->inputMode() == QInputDialog::IntInput)
         input->setIntValue(m_input.toInt());
     else if (input)
         input->setTextValue(m_input);
