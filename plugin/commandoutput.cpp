@@ -5,6 +5,8 @@
 
 #include <maya/MQtUtil.h>
 
+#include <QThread>
+
 namespace {
 
 bool outputSuppressed = false;
@@ -12,6 +14,15 @@ bool outputSuppressed = false;
 QString enclosed(const char *prefix, const QString &message)
 {
     return QLatin1String(prefix) + message + QLatin1String(" //\n");
+}
+
+// Maya prints from whatever thread a script runs in.
+void show(const QString &text, Kestrowl &window)
+{
+    const bool isHere = QThread::currentThread() == window.thread();
+    QMetaObject::invokeMethod(&window, "appendOutputText",
+                              isHere ? Qt::DirectConnection : Qt::QueuedConnection,
+                              Q_ARG(QString, text));
 }
 
 } // namespace
@@ -42,7 +53,7 @@ void commandOutputCallback(const MString &message, MCommandMessage::MessageType 
     try {
         const QString text = formatCommandOutput(MQtUtil::toQString(message), type);
         if (!text.isEmpty() && editorInstance().window)
-            editorInstance().window->appendOutputText(text);
+            show(text, *editorInstance().window);
     } catch (...) {
     }
 }

@@ -75,7 +75,7 @@ void applyInitialStates()
         preferences().defaultStateInitialized = true;
     }
     editor.window->suppressStackWindow(preferences().suppressStackWindow);
-    editor.handler->applyEchoOptionVariable();
+    MayaHandler::applyEchoOptionVariable();
 }
 
 void createEditor()
@@ -87,6 +87,8 @@ void createEditor()
     installQuitJob();
     editorInstance().handler = std::make_unique<MayaHandler>(editorInstance().window);
     connectInterface();
+    // Before the output callback is there: the history that is captured later tells of it once.
+    editorInstance().mayaInterface->overrideScriptEditorButton(preferences().overrideScriptEditor);
     applyInitialStates();
 }
 
@@ -102,7 +104,8 @@ void showWindow()
     EditorInstance &editor = editorInstance();
     if (!editor.window)
         return;
-    editor.handler->mirrorOptionVariables();
+    // Also while the editor is being started: what is imported then may run the command.
+    MayaHandler::mirrorOptionVariables(*editor.window);
     if (editor.window->isMinimized() || editor.window->isHidden()) {
         editor.window->showNormal();
     } else {
@@ -153,7 +156,6 @@ void KestrowlCmd::startup()
         createEditor();
     installOutputCallback();
     editorInstance().mayaInterface->createMenuItem();
-    editorInstance().mayaInterface->overrideScriptEditorButton(preferences().overrideScriptEditor);
     editorInstance().window->appendOutputText(editorInstance().mayaInterface->currentTrace());
 }
 

@@ -50,7 +50,7 @@ std::optional<bool> storedState(const MayaToggle &toggle)
 
 } // namespace
 
-MayaHandler::MayaHandler(Kestrowl *window) : m_window(window)
+MayaHandler::MayaHandler(Kestrowl *window)
 {
     connect(window, SIGNAL(melExecuted(QString)), SLOT(executeMel(QString)));
     connect(window, SIGNAL(pythonExecuted(QString)), SLOT(executePython(QString)));
@@ -114,18 +114,18 @@ void MayaHandler::runPython(const QString &code, bool display)
     setOutputSuppressed(false);
 }
 
-void MayaHandler::mirrorOptionVariables()
+void MayaHandler::mirrorOptionVariables(Kestrowl &window)
 {
     if (const auto echo = storedState(echoAllCommandsToggle))
-        m_window->echoAllCommands(*echo, true);
+        window.echoAllCommands(*echo, true);
     if (const auto lineNumbers = storedState(lineNumbersToggle))
-        m_window->lineNumbersInErrors(*lineNumbers, true);
+        window.lineNumbersInErrors(*lineNumbers, true);
     if (const auto stackTrace = storedState(stackTraceToggle))
-        m_window->showStackTrace(*stackTrace, true);
+        window.showStackTrace(*stackTrace, true);
 }
 
 void MayaHandler::applyEchoOptionVariable()
 {
     if (const auto echo = storedState(echoAllCommandsToggle))
-        echoAllCommands(*echo);
+        setToggle(echoAllCommandsToggle, *echo);
 }
