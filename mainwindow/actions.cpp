@@ -68,6 +68,8 @@ QAction *createAction(const ActionRow &row, QWidget *window)
 {
     QAction *action = new QAction(QString::fromUtf8(row.text), window);
     action->setObjectName(QString::fromLatin1(row.objectName));
+    // Every action stays in the menu that the table gives it, on the Mac too.
+    action->setMenuRole(QAction::NoRole);
     action->setStatusTip(QString::fromUtf8(row.tip));
     action->setCheckable(row.kind == Kind::Checkable || row.kind == Kind::Checked);
     action->setChecked(row.kind == Kind::Checked);

@@ -18,11 +18,14 @@
 #include "workspace/edexplorerview.h"
 #include "workspace/edopendocumentview.h"
 
-#include <QCloseEvent>
 #include <QDir>
 #include <QDockWidget>
+#include <QHideEvent>
 #include <QKeyEvent>
+#include <QMenu>
+#include <QMenuBar>
 #include <QSettings>
+#include <QShowEvent>
 #include <QStatusBar>
 #include <QToolBar>
 
@@ -136,9 +139,11 @@ void Kestrowl::readSettings()
 {
     QSettings settings(settingsPath(), QSettings::IniFormat);
     readPreferences(settings);
+    if (preferences().projectDir.isEmpty())
+        preferences().projectDir = m_scriptDirectory;
     applyToggles();
     updatePreferences();
-    m_explorer->setProjectDirectory(projectDirectory());
+    m_explorer->setProjectDirectory(preferences().projectDir);
 }
 
 void Kestrowl::writeSettings()
@@ -175,12 +180,6 @@ void Kestrowl::updatePreferencesAndWrite()
     writeSettings();
 }
 
-QString Kestrowl::projectDirectory() const
-{
-    const QString chosen = preferences().projectDir;
-    return chosen.isEmpty() ? m_scriptDirectory : chosen;
-}
-
 void Kestrowl::show()
 {
     QMainWindow::show();
@@ -188,11 +187,23 @@ void Kestrowl::show()
     activateWindow();
 }
 
-// The window lives until the plug-in is unloaded; closing it only puts it away.
-void Kestrowl::closeEvent(QCloseEvent *event)
+// The window lives until the plug-in is unloaded: closing it only hides it. What belongs to it but
+// is a window of its own goes and comes with it.
+void Kestrowl::hideEvent(QHideEvent *event)
 {
-    event->ignore();
-    hide();
+    QMainWindow::hideEvent(event);
+    if (event->spontaneous())
+        return;
+    for (QMenu *menu : menuBar()->findChildren<QMenu *>())
+        menu->hideTearOffMenu();
+    hideFloatingDocks();
+}
+
+void Kestrowl::showEvent(QShowEvent *event)
+{
+    QMainWindow::showEvent(event);
+    if (!event->spontaneous())
+        showFloatingDocks();
 }
 
 void Kestrowl::keyPressEvent(QKeyEvent *event)

@@ -139,7 +139,8 @@ signals:
     void scriptEditorOverrideChanged(bool enable);
 
 protected:
-    void closeEvent(QCloseEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+    void showEvent(QShowEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
@@ -153,8 +154,9 @@ private:
     void applyToggles();
     void saveBeforeExecuting();
     void setOutputVisible(bool visible);
+    void hideFloatingDocks();
+    void showFloatingDocks();
     EdCodeView *currentView() const;
-    QString projectDirectory() const;
 
     QString m_scriptDirectory;
     QString m_preferencesDirectory;
@@ -177,4 +179,6 @@ private:
     DockArray<QDockWidget *> m_docks;
     DockArray<QByteArray> m_dockGeometry;
     int m_visibleDocks = 0;
+    QList<QDockWidget *> m_docksPutAway; // floating ones, while the window is hidden
+    bool m_ignoresDocks = false;         // while they are hidden and shown with it
 };

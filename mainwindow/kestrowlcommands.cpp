@@ -88,7 +88,7 @@ void Kestrowl::saveAs()
 {
     if (!currentView())
         return;
-    const QString name = askSaveName(this, *currentView(), projectDirectory());
+    const QString name = askSaveName(this, *currentView(), preferences().projectDir);
     if (!name.isEmpty())
         m_central->saveAs(name);
 }
@@ -107,6 +107,9 @@ void Kestrowl::saveSettings()
         return;
     if (answer == SaveStateAnswer::SaveAll)
         saveAll();
+    // Saving all leaves buffers alone, but here the user has asked for them too.
+    if (answer == SaveStateAnswer::SaveAll && m_central->hasUnsavedContent())
+        save();
     writeSettings();
 }
 

@@ -96,7 +96,7 @@ void Kestrowl::editorVisibleChange(bool visible)
 
 void Kestrowl::outputViewVisibleChange(bool)
 {
-    if (isPutAway(m_docks[Dock::Output]) && isPutAway(m_central))
+    if (!m_ignoresDocks && isPutAway(m_docks[Dock::Output]) && isPutAway(m_central))
         setEditorVisible(true);
 }
 
@@ -156,8 +156,31 @@ void Kestrowl::dockLocationChange()
     saveDockWidgetGeometry();
 }
 
+void Kestrowl::hideFloatingDocks()
+{
+    m_ignoresDocks = true;
+    for (QDockWidget *dock : m_docks) {
+        if (!dock->isFloating() || dock->isHidden())
+            continue;
+        m_docksPutAway << dock;
+        dock->hide();
+    }
+    m_ignoresDocks = false;
+}
+
+void Kestrowl::showFloatingDocks()
+{
+    m_ignoresDocks = true;
+    for (QDockWidget *dock : m_docksPutAway)
+        dock->show();
+    m_docksPutAway.clear();
+    m_ignoresDocks = false;
+}
+
 void Kestrowl::updateVisibleDocks()
 {
+    if (m_ignoresDocks)
+        return;
     m_visibleDocks = visibleDockFlags(m_docks);
 }
 

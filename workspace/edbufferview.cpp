@@ -12,7 +12,7 @@ int bufferIndex(const QListWidgetItem *item)
 
 } // namespace
 
-EdBufferView::EdBufferView(QWidget *parent) : OpenList(parent)
+EdBufferView::EdBufferView(QWidget *parent) : EdOpenList(parent)
 {
     connect(this, SIGNAL(currentItemChanged(QListWidgetItem *, QListWidgetItem *)),
             SLOT(selectBuffer(QListWidgetItem *)));

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "workspace/openlist.h"
+#include "workspace/edopenlist.h"
 
 // Lists the open buffers by their index and label.
-class EdBufferView : public OpenList
+class EdBufferView : public EdOpenList
 {
     Q_OBJECT
 

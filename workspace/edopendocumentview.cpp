@@ -12,7 +12,7 @@ QString documentPath(const QListWidgetItem *item)
 
 } // namespace
 
-EdOpenDocumentView::EdOpenDocumentView(QWidget *parent) : OpenList(parent)
+EdOpenDocumentView::EdOpenDocumentView(QWidget *parent) : EdOpenList(parent)
 {
     connect(this, SIGNAL(currentItemChanged(QListWidgetItem *, QListWidgetItem *)),
             SLOT(selectDocument(QListWidgetItem *)));

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "workspace/openlist.h"
+#include "workspace/edopenlist.h"
 
 // Lists the open files by their absolute path.
-class EdOpenDocumentView : public OpenList
+class EdOpenDocumentView : public EdOpenList
 {
     Q_OBJECT
 

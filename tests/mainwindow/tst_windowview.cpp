@@ -288,6 +288,15 @@ void TestWindowView::closingHides()
     WindowFixture fixture;
     fixture.newBuffer(0, "kept");
     fixture.window.show();
+    QDockWidget *outline = fixture.window.findChild<QDockWidget *>("outlinedock");
+    outline->setFloating(true);
+    QVERIFY(outline->isVisible());
+    // Who closes all windows must not be held up.
+    QVERIFY(fixture.window.close());
+    QVERIFY(fixture.window.isHidden());
+    QVERIFY(!outline->isVisible());
+    fixture.window.show();
+    QVERIFY(outline->isVisible());
     fixture.window.closeEditor();
     QVERIFY(fixture.window.isHidden());
     fixture.window.show();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "workspace/openlist.h"
+#include "workspace/edopenlist.h"
 
 #include <QMenu>
 
@@ -15,7 +15,7 @@ void subdueSelection(QPalette *palette, QPalette::ColorGroup group)
 
 } // namespace
 
-OpenList::OpenList(QWidget *parent) : QListWidget(parent), m_focusPalette(palette())
+EdOpenList::EdOpenList(QWidget *parent) : QListWidget(parent), m_focusPalette(palette())
 {
     subdueSelection(&m_focusPalette, QPalette::Inactive);
     m_unfocusedPalette = m_focusPalette;
@@ -28,14 +28,14 @@ OpenList::OpenList(QWidget *parent) : QListWidget(parent), m_focusPalette(palett
     connect(this, SIGNAL(customContextMenuRequested(QPoint)), SLOT(contextMenu(QPoint)));
 }
 
-void OpenList::addEntry(const QString &text, const QVariant &identity, const QFileInfo &info)
+void EdOpenList::addEntry(const QString &text, const QVariant &identity, const QFileInfo &info)
 {
     QListWidgetItem *item = new QListWidgetItem(iconOf(info), text);
     item->setData(Qt::UserRole, identity);
     addItem(item);
 }
 
-void OpenList::removeEntry(const QVariant &identity)
+void EdOpenList::removeEntry(const QVariant &identity)
 {
     QListWidgetItem *item = findEntry(identity);
     if (item == m_contextItem)
@@ -43,7 +43,7 @@ void OpenList::removeEntry(const QVariant &identity)
     delete takeItem(row(item));
 }
 
-QListWidgetItem *OpenList::findEntry(const QVariant &identity) const
+QListWidgetItem *EdOpenList::findEntry(const QVariant &identity) const
 {
     for (int i = 0; i < count(); ++i) {
         if (item(i)->data(Qt::UserRole) == identity)
@@ -52,7 +52,7 @@ QListWidgetItem *OpenList::findEntry(const QVariant &identity) const
     return nullptr;
 }
 
-void OpenList::contextMenu(const QPoint &position)
+void EdOpenList::contextMenu(const QPoint &position)
 {
     m_contextItem = itemAt(position);
     if (!m_contextItem)
@@ -62,13 +62,13 @@ void OpenList::contextMenu(const QPoint &position)
     menu.exec(viewport()->mapToGlobal(position));
 }
 
-void OpenList::focusInEvent(QFocusEvent *event)
+void EdOpenList::focusInEvent(QFocusEvent *event)
 {
     setPalette(m_focusPalette);
     QListWidget::focusInEvent(event);
 }
 
-void OpenList::focusOutEvent(QFocusEvent *event)
+void EdOpenList::focusOutEvent(QFocusEvent *event)
 {
     setPalette(m_unfocusedPalette);
     QListWidget::focusOutEvent(event);

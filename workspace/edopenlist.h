@@ -10,12 +10,12 @@ class QMenu;
 
 // What the lists of buffers and of documents share: entries known by an identity rather than by
 // their text, a context menu on an entry, and a selection that looks subdued without the focus.
-class OpenList : public QListWidget
+class EdOpenList : public QListWidget
 {
     Q_OBJECT
 
 public:
-    explicit OpenList(QWidget *parent = nullptr);
+    explicit EdOpenList(QWidget *parent = nullptr);
 
 public slots:
     // Shows the menu of the entry at a position of the viewport; nothing where there is none.
