@@ -17,6 +17,8 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QDir>
+#include <QStringList>
 
 namespace {
 
@@ -36,6 +38,9 @@ QString directoryFromMaya(const char *query)
 
 void createWindow()
 {
+    // Maya's own icons are then "maya:NAME" wherever an icon is named.
+    const QString icons = editorInstance().mayaInterface->iconDirectory();
+    QDir::setSearchPaths(QLatin1String("maya"), QStringList() << icons);
     const QString scripts = directoryFromMaya("internalVar -userScriptDir");
     const QString prefs = directoryFromMaya("internalVar -userPrefDir");
     editorInstance().window = new Kestrowl(scripts, prefs, MQtUtil::mainWindow());
@@ -54,7 +59,6 @@ void installQuitJob()
 void connectInterface()
 {
     EditorInstance &editor = editorInstance();
-    editor.mayaInterface = std::make_unique<MayaInterface>();
     MayaInterface *mayaInterface = editor.mayaInterface.get();
     QObject::connect(editor.window, SIGNAL(scriptToShelfRequested(QString, QString, bool)),
                      mayaInterface, SLOT(scriptToShelf(QString, QString, bool)));
@@ -81,6 +85,7 @@ void applyInitialStates()
 void createEditor()
 {
     loadMelCatalogue();
+    editorInstance().mayaInterface = std::make_unique<MayaInterface>();
     createWindow();
     if (preferences().pythonImportPyMelOnLoad)
         MGlobal::executePythonCommand("import pymel.core");

@@ -78,6 +78,7 @@ private:
 void PluginTest::startSession(bool batch)
 {
     cleanup();
+    qputenv("MAYA_LOCATION", "/opt/maya"); // as the host's own start does
     standin::SessionOptions options;
     options.batch = batch;
     options.userDirectory =

