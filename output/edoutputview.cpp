@@ -144,7 +144,7 @@ void EdOutputView::updateExtraSelections()
     if (!document()->isEmpty()) {
         const int top = cursorForPosition(QPoint(0, 0)).position();
         const int bottom = cursorForPosition(QPoint(0, height() + regionBelow)).position();
-        OutputRegion region(*document(), std::max(0, top - regionAbove), bottom, m_ends);
+        OutputRegion region(*document(), std::max(0, top - regionAbove), bottom);
         std::vector<OutputMark> marks = region.messages();
         if (!isSelectionDragged()) {
             const auto words = region.occurrences(textCursor().selectedText());

@@ -3,7 +3,6 @@
 
 #include "output/outputbacklog.h"
 #include "output/outputmarks.h"
-#include "output/outputmarks.h"
 
 #include <QElapsedTimer>
 #include <QPlainTextEdit>
@@ -60,7 +59,6 @@ private:
     void applyTextOption();
 
     OutputBacklog m_backlog;
-    OutputEnds m_ends;
     QTimer m_frame; // running while text is gathered
     QElapsedTimer m_sinceMessage;
     QElapsedTimer m_sinceRepaint;

@@ -33,19 +33,6 @@ bool isWordCharacter(const QString &text, int index)
     return character.isLetterOrNumber() || character.isMark() || character == QLatin1Char('_');
 }
 
-QString closingMark(QChar sign)
-{
-    return QLatin1String(sign == QLatin1Char('#') ? " #" : " //");
-}
-
-// Whether the line ends in the mark and an optional blank. The last line of a document is still
-// being written.
-bool closes(const QTextBlock &line, const QString &mark)
-{
-    const QString text = line.text();
-    return (text.endsWith(mark) || text.endsWith(mark + QLatin1Char(' '))) && line.next().isValid();
-}
-
 bool isWordBorder(const QString &text, int index)
 {
     return isWordCharacter(text, index - 1) != isWordCharacter(text, index);
@@ -58,27 +45,8 @@ bool operator==(const OutputMark &a, const OutputMark &b)
     return a.start == b.start && a.end == b.end && a.category == b.category;
 }
 
-QTextBlock OutputEnds::find(const QTextDocument &document, const QTextBlock &from, QChar sign)
-{
-    if (m_revision != document.revision()) {
-        *this = OutputEnds();
-        m_revision = document.revision();
-    }
-    Found &known = sign == QLatin1Char('#') ? m_hashes : m_slashes;
-    const int first = from.blockNumber();
-    if (first >= known.from && first <= known.last)
-        return document.findBlockByNumber(known.last);
-    const QString mark = closingMark(sign);
-    QTextBlock line = from;
-    while (line.isValid() && !closes(line, mark))
-        line = line.next();
-    // There is no block of the number behind the last.
-    known = {first, line.isValid() ? line.blockNumber() : document.blockCount()};
-    return line;
-}
-
-OutputRegion::OutputRegion(const QTextDocument &document, int start, int end, OutputEnds &ends)
-    : m_document(document), m_ends(ends), m_next(document.findBlock(start))
+OutputRegion::OutputRegion(const QTextDocument &document, int start, int end)
+    : m_next(document.findBlock(start))
 {
     m_offset = m_next.position();
     m_start = start - m_offset;
@@ -125,17 +93,22 @@ void OutputRegion::addMessages(const char *marker, OutputText category,
 // Behind " //" or " #", an optional blank and the line break; -1 when the document has none.
 int OutputRegion::messageEnd(QChar sign, int from)
 {
-    const QString mark = closingMark(sign);
-    for (int found = int(m_text.indexOf(mark, from)); found >= 0;
-         found = int(m_text.indexOf(mark, found + 1))) {
-        int end = found + int(mark.size());
+    const QString closing = sign == QLatin1Char('#') ? QLatin1String(" #") : QLatin1String(" //");
+    while (true) {
+        const int found = int(m_text.indexOf(closing, from));
+        if (found < 0) {
+            from = std::max(from, int(m_text.size()) - int(closing.size()));
+            if (!extend())
+                return -1;
+            continue;
+        }
+        int end = found + int(closing.size());
         if (end < m_text.size() && m_text.at(end) == QLatin1Char(' '))
             ++end;
         if (end < m_text.size() && m_text.at(end) == QLatin1Char('\n'))
             return end + 1;
+        from = found + 1;
     }
-    const QTextBlock line = m_next.isValid() ? m_ends.find(m_document, m_next, sign) : QTextBlock();
-    return line.isValid() ? line.position() + line.length() - m_offset : -1;
 }
 
 std::vector<OutputMark> OutputRegion::occurrences(const QString &word) const

@@ -5,8 +5,6 @@
 
 #include <maya/MQtUtil.h>
 
-#include <QThread>
-
 namespace {
 
 bool outputSuppressed = false;
@@ -14,15 +12,6 @@ bool outputSuppressed = false;
 QString enclosed(const char *prefix, const QString &message)
 {
     return QLatin1String(prefix) + message + QLatin1String(" //\n");
-}
-
-// Maya prints from whatever thread a script runs in.
-void show(const QString &text, Kestrowl &window)
-{
-    const bool isHere = QThread::currentThread() == window.thread();
-    QMetaObject::invokeMethod(&window, "appendOutputText",
-                              isHere ? Qt::DirectConnection : Qt::QueuedConnection,
-                              Q_ARG(QString, text));
 }
 
 } // namespace
@@ -53,7 +42,7 @@ void commandOutputCallback(const MString &message, MCommandMessage::MessageType 
     try {
         const QString text = formatCommandOutput(MQtUtil::toQString(message), type);
         if (!text.isEmpty() && editorInstance().window)
-            show(text, *editorInstance().window);
+            editorInstance().window->appendOutputText(text);
     } catch (...) {
     }
 }

@@ -79,7 +79,7 @@ void applyInitialStates()
         preferences().defaultStateInitialized = true;
     }
     editor.window->suppressStackWindow(preferences().suppressStackWindow);
-    MayaHandler::applyEchoOptionVariable();
+    editor.handler->applyEchoOptionVariable();
 }
 
 void createEditor()
@@ -92,8 +92,6 @@ void createEditor()
     installQuitJob();
     editorInstance().handler = std::make_unique<MayaHandler>(editorInstance().window);
     connectInterface();
-    // Before the output callback is there: the history that is captured later tells of it once.
-    editorInstance().mayaInterface->overrideScriptEditorButton(preferences().overrideScriptEditor);
     applyInitialStates();
 }
 
@@ -109,8 +107,7 @@ void showWindow()
     EditorInstance &editor = editorInstance();
     if (!editor.window)
         return;
-    // Also while the editor is being started: what is imported then may run the command.
-    MayaHandler::mirrorOptionVariables(*editor.window);
+    editor.handler->mirrorOptionVariables();
     if (editor.window->isMinimized() || editor.window->isHidden()) {
         editor.window->showNormal();
     } else {
@@ -161,6 +158,7 @@ void KestrowlCmd::startup()
         createEditor();
     installOutputCallback();
     editorInstance().mayaInterface->createMenuItem();
+    editorInstance().mayaInterface->overrideScriptEditorButton(preferences().overrideScriptEditor);
     editorInstance().window->appendOutputText(editorInstance().mayaInterface->currentTrace());
 }
 

@@ -50,7 +50,7 @@ std::optional<bool> storedState(const MayaToggle &toggle)
 
 } // namespace
 
-MayaHandler::MayaHandler(Kestrowl *window)
+MayaHandler::MayaHandler(Kestrowl *window) : m_window(window)
 {
     connect(window, SIGNAL(melExecuted(QString)), SLOT(executeMel(QString)));
     connect(window, SIGNAL(pythonExecuted(QString)), SLOT(executePython(QString)));
@@ -114,18 +114,18 @@ void MayaHandler::runPython(const QString &code, bool display)
     setOutputSuppressed(false);
 }
 
-void MayaHandler::mirrorOptionVariables(Kestrowl &window)
+void MayaHandler::mirrorOptionVariables()
 {
     if (const auto echo = storedState(echoAllCommandsToggle))
-        window.echoAllCommands(*echo, true);
+        m_window->echoAllCommands(*echo, true);
     if (const auto lineNumbers = storedState(lineNumbersToggle))
-        window.lineNumbersInErrors(*lineNumbers, true);
+        m_window->lineNumbersInErrors(*lineNumbers, true);
     if (const auto stackTrace = storedState(stackTraceToggle))
-        window.showStackTrace(*stackTrace, true);
+        m_window->showStackTrace(*stackTrace, true);
 }
 
 void MayaHandler::applyEchoOptionVariable()
 {
     if (const auto echo = storedState(echoAllCommandsToggle))
-        setToggle(echoAllCommandsToggle, *echo);
+        echoAllCommands(*echo);
 }

@@ -21,10 +21,10 @@ public:
     static void runPython(const QString &code, bool display);
 
     // Shows Maya's option variables in the window's toggles, without sending anything back.
-    static void mirrorOptionVariables(Kestrowl &window);
+    void mirrorOptionVariables();
 
     // Sends the stored echo state to Maya once more; nothing when it was never stored.
-    static void applyEchoOptionVariable();
+    void applyEchoOptionVariable();
 
 public slots:
     // A text that is one variable name prints its value instead of being echoed.
@@ -36,4 +36,7 @@ public slots:
     void lineNumbersInErrors(bool enable);
     void showStackTrace(bool enable);
     void suppressStackWindow(bool enable);
+
+private:
+    Kestrowl *m_window;
 };

@@ -7,4 +7,5 @@
 void initResources()
 {
     Q_INIT_RESOURCE(corvane);
+    Q_INIT_RESOURCE(analysis);
 }

@@ -2,7 +2,6 @@
 #include "output/outputmarks.h"
 #include "tests/support/testmain.h"
 
-#include <QTextCursor>
 #include <QTextDocument>
 
 namespace {
@@ -42,7 +41,6 @@ class OutputMarksTest : public QObject
 private slots:
     void marksMessages_data();
     void marksMessages();
-    void knownEndsFollowTheDocument();
     void marksWholeWords_data();
     void marksWholeWords();
 };
@@ -83,25 +81,7 @@ void OutputMarksTest::marksMessages()
     QFETCH(int, start);
     QFETCH(int, end);
     QTextDocument document(text);
-    OutputEnds ends;
-    QTEST(described(OutputRegion(document, start, end, ends).messages()), "marks");
-}
-
-void OutputMarksTest::knownEndsFollowTheDocument()
-{
-    QTextDocument document(QString::fromLatin1("// Error: a\n# Error: b\nc\nd"));
-    OutputEnds ends;
-    const auto marks = [&](int start, int end) {
-        return described(OutputRegion(document, start, end, ends).messages());
-    };
-    QCOMPARE(marks(0, 5), QString("E0-5"));
-    QTextCursor cursor(&document);
-    cursor.movePosition(QTextCursor::End);
-    cursor.insertText(QString::fromLatin1(" //\ne # \n"));
-    QCOMPARE(marks(0, 5), QString("E0-30"));
-    QCOMPARE(marks(12, 20), QString("E12-35"));
-    QCOMPARE(marks(0, 5), QString("E0-30"));
-    QCOMPARE(marks(0, 20), QString("E0-30 E12-35"));
+    QTEST(described(OutputRegion(document, start, end).messages()), "marks");
 }
 
 void OutputMarksTest::marksWholeWords_data()
@@ -139,8 +119,7 @@ void OutputMarksTest::marksWholeWords()
     QFETCH(int, start);
     QFETCH(int, end);
     QTextDocument document(text);
-    OutputEnds ends;
-    QTEST(described(OutputRegion(document, start, end, ends).occurrences(word)), "marks");
+    QTEST(described(OutputRegion(document, start, end).occurrences(word)), "marks");
 }
 
 CORVANE_TEST_MAIN(OutputMarksTest)

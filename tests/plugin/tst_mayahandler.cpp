@@ -153,15 +153,15 @@ void MayaHandlerTest::optionVariablesReachTheWindowSilently()
     m_session->setOptionVar("echoAllLines", 1);
     m_session->setOptionVar("showLineNumbersIsOn", 5);
     m_session->setOptionVar("stackTraceIsOn", 0);
-    MayaHandler::mirrorOptionVariables(*m_window);
+    m_handler->mirrorOptionVariables();
     QCOMPARE(int(echo.count()), 0);
     m_session->setOptionVar("echoAllLines", 0);
-    MayaHandler::mirrorOptionVariables(*m_window);
+    m_handler->mirrorOptionVariables();
     QCOMPARE(int(echo.count()), 0);
     runIdle();
     QCOMPARE(m_session->mel().settings().echoCommands, false);
     m_session->setOptionVar("echoAllLines", 1);
-    MayaHandler::applyEchoOptionVariable();
+    m_handler->applyEchoOptionVariable();
     runIdle();
     QCOMPARE(m_session->mel().settings().echoCommands, true);
 }
@@ -171,8 +171,8 @@ void MayaHandlerTest::missingOptionVariablesLeaveTheToggles()
     for (const char *name : {"echoAllLines", "showLineNumbersIsOn", "stackTraceIsOn"})
         m_session->removeOptionVar(name);
     m_window->showStackTrace(true, true);
-    MayaHandler::mirrorOptionVariables(*m_window);
-    MayaHandler::applyEchoOptionVariable();
+    m_handler->mirrorOptionVariables();
+    m_handler->applyEchoOptionVariable();
     runIdle();
     QCOMPARE(m_session->mel().settings().echoCommands, false);
     QCOMPARE(std::holds_alternative<std::monostate>(m_session->optionVar("echoAllLines")), true);

@@ -54,8 +54,6 @@ private slots:
     void writingSettingsLeavesTheWindowHidden();
     void outputReachesTheWindow();
     void firstRunStatesAreSentOnce();
-    void importsOfTheStartMayRunTheCommand();
-    void captureTellsOfTheStartOnce();
     void theMenuItemOpensTheEditor();
     void theScriptEditorButtonIsTakenAndGivenBack();
     void theQuitJobIsProtectedAndWritesSettings();
@@ -197,41 +195,6 @@ void PluginTest::firstRunStatesAreSentOnce()
     QVERIFY(load());
     runIdle();
     QCOMPARE(m_session->mel().settings().stackTrace, false);
-}
-
-void PluginTest::importsOfTheStartMayRunTheCommand()
-{
-    const QString scripts = mel("internalVar -userScriptDir");
-    QVERIFY(QDir().mkpath(scripts + QLatin1String("pymel")));
-    QFile package(scripts + QLatin1String("pymel/__init__.py"));
-    QVERIFY(package.open(QIODevice::WriteOnly));
-    package.close();
-    QFile core(scripts + QLatin1String("pymel/core.py"));
-    QVERIFY(core.open(QIODevice::WriteOnly));
-    core.write("import maya.cmds; maya.cmds.corvaneEditor()\n");
-    core.close();
-    QFile settings(mel("internalVar -userPrefDir") + QLatin1String("corvaneEditor.ini"));
-    QVERIFY(settings.open(QIODevice::WriteOnly));
-    settings.write("[preferences]\npythonImportPyMelOnLoad=true\n");
-    settings.close();
-    mel("optionVar -iv echoAllLines 0");
-    QVERIFY(load());
-    const QWidget *editor = editorWindow();
-    const bool shown = editor && editor->isVisible();
-    package.remove();
-    core.remove();
-    QVERIFY(shown);
-}
-
-// What the start prints is part of the history that it captures at its end.
-void PluginTest::captureTellsOfTheStartOnce()
-{
-    mel("for ($b in `lsUI -type symbolButton`) symbolButton -e -c \"\" $b;");
-    QVERIFY(load());
-    const QString complaint = QString::fromLatin1("Failed to identify Script Editor button");
-    mel("corvaneEditor");
-    QMetaObject::invokeMethod(outputView(editorWindow()), "flush");
-    QCOMPARE(int(outputView(editorWindow())->toPlainText().count(complaint)), 1);
 }
 
 void PluginTest::theMenuItemOpensTheEditor()

@@ -1,0 +1,1008 @@
+# SPDX-License-Identifier: MIT
+"""Completion candidates, syntax checks and single statements for the editor.
+
+The same text runs in Python 2.7 and 3. It is executed in __main__, among the names of the user's
+own scripts: hence the underscores of all names that are no part of its interface.
+"""
+import ast as _ast
+import functools as _functools
+import io as _io
+import operator as _operator
+import os as _os
+import re as _re
+import sys as _sys
+import sysconfig as _sysconfig
+import threading as _threading
+import types as _types
+import warnings as _warnings
+import zipfile as _zipfile
+
+# The editor puts this identifier where the caret is.
+_LOCATOR = "__corvane_lctr_kvrt__"
+
+# Names that complete an unfinished definition at the caret; they are never offered.
+_PLACEHOLDERS = frozenset(["__kedefloc__", "__keclsloc__", _LOCATOR, ""])
+
+KEYWORDS = [
+    "and", "as", "assert", "break", "class", "continue", "def", "del", "elif", "else", "except",
+    "exec", "finally", "for", "from", "global", "if", "import", "in", "is", "lambda", "not", "or",
+    "pass", "print", "raise", "return", "try", "while", "with",
+    "yeild",  # Deliberate: the list is shown as it stands, misspelling included.
+    "None", "True", "False",
+]
+
+BUILTINS = [
+    "abs", "all", "any", "basestring", "bin", "bool", "bytearray", "callable", "chr",
+    "classmethod", "cmp", "compile", "complex", "delattr", "dict", "dir", "divmod", "enumerate",
+    "eval", "execfile", "file", "filter", "float", "format", "frozenset", "getattr", "globals",
+    "hasattr", "hash", "help", "hex", "id", "input", "int", "isinstance", "issubclass", "iter",
+    "len", "list", "locals", "long", "map", "max", "memoryview", "min", "next", "object", "oct",
+    "open", "ord", "pow", "print", "property", "range", "raw_input", "reduce", "reload", "repr",
+    "reversed", "round", "set", "setattr", "slice", "sorted", "staticmethod", "str", "sum",
+    "super", "tuple", "type", "unichr", "unicode", "vars", "xrange", "zip", "__import__", "apply",
+    "buffer", "coerce", "intern",
+]
+
+_HOST_MODULES = (
+    "maya.cmds", "maya.mel", "maya.OpenMaya", "maya.OpenMayaAnim", "maya.OpenMayaCloth",
+    "maya.OpenMayaFX", "maya.OpenMayaMPx", "maya.OpenMayaRender", "maya.OpenMayaUI",
+)
+
+_IDENTIFIER = _re.compile(r"[^\W\d]\w*$", _re.UNICODE)
+_COOKIE = _re.compile(br"^[ \t\f]*#.*?coding[:=][ \t]*([-\w.]+)")
+
+# Bounds that no sensible source reaches; beyond them there are no names rather than a long wait.
+_LONGEST_PATH = 64  # parts of a dotted name
+_DEEPEST = 32  # variables that lead from one to the next through attributes and calls
+_LARGEST_FILE = 4 << 20
+_MOST_FILES = 64  # parsed files that are kept
+
+# What stands for the value of a variable, by the class of the syntax node.
+_LITERALS = {
+    "List": [], "ListComp": [], "Tuple": (), "Dict": {}, "DictComp": {}, "Set": set(),
+    "SetComp": set(), "JoinedStr": "",
+}
+_UNKNOWN = (None, None)
+
+# Python 2 and Python 3 before 3.8 have a class of node for each kind of constant. The classes are
+# told by name, since asking `ast` for the old ones warns in new versions.
+_CONSTANTS = {"Str": "s", "Bytes": "s", "Num": "n", "NameConstant": "value", "Constant": "value"}
+
+_NESTED_FIELDS = ("body", "handlers", "orelse", "finalbody", "cases")
+_OTHER_THAN_EXPRESSIONS = tuple(
+    getattr(_ast, name)
+    for name in ("stmt", "expr_context", "operator", "boolop", "unaryop", "cmpop", "excepthandler",
+                 "match_case")
+    if hasattr(_ast, name))
+
+
+def _never_raises(make_empty):
+    """Makes a function return make_empty() whatever goes wrong.
+
+    SystemExit and the like are kept from the host too: it would quit for a user's statement.
+    """
+    def decorate(function):
+        @_functools.wraps(function)
+        def guarded(*args, **kwargs):
+            try:
+                return function(*args, **kwargs)
+            except BaseException:
+                return make_empty()
+        return guarded
+    return decorate
+
+
+# Source text
+
+def _text(source):
+    """Returns the source as the parser of this version takes it: text, in Python 2 UTF-8 bytes."""
+    if isinstance(source, bytes):
+        source = source.decode("utf-8", "replace")
+    # Halves of surrogate pairs can come from a text field; the parser refuses them.
+    data = source.encode("utf-8", "replace").replace(b"\r\n", b"\n").replace(b"\r", b"\n")
+    return data if str is bytes else data.decode("utf-8").lstrip(u"\ufeff")
+
+
+def _parse(source):
+    """ast.parse without its warnings, which would end up in the user's history."""
+    with _warnings.catch_warnings():
+        _warnings.simplefilter("ignore")
+        if len(source) < 20000 or _sys.version_info >= (3, 11):
+            return _ast.parse(source)
+        return _parse_with_large_stack(source)
+
+
+def _parse_with_large_stack(source):
+    """Older versions descend into a chain such as a+a+a+... without any check, and take the host
+    down with them. A thread may be given the stack that the deepest chain needs."""
+    outcome = []
+
+    def parse():
+        try:
+            outcome.append(_ast.parse(source))
+        except BaseException as error:
+            outcome.append(error)
+
+    thread = _threading.Thread(target=parse)
+    usual = _threading.stack_size(min(max(len(source) * 256, 16 << 20), 512 << 20))
+    try:
+        thread.start()
+    finally:
+        _threading.stack_size(usual)
+    thread.join()
+    if isinstance(outcome[0], BaseException):
+        raise outcome[0]
+    return outcome[0]
+
+
+def _whole(source):
+    return source
+
+
+def _reduced(source):
+    """The lines that can stand alone: an unfinished `name.` and closing brackets are dropped."""
+    return "\n".join(
+        line for line in source.splitlines()
+        if _re.match("[A-Za-z_]", line.strip()) and not line.rstrip().endswith("."))
+
+
+def _imports(source):
+    return "\n".join(
+        line for line in source.splitlines() if line.startswith(("import", "from")))
+
+
+def _well_formed(source):
+    """The top-level statements that parse on their own, if need be without their bad lines."""
+    return "\n".join(filter(None, map(_mended, _top_level_statements(source))))
+
+
+def _mended(statement):
+    for text in (statement, _reduced(statement)):
+        try:
+            _parse(text)
+            return text
+        except Exception:
+            continue
+    return ""
+
+
+def _top_level_statements(source):
+    """Splits before every line at column 0 that begins a statement."""
+    statements, decorated = [], False
+    for line in source.splitlines():
+        goes_on = _re.match(r"\s|[#)\]}]|$|(else|elif|except|finally)\b", line)
+        if statements and (goes_on or decorated):
+            statements[-1].append(line)
+        else:
+            statements.append([line])
+        if not goes_on:
+            decorated = line.startswith("@")
+    return ["\n".join(lines) for lines in statements]
+
+
+def _read_source(path):
+    """Reads a file in the encoding that it declares; bytes that are no text are replaced."""
+    if _os.path.getsize(path) > _LARGEST_FILE:
+        raise ValueError(path)
+    with _io.open(path, "rb") as source_file:
+        data = source_file.read()
+    try:
+        text = data.decode(_encoding(data), "replace")
+    except Exception:  # unknown, or a codec that makes no text
+        text = data.decode("utf-8", "replace")
+    return _text(text)
+
+
+def _encoding(data):
+    if data.startswith(b"\xef\xbb\xbf"):
+        return "utf-8-sig"
+    for line in _re.split(b"\r\n?|\n", data[:4096])[:2]:
+        cookie = _COOKIE.match(line)
+        if cookie:
+            return cookie.group(1).decode("ascii")
+    return "utf-8"
+
+
+# Live objects
+
+# A module or an object can run code of its own when it is asked for an attribute or its names:
+# lazily loading modules, properties, __getattr__, __dir__. Looking names up must not run the user's
+# code, so the dictionaries are read directly, through the slots of the built-in types.
+_module_dict = _types.ModuleType.__dict__["__dict__"].__get__
+_class_dict = type.__dict__["__dict__"].__get__
+_class_mro = type.__dict__["__mro__"].__get__
+# Python 2's classes without a base; both have plain dictionaries.
+_OLD_CLASS = getattr(_types, "ClassType", None)
+_OLD_INSTANCE = getattr(_types, "InstanceType", None)
+
+
+def _namespaces(value):
+    """The dictionaries in which the attributes of a value are found, nearest first."""
+    kind = type(value)  # isinstance() would ask the value for its __class__
+    if issubclass(kind, _types.ModuleType):
+        return [_module_dict(value) or {}]
+    if issubclass(kind, type):
+        return [_class_dict(one) for one in _class_mro(value)]
+    if kind is _OLD_CLASS:
+        return _old_namespaces(value)
+    if kind is _OLD_INSTANCE:
+        return [value.__dict__] + _old_namespaces(value.__class__)
+    return _own_namespace(value) + [_class_dict(one) for one in _class_mro(kind)]
+
+
+def _old_namespaces(old_class):
+    found = [old_class.__dict__]
+    for base in old_class.__bases__:
+        found += _namespaces(base)
+    return found
+
+
+def _own_namespace(value):
+    for one in _class_mro(type(value)):
+        slot = _class_dict(one).get("__dict__")
+        if slot is not None:
+            # Anything but the interpreter's own slot is a property of the class's.
+            is_own = type(slot) is _types.GetSetDescriptorType
+            return [dict.copy(slot.__get__(value))] if is_own else []
+    return []
+
+
+def _names(value):
+    """dir() that runs none of the value's code."""
+    names = {}  # in Python 3 in the order of definition, which is often sorted already
+    for namespace in _namespaces(value):
+        names.update(namespace)
+    return sorted([name for name in names if type(name) is str])
+
+
+def _member(value, name):
+    for namespace in _namespaces(value):
+        if name in namespace:
+            return _unbound(namespace[name])
+    raise AttributeError(name)
+
+
+def _unbound(member):
+    if type(member) in (staticmethod, classmethod):
+        return member.__func__
+    if any("__set__" in _class_dict(one) for one in _class_mro(type(member))):
+        raise AttributeError("only code that must not run knows the value of a property")
+    return member
+
+
+# Modules that are not loaded
+
+def _library_folders():
+    """Where the interpreter keeps its own library; site-packages lies below, but is not in it."""
+    folders = [_os.path.dirname(_os.__file__)]
+    folders += [_sysconfig.get_path("stdlib"), _sysconfig.get_path("platstdlib")]
+    folders += [_os.path.join(folder, "lib-dynload") for folder in folders if folder]
+    folders += [_os.path.join(prefix, "DLLs") for prefix in _prefixes()]
+    return set(_normal(folder) for folder in folders if folder)
+
+
+def _prefixes():
+    prefixes = [_sys.prefix, _sys.exec_prefix, getattr(_sys, "base_prefix", _sys.prefix)]
+    if _sys.executable:
+        prefixes.append(_os.path.dirname(_sys.executable))
+    return prefixes
+
+
+def _normal(path):
+    return _os.path.normcase(_os.path.realpath(path))
+
+
+def _is_own_archive(path):
+    """Whether the path is the zipped library of this interpreter, such as python27.zip."""
+    if _os.path.basename(path) != "python%d%d.zip" % _sys.version_info[:2]:
+        return False
+    folder = _os.path.join(_os.path.dirname(_normal(path)), "")
+    return _os.path.isfile(path) and any(
+        folder.startswith(_os.path.join(_normal(prefix), "")) for prefix in _prefixes())
+
+
+def _in_archive(path, name):
+    with _zipfile.ZipFile(path) as archive:
+        entries = archive.namelist()
+    starts = (name + ".py", name + "/__init__.py")
+    # Importing these two prints a poem or opens a browser.
+    return name not in ("this", "antigravity") and any(e.startswith(starts) for e in entries)
+
+
+def _is_compiled(folder, name):
+    """Whether the folder of the interpreter's library holds the compiled module `name`."""
+    return any(
+        entry.split(".")[0] in (name, name + "module") and entry.endswith((".so", ".pyd"))
+        for entry in _os.listdir(folder))
+
+
+def _is_own_module(name, folder):
+    """Whether a module can be had only by importing it, and is the interpreter's own.
+
+    Compiled modules cannot be read, only imported. That runs their code, so it is done for none
+    but those of the interpreter's library: completion never runs a file of the user's.
+    """
+    if folder.endswith(".zip"):
+        return _is_own_archive(folder) and _in_archive(folder, name)
+    return (_os.path.isdir(folder) and _normal(folder) in _library_folders()
+            and _is_compiled(folder, name))
+
+
+def _import_prefixes(parts):
+    """Imports as much of the dotted name as is a module."""
+    for length in range(1, len(parts) + 1):
+        try:
+            __import__(".".join(parts[:length]))
+        except ImportError:
+            break
+
+
+def _find(folders, name):
+    """Returns (source file or None, folders of its submodules) of a module, or None.
+
+    The folders are searched here: neither is the parent imported, nor are import hooks called.
+    """
+    portions = []
+    for folder in folders:
+        path = _os.path.join(folder, name)
+        package = _os.path.join(path, "__init__.py")
+        if _os.path.isfile(package):
+            return package, [path]
+        if _os.path.isfile(path + ".py"):
+            return path + ".py", []
+        if str is not bytes and _os.path.isdir(path):
+            portions.append(path)  # of a namespace package
+    return (None, portions) if portions else None
+
+
+def _loaded_folders(module):
+    """The folders of the submodules of a loaded package."""
+    folders = _module_dict(module).get("__path__", ())
+    return [folder for folder in folders if isinstance(folder, str)]
+
+
+def _search_path():
+    return [entry or "." for entry in _sys.path if isinstance(entry, str)]
+
+
+# Syntax nodes
+
+def _dotted(node):
+    """Returns "a.b.c" for a name or attributes of a name, else None."""
+    names = []
+    while isinstance(node, _ast.Attribute):
+        names.append(node.attr)
+        node = node.value
+    if not isinstance(node, _ast.Name):
+        return None
+    return ".".join([node.id] + names[::-1])
+
+
+def _constant(node, kind):
+    value = getattr(node, _CONSTANTS[kind])
+    if value is None or value is Ellipsis or isinstance(value, bool):
+        return [str(value), "Name"]  # as Python 2 has them
+    if isinstance(value, (type(u""), bytes)):
+        return [value, "Str"]
+    return [value, "Num"]
+
+
+def _value(node):
+    """Returns the [value, node type] that a variable is recorded with."""
+    kind = type(node).__name__
+    if kind in _CONSTANTS:
+        return _constant(node, kind)
+    if kind in _LITERALS:
+        return [_LITERALS[kind], kind]
+    if kind == "Call":
+        return [_dotted(node.func), kind]
+    if kind == "NamedExpr":
+        return _value(node.value)
+    return [_dotted(node), kind]
+
+
+def _bind(variables, name, value):
+    known = variables.get(name)
+    if known is not None and known[1] != value[1]:
+        value = _UNKNOWN
+    variables[name] = list(value)
+
+
+def _lines_that_matter(source):
+    """The first and the last line whose expressions can hold the locator or bind a variable."""
+    if ":=" in source:
+        return 1, float("inf")
+    before, found, _ = source.partition(_LOCATOR)
+    if not found:
+        return float("inf"), 0
+    return before.count("\n") + 1, source.rpartition(_LOCATOR)[0].count("\n") + 1
+
+
+def _nested_statements(node):
+    if isinstance(node, (_ast.ClassDef, _ast.FunctionDef, getattr(_ast, "AsyncFunctionDef", ()))):
+        return []
+    nested = []
+    for field in _NESTED_FIELDS:
+        value = getattr(node, field, None)
+        nested += value if isinstance(value, list) else []  # no list in Python 2's `exec body`
+    return nested
+
+
+def _expressions(node):
+    """Yields the expressions directly below a node."""
+    for field in node._fields:
+        value = getattr(node, field, None)
+        for child in value if isinstance(value, list) else (value,):
+            if isinstance(child, _ast.AST) and not isinstance(child, _OTHER_THAN_EXPRESSIONS):
+                yield child
+
+
+def _argument_names(arguments):
+    """The names of a function's arguments, in the order in which they are written."""
+    nodes = getattr(arguments, "posonlyargs", []) + arguments.args + [arguments.vararg]
+    nodes += getattr(arguments, "kwonlyargs", []) + [arguments.kwarg]
+    names = []
+    while nodes:
+        node = nodes.pop(0)
+        if isinstance(node, _ast.Tuple):  # Python 2: def f(a, (b, c))
+            nodes[:0] = node.elts
+        elif node is not None:
+            names.append(getattr(node, "arg", None) or getattr(node, "id", None) or node)
+    return names
+
+
+class ParsedFunction(object):
+    """A function or method of the source."""
+
+    def __init__(self, name, arguments, decorators):
+        self.name = name
+        self.arguments = arguments
+        self.decorators = decorators
+        self.variables = {}
+
+
+class ParsedClass(object):
+    """A class of the source; each of its bases is a ParsedClass or the path of a class."""
+
+    def __init__(self, name, bases=()):
+        self.name = name
+        self.functions = []
+        self.classes = []
+        self.variables = {}
+        self.self_variables = {}
+        self.cls_variables = {}
+        self.bases = list(bases)
+
+    @property
+    def parent_members(self):
+        """The names inherited from the bases.
+
+        They are gathered when asked for: most classes of a source never are, and a base may be in
+        a file that has to be read first.
+        """
+        names = []
+        for base in self._bases_of_lineage():
+            if isinstance(base, ParsedClass):
+                names += base.own_members()
+            else:
+                names += CorvaneParser().parse_module(base)
+        return names
+
+    def _bases_of_lineage(self):
+        """All bases, directly or not, each once and without recursion: chains may be long."""
+        found, seen, pending = [], set([self]), self.bases[::-1]
+        while pending:
+            base = pending.pop()
+            if base not in seen:
+                seen.add(base)
+                found.append(base)
+                pending += getattr(base, "bases", [])[::-1]
+        return found
+
+    def own_members(self, of_instance=True):
+        names = [function.name for function in self.functions]
+        names += [nested.name for nested in self.classes]
+        names += list(self.variables) + list(self.cls_variables)
+        return names + list(self.self_variables) if of_instance else names
+
+    def members(self, of_instance=True):
+        return self.own_members(of_instance) + self.parent_members
+
+    def find_variable(self, name):
+        """Returns the variable of the class, or of a base in the same source, or None."""
+        for parsed in [self] + self._bases_of_lineage():
+            for kind in ("self_variables", "variables", "cls_variables"):
+                if name in getattr(parsed, kind, ()):
+                    return getattr(parsed, kind)[name]
+        return None
+
+
+class CorvaneParser(_ast.NodeVisitor):
+    """Collects the names of a source and finds the candidates for completion in it."""
+
+    VERSION = "1.41"
+    KEYWORDS = KEYWORDS
+    BUILTINS = BUILTINS
+
+    initialized = False
+    _files = {}  # path -> (modification time, size, parser of the file)
+    _lookups = {}  # path -> names, during one call of parse_module from outside
+
+    def __init__(self):
+        if not CorvaneParser.initialized:
+            CorvaneParser.initialize()
+        self.package = ""  # of the file that is parsed, for its relative imports
+        self.clear()
+
+    def clear(self):
+        self.results = []
+        self.classes = []
+        self.functions = []
+        self.imports = []
+        self.importfroms = []
+        self.variables = {}
+        self.modules = {}
+        self.corvane_lctr = []
+        self.class_index = -1
+        self.function_index = -1
+        self._classes_by_name = {}
+        self._imported_paths = []
+        self._lines_that_matter = (0, float("inf"))
+
+    # Entry points
+
+    @staticmethod
+    @_never_raises(lambda: None)
+    def initialize():
+        """Imports Maya's modules, once in the life of the interpreter."""
+        if CorvaneParser.initialized:
+            return
+        CorvaneParser.initialized = True
+        for module in _HOST_MODULES:
+            _never_raises(list)(__import__)(module)  # some versions lack some of them
+
+    @_never_raises(list)
+    def parse_source(self, source, obj=None, keywords=False, builtins=False):
+        """Returns the sorted candidates: names in scope, or the members of obj."""
+        self._visit_source(_text(source))
+        self.process_parsed_data(obj)
+        if not obj:
+            self.results += KEYWORDS if keywords else []
+            self.results += BUILTINS if builtins else []
+        return self.sorted_results()
+
+    @staticmethod
+    @_never_raises(list)
+    def syntax_check(source):
+        """Returns [message, line number as text], or an empty list for valid code."""
+        try:
+            _parse(_text(source))
+        except SyntaxError as error:
+            return [str(error).partition(" (")[0], str(error.lineno or 1)]
+        return []
+
+    @staticmethod
+    @_never_raises(int)
+    def exec_statement(source):
+        """Runs the statement among the names of this script; returns 1, or 0 when it raised."""
+        exec(source, globals())
+        return 1
+
+    @_never_raises(list)
+    def parse_module(self, module):
+        """Returns the names of a module, or of the object that a path inside a module leads to."""
+        lookups = CorvaneParser._lookups
+        outermost = not lookups
+        if module not in lookups:
+            lookups[module] = []  # what modules that import each other get to see
+        else:
+            return lookups[module]
+        try:
+            lookups[module] = self._look_up(module)
+            return lookups[module]
+        finally:
+            if outermost:
+                CorvaneParser._lookups = {}
+
+    # Parsing
+
+    def _visit_source(self, source):
+        """Visits as much of the source as can be parsed."""
+        for simplified in (_whole, _reduced, _well_formed, _imports):
+            self.clear()
+            try:
+                text = simplified(source)
+                self._lines_that_matter = _lines_that_matter(text)
+                self.visit(_parse(text))
+                return
+            except Exception:
+                continue
+
+    def visit_Module(self, node):
+        self._visit_statements(node.body)
+
+    def _visit_statements(self, statements):
+        # Not by recursion: a long chain of elif is deeply nested for the parser.
+        pending = statements[::-1]
+        while pending:
+            node = pending.pop()
+            self.visit(node)
+            pending += _nested_statements(node)[::-1]
+
+    def generic_visit(self, node):
+        """Looks for the locator, and for variables bound inside expressions."""
+        first, last = self._lines_that_matter
+        is_there = getattr(node, "lineno", 0) <= last and getattr(node, "end_lineno", last) >= first
+        pending = [node] if is_there else []
+        while pending:
+            node = pending.pop()
+            pending += _expressions(node)
+            kind = type(node).__name__
+            if kind == "NamedExpr":
+                self._bind_target(node.target, _value(node.value))
+            elif _LOCATOR in (getattr(node, "id", ""), getattr(node, "attr", "")):
+                self._locate()
+
+    def visit_Import(self, node):
+        for alias in node.names:
+            if self._is_outside():
+                bound = alias.asname or alias.name.partition(".")[0]
+                self.imports.append(bound)
+                self.modules[bound] = alias.name if alias.asname else bound
+                self._imported_paths.append(alias.name)
+
+    def visit_ImportFrom(self, node):
+        module = self._absolute(node.module or "", node.level or 0)
+        for alias in node.names:
+            if alias.name != "*" and self._is_outside():
+                bound = alias.asname or alias.name
+                self.importfroms.append((module, bound))
+                self.modules[bound] = module.rstrip(".") + "." + alias.name
+
+    def _absolute(self, module, level):
+        if not level:
+            return module
+        parts = self.package.split(".")
+        if not self.package or level > len(parts):
+            return "." * level + module  # nothing tells where the source of an editor belongs
+        return ".".join(parts[:len(parts) - level + 1] + [module] * bool(module))
+
+    def visit_ClassDef(self, node):
+        if self.function_index >= 0:
+            return
+        if self.class_index >= 0:
+            self.classes[self.class_index].classes.append(ParsedClass(node.name))
+            return
+        names = [_dotted(getattr(base, "value", None) if type(base).__name__ == "Subscript"
+                         else base) for base in node.bases]
+        parsed = ParsedClass(node.name, filter(None, map(self._base, filter(None, names))))
+        self.classes.append(parsed)
+        self._classes_by_name[node.name] = parsed
+        self.class_index = len(self.classes) - 1
+        if _LOCATOR in names:
+            self._locate_here()
+            self.results.append("object")
+        self._visit_statements(node.body)
+        self.class_index = -1
+
+    def _base(self, dotted):
+        """Returns the ParsedClass or the path of a base class, or None."""
+        value, kind, rest = self._follow(dotted)
+        if kind not in ("Name", "Attribute") or value is None:
+            return None
+        dotted = value + rest
+        return self._classes_by_name.get(dotted) or self._module_path(dotted)
+
+    def visit_FunctionDef(self, node):
+        if self.function_index >= 0:
+            return
+        in_class = self.class_index >= 0
+        functions = self.classes[self.class_index].functions if in_class else self.functions
+        arguments = _argument_names(node.args)
+        decorators = [_dotted(getattr(one, "func", one)) for one in node.decorator_list]
+        functions.append(ParsedFunction(
+            node.name, [name for name in arguments if name != _LOCATOR], decorators))
+        self.function_index = len(functions) - 1
+        if _LOCATOR in arguments:
+            self._locate_argument()
+        self._visit_statements(node.body)
+        self.function_index = -1
+
+    visit_AsyncFunctionDef = visit_FunctionDef
+
+    def visit_Assign(self, node):
+        self.generic_visit(node)
+        value = _value(node.value)
+        for target in node.targets:
+            self._bind_target(target, value, node.value)
+
+    def visit_AnnAssign(self, node):
+        self.generic_visit(node)
+        # `name: Class` alone promises an instance of the class.
+        value = _value(node.value) if node.value else [_dotted(node.annotation), "Call"]
+        self._bind_target(node.target, value)
+
+    def visit_For(self, node):
+        self.generic_visit(node)
+        self._bind_unknown(node.target)
+
+    visit_AsyncFor = visit_For
+
+    def visit_With(self, node):
+        self.generic_visit(node)
+        for item in getattr(node, "items", [node]):
+            self._bind_unknown(item.optional_vars)
+
+    visit_AsyncWith = visit_With
+
+    def visit_ExceptHandler(self, node):
+        self.generic_visit(node)
+        if isinstance(node.name, str):
+            self._scope()[node.name] = list(_UNKNOWN)
+        else:  # Python 2
+            self._bind_unknown(node.name)
+
+    # Where the visitor is
+
+    def _is_outside(self):
+        return self.class_index < 0 and self.function_index < 0
+
+    def _class_and_function(self, class_index, function_index):
+        """Returns the ParsedClass and the ParsedFunction at a position, or None for either."""
+        parsed = self.classes[class_index] if class_index >= 0 else None
+        functions = parsed.functions if parsed else self.functions
+        return parsed, functions[function_index] if function_index >= 0 else None
+
+    def _scope(self):
+        """The variables that an assignment to a plain name goes to."""
+        parsed, function = self._class_and_function(self.class_index, self.function_index)
+        return (function or parsed or self).variables
+
+    def _bind_unknown(self, target):
+        for node in _ast.walk(target) if target is not None else ():
+            if isinstance(node, _ast.Name) and isinstance(node.ctx, _ast.Store):
+                if node.id != _LOCATOR:
+                    self._scope()[node.id] = list(_UNKNOWN)
+
+    def _bind_target(self, target, value, node=None):
+        """Records a variable; of `a, b = c, d` each with its own value."""
+        if isinstance(target, (_ast.Tuple, _ast.List)):
+            nodes = getattr(node, "elts", [])
+            starred = any(type(part).__name__ == "Starred" for part in target.elts + nodes)
+            if starred or len(nodes) != len(target.elts):
+                nodes = [None] * len(target.elts)
+            for part, part_node in zip(target.elts, nodes):
+                self._bind_target(part, _value(part_node), part_node)
+        elif isinstance(target, _ast.Name) and target.id != _LOCATOR:
+            _bind(self._scope(), target.id, value)
+        elif isinstance(target, _ast.Attribute):
+            self._bind_attribute(target, value)
+        elif type(target).__name__ == "Starred":
+            self._bind_unknown(target)
+
+    def _bind_attribute(self, target, value):
+        in_method = self.class_index >= 0 and self.function_index >= 0
+        owner = getattr(target.value, "id", None)
+        if in_method and owner in ("self", "cls") and target.attr != _LOCATOR:
+            parsed = self.classes[self.class_index]
+            _bind(getattr(parsed, owner + "_variables"), target.attr, value)
+
+    def _locate_here(self):
+        self.corvane_lctr = [self.class_index, self.function_index]
+
+    def _locate(self):
+        self._locate_here()
+        if self.function_index >= 0:
+            self.variables.update(self._scope())
+
+    def _locate_argument(self):
+        self._locate_here()
+        if self.class_index >= 0:
+            parsed = self.classes[self.class_index]
+            self.results += parsed.parent_members
+            self.results += [function.name for function in parsed.functions]
+            self.results += ["self", "cls", "__init__"]
+
+    # Candidates
+
+    def process_parsed_data(self, obj=None):
+        """Adds the names in scope to the results, or the members of obj."""
+        if not obj:
+            self._add_names_in_scope()
+            return
+        self.results += self._members(obj.strip())
+        if "__call__" in self.results:
+            del self.results[:]  # what is called has a result with members, but none of its own
+
+    def _add_names_in_scope(self):
+        self.results += [one.name for one in self.classes + self.functions]
+        self.results += self.imports + list(self.variables)
+        self.results += [name for _, name in self.importfroms]
+        if self.corvane_lctr:
+            function = self._class_and_function(*self.corvane_lctr)[1]
+            self.results += function.arguments if function else []
+
+    def sorted_results(self):
+        """The results, each once: case does not count, names that start with "_" come last."""
+        unique = dict.fromkeys(self.results)
+        for placeholder in _PLACEHOLDERS:
+            unique.pop(placeholder, None)
+        names = sorted(unique)  # those that differ in case only have an order, too
+        names.sort(key=_operator.methodcaller("lower"))
+        private = [name for name in names if name[0] == "_"]
+        start = names.index(private[0]) if private else 0
+        return names[:start] + names[start + len(private):] + private
+
+    def _members(self, dotted, depth=0):
+        """Returns the names that can follow "dotted."."""
+        first, _, rest = dotted.partition(".")
+        if depth > _DEEPEST or dotted.count(".") >= _LONGEST_PATH:
+            return []
+        holder = self._class_of_argument(first)
+        if holder is not None:
+            return (self._class_variable_members(holder, rest, depth) if rest
+                    else holder.members(of_instance=first == "self"))
+        if first in self.variables:
+            return self._followed_members(dotted, depth)
+        if any(function.name == first for function in self.functions):
+            return []
+        return self._named_members(dotted, depth)
+
+    def _class_of_argument(self, name):
+        """Returns the class that `self` or `cls` is of at the locator, or None."""
+        if name not in ("self", "cls") or not self.corvane_lctr:
+            return None
+        parsed, function = self._class_and_function(*self.corvane_lctr)
+        return parsed if function and name in function.arguments else None
+
+    def _follow(self, dotted):
+        """Follows name-to-name assignments; returns value, node type and ".rest" of the path."""
+        first, dot, rest = dotted.partition(".")
+        value, kind, seen = first, "Name", set()
+        while kind == "Name" and value in self.variables and value not in seen:
+            seen.add(value)
+            value, kind = self.variables[value]
+        return value, kind, dot + rest
+
+    def _followed_members(self, dotted, depth):
+        value, kind, rest = self._follow(dotted)
+        if kind == "Name" and value in self.variables:
+            return []  # a = b; b = a
+        return self._value_members(value, kind, rest, depth)
+
+    def _class_variable_members(self, parsed, path, depth):
+        """The members of "variable" or "variable.rest" of a class."""
+        name, dot, rest = path.partition(".")
+        value, kind = parsed.find_variable(name) or _UNKNOWN
+        return self._value_members(value, kind, dot + rest, depth)
+
+    def _value_members(self, value, kind, rest, depth):
+        """The members of a variable's value, or of what ".rest" leads to from there."""
+        if kind in _LITERALS or kind in ("Str", "Num"):
+            return [] if rest else dir(value)
+        if kind not in ("Name", "Call", "Attribute") or value is None:
+            return []
+        return self._members(value + rest, depth + 1) or self._unmapped_members(value + rest)
+
+    def _unmapped_members(self, dotted):
+        """Members of a module that the source uses, but that was imported elsewhere."""
+        first = dotted.partition(".")[0]
+        known = first in self.variables or first in self._classes_by_name or first in self.modules
+        if known or any(function.name == first for function in self.functions):
+            return []
+        return self.parse_module(dotted)
+
+    def _named_members(self, dotted, depth):
+        first, _, rest = dotted.partition(".")
+        parsed = self._classes_by_name.get(first)
+        if parsed and parsed.find_variable(rest.partition(".")[0]):
+            return self._class_variable_members(parsed, rest, depth)
+        path = self._module_path(dotted)
+        if path and first in self.modules:
+            return self.parse_module(path) + self._imported_below(path)
+        if parsed:
+            return [] if rest else parsed.members()
+        return self.parse_module(path) if path else []
+
+    def _module_path(self, dotted):
+        """Returns the full path of a name that is imported or a type of the interpreter's."""
+        first, dot, rest = dotted.partition(".")
+        if first in self.modules:
+            return self.modules[first] + dot + rest
+        if dotted == "object":
+            return dotted
+        is_type = type(getattr(_sys.modules[_BUILTINS_MODULE], first, None)) is type
+        return _BUILTINS_MODULE + "." + dotted if is_type else None
+
+    def _imported_below(self, path):
+        """The next parts of dotted imports: `import a.b` makes b a member of a."""
+        start = path + "."
+        return [imported[len(start):].partition(".")[0] for imported in self._imported_paths
+                if imported.startswith(start)]
+
+    # Modules
+
+    def _look_up(self, module):
+        parts = module.split(".")
+        if module == "object":
+            return dir(object)
+        if len(parts) > _LONGEST_PATH or not all(map(_IDENTIFIER.match, parts)):
+            return []
+        if parts[0] in _sys.builtin_module_names and parts[0] not in _sys.modules:
+            __import__(parts[0])
+        try:
+            return self._loaded_names(parts)
+        except LookupError:
+            return self._located_names(parts)
+
+    def _loaded_names(self, parts):
+        """Names of what is in memory; LookupError when the path leads to nothing there."""
+        # Maya's modules are no code of the user's, and may make their names up on demand.
+        is_host = parts[0] == "maya"
+        for length in range(len(parts), 0, -1):
+            value = _sys.modules.get(".".join(parts[:length]))
+            if value is None:
+                continue
+            try:
+                for part in parts[length:]:
+                    value = getattr(value, part) if is_host else _member(value, part)
+            except AttributeError:
+                break
+            return dir(value) if is_host else _names(value)
+        raise LookupError(parts)
+
+    def _located_names(self, parts):
+        """Names from the file of the longest prefix that is a module."""
+        folders, source, length = _search_path(), None, 0
+        for length, part in enumerate(parts):
+            loaded = _sys.modules.get(".".join(parts[:length + 1]))
+            if loaded is not None:
+                folders = _loaded_folders(loaded)
+                continue
+            if length == 0 and self._import_own(folders, parts):
+                return self._loaded_names(parts)
+            found = _find(folders, part)
+            if found is None:
+                break
+            source, folders = found
+        else:
+            length = len(parts)
+        return self._file_names(source, parts, length) if source else []
+
+    def _import_own(self, folders, parts):
+        """Imports a module of the interpreter's library that has no source; tells if it did."""
+        for folder in folders:
+            if _find([folder], parts[0]) is not None:
+                return False
+            if _is_own_module(parts[0], folder):
+                _import_prefixes(parts)
+                return parts[0] in _sys.modules
+        return False
+
+    def _file_names(self, source, parts, length):
+        is_package = _os.path.basename(source) == "__init__.py"
+        package = ".".join(parts[:length if is_package else length - 1])
+        parser = self._parsed_file(source, package)
+        if length < len(parts):
+            return parser._members(".".join(parts[length:]))
+        del parser.results[:]
+        parser.process_parsed_data()
+        return list(parser.results)
+
+    @staticmethod
+    def _parsed_file(path, package):
+        """Returns the parser that has visited a file; a file that did not change is read once."""
+        status = _os.stat(path)
+        stamp = (status.st_mtime, status.st_size, package)
+        files = CorvaneParser._files
+        if path not in files or files[path][0] != stamp:
+            if len(files) >= _MOST_FILES:
+                files.clear()
+            parser = CorvaneParser()
+            parser.package = package
+            parser._visit_source(_read_source(path))
+            files[path] = (stamp, parser)
+        return files[path][1]
+
+
+_BUILTINS_MODULE = "__builtin__" if str is bytes else "builtins"
