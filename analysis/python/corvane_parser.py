@@ -310,22 +310,21 @@ def _in_archive(path, name):
 
 
 def _is_compiled(folder, name):
-    """Whether the folder of the interpreter's library holds the compiled module `name`."""
+    """Whether the folder holds the module `name`, but no source of it."""
     return any(
-        entry.split(".")[0] in (name, name + "module") and entry.endswith((".so", ".pyd"))
+        entry.split(".")[0] in (name, name + "module") and entry.endswith((".so", ".pyd", ".pyc"))
         for entry in _os.listdir(folder))
 
 
-def _is_own_module(name, folder):
-    """Whether a module can be had only by importing it, and is the interpreter's own.
-
-    Compiled modules cannot be read, only imported. That runs their code, so it is done for none
-    but those of the interpreter's library: completion never runs a file of the user's.
-    """
+def _has_no_source(folder, name):
     if folder.endswith(".zip"):
-        return _is_own_archive(folder) and _in_archive(folder, name)
-    return (_os.path.isdir(folder) and _normal(folder) in _library_folders()
-            and _is_compiled(folder, name))
+        return _os.path.isfile(folder) and _in_archive(folder, name)
+    return _os.path.isdir(folder) and _is_compiled(folder, name)
+
+
+def _is_own(folder):
+    """Whether a folder or an archive belongs to the interpreter's own library."""
+    return _is_own_archive(folder) or _normal(folder) in _library_folders()
 
 
 def _import_prefixes(parts):
@@ -970,13 +969,19 @@ class CorvaneParser(_ast.NodeVisitor):
         return self._file_names(source, parts, length) if source else []
 
     def _import_own(self, folders, parts):
-        """Imports a module of the interpreter's library that has no source; tells if it did."""
+        """Imports a module of the interpreter's library that has no source; tells if it did.
+
+        Compiled modules cannot be read, only imported. That runs their code, so it is done for
+        none but those of the interpreter's library: completion never runs a file of the user's.
+        One that comes first on the path would be the one to be imported, so it ends the search.
+        """
         for folder in folders:
             if _find([folder], parts[0]) is not None:
                 return False
-            if _is_own_module(parts[0], folder):
-                _import_prefixes(parts)
-                return parts[0] in _sys.modules
+            if _has_no_source(folder, parts[0]):
+                if _is_own(folder):
+                    _import_prefixes(parts)
+                return _is_own(folder) and parts[0] in _sys.modules
         return False
 
     def _file_names(self, source, parts, length):
