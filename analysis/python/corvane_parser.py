@@ -592,10 +592,9 @@ class CorvaneParser(_ast.NodeVisitor):
         """Returns the names of a module, or of the object that a path inside a module leads to."""
         lookups = CorvaneParser._lookups
         outermost = not lookups
-        if module not in lookups:
-            lookups[module] = []  # what modules that import each other get to see
-        else:
+        if module in lookups:
             return lookups[module]
+        lookups[module] = []  # what modules that import each other get to see
         try:
             lookups[module] = self._look_up(module)
             return lookups[module]

@@ -265,7 +265,8 @@ class Candidates(unittest.TestCase):
 
     def test_functions_have_no_members(self):
         for drawing, obj in [("def f(): pass\n", "f"), ("import os\n", "os.getcwd"),
-                             ("from os import getcwd\n", "getcwd"), ("def f(): pass\nx = f()\n", "x"),
+                             ("from os import getcwd\n", "getcwd"),
+                             ("def f(): pass\nx = f()\n", "x"),
                              ("import os\nx = os.getcwd()\n", "x"), ("def dict(): pass\n", "dict"),
                              ("def textwrap(): pass\nx = textwrap()\n", "x"),
                              ("class A(object):\n def __call__(self): pass\n", "A")]:
@@ -280,7 +281,7 @@ class Candidates(unittest.TestCase):
         rows = [("import os\nx = 1\nos.\n", None, ["os", "x"]),
                 ("import os\nx = 1\n)\n", None, ["os", "x"]),
                 ("import os\ndef f(:\n    pass\ny = 3\n", None, ["os", "y"]),
-                ("y = 3\nclass A(object):\n    b = 1\n    def f(self): pass\nfoo(\n", "A", ["b", "f"]),
+                ("class A(object):\n    b = 1\n    def f(self): pass\nfoo(\n", "A", ["b", "f"]),
                 ("if 1:\n    a = 1\nelse:\n    b = (\nc = 1\n", None, ["c"]),
                 ("class A(object):\n  def f(self):\n    a = 1\n    self.\n  def g(self): pass\n",
                  "A", ["f", "g"]),
@@ -464,8 +465,9 @@ class EntryPoints(unittest.TestCase):
                 self.assert_answers(bytes(damaged), dice.choice([None, "self", "x", "a.b"]))
 
     def test_nothing_raises_on_absurd_requests(self):
-        for source in (None, 5, b"\xff\xfe\x00", b"a\x00b", b"(" * 5000, b"x = " + b"-" * 5000 + b"1",
-                       b"x = 1" + b"+1" * 20000, b"if a: pass\n" + b"elif a: pass\n" * 3000,
+        for source in (None, 5, b"\xff\xfe\x00", b"a\x00b", b"(" * 5000,
+                       b"x = " + b"-" * 5000 + b"1", b"x = 1" + b"+1" * 20000,
+                       b"if a: pass\n" + b"elif a: pass\n" * 3000,
                        "x = '\ud800'"):
             self.assert_answers(source, "x")
         for obj in ("." * 9, "a" * 9 + ".b" * 100000, "../x", "\u00e9", 5, "\0", "x\n"):
