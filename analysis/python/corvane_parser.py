@@ -272,6 +272,9 @@ def _unbound(member):
 
 # Modules that are not loaded
 
+_PATH_TYPES = (str, type(u""))  # Python 2 takes either
+
+
 def _library_folders():
     """Where the interpreter keeps its own library; site-packages lies below, but is not in it."""
     folders = [_os.path.dirname(_os.__file__)]
@@ -357,11 +360,11 @@ def _find(folders, name):
 def _loaded_folders(module):
     """The folders of the submodules of a loaded package."""
     folders = _module_dict(module).get("__path__", ())
-    return [folder for folder in folders if isinstance(folder, str)]
+    return [folder for folder in folders if isinstance(folder, _PATH_TYPES)]
 
 
 def _search_path():
-    return [entry or "." for entry in _sys.path if isinstance(entry, str)]
+    return [entry or "." for entry in _sys.path if isinstance(entry, _PATH_TYPES)]
 
 
 # Syntax nodes
