@@ -68,11 +68,8 @@ void MelParser::warnOfEmptyFirstLine()
 
 void MelParser::scan()
 {
-    for (; !m_cursor.isAtEnd(); m_cursor.advance()) {
-        const int position = m_cursor.position();
-        m_previousIsSpace = position == 0 || m_cursor.isSpace(position - 1);
+    for (; !m_cursor.isAtEnd(); m_cursor.advance())
         scanUnit(m_cursor.current());
-    }
     if (m_braces >= 1)
         reportExpected(QLatin1Char('}'), m_cursor.size() - 1, m_cursor.size() - 1);
 }
@@ -206,15 +203,21 @@ void MelParser::noteTodo(int end)
         addTodo(QString::fromLatin1("TODO:"), start, end);
 }
 
+bool MelParser::isAfterSpace() const
+{
+    const int position = m_cursor.position();
+    return position == 0 || m_cursor.isSpace(position - 1);
+}
+
 void MelParser::declarationFromG()
 {
-    if (m_previousIsSpace && !globalProcedure())
+    if (isAfterSpace() && !globalProcedure())
         globalVariable();
 }
 
 void MelParser::declarationFromP()
 {
-    if (m_previousIsSpace)
+    if (isAfterSpace())
         procedure();
 }
 

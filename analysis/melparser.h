@@ -29,6 +29,7 @@ private:
     void blockComment();
     void noteTodo(int end);
 
+    bool isAfterSpace() const;
     void declarationFromG();
     void declarationFromP();
     bool globalProcedure();
@@ -43,7 +44,6 @@ private:
 
     SourceCursor m_cursor;
     bool m_slashSeen = false;
-    bool m_previousIsSpace = true;
     int m_procedureDepth = 0; // brace depth at the last "global proc"
     bool m_insideProcedure = false;
 };

@@ -57,7 +57,7 @@ void EdHighlighter::keepBlockData()
         data = new EdTextBlockData;
         setCurrentBlockUserData(data);
     }
-    data->brackets = m_scan.brackets;
+    data->brackets.swap(m_scan.brackets); // keeps the room of both
     data->codeText = m_scan.codeText;
     data->inComment = m_scan.inComment;
 }

@@ -10,5 +10,5 @@ public:
     explicit MelScanner(const QHash<QString, QString> &names);
 
 protected:
-    bool markWord(int start, int end) override;
+    EditorText wordCategory(int start, int end) override;
 };

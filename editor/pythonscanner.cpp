@@ -5,7 +5,7 @@ namespace {
 
 const ScannerRules &rules()
 {
-    static const ScannerRules pythonRules = {
+    static const ScannerRules pythonRules(
         {{"'''", "'''", EditorText::PythonDocStrings, Enclosure::ManyLines, 3, false},
          {"\"\"\"", "\"\"\"", EditorText::PythonDocStrings, Enclosure::ManyLines, 4, false},
          {"'", "'", EditorText::PythonStrings, Enclosure::AfterBackslash, 1, false},
@@ -15,8 +15,7 @@ const ScannerRules &rules()
          "def",    "del",   "elif",   "else", "except", "exec",   "finally", "for",   "from",
          "global", "if",    "import", "in",   "is",     "lambda", "not",     "or",    "pass",
          "print",  "raise", "return", "try",  "while",  "with",   "yield"},
-        EditorText::PythonKeywords,
-        EditorText::PythonNumbers};
+        EditorText::PythonKeywords, EditorText::PythonNumbers);
     return pythonRules;
 }
 
@@ -24,33 +23,13 @@ const ScannerRules &rules()
 
 PythonScanner::PythonScanner(const QHash<QString, QString> &names) : LineScanner(rules(), names) {}
 
-// What stands behind a dot is an attribute, whatever its name.
-bool PythonScanner::markWord(int start, int end)
+void PythonScanner::beginLine(int start)
 {
-    if (line().at(start - 1) != '.')
-        return LineScanner::markWord(start, end);
-    if (!isBehindCmds(start) || !isMelName(start, end))
-        return false;
-    mark(start, end, EditorText::PythonMelCommands);
-    return true;
-}
-
-// cmds.ls
-//      |
-bool PythonScanner::isBehindCmds(int start) const
-{
-    const int module = start - 5;
-    return module >= 0 && line().startsWith("cmds.", module) &&
-           (module == 0 || !line().isWord(module - 1));
-}
-
-void PythonScanner::markLine()
-{
-    const int start = line().skipBlanks(0);
+    m_importedCommands = line().size();
     if (line().at(start) == '@')
         markDecorator(start);
     else if (line().startsWith("from", start))
-        markImportedCommands(start + 4);
+        m_importedCommands = importedFrom(start + 4);
 }
 
 void PythonScanner::markDecorator(int start)
@@ -60,20 +39,33 @@ void PythonScanner::markDecorator(int start)
 }
 
 // from maya.cmds import ls, polyCube
-//     |
-void PythonScanner::markImportedCommands(int start)
+//     |                |
+// The line's end when it imports no commands.
+int PythonScanner::importedFrom(int start) const
 {
     const int module = line().skipBlanks(start);
     const int moduleEnd = line().skipPath(module);
     const bool isCmds = moduleEnd - module >= 4 && line().startsWith("cmds", moduleEnd - 4) &&
                         (moduleEnd - module == 4 || line().at(moduleEnd - 5) == '.');
     const int keyword = line().skipBlanks(moduleEnd);
-    if (module == start || !isCmds || !line().startsWith("import", keyword))
-        return;
-    for (int i = keyword + 6; i < line().size();) {
-        const int end = line().skipName(i);
-        if (end > i && isMelName(i, end))
-            mark(i, end, EditorText::PythonMelCommands);
-        i = end > i ? end : i + 1;
-    }
+    const bool imports = module > start && isCmds && line().startsWith("import", keyword);
+    return imports ? keyword + 6 : line().size();
+}
+
+// What stands behind a dot is an attribute, whatever its name.
+EditorText PythonScanner::wordCategory(int start, int end)
+{
+    const bool isAttribute = line().at(start - 1) == '.';
+    const bool mayBeCommand = isAttribute ? isBehindCmds(start) : start >= m_importedCommands;
+    if (mayBeCommand && isMelName(start, end))
+        return EditorText::PythonMelCommands;
+    return !isAttribute && isKeyword(start, end) ? EditorText::PythonKeywords : EditorText::Plain;
+}
+
+// cmds.ls
+//      |
+bool PythonScanner::isBehindCmds(int start) const
+{
+    const int module = start - 5;
+    return module >= 0 && line().startsWith("cmds.", module) && !line().isWord(module - 1);
 }

@@ -11,11 +11,13 @@ public:
     explicit PythonScanner(const QHash<QString, QString> &names);
 
 protected:
-    bool markWord(int start, int end) override;
-    void markLine() override;
+    void beginLine(int start) override;
+    EditorText wordCategory(int start, int end) override;
 
 private:
-    bool isBehindCmds(int start) const;
     void markDecorator(int start);
-    void markImportedCommands(int start);
+    int importedFrom(int start) const;
+    bool isBehindCmds(int start) const;
+
+    int m_importedCommands = 0; // where the line begins to name some; its end when it does not
 };
