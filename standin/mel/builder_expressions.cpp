@@ -77,7 +77,7 @@ ExpressionPointer Builder::negate(ExpressionPointer value)
 {
     const Type type = value->type();
     if (type != Type::Dynamic && resultType(Operator::Multiply, type, Type::Int) == Type::Void)
-        throw CompileError(illegalOperation(Operator::Subtract, type, type));
+        throw CompileError(illegalOperation("-", type));
     return nodes::negate(std::move(value));
 }
 
@@ -144,8 +144,7 @@ ExpressionPointer Builder::increment(std::unique_ptr<Target> target, int by, boo
 {
     const Type type = target->type();
     if (!isNumber(type) && type != Type::Dynamic)
-        throw CompileError(std::string("Illegal operation \"") + (by > 0 ? "++" : "--") +
-                           "\" on data of type " + typeName(type) + ".");
+        throw CompileError(illegalOperation(by > 0 ? "++" : "--", type));
     return nodes::increment(std::move(target), by, prefix);
 }
 

@@ -198,6 +198,8 @@ public:
     {
         const Target::Index index = m_target->locate(frame);
         const Value before = m_target->load(frame, index);
+        if (!isNumber(typeOf(before)))
+            throw RuntimeError(illegalOperation(m_by > 0 ? "++" : "--", typeOf(before)));
         Value after = apply(Operator::Add, before, m_by, frame.runtime);
         m_target->store(frame, index, after);
         return m_prefix ? after : before;

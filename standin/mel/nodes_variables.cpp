@@ -13,6 +13,11 @@ namespace {
     throw RuntimeError("Array index out of range.");
 }
 
+[[noreturn]] void failIndexing(const Value &value)
+{
+    throw RuntimeError(std::string("Cannot index data of type ") + typeName(value) + ".");
+}
+
 // Texts, vectors and whatever else is no plain number.
 class Constant : public Expression
 {
@@ -174,7 +179,7 @@ auto visitArray(Value &value, Visitor visitor)
     case Type::Vectors:
         return visitor(std::get<VectorArray>(value));
     default:
-        throw RuntimeError(std::string("Cannot index data of type ") + typeName(value) + ".");
+        failIndexing(value);
     }
 }
 
@@ -212,6 +217,8 @@ void DynamicElement::store(Frame &frame, Index index, Value value) const
         failIndex();
     frame.runtime.checkElements(std::int64_t(index.row) + 1);
     Value &variable = m_array.in(frame);
+    if (!isArray(typeOf(variable)))
+        failIndexing(variable);
     Value element = mel::convert(std::move(value), elementOf(typeOf(variable)), frame.runtime);
     visitArray(variable, [&](auto &array) {
         using Held = typename std::decay_t<decltype(array)>::value_type;

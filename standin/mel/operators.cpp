@@ -76,6 +76,13 @@ Matrix asMatrix(const Value &value, bool asColumn)
     return asColumn ? Matrix{3, 1, {v.x, v.y, v.z}} : Matrix{1, 3, {v.x, v.y, v.z}};
 }
 
+// A row of three as the vector that stood on the left.
+Value asVector(Matrix row)
+{
+    row.elements.resize(3);
+    return Vector{row.elements[0], row.elements[1], row.elements[2]};
+}
+
 // A vector is a row on the left and a column on the right.
 Value matrixProduct(const Value &left, const Value &right)
 {
@@ -90,11 +97,9 @@ Value matrixProduct(const Value &left, const Value &right)
                 product.elements[size_t(row) * b.columns + column] +=
                     a.elements[size_t(row) * a.columns + i] *
                     b.elements[size_t(i) * b.columns + column];
-    const bool vectorResult = typeOf(left) == Type::Vector || typeOf(right) == Type::Vector;
-    if (!vectorResult)
-        return product;
-    product.elements.resize(3);
-    return Vector{product.elements[0], product.elements[1], product.elements[2]};
+    if (typeOf(left) == Type::Vector)
+        return asVector(std::move(product));
+    return product;
 }
 
 Value matrixWithNumber(Operator op, const Value &left, const Value &right, WarningSink &warnings)
@@ -113,12 +118,14 @@ Value matrixArithmetic(Operator op, const Value &left, const Value &right, Warni
         return matrixWithNumber(op, left, right, warnings);
     if (op == Operator::Multiply)
         return matrixProduct(left, right);
-    Matrix result = std::get<Matrix>(left);
-    const Matrix &other = std::get<Matrix>(right);
+    Matrix result = asMatrix(left, false);
+    const Matrix other = asMatrix(right, false);
     if (result.rows != other.rows || result.columns != other.columns)
         throw RuntimeError("Matrix sizes do not match.");
     for (size_t i = 0; i < result.elements.size(); ++i)
         result.elements[i] = arithmetic(op, result.elements[i], other.elements[i]);
+    if (typeOf(left) == Type::Vector)
+        return asVector(std::move(result));
     return result;
 }
 
@@ -137,17 +144,15 @@ int compareValues(Operator op, const Value &left, const Value &right, WarningSin
     return compare(op, toFloat(left, warnings), toFloat(right, warnings));
 }
 
+// With a vector as the other operand, the result is what stands on the left.
 Type matrixResult(Operator op, Type left, Type right)
 {
-    const bool sameKind = left == right;
     switch (op) {
     case Operator::Add:
     case Operator::Subtract:
-        return sameKind ? Type::Matrix : Type::Void;
+        return isNumber(left) || isNumber(right) ? Type::Void : left;
     case Operator::Multiply:
-        if (left == Type::Vector || right == Type::Vector)
-            return Type::Vector;
-        return sameKind || isNumber(left) || isNumber(right) ? Type::Matrix : Type::Void;
+        return isNumber(left) ? Type::Matrix : left;
     case Operator::Divide:
     case Operator::Remainder:
         return left == Type::Matrix && isNumber(right) ? Type::Matrix : Type::Void;
@@ -210,8 +215,13 @@ std::string illegalOperation(Operator op, Type left, Type right)
 {
     // The operand that no partner could make right is the one to name.
     const bool blameRight = resultType(op, left, left) != Type::Void;
-    return std::string("Illegal operation \"") + spelling(op) + "\" on data of type " +
-           typeName(blameRight ? right : left) + ".";
+    return illegalOperation(spelling(op), blameRight ? right : left);
+}
+
+std::string illegalOperation(const char *sign, Type operand)
+{
+    return std::string("Illegal operation \"") + sign + "\" on data of type " + typeName(operand) +
+           ".";
 }
 
 int divideInts(int a, int b)
@@ -268,6 +278,9 @@ Value negate(const Value &value, WarningSink &warnings)
         return subtractInts(0, *number);
     if (const double *number = std::get_if<double>(&value))
         return -*number;
+    const Type type = typeOf(value);
+    if (resultType(Operator::Multiply, type, Type::Int) == Type::Void)
+        throw RuntimeError(illegalOperation("-", type));
     return apply(Operator::Multiply, value, -1, warnings);
 }
 

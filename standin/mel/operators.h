@@ -30,6 +30,7 @@ Type resultType(Operator op, Type left, Type right);
 
 // 'Illegal operation "+" on data of type string[].', naming the operand that does not fit.
 std::string illegalOperation(Operator op, Type left, Type right);
+std::string illegalOperation(const char *sign, Type operand);
 
 // These throw RuntimeError("Division by zero").
 int divideInts(int a, int b);
