@@ -70,8 +70,7 @@ public:
     ExpressionPointer compoundAssign(Operator op, std::unique_ptr<Target> target,
                                      ExpressionPointer value);
     ExpressionPointer increment(std::unique_ptr<Target> target, int by, bool prefix);
-    ExpressionPointer call(const std::string &name, ExpressionList arguments, int line,
-                           bool isCommandLine);
+    ExpressionPointer call(const std::string &name, ExpressionList arguments, int line);
 
     // Procedures.
     void beginProcedure(const std::string &name, bool isGlobal, Type returnType,
@@ -108,7 +107,7 @@ private:
     ExpressionPointer callProcedure(const ProcedureEntry &entry, const ProcedurePointer &signature,
                                     ExpressionList arguments, int line);
     ExpressionPointer callFunction(const std::vector<const Function *> &rows,
-                                   ExpressionList arguments, int line, bool isCommandLine);
+                                   ExpressionList arguments, int line);
     std::pair<const ProcedureEntry *, ProcedurePointer>
     findProcedure(const std::string &name) const;
 

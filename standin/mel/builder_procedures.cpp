@@ -45,7 +45,7 @@ ExpressionPointer Builder::callProcedure(const ProcedureEntry &entry,
 }
 
 ExpressionPointer Builder::callFunction(const std::vector<const Function *> &rows,
-                                        ExpressionList arguments, int line, bool isCommandLine)
+                                        ExpressionList arguments, int line)
 {
     std::vector<Type> types;
     for (const ExpressionPointer &given : arguments)
@@ -56,19 +56,18 @@ ExpressionPointer Builder::callFunction(const std::vector<const Function *> &row
     for (size_t i = 0; i < arguments.size(); ++i)
         arguments[i] = argument(std::move(arguments[i]), function->parameterType(i));
     const Type type = function->returnType(types.empty() ? Type::Dynamic : types.front());
-    return nodes::functionCall(*function, std::move(arguments), type, line, isCommandLine);
+    return nodes::functionCall(*function, std::move(arguments), type, line);
 }
 
 // Procedures hide commands. What nobody knows yet may be known when the call is reached.
-ExpressionPointer Builder::call(const std::string &name, ExpressionList arguments, int line,
-                                bool isCommandLine)
+ExpressionPointer Builder::call(const std::string &name, ExpressionList arguments, int line)
 {
     const auto [entry, signature] = findProcedure(name);
     if (entry)
         return callProcedure(*entry, signature, std::move(arguments), line);
     const auto functions = functionsNamed(name);
     if (!functions.empty() && m_runtime.commands.find(name))
-        return callFunction(functions, std::move(arguments), line, isCommandLine);
+        return callFunction(functions, std::move(arguments), line);
     for (const ExpressionPointer &given : arguments) {
         if (given->type() == Type::Void)
             throw CompileError("Cannot cast data of type undefined to string.");

@@ -16,7 +16,7 @@ namespace {
     throw RuntimeError("Wrong number of arguments on call to " + name + ".");
 }
 
-// A function used like a command is echoed like one.
+// To those who watch, a function is a command like any other.
 void echoFunction(Runtime &runtime, const Function &function, Value *const *arguments, size_t count)
 {
     std::vector<Value> words;
@@ -38,7 +38,7 @@ public:
 
 protected:
     Value callProcedure(const ProcedurePointer &procedure, Frame &frame) const;
-    Value callFunction(const Function &function, Frame &frame, bool isCommandLine) const;
+    Value callFunction(const Function &function, Frame &frame) const;
 
     ExpressionList m_arguments;
     int m_line;
@@ -74,7 +74,7 @@ Value CallExpression::callProcedure(const ProcedurePointer &procedure, Frame &fr
     return frame.runtime.invoke(procedure, callee);
 }
 
-Value CallExpression::callFunction(const Function &function, Frame &frame, bool isCommandLine) const
+Value CallExpression::callFunction(const Function &function, Frame &frame) const
 {
     constexpr size_t usualCount = 6;
     const size_t count = m_arguments.size();
@@ -92,7 +92,7 @@ Value CallExpression::callFunction(const Function &function, Frame &frame, bool 
         all[i] = &own[i];
     }
     frame.line = m_line;
-    if (isCommandLine && frame.runtime.settings.echoCommands)
+    if (frame.runtime.settings.echoCommands)
         echoFunction(frame.runtime, function, all, count);
     return function.run(Arguments(frame.runtime, all, count));
 }
@@ -125,20 +125,14 @@ Value ProcedureCall::eval(Frame &frame) const
 class FunctionCall : public CallExpression
 {
 public:
-    FunctionCall(const Function &function, ExpressionList arguments, Type type, int line,
-                 bool isCommandLine)
-        : CallExpression(type, std::move(arguments), line), m_function(function),
-          m_isCommandLine(isCommandLine)
+    FunctionCall(const Function &function, ExpressionList arguments, Type type, int line)
+        : CallExpression(type, std::move(arguments), line), m_function(function)
     {
     }
-    Value eval(Frame &frame) const override
-    {
-        return callFunction(m_function, frame, m_isCommandLine);
-    }
+    Value eval(Frame &frame) const override { return callFunction(m_function, frame); }
 
 private:
     const Function &m_function;
-    bool m_isCommandLine;
 };
 
 // A command, or a name that nothing had when the text was compiled.
@@ -204,10 +198,9 @@ ExpressionPointer procedureCall(const ProcedureEntry &entry, const ProcedurePoin
 }
 
 ExpressionPointer functionCall(const Function &function, ExpressionList arguments, Type type,
-                               int line, bool isCommandLine)
+                               int line)
 {
-    return std::make_unique<FunctionCall>(function, std::move(arguments), type, line,
-                                          isCommandLine);
+    return std::make_unique<FunctionCall>(function, std::move(arguments), type, line);
 }
 
 ExpressionPointer lateCall(std::string name, ExpressionList arguments, int line)

@@ -13,9 +13,8 @@ ExpressionPointer procedureCall(const ProcedureEntry &entry, const ProcedurePoin
                                 ExpressionList arguments, int line);
 
 // A built-in function; the arguments are converted already.
-// `isCommandLine`: written as a command, and so echoed like one.
 ExpressionPointer functionCall(const Function &function, ExpressionList arguments, Type type,
-                               int line, bool isCommandLine);
+                               int line);
 
 // Whatever has that name when the call is reached: procedure, command, or script on the path.
 ExpressionPointer lateCall(std::string name, ExpressionList arguments, int line);

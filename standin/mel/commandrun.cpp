@@ -173,9 +173,10 @@ void spreadWord(Value argument, std::vector<Value> &words)
 
 void echoCommand(Runtime &runtime, const std::string &name, const std::vector<Value> &words)
 {
+    if (!runtime.settings.echoCommands)
+        return;
     const StringArray &filter = runtime.settings.echoFilter;
-    const bool filtered = std::find(filter.begin(), filter.end(), name) != filter.end();
-    if (!runtime.settings.echoCommands || filtered)
+    if (std::find(filter.begin(), filter.end(), name) != filter.end())
         return;
     std::string text = name;
     for (const Value &word : words)

@@ -48,6 +48,19 @@ void setSwitch(const Call &call, const char *flag, bool &value)
     value = call.boolean(flag, value);
 }
 
+// The names behind both flags. An array of names is spread into words, of which a flag takes the
+// first only; the others arrive as objects.
+void addFilters(const Call &call, StringArray &filter)
+{
+    for (const char *flag : {"filter", "addFilter"}) {
+        for (const Call::FlagUse *use : call.findAll(flag))
+            filter.push_back(std::get<std::string>(use->arguments[0]));
+    }
+    const bool named = call.isSet("filter") || call.isSet("addFilter");
+    const StringArray others = named ? call.objectTexts() : StringArray();
+    filter.insert(filter.end(), others.begin(), others.end());
+}
+
 Value commandEcho(Runtime &runtime, Call &call)
 {
     Settings &settings = runtime.settings;
@@ -60,10 +73,7 @@ Value commandEcho(Runtime &runtime, Call &call)
     setSwitch(call, "lineNumbers", settings.lineNumbers);
     if (call.isSet("filter"))
         settings.echoFilter.clear();
-    for (const char *flag : {"filter", "addFilter"}) {
-        for (const Call::FlagUse *use : call.findAll(flag))
-            settings.echoFilter.push_back(std::get<std::string>(use->arguments[0]));
-    }
+    addFilters(call, settings.echoFilter);
     return {};
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "standin/mel/function.h"
 
+#include "standin/mel/commandrun.h"
 #include "standin/mel/functions.h"
 #include "standin/mel/nodes.h"
 #include "standin/mel/runtime.h"
@@ -116,6 +117,7 @@ Value callFunctionByName(Runtime &runtime, const std::string &name, std::vector<
     if (!function)
         throw RuntimeError("Wrong number of arguments on call to " + name + ".");
     std::vector<Value *> places;
+    echoCommand(runtime, name, arguments);
     for (size_t i = 0; i < arguments.size(); ++i) {
         arguments[i] =
             nodes::convertArgument(std::move(arguments[i]), function->parameterType(i), runtime);

@@ -147,7 +147,7 @@ ExpressionPointer Parser::commandLine()
     ExpressionList words;
     while (startsWord())
         words.push_back(word());
-    return m_builder.call(name, std::move(words), line, true);
+    return m_builder.call(name, std::move(words), line);
 }
 
 bool Parser::startsWord() const

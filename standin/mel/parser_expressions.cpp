@@ -256,7 +256,7 @@ ExpressionPointer Parser::functionCall()
     ExpressionList arguments = expressionList(')');
     m_inBacktick = outer;
     expect(')');
-    return m_builder.call(name, std::move(arguments), line, false);
+    return m_builder.call(name, std::move(arguments), line);
 }
 
 // The comma-separated expressions before `end`, which is not consumed.
