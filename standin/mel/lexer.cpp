@@ -205,9 +205,11 @@ void Lexer::readSymbol(Token &token)
             return;
         }
     }
-    // Bytes beyond ASCII and a lone "$" match no rule of the grammar.
+    // Bytes beyond ASCII, a lone "$" and an escape outside of a string match no rule of the
+    // grammar.
     token.symbol = static_cast<unsigned char>(at());
-    advance(1);
+    const bool isEscape = at() == '\\' && at(1) != '\n' && at(1) != '\r';
+    advance(isEscape ? 2 : 1);
 }
 
 Token Lexer::next()

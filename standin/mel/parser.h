@@ -95,6 +95,7 @@ private:
     ExpressionPointer commandLine();
     bool callIsCommandLine() const;
     bool wordFollows(size_t at) const;
+    void requireEndOfCommand() const;
     bool startsWord() const;
     ExpressionPointer word();
     ExpressionPointer dashedWord();
@@ -102,7 +103,7 @@ private:
     ExpressionPointer bareWord();
     bool bareWordContinues() const;
     bool skipPlainBrackets();
-    ExpressionPointer sourceCommand(int line);
+    std::string sourcedFile();
     size_t matchingParenthesis(bool &hasComma) const;
 
     Runtime &m_runtime;

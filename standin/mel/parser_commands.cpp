@@ -142,12 +142,23 @@ ExpressionPointer Parser::commandLine()
     if (isKeyword(name))
         failSyntax();
     next();
-    if (name == "source")
-        return sourceCommand(line);
+    if (name == "source") {
+        const std::string file = sourcedFile();
+        requireEndOfCommand();
+        return nodes::sourceFile(m_runtime, file, {m_source, line});
+    }
     ExpressionList words;
     while (startsWord())
         words.push_back(word());
+    requireEndOfCommand();
     return m_builder.call(name, std::move(words), line);
+}
+
+// What is no word is wrong before the number of words is: print + 1;
+void Parser::requireEndOfCommand() const
+{
+    if (token().kind != TokenKind::End && !token().is(';') && !token().is('`'))
+        failSyntax();
 }
 
 bool Parser::startsWord() const
@@ -239,22 +250,21 @@ bool Parser::skipPlainBrackets()
     return true;
 }
 
-ExpressionPointer Parser::sourceCommand(int line)
+std::string Parser::sourcedFile()
 {
-    std::string name = token().text;
     if (token().kind == TokenKind::String) {
+        const std::string &name = token().text;
         next();
-    } else if (isWordPiece(token()) || token().is('/')) {
-        const size_t begin = token().begin;
-        do {
-            next();
-        } while (adjacent() && (isWordPiece(token()) || token().is('/')));
-        name = m_source->text.substr(begin, m_tokens[m_at - 1].end - begin);
-    } else {
-        // A name that is only known later cannot be read while compiling.
-        failSyntax();
+        return name;
     }
-    return nodes::sourceFile(m_runtime, name, {m_source, line});
+    // A name that is only known later cannot be read while compiling.
+    if (!isWordPiece(token()) && !token().is('/'))
+        failSyntax();
+    const size_t begin = token().begin;
+    do {
+        next();
+    } while (adjacent() && (isWordPiece(token()) || token().is('/')));
+    return m_source->text.substr(begin, m_tokens[m_at - 1].end - begin);
 }
 
 } // namespace mel

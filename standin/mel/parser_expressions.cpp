@@ -2,6 +2,7 @@
 #include "standin/mel/parser.h"
 
 #include "standin/mel/parserlevel.h"
+#include "standin/mel/sourcenode.h"
 
 namespace mel {
 
@@ -247,9 +248,9 @@ ExpressionPointer Parser::functionCall()
         failSyntax();
     if (name == "source") {
         next();
-        ExpressionPointer sourced = sourceCommand(line);
+        const std::string file = sourcedFile();
         expect(')');
-        return sourced;
+        return nodes::sourceFile(m_runtime, file, {m_source, line});
     }
     next();
     const bool outer = std::exchange(m_inBacktick, false);
