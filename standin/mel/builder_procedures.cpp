@@ -89,7 +89,8 @@ void Builder::beginProcedure(const std::string &name, bool isGlobal, Type return
     for (const Parameter &parameter : parameters) {
         if (m_scopes.back().count(parameter.name) > 0)
             throw CompileError("Invalid redeclaration of variable \"" + parameter.name + "\".");
-        declareLocal({parameter.name, parameter.type, false, defaultValue(parameter.type), 0});
+        declareLocal(
+            {parameter.name, parameter.type, false, defaultValue(parameter.type), parameter.line});
     }
     const ProcedurePointer old = findProcedure(name).second;
     if (old && !old->sameSignature(*m_procedure))

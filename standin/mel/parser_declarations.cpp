@@ -158,13 +158,15 @@ std::vector<Parameter> Parser::parameters()
         next();
         if (token().kind != TokenKind::Variable)
             failSyntax();
-        const std::string name = token().text;
+        const Token &name = token();
         next();
         if (accept('[')) {
             expect(']');
             type = arrayOf(type);
+            if (type == Type::Void)
+                failSyntax();
         }
-        list.push_back({name, type});
+        list.push_back({name.text, type, name.startLine});
     } while (accept(','));
     return list;
 }

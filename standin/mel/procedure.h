@@ -11,6 +11,7 @@ struct Parameter
 {
     std::string name; // with its "$"
     Type type;
+    int line = 0;
 };
 
 // A compiled procedure. Callers hold it while it runs, so it may be redefined meanwhile.
