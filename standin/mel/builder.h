@@ -118,7 +118,8 @@ private:
     std::vector<Value> m_unitSlots;
     std::shared_ptr<Procedure> m_procedure;
     bool m_sawReturn = false;
-    std::map<std::string, Pending> m_pending;
+    std::map<std::string, Pending> m_pending; // the last definition of each name
+    std::vector<Pending> m_definitions;       // all of them
     std::vector<std::string> m_newGlobals;
     std::map<std::string, int> m_globalLines; // globals declared by this text
 };

@@ -97,7 +97,8 @@ void Builder::beginProcedure(const std::string &name, bool isGlobal, Type return
         m_warn("New procedure definition for \"" + name +
                "\" has a different argument list and/or return type.");
     // Known before its body, so that it may call itself.
-    m_pending[name] = {&m_runtime.procedures.entry(name, isGlobal, *m_source), m_procedure};
+    m_definitions.push_back({&m_runtime.procedures.entry(name, isGlobal, *m_source), m_procedure});
+    m_pending[name] = m_definitions.back();
 }
 
 ExpressionPointer Builder::returned(ExpressionPointer value)
@@ -127,8 +128,8 @@ void Builder::endProcedure(StatementList body)
 // From here on all callers reach the new definitions, those compiled earlier as well.
 void Builder::commit()
 {
-    for (auto &pending : m_pending)
-        pending.second.entry->current = pending.second.procedure;
+    for (const Pending &definition : m_definitions)
+        definition.entry->current = definition.procedure;
 }
 
 // Gives back the names of variables that only the faulty text declared.

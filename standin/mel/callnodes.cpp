@@ -146,6 +146,7 @@ public:
     Value eval(Frame &frame) const override;
 
 private:
+    const ProcedureEntry *findProcedure(const Frame &frame) const;
     Value callBuiltIn(Frame &frame) const;
     std::vector<Value> words(Frame &frame) const;
 
@@ -156,8 +157,7 @@ Value LateCall::eval(Frame &frame) const
 {
     Runtime &runtime = frame.runtime;
     frame.line = m_line;
-    const bool typed = frame.source->isTyped();
-    if (const ProcedureEntry *known = runtime.knownProcedure(m_name, typed))
+    if (const ProcedureEntry *known = findProcedure(frame))
         return callProcedure(ProcedurePointer(known->current), frame);
     if (const CommandTable::Pointer command = runtime.commands.find(m_name)) {
         if (isFunction(m_name))
@@ -166,10 +166,22 @@ Value LateCall::eval(Frame &frame) const
         frame.line = m_line;
         return runCommand(runtime, *command, std::move(all));
     }
-    const ProcedurePointer loaded = runtime.findProcedure(m_name, typed);
+    const ProcedurePointer loaded = runtime.findProcedure(m_name, false);
     if (!loaded)
         throw RuntimeError("Cannot find procedure \"" + m_name + "\".");
     return callProcedure(loaded, frame);
+}
+
+// A local procedure that stands further down in the same text is out of reach; one that stands
+// above was bound while compiling.
+const ProcedureEntry *LateCall::findProcedure(const Frame &frame) const
+{
+    Runtime &runtime = frame.runtime;
+    const ProcedureEntry *local =
+        frame.source->isTyped() ? runtime.procedures.findTyped(m_name) : nullptr;
+    if (local && local->current->source != frame.source)
+        return local;
+    return runtime.knownProcedure(m_name, false);
 }
 
 Value LateCall::callBuiltIn(Frame &frame) const
