@@ -13,6 +13,9 @@ public:
     using std::runtime_error::runtime_error;
 };
 
+// The message for whatever a command may throw.
+std::string failureText(const std::exception &error);
+
 // A text that cannot run. Its messages are, in order, the source line and the error in its place.
 class CompileFailure : public RuntimeError
 {

@@ -8,8 +8,6 @@
 #include "standin/mel/runtime.h"
 #include "standin/mel/statements.h"
 
-#include <new>
-
 namespace mel {
 
 struct Interpreter::State : Runtime
@@ -45,12 +43,8 @@ Outcome guarded(Runtime &runtime, Run run)
         outcome.ok = true;
     } catch (const RuntimeError &error) {
         outcome.error = runtime.reportFailure(error, true);
-    } catch (const CompileError &error) {
-        outcome.error = runtime.reportFailure(RuntimeError(error.what()), true);
-    } catch (const std::bad_alloc &) {
-        outcome.error = runtime.reportFailure(RuntimeError("Out of memory."), true);
     } catch (const std::exception &error) {
-        outcome.error = runtime.reportFailure(RuntimeError(error.what()), true);
+        outcome.error = runtime.reportFailure(RuntimeError(failureText(error)), true);
     }
     return outcome;
 }

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <new>
+#include <stdexcept>
 
 namespace mel {
 
@@ -107,11 +109,11 @@ void Runtime::checkStack() const
         throw RuntimeError("Stack overflow: too many nested calls.");
 }
 
-void Runtime::rethrowLocated(const RuntimeError &error, const Frame &frame) const
+void Runtime::rethrowLocated(const std::string &text, const Frame &frame) const
 {
     const LocatedError::Step step{frame.procedure ? frame.procedure->name : "",
                                   {frame.source, frame.line}};
-    LocatedError located((settings.lineNumbers ? step.place.prefix() : "") + error.what());
+    LocatedError located((settings.lineNumbers ? step.place.prefix() : "") + text);
     located.steps.push_back(step);
     throw located;
 }
@@ -137,8 +139,8 @@ Value Runtime::runInFrame(Frame &frame, const StatementList &statements, bool wa
         throw;
     } catch (const CompileFailure &) {
         throw;
-    } catch (const RuntimeError &error) {
-        rethrowLocated(error, frame);
+    } catch (const std::exception &error) {
+        rethrowLocated(failureText(error), frame);
     }
     return std::move(frame.result);
 }
@@ -175,8 +177,8 @@ int Runtime::fails(const Expression &expression, Frame &frame, bool quiet)
         reportFailure(error, false);
     } catch (const CompileFailure &error) {
         reportFailure(error, false);
-    } catch (const RuntimeError &error) {
-        report(MessageKind::Error, placePrefix() + error.what());
+    } catch (const std::exception &error) {
+        report(MessageKind::Error, placePrefix() + failureText(error));
     }
     frame.line = line;
     return 1;
@@ -214,6 +216,13 @@ void Runtime::echoText(const std::string &text)
 {
     const bool closed = !text.empty() && text.back() == '\n';
     report(MessageKind::History, closed ? text : text + "\n");
+}
+
+std::string failureText(const std::exception &error)
+{
+    const bool lacksMemory = dynamic_cast<const std::bad_alloc *>(&error) ||
+                             dynamic_cast<const std::length_error *>(&error);
+    return lacksMemory ? "Out of memory." : error.what();
 }
 
 std::string LocatedError::traceText() const

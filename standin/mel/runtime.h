@@ -113,7 +113,7 @@ private:
     void checkSteps();
     void startSteps();
     Value runInFrame(Frame &frame, const StatementList &statements, bool wantsValue);
-    [[noreturn]] void rethrowLocated(const RuntimeError &error, const Frame &frame) const;
+    [[noreturn]] void rethrowLocated(const std::string &text, const Frame &frame) const;
 
     Frame *m_top = nullptr;
     int m_depth = 0; // nested executions

@@ -7,6 +7,8 @@
 #include <QObject>
 
 #include <algorithm>
+#include <new>
+#include <stdexcept>
 
 class TestMelInterpreter : public QObject
 {
@@ -24,6 +26,7 @@ private slots:
     void callTakesReadyWords();
     void nestedTextReportsItsErrorOnce();
     void evaluateHandsTheErrorToTheCommand();
+    void whateverACommandThrowsCanBeCaught();
     void globalVariablesCrossTheBorder();
     void sourcedFilesNameThemselvesInErrors();
     void scriptsOnThePathAreSourcedOnDemand();
@@ -253,6 +256,20 @@ void TestMelInterpreter::evaluateHandsTheErrorToTheCommand()
 }
 
 void TestMelInterpreter::globalVariablesCrossTheBorder()
+void TestMelInterpreter::whateverACommandThrowsCanBeCaught()
+{
+    TestInterpreter interpreter;
+    interpreter.mel.addCommand(
+        plain("hungry", [](mel::Call &) -> mel::Value { throw std::bad_alloc(); }));
+    interpreter.mel.addCommand(
+        plain("careless", [](mel::Call &) -> mel::Value { throw std::logic_error("oops"); }));
+    QCOMPARE(interpreter.runJoined("proc f() { hungry; }\nprint (catch(f()) + catch(`hungry`) + "
+                                   "catch(`careless`));"),
+             std::string("E line 1: Out of memory. | E line 2: Out of memory. | E line 2: oops | "
+                         "> 3"));
+    QCOMPARE(interpreter.runJoined("\nhungry;"), std::string("E line 2: Out of memory."));
+}
+
 {
     TestInterpreter interpreter;
     QVERIFY(!interpreter.mel.globalVariable("$gName"));
