@@ -26,7 +26,9 @@ void addCommand(Runtime &runtime, const std::string &name)
     Command command;
     command.name = name;
     command.kind = CommandKind::RunTimeCommand;
-    command.run = [&runtime, name](Call &) {
+    command.run = [&runtime, name](Call &call) {
+        if (!call.objects.empty())
+            throw RuntimeError("Wrong number of arguments on call to " + name + ".");
         // A copy, as the script may delete the command.
         const RunTimeCommand definition = runtime.runTimeCommands.at(name);
         return runScript(runtime, definition);
