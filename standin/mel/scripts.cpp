@@ -26,6 +26,15 @@ std::string existing(const std::string &path)
     return isFile(path + ".mel") ? path + ".mel" : "";
 }
 
+// Editors of other systems put the mark in front of what they save as UTF-8.
+std::string withoutByteOrderMark(std::string text)
+{
+    const std::string_view mark = "\xEF\xBB\xBF";
+    if (text.compare(0, mark.size(), mark) == 0)
+        text.erase(0, mark.size());
+    return text;
+}
+
 std::string withSuffix(const std::string &name)
 {
     const bool has = name.size() > 4 && name.compare(name.size() - 4, 4, ".mel") == 0;
@@ -93,11 +102,12 @@ std::unique_ptr<Unit> Runtime::compileFile(const std::string &name, const Place 
     std::ifstream file(path, std::ios::binary);
     if (path.empty() || !file)
         throw CompileError("Cannot find file \"" + withSuffix(name) + "\" for source statement.");
-    std::ostringstream text;
-    text << file.rdbuf();
+    std::ostringstream bytes;
+    bytes << file.rdbuf();
     const CompileScope scope(*this, path, from);
     checkStack();
-    return compileSource(*this, std::make_shared<Source>(Source{path, text.str()}));
+    return compileSource(*this,
+                         std::make_shared<Source>(Source{path, withoutByteOrderMark(bytes.str())}));
 }
 
 } // namespace mel

@@ -31,6 +31,7 @@ private slots:
     void sourcedFilesNameThemselvesInErrors();
     void scriptsOnThePathAreSourcedOnDemand();
     void sourceReadsTheFileAnewEachTime();
+    void byteOrderMarkIsNoPartOfAScript();
     void fileThatSourcesItselfEnds();
     void redefinedProcedureRunsToItsEnd();
     void everyLibraryProcedureCompiles();
@@ -255,7 +256,6 @@ void TestMelInterpreter::evaluateHandsTheErrorToTheCommand()
     }
 }
 
-void TestMelInterpreter::globalVariablesCrossTheBorder()
 void TestMelInterpreter::whateverACommandThrowsCanBeCaught()
 {
     TestInterpreter interpreter;
@@ -270,6 +270,7 @@ void TestMelInterpreter::whateverACommandThrowsCanBeCaught()
     QCOMPARE(interpreter.runJoined("\nhungry;"), std::string("E line 2: Out of memory."));
 }
 
+void TestMelInterpreter::globalVariablesCrossTheBorder()
 {
     TestInterpreter interpreter;
     QVERIFY(!interpreter.mel.globalVariable("$gName"));
@@ -340,6 +341,18 @@ void TestMelInterpreter::sourceReadsTheFileAnewEachTime()
     QCOMPARE(interpreter.runJoined("again;"), std::string("> 1"));
     const QString path = writeScript("melTestChanging.mel", "print 2;");
     QCOMPARE(interpreter.runJoined("again;"), std::string("> 2"));
+    QFile::remove(path);
+}
+
+void TestMelInterpreter::byteOrderMarkIsNoPartOfAScript()
+{
+    TestInterpreter interpreter;
+    const QString path = writeScript("melTestMarked.mel", "\xEF\xBB\xBFprint 1; noSuch \"\n");
+    interpreter.mel.sourceFile(path.toUtf8().constData());
+    const std::vector<std::string> seen = interpreter.host.takeMessages();
+    QCOMPARE(seen.front(), std::string("E print 1; noSuch \"\\n"));
+    writeScript("melTestMarked.mel", "\xEF\xBB\xBFprint 1;");
+    QVERIFY(interpreter.mel.sourceFile(path.toUtf8().constData()).ok);
     QFile::remove(path);
 }
 
