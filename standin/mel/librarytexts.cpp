@@ -35,23 +35,27 @@ global proc string strip(string $text) {
 })mel"},
     {"substituteAllString", R"mel(
 global proc string substituteAllString(string $text, string $old, string $by) {
+    // Reaching far into a long text takes time, so it is searched in short pieces.
+    int $reach = 1000;
     int $length = size($old);
     if ($length == 0)
         return $text;
+    int $rest = size($text);
+    int $begin = 1;
     string $result = "";
-    int $rest = 1;
-    int $i = 1;
-    int $last = size($text) - $length + 1;
-    while ($i <= $last) {
-        if (substring($text, $i, $i + $length - 1) != $old) {
-            $i++;
-            continue;
+    while ($rest > 0) {
+        string $piece = substring($text, $begin, $begin + $reach + $length);
+        int $last = $rest < $reach ? $rest : $reach;
+        int $i = 1;
+        while ($i <= $last) {
+            int $found = substring($piece, $i, $i + $length - 1) == $old;
+            $result += $found ? $by : substring($piece, $i, $i);
+            $i += $found ? $length : 1;
         }
-        $result += substring($text, $rest, $i - 1) + $by;
-        $i += $length;
-        $rest = $i;
+        $begin += $i - 1;
+        $rest -= $i - 1;
     }
-    return $result + substring($text, $rest, size($text));
+    return $result;
 })mel"},
     {"stringToStringArray", R"mel(
 global proc string[] stringToStringArray(string $text, string $separators) {

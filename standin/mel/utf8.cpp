@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "standin/mel/utf8.h"
 
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+
 namespace mel {
 
 namespace {
@@ -17,6 +21,28 @@ size_t lengthByLead(unsigned char lead)
     if (lead >= 0xE0 && lead < 0xF0)
         return 3;
     return lead >= 0xF0 && lead < 0xF5 ? 4 : 0;
+}
+
+// Whether the eight bytes there are a character each.
+bool eightAsciiAt(std::string_view text, size_t offset)
+{
+    std::uint64_t bytes = 0;
+    std::memcpy(&bytes, text.data() + offset, sizeof bytes);
+    return (bytes & 0x8080808080808080u) == 0;
+}
+
+// Moves `offset` on by at most `limit` characters; returns how many there were. Most texts are
+// ASCII and long, so eight are taken at a time.
+size_t skipCharacters(std::string_view text, size_t &offset, size_t limit)
+{
+    size_t count = 0;
+    while (count < limit && offset < text.size()) {
+        const bool eight =
+            limit - count >= 8 && text.size() - offset >= 8 && eightAsciiAt(text, offset);
+        offset += eight ? 8 : characterAt(text, offset).length;
+        count += eight ? 8 : 1;
+    }
+    return count;
 }
 
 } // namespace
@@ -40,21 +66,16 @@ Character characterAt(std::string_view text, size_t offset)
 
 size_t countCharacters(std::string_view text)
 {
-    size_t count = 0;
-    for (size_t at = 0; at < text.size(); ++count)
-        at += characterAt(text, at).length;
-    return count;
+    size_t at = 0;
+    return skipCharacters(text, at, text.size());
 }
 
 std::string_view characters(std::string_view text, size_t first, size_t last)
 {
     size_t begin = 0;
-    size_t count = 0;
-    for (; count < first && begin < text.size(); ++count)
-        begin += characterAt(text, begin).length;
+    const size_t skipped = skipCharacters(text, begin, first);
     size_t end = begin;
-    for (; count < last && end < text.size(); ++count)
-        end += characterAt(text, end).length;
+    skipCharacters(text, end, std::max(first, last) - skipped);
     return text.substr(begin, end - begin);
 }
 

@@ -26,6 +26,7 @@ private slots:
     void catchCannotKeepAnInterruptedScriptAlive();
     void interpreterWorksOnAfterEveryFailure();
     void growingArraysAndTextsTakesLinearTime();
+    void replacingTextTakesLinearTime();
     void patternsTakeLinearTime();
 };
 
@@ -260,6 +261,16 @@ void TestMelRobustness::growingArraysAndTextsTakesLinearTime()
         "string $s; for ($i = 0; $i < 300000; $i++) $s += \"x\"; print (size($a) + size($s));";
     QVERIFY(secondsFor(interpreter, text) < 5);
     QCOMPARE(interpreter.runJoined("print (size($a) + size($s));"), std::string("> 600000"));
+}
+
+void TestMelRobustness::replacingTextTakesLinearTime()
+{
+    TestInterpreter interpreter;
+    interpreter.run("string $s = \"ab\xc3\xa4-\"; while (size($s) < 250000) $s += $s;");
+    QVERIFY(secondsFor(interpreter, "$s = substituteAllString($s, \"\xc3\xa4-ab\", \"+\");") < 5);
+    // All but the first half of the first and the second half of the last.
+    QCOMPARE(interpreter.runJoined("print (size($s) + substring($s, 65530, 65545));"),
+             std::string("> 65539++++++++\xc3\xa4-"));
 }
 
 void TestMelRobustness::patternsTakeLinearTime()
