@@ -4,6 +4,7 @@
 
 #include <maya/MGlobal.h>
 
+#include <QDateTime>
 #include <QDir>
 #include <QString>
 
@@ -45,16 +46,27 @@ std::string folder(const Session &session, const char *name)
     return session.userFolder(name).toUtf8().constData();
 }
 
+std::string currentTime(const char *format)
+{
+    return QDateTime::currentDateTime().toString(QLatin1String(format)).toUtf8().constData();
+}
+
 const Question aboutTable[] = {
+    {"64", "is64", [](const Session &) -> mel::Value { return sizeof(void *) == 8 ? 1 : 0; }},
+    {"a", "application", [](const Session &) -> mel::Value { return "maya"; }},
     {"api", "apiVersion", [](const Session &) -> mel::Value { return MGlobal::apiVersion(); }},
     {"b", "batch", [](const Session &session) -> mel::Value { return session.isBatch() ? 1 : 0; }},
+    {"cd", "currentDate", [](const Session &) -> mel::Value { return currentTime("yyyy/MM/dd"); }},
+    {"ct", "currentTime", [](const Session &) -> mel::Value { return currentTime("hh:mm:ss"); }},
     {"li", "linux", [](const Session &) { return isSystem("linux64"); }},
     {"mac", "macOS", [](const Session &) { return isSystem("mac"); }},
     {"nt", "ntOS", [](const Session &) { return isSystem("win64"); }},
     {"os", "operatingSystem", [](const Session &) -> mel::Value { return operatingSystem; }},
     {"p", "product", [](const Session &) -> mel::Value { return "Maya stand-in"; }},
     {"qt", "qtVersion", [](const Session &) -> mel::Value { return qVersion(); }},
+    {"uil", "uiLanguage", [](const Session &) -> mel::Value { return "en_US"; }},
     {"v", "version", [](const Session &) { return release(); }},
+    {"win", "windows", [](const Session &) { return isSystem("win64"); }},
 };
 
 // Folders are made when they are asked for, and their names end in a slash.

@@ -137,6 +137,11 @@ void TestSessionCommands::aboutTellsOfTheSession()
     QCOMPARE(session.value("about -batch"), QString("0"));
     QCOMPARE(session.value("about -apiVersion"), QString::number(MGlobal::apiVersion()));
     QCOMPARE(session.value("about -v"), QString::number(MAYA_API_VERSION).left(4));
+    QCOMPARE(session.value("about -win") + session.value("about -is64"),
+             QString(sizeof(void *) == 8 ? "01" : "00"));
+    QCOMPARE(session.value("about -a"), QString("maya"));
+    QCOMPARE(session.value("about -uil"), QString("en_US"));
+    QCOMPARE(session.value("size(`about -cd`) + size(`about -currentTime`)"), QString("18"));
     QVERIFY(!session.run("about"));
     QCOMPARE(MGlobal::mayaState(), MGlobal::kInteractive);
 
