@@ -19,17 +19,41 @@ void requireKnownEvent(const std::string &event)
         throw mel::RuntimeError("Unknown event: " + event);
 }
 
+// What a job waits for; all but idle moments have a name of their own before the script.
+struct TriggerFlag
+{
+    const char *shortName;
+    const char *longName;
+    ScriptJobs::Trigger trigger;
+};
+const TriggerFlag namedTriggers[] = {
+    {"e", "event", ScriptJobs::Trigger::Event},
+    {"ct", "conditionTrue", ScriptJobs::Trigger::ConditionTrue},
+    {"ac", "attributeChange", ScriptJobs::Trigger::AttributeChange},
+};
+
+void readTrigger(const mel::Call &call, ScriptJobs::Job &job)
+{
+    for (const TriggerFlag &flag : namedTriggers) {
+        if (!call.isSet(flag.longName))
+            continue;
+        job.trigger = flag.trigger;
+        job.subject = call.text(flag.longName);
+        job.script = call.text(flag.longName, {}, 1);
+        return;
+    }
+    if (!call.isSet("idleEvent"))
+        throw mel::RuntimeError("No event was given for the script job.");
+    job.trigger = ScriptJobs::Trigger::Idle;
+    job.script = call.text("idleEvent");
+}
+
 ScriptJobs::Job jobFrom(const mel::Call &call)
 {
     ScriptJobs::Job job;
-    job.event = call.text("event");
-    job.script = call.text("event", {}, 1);
-    if (call.isSet("event"))
-        requireKnownEvent(job.event);
-    else if (call.isSet("idleEvent"))
-        job.script = call.text("idleEvent");
-    else
-        throw mel::RuntimeError("No event was given for the script job.");
+    readTrigger(call, job);
+    if (job.trigger == ScriptJobs::Trigger::Event)
+        requireKnownEvent(job.subject);
     job.parent = call.text("parent");
     job.protectedFromKill = call.isSet("protected");
     job.permanent = call.isSet("permanent");
@@ -76,7 +100,6 @@ void addScriptJobCommand(Session &session)
     mel::Command command;
     command.name = "scriptJob";
     command.flags = {
-        {"e", "event", {ArgumentKind::String, ArgumentKind::Script}},
         {"ex", "exists", {ArgumentKind::Int}},
         {"f", "force"},
         {"ie", "idleEvent", {ArgumentKind::Script}},
@@ -89,6 +112,9 @@ void addScriptJobCommand(Session &session)
         {"pro", "protected"},
         {"ro", "runOnce", {ArgumentKind::Boolean}},
     };
+    for (const TriggerFlag &flag : namedTriggers)
+        command.flags.push_back(
+            {flag.shortName, flag.longName, {ArgumentKind::String, ArgumentKind::Script}});
     command.run = [&session](mel::Call &call) { return run(call, session); };
     session.mel().addCommand(command);
 }

@@ -114,7 +114,11 @@ std::string description(int number, const ScriptJobs::Job &job)
         text += quoted("-runOnce");
     if (!job.parent.empty())
         text += quoted("-parent") + quoted(job.parent);
-    text += job.event.empty() ? quoted("-idleEvent") : quoted("-event") + quoted(job.event);
+    static const char *const triggerFlags[] = {"-event", "-conditionTrue", "-attributeChange",
+                                               "-idleEvent"};
+    text += quoted(triggerFlags[static_cast<int>(job.trigger)]);
+    if (job.trigger != ScriptJobs::Trigger::Idle)
+        text += quoted(job.subject);
     return text + quoted(job.script);
 }
 
@@ -134,7 +138,7 @@ std::vector<std::string> ScriptJobs::eventNames()
 int ScriptJobs::add(const Job &job)
 {
     m_jobs[++m_lastNumber] = job;
-    if (job.event.empty())
+    if (job.trigger == Trigger::Idle)
         m_idleTimer->start();
     return m_lastNumber;
 }
@@ -178,7 +182,7 @@ std::vector<std::string> ScriptJobs::descriptions() const
 void ScriptJobs::fire(const std::string &event)
 {
     // Marked, so that an event that comes ten times before the next idle moment counts once.
-    for (const int number : numbersFor(event)) {
+    for (const int number : numbersFor(Trigger::Event, event)) {
         Job &job = m_jobs[number];
         if (!job.waiting)
             m_session.idleQueue().add([this, number] { run(number); });
@@ -188,24 +192,24 @@ void ScriptJobs::fire(const std::string &event)
 
 void ScriptJobs::runNow(const std::string &event)
 {
-    for (const int number : numbersFor(event))
+    for (const int number : numbersFor(Trigger::Event, event))
         run(number);
 }
 
 void ScriptJobs::runIdleJobs()
 {
-    const std::vector<int> numbers = numbersFor({});
+    const std::vector<int> numbers = numbersFor(Trigger::Idle);
     if (numbers.empty())
         m_idleTimer->stop();
     for (const int number : numbers)
         run(number);
 }
 
-std::vector<int> ScriptJobs::numbersFor(const std::string &event) const
+std::vector<int> ScriptJobs::numbersFor(Trigger trigger, const std::string &subject) const
 {
     std::vector<int> numbers;
     for (const auto &[number, job] : m_jobs) {
-        if (job.event == event)
+        if (job.trigger == trigger && job.subject == subject)
             numbers.push_back(number);
     }
     return numbers;

@@ -14,15 +14,18 @@ namespace standin {
 class Session;
 
 // Scripts that run when something happens: at an event, once at idle however often the event came
-// meanwhile, or at every idle moment.
+// meanwhile, or at every idle moment. Jobs that wait for a condition or an attribute are kept like
+// the others, but without scenes there is nothing that would run them.
 class ScriptJobs : public QObject
 {
     Q_OBJECT
 
 public:
+    enum class Trigger { Event, ConditionTrue, AttributeChange, Idle };
     struct Job
     {
-        std::string event; // empty: at every idle moment
+        Trigger trigger = Trigger::Event;
+        std::string subject; // name of the event, condition or attribute; none for Idle
         std::string script;
         std::string parent;             // name of the interface element the job dies with
         bool protectedFromKill = false; // killed only by force
@@ -54,7 +57,7 @@ private slots:
     void runIdleJobs();
 
 private:
-    std::vector<int> numbersFor(const std::string &event) const;
+    std::vector<int> numbersFor(Trigger trigger, const std::string &subject = {}) const;
     void run(int number);
 
     Session &m_session;

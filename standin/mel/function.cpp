@@ -116,8 +116,8 @@ Value callFunctionByName(Runtime &runtime, const std::string &name, std::vector<
     const Function *function = chooseFunction(functionsNamed(name), types);
     if (!function)
         throw RuntimeError("Wrong number of arguments on call to " + name + ".");
-    std::vector<Value *> places;
     echoCommand(runtime, name, arguments);
+    std::vector<Value *> places;
     for (size_t i = 0; i < arguments.size(); ++i) {
         arguments[i] =
             nodes::convertArgument(std::move(arguments[i]), function->parameterType(i), runtime);

@@ -22,6 +22,7 @@ private slots:
     void idleJobsRunAgainAndAgain();
     void jobsDieWithTheirParent();
     void jobsAreListedAsTheyWereMade();
+    void onlyEventsRunTheJobsOfEvents();
     void quitJobsRunAtOnceAndOnlyOnce();
     void badRequestsAreErrors_data();
     void badRequestsAreErrors();
@@ -134,6 +135,21 @@ void TestScriptJobs::jobsAreListedAsTheyWereMade()
     session.run("scriptJob -event \"quitApplication\" \"corvaneEditor -ws\" -protected");
     QCOMPARE(session.value("scriptJob -listJobs"),
              QString("1: \"-protected\" \"-event\" \"quitApplication\" \"corvaneEditor -ws\""));
+    session.run("scriptJob -kill 1 -force; scriptJob -ct \"busy\" \"x\"; scriptJob -ac \"a.tx\" "
+                "\"y\"; scriptJob -ie \"z\"");
+    QCOMPARE(session.value("scriptJob -listJobs"),
+             QString("2: \"-conditionTrue\" \"busy\" \"x\" 3: \"-attributeChange\" \"a.tx\" \"y\" "
+                     "4: \"-idleEvent\" \"z\""));
+}
+
+void TestScriptJobs::onlyEventsRunTheJobsOfEvents()
+{
+    TestSession session;
+    session.run(
+        "scriptJob -ct \"Undo\" \"print \\\"c\\\"\"; scriptJob -ac \"Undo\" \"print \\\"a\\\"\"");
+    session->scriptJobs().fire("Undo");
+    session->idleQueue().processUntilEmpty();
+    QCOMPARE(session.takeMessages(), QStringList());
 }
 
 void TestScriptJobs::quitJobsRunAtOnceAndOnlyOnce()
