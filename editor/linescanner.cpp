@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <iterator>
 
 namespace {
 
@@ -39,6 +38,7 @@ void LineScanner::scan(const QString &text, int previousState, LineScan &result)
     m_markedEnd = 0;
     m_numberEnd = 0;
     m_knowsWords = false;
+    m_codeSize = 0;
     if (const Enclosure *enclosure = m_rules.enclosureLeftOpen(previousState)) {
         result.inComment = enclosure->isComment;
         beginLine(m_line.size());
@@ -47,6 +47,7 @@ void LineScanner::scan(const QString &text, int previousState, LineScan &result)
         beginLine(m_line.skipBlanks(0));
         scanCode(0);
     }
+    keepCode();
 }
 
 void LineScanner::beginLine(int) {}
@@ -78,10 +79,8 @@ void LineScanner::scanCode(int from)
 // Returns the end of the word that begins there.
 int LineScanner::scanWord(int start)
 {
-    int end = start;
-    while (isNameUnit(m_line.at(end)))
-        ++end;
-    const int nameEnd = end;
+    const int nameEnd = m_line.skipName(start);
+    int end = nameEnd;
     while (m_line.isWord(end))
         ++end;
     // Deliberate: "word-1" has the colour of its word only if the line holds that alone as well.
@@ -168,25 +167,30 @@ int LineScanner::closing(const Enclosure &enclosure, int from) const
 void LineScanner::addCode(int start, int end)
 {
     addBrackets();
-    if (end - start == m_line.size()) {
-        m_result->codeText = *m_text; // shared
-        return;
-    }
-    QString &code = m_result->codeText;
-    const int before = int(code.size());
-    code.resize(before + end - start);
-    std::copy(m_text->constData() + start, m_text->constData() + end, code.data() + before);
+    if (m_code.size() < m_line.size())
+        m_code.resize(m_line.size());
+    std::copy(m_text->constData() + start, m_text->constData() + end, m_code.data() + m_codeSize);
+    m_codeSize += end - start;
+}
+
+// A line without strings and comments shares its text.
+void LineScanner::keepCode()
+{
+    if (m_codeSize == m_line.size())
+        m_result->codeText = *m_text;
+    else if (m_codeSize > 0)
+        m_result->codeText = QString(m_code.constData(), m_codeSize);
 }
 
 void LineScanner::addBrackets()
 {
+    if (m_brackets.empty())
+        return;
     std::vector<Bracket> &brackets = m_result->brackets;
-    if (m_brackets.size() <= 1) {
-        brackets.insert(brackets.end(), m_brackets.begin(), m_brackets.end());
-    } else {
-        for (const QChar character : QString::fromLatin1("(){}[]")) {
-            std::copy_if(m_brackets.begin(), m_brackets.end(), std::back_inserter(brackets),
-                         [=](const Bracket &each) { return each.character == character; });
+    for (const char character : {'(', ')', '{', '}', '[', ']'}) {
+        for (const Bracket &each : m_brackets) {
+            if (each.character == QLatin1Char(character))
+                brackets.push_back(each);
         }
     }
     m_brackets.clear();

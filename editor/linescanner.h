@@ -45,6 +45,7 @@ private:
     int closing(const Enclosure &enclosure, int from) const;
     void addCode(int start, int end);
     void addBrackets();
+    void keepCode();
 
     const ScannerRules &m_rules;
     const QHash<QString, QString> &m_names;
@@ -54,7 +55,9 @@ private:
     int m_markedEnd = 0;
     int m_numberEnd = 0;
     std::vector<Bracket> m_brackets; // of the stretch of code at hand
-    QString m_word;                  // room for the word that is looked up
+    QString m_code;                  // room for the line's code, which it holds up to m_codeSize
+    int m_codeSize = 0;
+    QString m_word; // room for the word that is looked up
     bool m_knowsWords = false;
     QSet<QString> m_words; // what the line holds between the marks that part words
 };
