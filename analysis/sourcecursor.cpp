@@ -5,7 +5,7 @@
 
 bool SourceCursor::isSpace(int index) const
 {
-    return index >= 0 && index < m_size && m_data[index].isSpace();
+    return isInside(index) && m_data[index].isSpace();
 }
 
 int SourceCursor::find(char character, int from) const
@@ -90,13 +90,6 @@ int SourceCursor::skipBlanks(int from) const
 int SourceCursor::skipLineSpace(int from) const
 {
     while (isSpace(from) && at(from) != '\n')
-        ++from;
-    return from;
-}
-
-int SourceCursor::skipName(int from) const
-{
-    while (isNameUnit(at(from)))
         ++from;
     return from;
 }

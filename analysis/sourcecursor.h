@@ -22,17 +22,11 @@ public:
     bool isAtEnd() const { return m_position >= m_size; }
 
     // NUL outside the text.
-    ushort at(int index) const
-    {
-        return index >= 0 && index < m_size ? m_data[index].unicode() : ushort(0);
-    }
+    ushort at(int index) const { return isInside(index) ? m_data[index].unicode() : ushort(0); }
     ushort current() const { return at(m_position); }
     bool isSpace(int index) const;
     // Part of a word of any script; false outside the text.
-    bool isWord(int index) const
-    {
-        return index >= 0 && index < m_size && isWordUnit(m_data, m_size, index);
-    }
+    bool isWord(int index) const { return isInside(index) && isWordUnit(m_data, m_size, index); }
 
     QString text(int begin, int end) const { return QString(m_data + begin, end - begin); }
     // Valid no longer than the cursor's text, and not to be kept: nothing is copied.
@@ -63,13 +57,19 @@ public:
     // The end of the longest run of such units from `from`.
     int skipBlanks(int from) const;    // spaces and tabs
     int skipLineSpace(int from) const; // white space but line feeds
-    int skipName(int from) const;      // a-z A-Z 0-9 _
-    int skipPath(int from) const;      // names and dots
+    int skipName(int from) const       // a-z A-Z 0-9 _
+    {
+        while (isNameUnit(at(from)))
+            ++from;
+        return from;
+    }
+    int skipPath(int from) const; // names and dots
 
     // Whether the word stands there between `begin` and `end`, with nothing of a word beside it.
     bool hasWord(const char *ascii, int begin, int end) const;
 
 private:
+    bool isInside(int index) const { return unsigned(index) < unsigned(m_size); }
     bool isWordWithin(int index, int begin, int end) const;
 
     const QChar *m_data = nullptr;

@@ -107,7 +107,6 @@ bool measure(const KSyntaxHighlighting::Definition &definition, const QString &t
     const double floor = highlightTime<EmptyHighlighter>(text);
     const double peerTime = highlightTime<PeerHighlighter>(
         text, [&](PeerHighlighter &highlighter) { highlighter.setDefinition(definition); });
-    std::printf("own %.1f floor %.1f peer %.1f\n", own, floor, peerTime);
     ok &= isAtLeast("highlighter / KSyntaxHighlighting's, speed", peerTime / own, 3.0);
     ok &= isAtLeast("highlighter / one that does nothing, speed", floor / own, 0.4);
     return ok;
