@@ -4,6 +4,8 @@
 // what it is named for.
 #include "analysis/pythonparser.h"
 
+#include "analysis/wordtree.h"
+
 namespace {
 
 // Behind the word and the blanks that have to follow it, or -1.
@@ -161,12 +163,15 @@ bool PythonParser::fromImport()
 void PythonParser::addNames(OutlineKind kind, const Spans &names, int searchStart,
                             const QString &suffix)
 {
-    for (const Span &span : names) {
-        const QString name = text(span);
-        int position = searchStart;
-        while (position < span.start && !m_cursor.holds(name, position))
-            ++position;
-        addItem(kind, name + suffix, position);
+    const int searchEnd = names.empty() ? searchStart : names.back().end;
+    WordTree tree;
+    std::vector<int> words;
+    for (const Span &name : names)
+        words.push_back(tree.add(m_cursor.sharedText(name.start, name.end)));
+    tree.search(m_cursor.sharedText(searchStart, searchEnd));
+    for (size_t i = 0; i < names.size(); ++i) {
+        const int length = names[i].end - names[i].start;
+        addItem(kind, text(names[i]) + suffix, searchStart + tree.firstEnd(words[i]) - length);
     }
 }
 

@@ -60,13 +60,6 @@ bool SourceCursor::startsWith(const char *ascii, int at) const
     return true;
 }
 
-bool SourceCursor::holds(const QString &text, int at) const
-{
-    const int length = int(text.size());
-    return at >= 0 && at + length <= m_size &&
-           std::memcmp(m_data + at, text.constData(), sizeof(QChar) * size_t(length)) == 0;
-}
-
 bool SourceCursor::isText(const char *ascii, int begin, int end) const
 {
     return end - begin == int(std::strlen(ascii)) && startsWith(ascii, begin);

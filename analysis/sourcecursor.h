@@ -44,7 +44,6 @@ public:
     int findSolid(int from) const;
     // The line feed at or after `from`, or the end of the text.
     int lineEnd(int from) const;
-    bool holds(const QString &text, int at) const;
     // Whether exactly this text lies between `begin` and `end`.
     bool isText(const char *ascii, int begin, int end) const;
 

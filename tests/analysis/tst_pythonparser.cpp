@@ -23,7 +23,22 @@ private slots:
     void eachRunStartsAfresh();
     void timeIsLinear_data();
     void timeIsLinear();
+    void timeIsLinearInDistinctNames();
 };
+
+namespace {
+
+// Quadratic ones take minutes.
+void parseInTime(const QString &text)
+{
+    QElapsedTimer clock;
+    PythonParser parser;
+    clock.start();
+    parser.parse(text, QString());
+    QVERIFY2(clock.elapsed() < 5000, qPrintable(QString::number(clock.elapsed())));
+}
+
+} // namespace
 
 void PythonParserTest::declarationsAreListed_data()
 {
@@ -34,6 +49,10 @@ void PythonParserTest::declarationsAreListed_data()
     };
     row("import", "import a.b", "4 a.b 7 0");
     row("two-imports", "import abc, a # no", "4 abc 7 0; 4 a 7 0");
+    row("names-within-names", "import abcd, bc, cd, bcd, abc, x, abcd",
+        "4 abcd 7 0; 4 bc 8 0; 4 cd 9 0; 4 bcd 8 0; 4 abc 7 0; 4 x 31 0; 4 abcd 7 0");
+    row("name-over-the-end-of-another", "from m import aab, ab.c, b, *, ab",
+        "6 aab (m) 14 0; 6 ab.c (m) 19 0; 6 b (m) 16 0; 6 * (m) 28 0; 6 ab (m) 15 0");
     row("import-as", "import a.b as c # d", "5 c = a.b 14 0");
     row("alias-on-the-second", "import a, b as c", "");
     row("alias-on-both", "import a as b, c", "");
@@ -232,12 +251,17 @@ void PythonParserTest::timeIsLinear()
 {
     QFETCH(QString, unit);
     const int million = 1000000;
-    QElapsedTimer clock;
-    PythonParser parser;
-    clock.start();
-    parser.parse(unit.repeated(million / int(unit.size())), QString());
-    // Quadratic ones take minutes.
-    QVERIFY2(clock.elapsed() < 5000, qPrintable(QString::number(clock.elapsed())));
+    parseInTime(unit.repeated(million / int(unit.size())));
+}
+
+void PythonParserTest::timeIsLinearInDistinctNames()
+{
+    QString text = QString::fromLatin1("import n");
+    for (int i = 0; i < 100000; ++i)
+        text += QString::fromLatin1(", name%1").arg(i);
+    for (int length = 1; length < 500; ++length)
+        text += QLatin1Char(',') + QString(length, QLatin1Char('a'));
+    parseInTime(text);
 }
 
 CORVANE_TEST_MAIN(PythonParserTest)
