@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "plugin/commandoutput.h"
 
+#include "bridge/outputsuppression.h"
 #include "plugin/editorinstance.h"
 
 #include <maya/MQtUtil.h>
 
 namespace {
-
-bool outputSuppressed = false;
 
 QString enclosed(const char *prefix, const QString &message)
 {
@@ -36,7 +35,7 @@ QString formatCommandOutput(const QString &message, MCommandMessage::MessageType
 
 void commandOutputCallback(const MString &message, MCommandMessage::MessageType type, void *)
 {
-    if (outputSuppressed)
+    if (isOutputSuppressed())
         return;
     // No error is shown for a failure in here: showing one would call this function again.
     try {
@@ -45,14 +44,4 @@ void commandOutputCallback(const MString &message, MCommandMessage::MessageType 
             editorInstance().window->appendOutputText(text);
     } catch (...) {
     }
-}
-
-void setOutputSuppressed(bool suppressed)
-{
-    outputSuppressed = suppressed;
-}
-
-bool isOutputSuppressed()
-{
-    return outputSuppressed;
 }

@@ -12,7 +12,3 @@ QString formatCommandOutput(const QString &message, MCommandMessage::MessageType
 // Called by Maya for every line that a command prints; the client data is not used.
 void commandOutputCallback(const MString &message, MCommandMessage::MessageType type,
                            void *clientData);
-
-// While on, every message of Maya is dropped.
-void setOutputSuppressed(bool suppressed);
-bool isOutputSuppressed();

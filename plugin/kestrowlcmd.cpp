@@ -2,6 +2,7 @@
 #include "plugin/kestrowlcmd.h"
 
 #include "bridge/melcatalogue.h"
+#include "bridge/pythonanalysis.h"
 #include "mainwindow/kestrowl.h"
 #include "plugin/commandoutput.h"
 #include "plugin/editorinstance.h"
@@ -85,6 +86,7 @@ void applyInitialStates()
 void createEditor()
 {
     loadMelCatalogue();
+    loadPythonAnalysis();
     editorInstance().mayaInterface = std::make_unique<MayaInterface>();
     createWindow();
     if (preferences().pythonImportPyMelOnLoad)

@@ -2,7 +2,7 @@
 #include "plugin/mayahandler.h"
 
 #include "mainwindow/kestrowl.h"
-#include "plugin/commandoutput.h"
+#include "bridge/outputsuppression.h"
 #include "plugin/exceptionguard.h"
 #include "plugin/mayatoggle.h"
 

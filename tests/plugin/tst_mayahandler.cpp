@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "mainwindow/kestrowl.h"
-#include "plugin/commandoutput.h"
+#include "bridge/outputsuppression.h"
 #include "plugin/mayahandler.h"
 #include "standin/host/idlequeue.h"
 #include "standin/python/python.h"

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#include "bridge/pythontext.h"
+
+namespace {
+
+bool isHalfOfPair(const QString &text, int index)
+{
+    const QChar unit = text.at(index);
+    if (unit.isHighSurrogate())
+        return index + 1 == text.size() || !text.at(index + 1).isLowSurrogate();
+    return unit.isLowSurrogate() && (index == 0 || !text.at(index - 1).isHighSurrogate());
+}
+
+bool needsNumber(const QString &text, int index)
+{
+    const ushort unit = text.at(index).unicode();
+    return unit < 0x20 || unit == 0x7f || isHalfOfPair(text, index);
+}
+
+// "\n" would do for one of them, but not for NUL before a digit.
+void addNumber(QString &literal, ushort unit)
+{
+    const bool isByte = unit < 0x100;
+    literal += QLatin1String(isByte ? "\\x" : "\\u");
+    literal += QString::number(unit, 16).rightJustified(isByte ? 2 : 4, QLatin1Char('0'));
+}
+
+} // namespace
+
+QString quotedForPython(const QString &text)
+{
+    const QLatin1Char quote('"');
+    const QLatin1Char backslash('\\');
+    QString literal(quote);
+    literal.reserve(text.size() + text.size() / 8 + 2);
+    for (int i = 0; i < text.size(); ++i) {
+        if (needsNumber(text, i)) {
+            addNumber(literal, text.at(i).unicode());
+            continue;
+        }
+        if (text.at(i) == quote || text.at(i) == backslash)
+            literal += backslash;
+        literal += text.at(i);
+    }
+    return literal += quote;
+}

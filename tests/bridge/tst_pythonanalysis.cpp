@@ -1,0 +1,204 @@
+// SPDX-License-Identifier: MIT
+#include "bridge/outputsuppression.h"
+#include "bridge/pythonanalysis.h"
+#include "bridge/pythontext.h"
+#include "preferences/preferences.h"
+#include "standin/python/python.h"
+#include "tests/standin/host/testsession.h"
+#include "tests/support/testmain.h"
+
+#include <maya/MCommandMessage.h>
+#include <maya/MGlobal.h>
+#include <maya/MIntArray.h>
+#include <maya/MQtUtil.h>
+
+#include <QElapsedTimer>
+
+#include <cstdlib>
+#include <memory>
+#include <vector>
+
+class PythonAnalysisTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void cleanupTestCase();
+    void init() { m_session->takeMessages(); }
+    void literalsAreOneLineOfText();
+    void everyCharacterArrivesInPython();
+    void longTextIsQuotedInTime();
+    void candidatesAreThoseOfTheCaret();
+    void preferencesDecideOnKeywordsAndBuiltins();
+    void membersComeWithoutKeywords();
+    void syntaxErrorsHaveMessageAndLine();
+    void statementsRunAmongTheUsersNames();
+    void nothingShowsAndNothingIsRaised();
+
+private:
+    std::unique_ptr<TestSession> m_session;
+};
+
+namespace {
+
+const char caret[] = "__corvane_lctr_kvrt__";
+
+// What Python makes of the literal, one element per character.
+std::vector<int> throughPython(const QString &text)
+{
+    MIntArray characters;
+    MGlobal::executePythonCommand(MQtUtil::toMString(QLatin1String("[ord(c) for c in ") +
+                                                     quotedForPython(text) + QLatin1String("]")),
+                                  characters);
+    std::vector<int> result;
+    for (unsigned int i = 0; i < characters.length(); ++i)
+        result.push_back(characters[i]);
+    return result;
+}
+
+std::vector<int> charactersOf(const QString &text)
+{
+    std::vector<int> result;
+    for (int i = 0; i < text.size(); ++i) {
+        const bool isPair =
+            text.at(i).isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate();
+        result.push_back(isPair ? int(QChar::surrogateToUcs4(text.at(i), text.at(i + 1)))
+                                : text.at(i).unicode());
+        i += isPair ? 1 : 0;
+    }
+    return result;
+}
+
+QStringList candidates(const char *source, const char *object = "",
+                       PythonNames names = PythonNames::Any)
+{
+    return pythonCandidates(QString::fromLatin1(source), QString::fromLatin1(object), names);
+}
+
+} // namespace
+
+void PythonAnalysisTest::initTestCase()
+{
+    m_session = std::make_unique<TestSession>();
+    (*m_session)->setPython(standin::createPythonEngine(**m_session, (*m_session)->mel()));
+    QVERIFY(loadPythonAnalysis());
+    QVERIFY(m_session->takeMessages().isEmpty());
+}
+
+void PythonAnalysisTest::cleanupTestCase()
+{
+    m_session.reset();
+}
+
+void PythonAnalysisTest::literalsAreOneLineOfText()
+{
+    QCOMPARE(quotedForPython(QString()), QString("\"\""));
+    QCOMPARE(quotedForPython("say \"a\\b\"\n\t1"), QString("\"say \\\"a\\\\b\\\"\\x0a\\x091\""));
+    QCOMPARE(quotedForPython(QString(QChar(0xd83d)) + QChar(0x2029)),
+             QLatin1String("\"\\ud83d") + QChar(0x2029) + QLatin1String("\""));
+}
+
+void PythonAnalysisTest::everyCharacterArrivesInPython()
+{
+    QString all;
+    for (int unit = 0; unit < 0x10000; ++unit)
+        all += QChar(ushort(unit)); // halves of pairs meet once, in the middle
+    QVERIFY(throughPython(all) == charactersOf(all));
+
+    QString beyond;
+    for (uint character = 0x10000; character < 0x110000; character += 31)
+        beyond += QString::fromUcs4(&character, 1);
+    QVERIFY(throughPython(beyond) == charactersOf(beyond));
+
+    const QString alphabet = QString::fromUtf8("\"\\'nux0\n\r {}%\xc3\xa4\xf0\x9f\x98\x80");
+    for (int round = 0; round < 200; ++round) {
+        QString text;
+        for (int i = std::rand() % 30; i > 0; --i)
+            text += alphabet.at(std::rand() % int(alphabet.size()));
+        QVERIFY2(throughPython(text) == charactersOf(text), qPrintable(quotedForPython(text)));
+    }
+}
+
+void PythonAnalysisTest::longTextIsQuotedInTime()
+{
+    QElapsedTimer clock;
+    clock.start();
+    const QString literal = quotedForPython(QString(1000000, QLatin1Char('\n')));
+    QVERIFY(clock.elapsed() < 1000);
+    QCOMPARE(int(literal.size()), 4000002);
+}
+
+void PythonAnalysisTest::candidatesAreThoseOfTheCaret()
+{
+    const QStringList found = candidates("import maya.cmds as cmds\ndef build(side):\n    pass\n");
+    QVERIFY(found.contains("cmds") && found.contains("build"));
+    QVERIFY(candidates("import maya.cmds as cmds\n", "cmds").contains("optionVar"));
+    const QString method =
+        QLatin1String("class A(object):\n    def f(self):\n        self.x = 1\n        ") +
+        QLatin1String(caret) + QLatin1String(" = 1\n");
+    QVERIFY(pythonCandidates(method, "self", PythonNames::Members).contains("x"));
+    QVERIFY(candidates("x = '\xe4'\n'''\"\\\n'''\nname = 1\n").contains("name"));
+}
+
+void PythonAnalysisTest::preferencesDecideOnKeywordsAndBuiltins()
+{
+    const Preferences before = preferences();
+    preferences().pythonIncludeKeywords = true;
+    preferences().pythonIncludeBuiltins = false;
+    QVERIFY(candidates("").contains("while"));
+    QVERIFY(!candidates("").contains("isinstance"));
+    preferences().pythonIncludeKeywords = false;
+    preferences().pythonIncludeBuiltins = true;
+    QVERIFY(!candidates("").contains("while"));
+    QVERIFY(candidates("").contains("isinstance"));
+    preferences() = before;
+}
+
+void PythonAnalysisTest::membersComeWithoutKeywords()
+{
+    const QStringList found = candidates("x = 1\n", "", PythonNames::Members);
+    QVERIFY(found.contains("x"));
+    QVERIFY(!found.contains("while") && !found.contains("isinstance"));
+}
+
+void PythonAnalysisTest::syntaxErrorsHaveMessageAndLine()
+{
+    QVERIFY(pythonSyntaxError("def f(a):\n    return a\n").message.isEmpty());
+    const PythonSyntaxError error = pythonSyntaxError("def f(a\n    return a\n");
+    QVERIFY(!error.message.isEmpty() && !error.message.contains(" ("));
+    QCOMPARE(error.line, 1);
+}
+
+void PythonAnalysisTest::statementsRunAmongTheUsersNames()
+{
+    QVERIFY(executePythonStatement("cvAnswer = 'a\"\\\\b'"));
+    QVERIFY(!executePythonStatement("1 / 0"));
+    QVERIFY(!executePythonStatement("def"));
+    int length = 0;
+    MGlobal::executePythonCommand("len(cvAnswer)", length);
+    QCOMPARE(length, 4);
+}
+
+void PythonAnalysisTest::nothingShowsAndNothingIsRaised()
+{
+    static int shown;
+    shown = 0;
+    const MCallbackId id = MCommandMessage::addCommandOutputCallback(
+        [](const MString &, MCommandMessage::MessageType, void *) {
+            shown += isOutputSuppressed() ? 0 : 1;
+        });
+    executePythonStatement("import sys\nx = sys.stdout.write('printed')");
+    candidates("def (:\n  ]]", "nothing.at.all");
+    MGlobal::executePythonCommand("cvParser = CorvaneParser; del CorvaneParser");
+    QVERIFY(candidates("x = 1\n").isEmpty());
+    QVERIFY(!executePythonStatement("x = 1"));
+    QVERIFY(pythonSyntaxError("def").message.isEmpty());
+    MGlobal::executePythonCommand("CorvaneParser = cvParser");
+    MMessage::removeCallback(id);
+    QCOMPARE(shown, 0);
+    QVERIFY(!isOutputSuppressed());
+}
+
+CORVANE_TEST_MAIN(PythonAnalysisTest)
+#include "tst_pythonanalysis.moc"
