@@ -83,10 +83,11 @@ int LineScanner::scanWord(int start)
     int end = nameEnd;
     while (m_line.isWord(end))
         ++end;
+    const bool isBare = nameEnd == end && !isSign(m_line.at(start - 1));
+    EditorText category = isBare ? wordCategory(start, end) : EditorText::Plain;
     // Deliberate: "word-1" has the colour of its word only if the line holds that alone as well.
-    const bool isBare = nameEnd == end && !isSign(m_line.at(start - 1)) &&
-                        (!isSign(m_line.at(end)) || standsAlone(start, end));
-    const EditorText category = isBare ? wordCategory(start, end) : EditorText::Plain;
+    if (category != EditorText::Plain && isSign(m_line.at(end)) && !standsAlone(start, end))
+        category = EditorText::Plain;
     if (isDigit(m_line.at(start)) && start >= m_numberEnd) {
         m_numberEnd = start;
         while (isDigit(m_line.at(m_numberEnd)) || m_line.at(m_numberEnd) == '.')
