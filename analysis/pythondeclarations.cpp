@@ -163,12 +163,15 @@ bool PythonParser::fromImport()
 void PythonParser::addNames(OutlineKind kind, const Spans &names, int searchStart,
                             const QString &suffix)
 {
-    const int searchEnd = names.empty() ? searchStart : names.back().end;
+    if (names.empty())
+        return;
+    if (names.size() == 1) // before it are only blanks
+        return addItem(kind, text(names[0]) + suffix, names[0].start);
     WordTree tree;
     std::vector<int> words;
     for (const Span &name : names)
         words.push_back(tree.add(m_cursor.sharedText(name.start, name.end)));
-    tree.search(m_cursor.sharedText(searchStart, searchEnd));
+    tree.search(m_cursor.sharedText(searchStart, names.back().end));
     for (size_t i = 0; i < names.size(); ++i) {
         const int length = names[i].end - names[i].start;
         addItem(kind, text(names[i]) + suffix, searchStart + tree.firstEnd(words[i]) - length);
