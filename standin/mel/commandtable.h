@@ -3,9 +3,9 @@
 
 #include "standin/mel/command.h"
 
-#include <map>
 #include <memory>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace mel {
@@ -25,7 +25,7 @@ public:
     unsigned generation() const { return m_generation; }
 
 private:
-    std::map<std::string, Pointer> m_commands;
+    std::unordered_map<std::string, Pointer> m_commands;
     unsigned m_generation = 0;
 };
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <map>
 #include <optional>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace mel {
@@ -27,7 +27,7 @@ public:
     void put(const std::string &name, const Script &script);
 
 private:
-    std::map<std::string, Script> m_scripts;
+    std::unordered_map<std::string, Script> m_scripts;
 };
 
 } // namespace mel

@@ -6,6 +6,7 @@
 #include <deque>
 #include <map>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace mel {
@@ -14,7 +15,7 @@ namespace mel {
 class Procedures
 {
 public:
-    using Table = std::map<std::string, ProcedureEntry *>;
+    using Table = std::unordered_map<std::string, ProcedureEntry *>;
 
     // The entry for a definition in that source, made on first use.
     ProcedureEntry &entry(const std::string &name, bool isGlobal, const Source &source);
