@@ -129,7 +129,7 @@ void Builder::endProcedure(StatementList body)
 void Builder::commit()
 {
     for (const Pending &definition : m_definitions)
-        definition.entry->current = definition.procedure;
+        m_runtime.procedures.define(*definition.entry, definition.procedure);
 }
 
 // Gives back the names of variables that only the faulty text declared.

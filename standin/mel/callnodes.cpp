@@ -146,30 +146,49 @@ public:
     Value eval(Frame &frame) const override;
 
 private:
+    // What the name stands for; neither: a script that has not been looked for yet, or nothing.
+    struct Meaning
+    {
+        const ProcedureEntry *procedure = nullptr;
+        CommandTable::Pointer command;
+        bool isFunction = false; // one that takes positional arguments
+    };
+
+    const Meaning &meaning(const Frame &frame) const;
     const ProcedureEntry *findProcedure(const Frame &frame) const;
+    Value callCommand(const Command &command, Frame &frame) const;
     Value callBuiltIn(Frame &frame) const;
-    std::vector<Value> words(Frame &frame) const;
 
     std::string m_name;
+    // Kept for as long as no name has changed its meaning, which in loops is all the time.
+    mutable Meaning m_meaning;
+    mutable unsigned m_generation = 0;
 };
 
 Value LateCall::eval(Frame &frame) const
 {
-    Runtime &runtime = frame.runtime;
     frame.line = m_line;
-    if (const ProcedureEntry *known = findProcedure(frame))
+    // Copied, since the call may change what names stand for.
+    if (const ProcedureEntry *known = meaning(frame).procedure)
         return callProcedure(ProcedurePointer(known->current), frame);
-    if (const CommandTable::Pointer command = runtime.commands.find(m_name)) {
-        if (isFunction(m_name))
-            return callBuiltIn(frame);
-        std::vector<Value> all = words(frame);
-        frame.line = m_line;
-        return runCommand(runtime, *command, std::move(all));
-    }
-    const ProcedurePointer loaded = runtime.findProcedure(m_name, false);
+    if (const CommandTable::Pointer command = m_meaning.command)
+        return m_meaning.isFunction ? callBuiltIn(frame) : callCommand(*command, frame);
+    const ProcedurePointer loaded = frame.runtime.findProcedure(m_name, false);
     if (!loaded)
         throw RuntimeError("Cannot find procedure \"" + m_name + "\".");
     return callProcedure(loaded, frame);
+}
+
+const LateCall::Meaning &LateCall::meaning(const Frame &frame) const
+{
+    if (m_generation != frame.runtime.namesGeneration()) {
+        m_meaning.procedure = findProcedure(frame);
+        m_meaning.command = frame.runtime.commands.find(m_name);
+        m_meaning.isFunction = isFunction(m_name);
+        // Only now: looking for a procedure may have compiled one of the library's.
+        m_generation = frame.runtime.namesGeneration();
+    }
+    return m_meaning;
 }
 
 // A local procedure that stands further down in the same text is out of reach; one that stands
@@ -192,12 +211,14 @@ Value LateCall::callBuiltIn(Frame &frame) const
     return callFunctionByName(frame.runtime, m_name, std::move(all));
 }
 
-std::vector<Value> LateCall::words(Frame &frame) const
+Value LateCall::callCommand(const Command &command, Frame &frame) const
 {
-    std::vector<Value> all;
+    std::vector<Value> words;
+    words.reserve(m_arguments.size());
     for (const ExpressionPointer &argument : m_arguments)
-        spreadWord(evaluated(*argument, frame), all);
-    return all;
+        spreadWord(evaluated(*argument, frame), words);
+    frame.line = m_line;
+    return runCommand(frame.runtime, command, std::move(words));
 }
 
 } // namespace

@@ -33,6 +33,12 @@ ProcedureEntry &Procedures::entry(const std::string &name, bool isGlobal, const 
     return *known;
 }
 
+void Procedures::define(ProcedureEntry &entry, ProcedurePointer procedure)
+{
+    entry.current = std::move(procedure);
+    ++m_generation;
+}
+
 ProcedureEntry *Procedures::findGlobal(const std::string &name) const
 {
     return findDefined(m_global, name);

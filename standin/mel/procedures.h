@@ -19,6 +19,9 @@ public:
 
     // The entry for a definition in that source, made on first use.
     ProcedureEntry &entry(const std::string &name, bool isGlobal, const Source &source);
+    void define(ProcedureEntry &entry, ProcedurePointer procedure);
+    // Counts the definitions, so that callers know when to look for a name again.
+    unsigned generation() const { return m_generation; }
 
     // Defined global procedures; `typed` ones count too for callers in typed text. Null: none.
     ProcedureEntry *findGlobal(const std::string &name) const;
@@ -30,6 +33,7 @@ private:
     Table m_typed;
     std::map<std::string, Table> m_byFile;
     std::deque<ProcedureEntry> m_entries;
+    unsigned m_generation = 0;
 };
 
 } // namespace mel
