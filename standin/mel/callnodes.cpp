@@ -57,17 +57,20 @@ Value evaluated(const Expression &argument, Frame &frame)
 void bind(Slot &slot, Type type, const Expression &argument, Frame &frame)
 {
     Value *variable = isArray(type) ? argument.variable(frame) : nullptr;
-    if (variable && typeOf(*variable) == type)
+    if (variable && typeOf(*variable) == type) {
         slot.target = variable;
-    else
-        slot.value = convertArgument(argument.eval(frame), type, frame.runtime);
+        return;
+    }
+    slot.value = argument.eval(frame);
+    if (typeOf(slot.value) != type)
+        slot.value = convertArgument(std::move(slot.value), type, frame.runtime);
 }
 
 Value CallExpression::callProcedure(const ProcedurePointer &procedure, Frame &frame) const
 {
     if (m_arguments.size() != procedure->parameters.size())
         failArgumentCount(procedure->name);
-    Frame callee(frame.runtime, procedure->slots, procedure->source);
+    Frame callee(frame.runtime, procedure->slots, procedure->source, m_arguments.size());
     for (size_t i = 0; i < m_arguments.size(); ++i)
         bind(callee.slots[i], procedure->parameters[i].type, *m_arguments[i], frame);
     frame.line = m_line;
@@ -76,7 +79,7 @@ Value CallExpression::callProcedure(const ProcedurePointer &procedure, Frame &fr
 
 Value CallExpression::callFunction(const Function &function, Frame &frame) const
 {
-    constexpr size_t usualCount = 6;
+    constexpr size_t usualCount = 3;
     const size_t count = m_arguments.size();
     Value fewTemporaries[usualCount];
     Value *fewPlaces[usualCount];

@@ -22,7 +22,8 @@ struct Slot
 // The variables and the current place of one running procedure or text.
 struct Frame
 {
-    Frame(Runtime &owner, const std::vector<Value> &initial, SourcePointer text);
+    // The first slots are left to the caller to fill.
+    Frame(Runtime &owner, const std::vector<Value> &initial, SourcePointer text, size_t left = 0);
 
     Runtime &runtime;
     std::unique_ptr<Slot[]> slots;
