@@ -93,7 +93,8 @@ public:
     }
 };
 
-// Compares without copying the texts of plain variables.
+// Constants and plain variables are compared where they are, but a variable on the left only when
+// nothing on the right could change it meanwhile.
 class StringComparison : public Pair<IntExpression>
 {
 public:
@@ -103,12 +104,25 @@ public:
     }
     int evalInt(Frame &frame) const override
     {
-        const Value left = m_left->eval(frame);
-        const Value right = m_right->eval(frame);
-        return compare(m_op, as<std::string>(left), as<std::string>(right));
+        const Value *left = inPlace(*m_left, frame);
+        const Value *right = inPlace(*m_right, frame);
+        if (left && right)
+            return comparison(*left, *right);
+        const Value copy = m_left->eval(frame);
+        return right ? comparison(copy, *right) : comparison(copy, m_right->eval(frame));
     }
 
 private:
+    static const Value *inPlace(const Expression &operand, Frame &frame)
+    {
+        const Value *constant = operand.constant();
+        return constant ? constant : operand.variable(frame);
+    }
+    int comparison(const Value &left, const Value &right) const
+    {
+        return compare(m_op, as<std::string>(left), as<std::string>(right));
+    }
+
     Operator m_op;
 };
 
