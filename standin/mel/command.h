@@ -54,15 +54,15 @@ public:
         std::vector<Value> arguments;
     };
 
-    Call(Interpreter &runner, std::string commandName)
-        : interpreter(runner), command(std::move(commandName))
+    Call(Interpreter &runner, const std::string &commandName)
+        : interpreter(runner), command(commandName)
     {
     }
 
     Interpreter &interpreter;
-    std::string command;
-    bool query = false; // -q was given
-    bool edit = false;  // -e was given
+    const std::string &command; // its name
+    bool query = false;         // -q was given
+    bool edit = false;          // -e was given
     std::vector<FlagUse> flags;
     std::vector<Value> objects; // array arguments are spread, one entry per element
 

@@ -19,6 +19,11 @@ bool looksLikeFlag(const Value &word)
            std::isalpha(static_cast<unsigned char>((*text)[1]));
 }
 
+std::string_view flagName(const Value &flag)
+{
+    return std::string_view(std::get<std::string>(flag)).substr(1);
+}
+
 Type argumentType(ArgumentKind kind)
 {
     switch (kind) {
@@ -49,8 +54,8 @@ public:
 
 private:
     void readFlag(Call &call, const std::string &word);
-    bool readMode(Call &call, const std::string &name) const;
-    const Flag *findFlag(const std::string &name) const;
+    bool readMode(Call &call, std::string_view name) const;
+    const Flag *findFlag(std::string_view name) const;
     bool takesArguments(const Call &call, const Flag &flag) const;
     Value argument(ArgumentKind kind);
 
@@ -63,9 +68,16 @@ private:
 void WordSplitter::split(Call &call)
 {
     // The mode decides how many arguments flags take, wherever it stands.
+    bool hasFlags = false;
     for (const Value &word : m_words) {
-        if (looksLikeFlag(word))
-            readMode(call, std::get<std::string>(word).substr(1));
+        if (!looksLikeFlag(word))
+            continue;
+        readMode(call, flagName(word));
+        hasFlags = true;
+    }
+    if (!hasFlags) {
+        call.objects = std::move(m_words);
+        return;
     }
     while (m_at < m_words.size()) {
         Value &word = m_words[m_at++];
@@ -76,7 +88,7 @@ void WordSplitter::split(Call &call)
     }
 }
 
-bool WordSplitter::readMode(Call &call, const std::string &name) const
+bool WordSplitter::readMode(Call &call, std::string_view name) const
 {
     if (m_command.queryable && (name == "q" || name == "query"))
         return call.query = true;
@@ -85,7 +97,7 @@ bool WordSplitter::readMode(Call &call, const std::string &name) const
     return false;
 }
 
-const Flag *WordSplitter::findFlag(const std::string &name) const
+const Flag *WordSplitter::findFlag(std::string_view name) const
 {
     for (const Flag &flag : m_command.flags) {
         if (name == flag.shortName || name == flag.longName)
@@ -105,13 +117,16 @@ bool WordSplitter::takesArguments(const Call &call, const Flag &flag) const
 
 Value WordSplitter::argument(ArgumentKind kind)
 {
-    return nodes::convertArgument(std::move(m_words[m_at++]), argumentType(kind), m_runtime);
+    Value &word = m_words[m_at++];
+    const Type type = argumentType(kind);
+    return typeOf(word) == type ? std::move(word)
+                                : nodes::convertArgument(std::move(word), type, m_runtime);
 }
 
 // A flag takes the next words whatever they look like, so that a text may begin with a dash.
 void WordSplitter::readFlag(Call &call, const std::string &word)
 {
-    const std::string name = word.substr(1);
+    const std::string_view name = std::string_view(word).substr(1);
     const Flag *flag = findFlag(name);
     if (!flag) {
         if (readMode(call, name))
@@ -120,6 +135,7 @@ void WordSplitter::readFlag(Call &call, const std::string &word)
     }
     Call::FlagUse use{flag, {}};
     if (takesArguments(call, *flag)) {
+        use.arguments.reserve(flag->arguments.size());
         for (const ArgumentKind kind : flag->arguments) {
             if (m_at >= m_words.size())
                 throw RuntimeError("Flag '" + word + "' must be passed an argument.");

@@ -33,7 +33,7 @@ std::string describeName(Runtime &runtime, const std::string &name)
 {
     if (const Library::Script *script = runtime.library.find(name))
         return "Mel procedure found in: " + script->origin;
-    if (const ProcedureEntry *known = runtime.knownProcedure(name, true)) {
+    if (const ProcedureEntry *known = runtime.definedProcedure(name, true)) {
         const Source &source = *known->current->source;
         return source.isTyped() ? "Mel procedure entered interactively."
                                 : "Mel procedure found in: " + source.path;

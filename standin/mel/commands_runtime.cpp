@@ -16,7 +16,7 @@ Value runScript(Runtime &runtime, const RunTimeCommand &definition)
     const auto python = runtime.commands.find("python");
     if (!python)
         throw RuntimeError("Cannot find procedure \"python\".");
-    Call call(runtime.interpreter, "python");
+    Call call(runtime.interpreter, python->name);
     call.objects.emplace_back(definition.texts.at("command"));
     return python->run(call);
 }

@@ -252,13 +252,16 @@ void Runtime::compileLibrary(const std::string &text, const std::string &origin)
     runUnit(*compileSource(*this, std::make_shared<Source>(Source{origin, text})));
 }
 
-ProcedureEntry *Runtime::knownProcedure(const std::string &name, bool fromTypedText)
+ProcedureEntry *Runtime::definedProcedure(const std::string &name, bool fromTypedText) const
 {
     ProcedureEntry *typed = fromTypedText ? procedures.findTyped(name) : nullptr;
-    if (typed)
-        return typed;
-    if (ProcedureEntry *global = procedures.findGlobal(name))
-        return global;
+    return typed ? typed : procedures.findGlobal(name);
+}
+
+ProcedureEntry *Runtime::knownProcedure(const std::string &name, bool fromTypedText)
+{
+    if (ProcedureEntry *defined = definedProcedure(name, fromTypedText))
+        return defined;
     // Out of the library while it is compiled, or it would be looked up there again and again.
     const std::optional<Library::Script> script = library.take(name);
     if (!script)
