@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// corvane-dump mel|python [--names FILE] FILE...: what the editor knows of each script, one line of
-// JSON for each.
+// corvane-dump mel|python [--names FILE] [--lines] FILE...: what the editor knows of each script,
+// one line of JSON for each; --lines gives each outline item, diagnostic and block a line of its
+// own.
 #include "tests/support/scriptdump.h"
 
 #include <QFile>
@@ -10,7 +11,7 @@
 
 namespace {
 
-const char usage[] = "usage: corvane-dump mel|python [--names FILE] FILE...\n";
+const char usage[] = "usage: corvane-dump mel|python [--names FILE] [--lines] FILE...\n";
 
 bool readFile(const QString &path, QByteArray &bytes)
 {
@@ -23,12 +24,13 @@ bool readFile(const QString &path, QByteArray &bytes)
     return true;
 }
 
-bool dump(ScriptLanguage language, const QString &path, const QHash<QString, QString> &names)
+bool dump(ScriptLanguage language, const QString &path, const QHash<QString, QString> &names,
+          DumpLayout layout)
 {
     QByteArray bytes;
     if (!readFile(path, bytes))
         return false;
-    const QByteArray json = scriptDump(language, path, scriptText(bytes), names) + '\n';
+    const QByteArray json = scriptDump(language, path, scriptText(bytes), names, layout) + '\n';
     return std::fwrite(json.constData(), size_t(json.size()), 1, stdout) == 1;
 }
 
@@ -49,12 +51,17 @@ int main(int argc, char **argv)
         names = namesFrom(bytes);
         arguments = arguments.mid(2);
     }
+    DumpLayout layout = DumpLayout::OneLine;
+    if (!arguments.isEmpty() && arguments.first() == QLatin1String("--lines")) {
+        layout = DumpLayout::Lines;
+        arguments.removeFirst();
+    }
     if ((!isMel && language != QLatin1String("python")) || arguments.isEmpty()) {
         std::fputs(usage, stderr);
         return 2;
     }
     bool ok = true;
     for (const QString &path : arguments)
-        ok = dump(isMel ? ScriptLanguage::Mel : ScriptLanguage::Python, path, names) && ok;
+        ok = dump(isMel ? ScriptLanguage::Mel : ScriptLanguage::Python, path, names, layout) && ok;
     return ok ? 0 : 1;
 }

@@ -41,10 +41,12 @@ QByteArray number(int value)
 class Array
 {
 public:
+    explicit Array(const char *separator = ", ") : m_separator(separator) {}
+
     Array &operator<<(const QByteArray &value)
     {
         if (!m_text.isEmpty())
-            m_text += ", ";
+            m_text += m_separator;
         m_text += value;
         return *this;
     }
@@ -52,12 +54,13 @@ public:
     QByteArray json() const { return '[' + m_text + ']'; }
 
 private:
+    const char *m_separator;
     QByteArray m_text;
 };
 
-QByteArray outlineJson(const BaseParser &parser)
+QByteArray outlineJson(const BaseParser &parser, const char *separator)
 {
-    Array items;
+    Array items(separator);
     for (const OutlineItem &item : parser.outlineItems())
         items << (Array() << number(item.kind) << quoted(item.name) << number(item.position)
                           << number(item.depth))
@@ -65,9 +68,9 @@ QByteArray outlineJson(const BaseParser &parser)
     return items.json();
 }
 
-QByteArray diagnosticsJson(const DiagnosticList &list)
+QByteArray diagnosticsJson(const DiagnosticList &list, const char *separator)
 {
-    Array entries;
+    Array entries(separator);
     for (int i = 0; i < list.count(); ++i)
         entries << (Array() << quoted(list.messages[i]) << number(list.starts[i])
                             << number(list.ends[i]))
@@ -91,9 +94,9 @@ QByteArray blockJson(const LineScan &scan)
            ", \"formats\": " + formats.json() + '}';
 }
 
-QByteArray blocksJson(LineScanner &scanner, const QString &text)
+QByteArray blocksJson(LineScanner &scanner, const QString &text, const char *separator)
 {
-    Array blocks;
+    Array blocks(separator);
     LineScan scan;
     int state = -1;
     for (const QString &line : text.split(QLatin1Char('\n'))) {
@@ -103,6 +106,8 @@ QByteArray blocksJson(LineScanner &scanner, const QString &text)
     }
     return blocks.json();
 }
+
+} // namespace
 
 std::unique_ptr<BaseParser> parserFor(ScriptLanguage language)
 {
@@ -119,19 +124,20 @@ std::unique_ptr<LineScanner> scannerFor(ScriptLanguage language,
     return std::make_unique<PythonScanner>(names);
 }
 
-} // namespace
-
 QByteArray scriptDump(ScriptLanguage language, const QString &file, const QString &text,
-                      const QHash<QString, QString> &names)
+                      const QHash<QString, QString> &names, DumpLayout layout)
 {
+    const bool inLines = layout == DumpLayout::Lines;
+    const QByteArray next = inLines ? ",\n \"" : ", \"";
+    const char *const separator = inLines ? ",\n  " : ", ";
     const std::unique_ptr<BaseParser> parser = parserFor(language);
     parser->parse(text, file);
     const std::unique_ptr<LineScanner> scanner = scannerFor(language, names);
-    return "{\"file\": " + quoted(file) + ", \"outline\": " + outlineJson(*parser) +
-           ", \"errors\": " + diagnosticsJson(parser->errors()) +
-           ", \"warnings\": " + diagnosticsJson(parser->warnings()) +
-           ", \"todos\": " + diagnosticsJson(parser->todos()) +
-           ", \"blocks\": " + blocksJson(*scanner, text) + '}';
+    return "{\"file\": " + quoted(file) + next + "outline\": " + outlineJson(*parser, separator) +
+           next + "errors\": " + diagnosticsJson(parser->errors(), separator) + next +
+           "warnings\": " + diagnosticsJson(parser->warnings(), separator) + next +
+           "todos\": " + diagnosticsJson(parser->todos(), separator) + next +
+           "blocks\": " + blocksJson(*scanner, text, separator) + '}';
 }
 
 QString scriptText(const QByteArray &bytes)
