@@ -1,0 +1,3 @@
+table = {"a": (1, 2,
+class After:
+    pass

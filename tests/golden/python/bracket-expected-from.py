@@ -1,0 +1,2 @@
+cmds.ls(
+from os import path

@@ -1,0 +1,4 @@
+x = foo(1,
+def after():
+    pass
+y = ]

@@ -1,0 +1,4 @@
+names = ["a",
+         "b"
+import os
+from a import b

@@ -1,0 +1,1 @@
+import osdef f():    return 1  x = "open

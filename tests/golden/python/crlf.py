@@ -1,0 +1,6 @@
+import os
+def f():
+	if x: # TODO
+		return """a
+b"""
+# TODO last

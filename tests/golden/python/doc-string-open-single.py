@@ -1,0 +1,3 @@
+x = '''Never closed "quoted"
+def inside(a):
+    pass

@@ -1,0 +1,4 @@
+def f():
+    """Never closed
+def inside():
+    pass

@@ -1,0 +1,4 @@
+import o, imp, o
+import m as m
+from f import f
+from rom import o, rom

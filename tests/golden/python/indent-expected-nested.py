@@ -1,0 +1,3 @@
+for side in "LR":
+    if side:
+    print(side)

@@ -1,0 +1,5 @@
+def build():
+return 1
+
+class Empty:
+x = 3

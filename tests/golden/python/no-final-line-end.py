@@ -1,0 +1,3 @@
+def f():
+    pass
+# TODO at the very end

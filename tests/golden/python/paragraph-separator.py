@@ -1,0 +1,2 @@
+def a():     pass # TODO x = "open import os
+ import sys

@@ -1,0 +1,5 @@
+a = 'one \
+two' + """opens
+here""" + "x \
+y" + '''then
+closed'''

@@ -1,0 +1,9 @@
+a = 'one \
+two (three \
+four'
+b = "five \
+six" + 'seven'
+c = 'odd \\\
+eight'
+d = 'even \\
+e = 1

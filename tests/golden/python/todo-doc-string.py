@@ -1,0 +1,7 @@
+"""TODO: describe"""
+def f():
+    '''
+    TODO over
+    lines
+    '''
+    return "TODO in a string is no note"

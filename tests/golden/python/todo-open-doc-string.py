@@ -1,0 +1,3 @@
+def f():
+    """TODO never closed
+    x = 1
