@@ -27,8 +27,6 @@ private slots:
 
 namespace {
 
-const int prefixesOfFile = 150;
-
 QDir folder(const QString &language)
 {
     return QDir(QString::fromUtf8(CORVANE_GOLDEN_DIR) + QLatin1Char('/') + language);
@@ -246,8 +244,7 @@ void GoldenTest::everyPrefixStaysInItsText()
     const QString text = scriptIn(language, file);
     const std::unique_ptr<BaseParser> parser = parserFor(languageOf(language));
     const std::unique_ptr<LineScanner> scanner = scannerFor(languageOf(language), commands());
-    const int step = 1 + int(text.size()) / prefixesOfFile;
-    for (int size = 0; size <= text.size(); size += step) {
+    for (int size = 0; size <= text.size(); ++size) {
         const QString prefix = text.left(size);
         parser->parse(prefix, file);
         const bool isInsideText =
