@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "standin/mel/commandtable.h"
 
-#include <algorithm>
-
 namespace mel {
 
 bool CommandTable::add(Command command)
@@ -32,7 +30,6 @@ std::vector<std::string> CommandTable::names() const
     std::vector<std::string> all;
     for (const auto &entry : m_commands)
         all.push_back(entry.first);
-    std::sort(all.begin(), all.end());
     return all;
 }
 

@@ -21,7 +21,7 @@ public:
     bool add(Command command);
     bool remove(const std::string &name);
     Pointer find(const std::string &name) const; // null when there is none
-    std::vector<std::string> names() const;      // sorted
+    std::vector<std::string> names() const;      // in no order
     unsigned generation() const { return m_generation; }
 
 private:

@@ -8,6 +8,8 @@
 #include "standin/mel/runtime.h"
 #include "standin/mel/statements.h"
 
+#include <algorithm>
+
 namespace mel {
 
 struct Interpreter::State : Runtime
@@ -128,7 +130,9 @@ const Command *Interpreter::command(const std::string &name) const
 
 std::vector<std::string> Interpreter::commandNames() const
 {
-    return m_state->commands.names();
+    std::vector<std::string> names = m_state->commands.names();
+    std::sort(names.begin(), names.end());
+    return names;
 }
 
 unsigned Interpreter::commandGeneration() const
