@@ -3,6 +3,7 @@
 #include "bridge/melcatalogue.h"
 #include "bridge/melnametable.h"
 #include "tests/standin/host/testsession.h"
+#include "tests/support/lineartime.h"
 #include "tests/support/testmain.h"
 
 #include <maya/MQtUtil.h>
@@ -20,6 +21,7 @@ private slots:
     void flagsAreThoseOfCompiledCommands();
     void flagTextsAreSplitIntoThrees_data();
     void flagTextsAreSplitIntoThrees();
+    void longFlagTextsAreSplitInLinearTime();
 };
 
 namespace {
@@ -133,6 +135,12 @@ void TestMelCatalogue::flagTextsAreSplitIntoThrees()
 {
     QFETCH(QString, text);
     QTEST(flagFields(text).join(","), "fields");
+}
+
+void TestMelCatalogue::longFlagTextsAreSplitInLinearTime()
+{
+    for (const char *pattern : {"-a%1 -b%1 c\n", "\n", "a ", "Flags:"})
+        QCOMPARE(slowness("S Flags:" + longText(pattern), flagFields), QString());
 }
 
 CORVANE_TEST_MAIN(TestMelCatalogue)
