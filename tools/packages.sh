@@ -5,6 +5,7 @@ packages_build="build-essential cmake ninja-build qtbase5-dev python3-dev python
 packages_test="$packages_build ccache xvfb xauth python3-pyqt5 git"
 packages_qt6="qt6-base-dev libgl-dev libvulkan-dev python3-pyqt6"
 packages_bench="universal-ctags libkf5syntaxhighlighting-dev python3-jedi"
+packages_fuzz="build-essential cmake ninja-build qtbase5-dev clang-14 libclang-rt-14-dev llvm-14"
 
 # install_packages NAME...: installs what is missing, after saying so. Needs root, or sudo.
 install_packages() {
