@@ -84,10 +84,7 @@ int LineScanner::scanWord(int start)
     while (m_line.isWord(end))
         ++end;
     const bool isBare = nameEnd == end && !isSign(m_line.at(start - 1));
-    EditorText category = isBare ? wordCategory(start, end) : EditorText::Plain;
-    // Deliberate: "word-1" has the colour of its word only if the line holds that alone as well.
-    if (category != EditorText::Plain && isSign(m_line.at(end)) && !standsAlone(start, end))
-        category = EditorText::Plain;
+    const EditorText category = isBare ? wordCategory(start, end) : EditorText::Plain;
     if (isDigit(m_line.at(start)) && start >= m_numberEnd) {
         m_numberEnd = start;
         while (isDigit(m_line.at(m_numberEnd)) || m_line.at(m_numberEnd) == '.')
@@ -100,6 +97,8 @@ int LineScanner::scanWord(int start)
 
 bool LineScanner::standsAlone(int start, int end)
 {
+    if (!isSign(m_line.at(end)))
+        return true;
     if (!m_knowsWords)
         noteWords();
     return m_words.contains(m_line.text(start, end));

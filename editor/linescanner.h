@@ -31,13 +31,14 @@ protected:
     const SourceCursor &line() const { return m_line; }
     bool isKeyword(int start, int end) const { return m_rules.isKeyword(m_line, start, end); }
     bool isMelName(int start, int end);
+    // Deliberate: "word-1" has the colour of its word only if the line holds that alone as well.
+    bool standsAlone(int start, int end);
     // From left to right; what is marked already keeps its category.
     void mark(int start, int end, EditorText category);
 
 private:
     void scanCode(int from);
     int scanWord(int start);
-    bool standsAlone(int start, int end);
     void noteWords();
 
     // Where code goes on; the line's end when it does not.

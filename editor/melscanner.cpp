@@ -23,7 +23,8 @@ MelScanner::MelScanner(const QHash<QString, QString> &names) : LineScanner(rules
 // A name that is both has the colour of the keyword.
 EditorText MelScanner::wordCategory(int start, int end)
 {
-    if (isKeyword(start, end))
-        return EditorText::MelKeywords;
-    return isMelName(start, end) ? EditorText::MelCommands : EditorText::Plain;
+    const bool keyword = isKeyword(start, end);
+    if ((!keyword && !isMelName(start, end)) || !standsAlone(start, end))
+        return EditorText::Plain;
+    return keyword ? EditorText::MelKeywords : EditorText::MelCommands;
 }

@@ -59,7 +59,8 @@ EditorText PythonScanner::wordCategory(int start, int end)
     const bool mayBeCommand = isAttribute ? isBehindCmds(start) : start >= m_importedCommands;
     if (mayBeCommand && isMelName(start, end))
         return EditorText::PythonMelCommands;
-    return !isAttribute && isKeyword(start, end) ? EditorText::PythonKeywords : EditorText::Plain;
+    const bool keyword = !isAttribute && isKeyword(start, end) && standsAlone(start, end);
+    return keyword ? EditorText::PythonKeywords : EditorText::Plain;
 }
 
 // cmds.ls
