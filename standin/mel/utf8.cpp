@@ -23,24 +23,37 @@ size_t lengthByLead(unsigned char lead)
     return lead >= 0xF0 && lead < 0xF5 ? 4 : 0;
 }
 
-// Whether the eight bytes there are a character each.
-bool eightAsciiAt(std::string_view text, size_t offset)
+bool isAscii(char c)
 {
-    std::uint64_t bytes = 0;
-    std::memcpy(&bytes, text.data() + offset, sizeof bytes);
-    return (bytes & 0x8080808080808080u) == 0;
+    return static_cast<unsigned char>(c) < 0x80;
 }
 
-// Moves `offset` on by at most `limit` characters; returns how many there were. Most texts are
-// ASCII and long, so eight are taken at a time.
+// How many bytes are looked at together where a text is plain ASCII, as most long ones are.
+constexpr size_t stride = 32;
+
+// Whether that many bytes follow, each a character of its own.
+bool isAsciiStride(std::string_view text, size_t offset)
+{
+    if (text.size() - offset < stride)
+        return false;
+    std::uint64_t words[stride / 8];
+    std::memcpy(words, text.data() + offset, stride);
+    return ((words[0] | words[1] | words[2] | words[3]) & 0x8080808080808080u) == 0;
+}
+
+// Moves `offset` on by at most `limit` characters; returns how many there were.
 size_t skipCharacters(std::string_view text, size_t &offset, size_t limit)
 {
     size_t count = 0;
     while (count < limit && offset < text.size()) {
-        const bool eight =
-            limit - count >= 8 && text.size() - offset >= 8 && eightAsciiAt(text, offset);
-        offset += eight ? 8 : characterAt(text, offset).length;
-        count += eight ? 8 : 1;
+        if (limit - count >= stride && isAsciiStride(text, offset)) {
+            offset += stride;
+            count += stride;
+            continue;
+        }
+        for (const size_t end = std::min(offset + stride, text.size());
+             count < limit && offset < end; ++count)
+            offset += isAscii(text[offset]) ? 1 : characterAt(text, offset).length;
     }
     return count;
 }
