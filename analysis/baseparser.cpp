@@ -54,6 +54,25 @@ void BaseParser::addOutlineItem(int kind, const QString &name, int position, int
     m_outlineItems << OutlineItem{kind, name, position, depth};
 }
 
+// The line feed that ends the prepared text stops every string.
+void BaseParser::scanString()
+{
+    const int start = m_cursor.position();
+    const char quote = char(m_cursor.current());
+    do {
+        m_cursor.moveTo(m_cursor.findEither(quote, '\n', m_cursor.position() + 1));
+    } while (m_cursor.isEscaped(m_cursor.position()) && m_cursor.position() < m_cursor.size() - 1);
+    if (m_cursor.current() == '\n')
+        addError(QString::fromLatin1("Unterminated String"), start, m_cursor.position());
+}
+
+void BaseParser::noteTodo(int end)
+{
+    const int start = m_cursor.position();
+    if (m_cursor.hasWord("TODO", start, end < 0 ? m_cursor.size() : end))
+        addTodo(QString::fromLatin1("TODO:"), start, end);
+}
+
 QString BaseParser::prepared(const QString &text)
 {
     QString result;

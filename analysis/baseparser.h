@@ -3,6 +3,7 @@
 
 #include "analysis/diagnosticlist.h"
 #include "analysis/outlineitem.h"
+#include "analysis/sourcecursor.h"
 
 #include <QFileInfo>
 #include <QList>
@@ -45,7 +46,14 @@ protected:
 
     void setFile(const QString &path) { m_file = QFileInfo(path); }
 
-    int m_parens = 0; // open ones
+    // From the opening quote to the closing one, or, with an error, to the end of the line. A
+    // backslash before the end of a line continues the string on the next.
+    void scanString();
+    // Looks for a note from the cursor to `end`, or to the end of the text when that is -1.
+    void noteTodo(int end);
+
+    SourceCursor m_cursor; // on the prepared text, while parse() runs
+    int m_parens = 0;      // open ones
     int m_braces = 0;
     int m_brackets = 0;
 

@@ -99,7 +99,7 @@ void MelParser::scanUnit(ushort unit)
     case ')':
         return closeParen();
     case '"':
-        return string();
+        return scanString();
     case '/':
         return slash();
     case '*':
@@ -152,24 +152,6 @@ void MelParser::closeParen()
         --m_parens;
 }
 
-// Up to the closing quote; a backslash before the end of the line continues it on the next.
-void MelParser::string()
-{
-    const int start = m_cursor.position();
-    for (;;) {
-        const int end = m_cursor.findEither('"', '\n', m_cursor.position() + 1);
-        const bool isLast = end < 0 || end == m_cursor.size() - 1;
-        const bool isQuote = !isLast && m_cursor.at(end) == '"';
-        m_cursor.moveTo(end < 0 ? m_cursor.size() - 1 : end);
-        const bool escaped = m_cursor.isEscaped(m_cursor.position(), start);
-        if (isQuote && !escaped)
-            return;
-        if (isLast || !escaped)
-            break;
-    }
-    addError(QString::fromLatin1("Unterminated String"), start, m_cursor.position());
-}
-
 void MelParser::slash()
 {
     if (m_slashSeen)
@@ -181,9 +163,9 @@ void MelParser::slash()
 // The cursor is at the second slash.
 void MelParser::lineComment()
 {
-    const int end = m_cursor.find('\n', m_cursor.position() + 1);
+    const int end = m_cursor.lineEnd(m_cursor.position());
     noteTodo(end);
-    m_cursor.moveTo(end < 0 ? m_cursor.size() - 1 : end);
+    m_cursor.moveTo(end);
     m_slashSeen = false;
 }
 
@@ -193,14 +175,6 @@ void MelParser::blockComment()
     const int end = m_cursor.findText("*/", m_cursor.position() + 1);
     noteTodo(end);
     m_cursor.moveTo(end < 0 ? m_cursor.size() - 1 : end + 1);
-}
-
-// Looks from the cursor to `end`, or to the end of the text when that is -1.
-void MelParser::noteTodo(int end)
-{
-    const int start = m_cursor.position();
-    if (m_cursor.hasWord("TODO", start, end < 0 ? m_cursor.size() : end))
-        addTodo(QString::fromLatin1("TODO:"), start, end);
 }
 
 bool MelParser::isAfterSpace() const

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "analysis/baseparser.h"
-#include "analysis/sourcecursor.h"
 
 // Finds the procedures and global variables of a MEL script, and its TODO notes. Structural errors
 // are computed as well, but not kept: only the host knows MEL well enough to show errors of it.
@@ -24,10 +23,8 @@ private:
     void closeBracket();
     void closeParen();
     void slash();
-    void string();
     void lineComment();
     void blockComment();
-    void noteTodo(int end);
 
     bool isAfterSpace() const;
     void declarationFromG();
@@ -42,7 +39,6 @@ private:
     int argumentListEnd(int open) const;
     void body(int nameStart);
 
-    SourceCursor m_cursor;
     bool m_slashSeen = false;
     int m_procedureDepth = 0; // brace depth at the last "global proc"
     bool m_insideProcedure = false;

@@ -246,25 +246,16 @@ void PythonParser::colon()
     startLine();
 }
 
-// The cursor is at the opening quote, and ends at the closing one.
+// Deliberate: the line feed that ends an unterminated string belongs to it, so the next line's
+// indent is not checked.
 void PythonParser::string()
 {
     const int start = m_cursor.position();
-    const char quote = char(m_cursor.current());
-    if (m_cursor.at(start + 1) == ushort(quote) && m_cursor.at(start + 2) == ushort(quote))
-        return tripleQuoted(quote);
-    for (;;) {
-        const int end = m_cursor.findEither(quote, '\n', m_cursor.position() + 1);
-        const bool isLast = end < 0 || end == m_cursor.size() - 1;
-        m_cursor.moveTo(end < 0 ? m_cursor.size() - 1 : end);
-        const bool escaped = m_cursor.isEscaped(m_cursor.position());
-        if (!isLast && m_cursor.current() == ushort(quote) && !escaped)
-            return;
-        if (isLast || !escaped)
-            break;
-    }
-    // Deliberate: the line feed belongs to the string, so the next line's indent is not checked.
-    addError(QString::fromLatin1("Unterminated String"), start, m_cursor.position());
+    const ushort quote = m_cursor.current();
+    if (m_cursor.at(start + 1) == quote && m_cursor.at(start + 2) == quote)
+        tripleQuoted(char(quote));
+    else
+        scanString();
 }
 
 // Deliberate: one backslash before the closing quotes is enough to escape them.
@@ -283,18 +274,8 @@ void PythonParser::tripleQuoted(char quote)
 
 void PythonParser::comment()
 {
-    const int end = m_cursor.find('\n', m_cursor.position() + 1);
+    const int end = m_cursor.lineEnd(m_cursor.position());
     noteTodo(end);
-    if (end < 0)
-        return;
     m_cursor.moveTo(end);
     startLine();
-}
-
-// Looks from the cursor to `end`, or to the end of the text when that is -1.
-void PythonParser::noteTodo(int end)
-{
-    const int start = m_cursor.position();
-    if (m_cursor.hasWord("TODO", start, end < 0 ? m_cursor.size() : end))
-        addTodo(QString::fromLatin1("TODO:"), start, end);
 }

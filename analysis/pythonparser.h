@@ -3,7 +3,6 @@
 
 #include "analysis/baseparser.h"
 #include "analysis/indentstack.h"
-#include "analysis/sourcecursor.h"
 
 #include <vector>
 
@@ -67,9 +66,7 @@ private:
     void string();
     void tripleQuoted(char quote);
     void comment();
-    void noteTodo(int end);
 
-    SourceCursor m_cursor;
     bool m_atLineStart = true;
     int m_lineStart = 0;
     int m_indentStart = 0;

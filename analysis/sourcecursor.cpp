@@ -65,10 +65,10 @@ bool SourceCursor::isText(const char *ascii, int begin, int end) const
     return end - begin == int(std::strlen(ascii)) && startsWith(ascii, begin);
 }
 
-int SourceCursor::backslashesBefore(int index, int floor) const
+int SourceCursor::backslashesBefore(int index) const
 {
     int count = 0;
-    while (index - count - 1 >= floor && at(index - count - 1) == '\\')
+    while (at(index - count - 1) == '\\')
         ++count;
     return count;
 }

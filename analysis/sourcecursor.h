@@ -48,10 +48,10 @@ public:
     bool isText(const char *ascii, int begin, int end) const;
 
     bool startsWith(const char *ascii, int at) const;
-    // How many backslashes stand directly before `index`, none of them before `floor`.
-    int backslashesBefore(int index, int floor = 0) const;
+    // How many backslashes stand directly before `index`.
+    int backslashesBefore(int index) const;
     // An odd number of them takes what follows its meaning.
-    bool isEscaped(int index, int floor = 0) const { return backslashesBefore(index, floor) % 2; }
+    bool isEscaped(int index) const { return backslashesBefore(index) % 2; }
 
     // The end of the longest run of such units from `from`.
     int skipBlanks(int from) const;    // spaces and tabs
