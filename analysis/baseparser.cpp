@@ -54,6 +54,16 @@ void BaseParser::addOutlineItem(int kind, const QString &name, int position, int
     m_outlineItems << OutlineItem{kind, name, position, depth};
 }
 
+bool BaseParser::closeBracket(char bracket, int &depth)
+{
+    if (depth < 1) {
+        reportUnexpected(QLatin1Char(bracket), m_cursor.position(), m_cursor.position() + 1);
+        return false;
+    }
+    --depth;
+    return true;
+}
+
 // The line feed that ends the prepared text stops every string.
 void BaseParser::scanString()
 {

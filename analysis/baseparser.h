@@ -46,6 +46,8 @@ protected:
 
     void setFile(const QString &path) { m_file = QFileInfo(path); }
 
+    // Counts a closing bracket. False, after an error, when none of its kind is open.
+    bool closeBracket(char bracket, int &depth);
     // From the opening quote to the closing one, or, with an error, to the end of the line. A
     // backslash before the end of a line continues the string on the next.
     void scanString();

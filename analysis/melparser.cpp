@@ -92,12 +92,14 @@ void MelParser::scanUnit(ushort unit)
         ++m_brackets;
         return;
     case ']':
-        return closeBracket();
+        closeBracket(']', m_brackets);
+        return;
     case '(':
         ++m_parens;
         return;
     case ')':
-        return closeParen();
+        closeBracket(')', m_parens);
+        return;
     case '"':
         return scanString();
     case '/':
@@ -126,30 +128,8 @@ void MelParser::semicolon()
 
 void MelParser::closeBrace()
 {
-    const int position = m_cursor.position();
-    if (m_braces < 1) {
-        reportUnexpected(QLatin1Char('}'), position, position + 1);
-        return;
-    }
-    --m_braces;
-    if (m_braces == m_procedureDepth)
+    if (closeBracket('}', m_braces) && m_braces == m_procedureDepth)
         m_insideProcedure = false;
-}
-
-void MelParser::closeBracket()
-{
-    if (m_brackets < 1)
-        reportUnexpected(QLatin1Char(']'), m_cursor.position(), m_cursor.position() + 1);
-    else
-        --m_brackets;
-}
-
-void MelParser::closeParen()
-{
-    if (m_parens < 1)
-        reportUnexpected(QLatin1Char(')'), m_cursor.position(), m_cursor.position() + 1);
-    else
-        --m_parens;
 }
 
 void MelParser::slash()

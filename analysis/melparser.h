@@ -20,8 +20,6 @@ private:
     void scanUnit(ushort unit);
     void semicolon();
     void closeBrace();
-    void closeBracket();
-    void closeParen();
     void slash();
     void lineComment();
     void blockComment();

@@ -97,11 +97,14 @@ void PythonParser::scanUnit(ushort unit)
         ++m_parens;
         return;
     case '}':
-        return close('}', m_braces);
+        closeBracket('}', m_braces);
+        return;
     case ']':
-        return close(']', m_brackets);
+        closeBracket(']', m_brackets);
+        return;
     case ')':
-        return close(')', m_parens);
+        closeBracket(')', m_parens);
+        return;
     case '"':
     case '\'':
         return string();
@@ -110,14 +113,6 @@ void PythonParser::scanUnit(ushort unit)
     default:
         return;
     }
-}
-
-void PythonParser::close(char bracket, int &depth)
-{
-    if (depth < 1)
-        reportUnexpected(QLatin1Char(bracket), m_cursor.position(), m_cursor.position() + 1);
-    else
-        --depth;
 }
 
 // The cursor is at a line feed. While a bracket is open the next line goes on with the statement.

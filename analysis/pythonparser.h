@@ -30,7 +30,6 @@ private:
     void scan();
     bool scanLineStart(ushort unit);
     void scanUnit(ushort unit);
-    void close(char bracket, int &depth);
 
     void startLine();
     bool endsOpenBrackets();
