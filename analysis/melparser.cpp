@@ -109,9 +109,9 @@ void MelParser::scanUnit(ushort unit)
             blockComment();
         return;
     case 'g':
-        return declarationFromG();
+        return globalDeclaration();
     case 'p':
-        return declarationFromP();
+        return localProcedure();
     default:
         return;
     }
@@ -163,51 +163,41 @@ bool MelParser::isAfterSpace() const
     return position == 0 || m_cursor.isSpace(position - 1);
 }
 
-void MelParser::declarationFromG()
+void MelParser::globalDeclaration()
 {
-    if (isAfterSpace() && !globalProcedure())
-        globalVariable();
-}
-
-void MelParser::declarationFromP()
-{
-    if (isAfterSpace())
-        procedure();
-}
-
-bool MelParser::globalProcedure()
-{
-    const int position = m_cursor.position();
-    if (!m_cursor.startsWith("global", position))
-        return false;
-    const int gap = position + 6;
+    if (!isAfterSpace() || !m_cursor.startsWith("global", m_cursor.position()))
+        return;
+    const int gap = m_cursor.position() + 6;
     const int word = m_cursor.skipLineSpace(gap);
-    if (word == gap || !m_cursor.startsWith("proc", word))
-        return false;
-    const int matchEnd = typesEnd(word + 4);
+    if (word > gap && !globalProcedure(word))
+        globalVariable(word);
+}
+
+bool MelParser::globalProcedure(int word)
+{
+    const int matchEnd = m_cursor.startsWith("proc", word) ? typesEnd(word + 4) : -1;
     if (matchEnd < 0)
         return false;
     m_procedureDepth = m_braces;
-    if (m_insideProcedure) {
+    if (m_insideProcedure)
         reportNested(matchEnd);
-        return true;
-    }
-    return declareProcedure(GlobalProcedureItem, m_braces, matchEnd);
+    else
+        declareProcedure(GlobalProcedureItem, m_braces, matchEnd);
+    return true;
 }
 
-bool MelParser::procedure()
+void MelParser::localProcedure()
 {
     const int position = m_cursor.position();
-    if (!m_cursor.startsWith("proc", position))
-        return false;
+    if (!isAfterSpace() || !m_cursor.startsWith("proc", position))
+        return;
     const int matchEnd = typesEnd(position + 4);
     if (matchEnd < 0)
-        return false;
-    if (m_braces >= 1 && m_insideProcedure) {
+        return;
+    if (m_braces >= 1 && m_insideProcedure)
         reportNested(matchEnd);
-        return true;
-    }
-    return declareProcedure(LocalProcedureItem, 0, matchEnd);
+    else
+        declareProcedure(LocalProcedureItem, 0, matchEnd);
 }
 
 // global proc string[] name(
@@ -235,23 +225,22 @@ void MelParser::reportNested(int matchEnd)
              m_cursor.position(), matchEnd);
 }
 
-bool MelParser::declareProcedure(OutlineKind kind, int depth, int nameStart)
+void MelParser::declareProcedure(OutlineKind kind, int depth, int nameStart)
 {
     const int nameEnd = m_cursor.skipPath(nameStart);
     if (nameEnd == nameStart)
-        return false;
+        return;
     const QString name = m_cursor.text(nameStart, nameEnd);
     if (name.endsWith(QLatin1Char('.')) || name.contains(QLatin1String(".."))) {
         const int position = m_cursor.position();
         const bool isGlobal = kind == GlobalProcedureItem;
         addError(QString::fromLatin1("Invalid procedure name"), position,
                  isGlobal ? nameEnd : position + int(name.size()));
-        return true;
+        return;
     }
     addOutlineItem(kind, name, nameStart, depth);
     m_cursor.moveTo(nameEnd);
     argumentList(nameStart);
-    return true;
 }
 
 // The cursor is behind the name.
@@ -298,25 +287,20 @@ void MelParser::body(int nameStart)
 
 // global string[] $name
 //                 |      exactly one white space before it
-bool MelParser::globalVariable()
+void MelParser::globalVariable(int type)
 {
-    const int position = m_cursor.position();
-    if (!m_cursor.startsWith("global", position))
-        return false;
-    const int type = m_cursor.skipLineSpace(position + 6);
     const int length = typeLength(m_cursor, type);
-    if (type == position + 6 || length == 0)
-        return false;
+    if (length == 0)
+        return;
     int gap = type + length;
     while (m_cursor.at(gap) == '[' || m_cursor.at(gap) == ']')
         ++gap;
     const int name = gap + 1;
     if (!m_cursor.isSpace(gap) || m_cursor.at(gap) == '\n' || m_cursor.at(name) != '$')
-        return false;
+        return;
     const int nameEnd = m_cursor.skipName(name + 1);
     if (nameEnd == name + 1)
-        return false;
+        return;
     addOutlineItem(GlobalVariableItem, m_cursor.text(name, nameEnd), name, m_braces);
     m_cursor.moveTo(nameEnd - 1);
-    return true;
 }

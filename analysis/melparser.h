@@ -25,14 +25,13 @@ private:
     void blockComment();
 
     bool isAfterSpace() const;
-    void declarationFromG();
-    void declarationFromP();
-    bool globalProcedure();
-    bool procedure();
-    bool globalVariable();
+    void globalDeclaration();
+    bool globalProcedure(int word);
+    void globalVariable(int type);
+    void localProcedure();
     int typesEnd(int from) const;
     void reportNested(int matchEnd);
-    bool declareProcedure(OutlineKind kind, int depth, int nameStart);
+    void declareProcedure(OutlineKind kind, int depth, int nameStart);
     void argumentList(int nameStart);
     int argumentListEnd(int open) const;
     void body(int nameStart);
