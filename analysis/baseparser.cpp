@@ -64,7 +64,10 @@ bool BaseParser::closeBracket(char bracket, int &depth)
     return true;
 }
 
-// The line feed that ends the prepared text stops every string.
+// print "a\"b";
+//       |    |    start, and the cursor in the end: the second quote is escaped
+//
+// The line feed that ends the prepared text stops every string, whatever stands before it.
 void BaseParser::scanString()
 {
     const int start = m_cursor.position();
@@ -86,6 +89,7 @@ void BaseParser::noteTodo(int end)
 QString BaseParser::prepared(const QString &text)
 {
     QString result;
+    // One allocation: a shared copy would be taken for the line feeds and again for the last one.
     result.reserve(text.size() + 1);
     result += text;
     result.replace(QChar(QChar::ParagraphSeparator), QLatin1Char('\n'));

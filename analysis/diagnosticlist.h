@@ -5,9 +5,9 @@
 #include <QString>
 #include <QStringList>
 
-// The messages of one category: three lists of equal length. Offsets are 0-based UTF-16 units of
-// the parsed text; an end is exclusive, may equal its start, and is -1 for "to the end of the
-// text".
+// The messages of one category (errors, warnings or notes), in the order in which they were found:
+// three lists of equal length. Offsets are 0-based UTF-16 units of the text as it was parsed; an
+// end is exclusive, may equal its start, and is -1 for "to the end of the text".
 struct DiagnosticList
 {
     QStringList messages;

@@ -19,6 +19,7 @@ void EdOutlineView::paintEvent(QPaintEvent *event)
     QTreeWidget::paintEvent(event);
     if (topLevelItemCount() > 0)
         return;
+    // A scroll area is painted on its viewport; in the disabled colour the text is no entry.
     QPainter painter(viewport());
     painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));
     painter.drawText(viewport()->rect().adjusted(margin, margin, -margin, -margin),

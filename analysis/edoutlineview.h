@@ -3,7 +3,8 @@
 
 #include <QTreeWidget>
 
-// The outline of the active script. Nothing is listed yet, which an empty view says.
+// The outline of the active script, in a dock of the window. Nothing is listed yet, which an empty
+// view says.
 class EdOutlineView : public QTreeWidget
 {
     Q_OBJECT
@@ -12,5 +13,6 @@ public:
     explicit EdOutlineView(QWidget *parent = nullptr);
 
 protected:
+    // Draws the hint over the empty tree.
     void paintEvent(QPaintEvent *event) override;
 };

@@ -5,6 +5,6 @@ EdQuickHelpView::EdQuickHelpView(QWidget *parent) : QLabel(parent)
 {
     setAlignment(Qt::AlignCenter);
     setWordWrap(true);
-    setEnabled(false);
+    setEnabled(false); // grey: a remark, no help
     setText(tr("Quick help is not available yet."));
 }

@@ -3,7 +3,8 @@
 
 #include <QLabel>
 
-// Help on the command at the caret: nothing is shown yet.
+// Help on the command at the caret, in a dock of the window: nothing is shown yet but a line that
+// says so.
 class EdQuickHelpView : public QLabel
 {
     Q_OBJECT

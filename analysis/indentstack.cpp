@@ -3,6 +3,7 @@
 
 namespace {
 
+// By character: a tab and eight spaces are as wide, but not the same.
 bool isSame(const SourceCursor &cursor, const Indent &a, const Indent &b)
 {
     if (a.length != b.length)
@@ -16,6 +17,7 @@ bool isSame(const SourceCursor &cursor, const Indent &a, const Indent &b)
 
 } // namespace
 
+// An indent that no block has empties the stack altogether: it differs from the bottom as well.
 bool IndentStack::popTo(const SourceCursor &cursor, const Indent &indent)
 {
     while (!m_indents.empty() && !isSame(cursor, m_indents.back(), indent))

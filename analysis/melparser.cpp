@@ -7,6 +7,7 @@
 
 namespace {
 
+// None begins like another, so the order does not matter.
 const char *const types[] = {"string", "int", "float", "matrix", "vector"};
 
 // What may stand between the parentheses of a declaration. Deliberate: no bracket, although MEL
@@ -54,9 +55,10 @@ void MelParser::parse(const QString &text, const QString &filePath)
     m_cursor = SourceCursor(source);
     warnOfEmptyFirstLine();
     scan();
-    m_cursor = SourceCursor();
+    m_cursor = SourceCursor(); // the text it lies on goes with this function
 }
 
+// A text of white space alone has no line whose number could be wrong.
 void MelParser::warnOfEmptyFirstLine()
 {
     const int firstSolid = m_cursor.findSolid(0);
@@ -117,6 +119,7 @@ void MelParser::scanUnit(ushort unit)
     }
 }
 
+// A statement ends here, so nothing that was opened in it can still be closed.
 void MelParser::semicolon()
 {
     const int position = m_cursor.position();
@@ -149,7 +152,8 @@ void MelParser::lineComment()
     m_slashSeen = false;
 }
 
-// The cursor is at the asterisk, which cannot be that of the end.
+// The cursor is at the asterisk, which cannot be that of the end: "/*/" is open. Without an end all
+// the rest of the text is comment.
 void MelParser::blockComment()
 {
     const int end = m_cursor.findText("*/", m_cursor.position() + 1);
@@ -157,12 +161,15 @@ void MelParser::blockComment()
     m_cursor.moveTo(end < 0 ? m_cursor.size() - 1 : end + 1);
 }
 
+// Deliberate: a declaration right behind a ";" or "}" is not listed.
 bool MelParser::isAfterSpace() const
 {
     const int position = m_cursor.position();
     return position == 0 || m_cursor.isSpace(position - 1);
 }
 
+// global proc
+// |      |     the cursor, and the word
 void MelParser::globalDeclaration()
 {
     if (!isAfterSpace() || !m_cursor.startsWith("global", m_cursor.position()))
@@ -173,6 +180,7 @@ void MelParser::globalDeclaration()
         globalVariable(word);
 }
 
+// Whether the word is "proc" with a return type or none; its name may still be missing.
 bool MelParser::globalProcedure(int word)
 {
     const int matchEnd = m_cursor.startsWith("proc", word) ? typesEnd(word + 4) : -1;
@@ -186,6 +194,8 @@ bool MelParser::globalProcedure(int word)
     return true;
 }
 
+// Deliberate: unlike a global one, it is refused only inside braces, and does not move the depth at
+// which the procedure ends; it is listed at depth 0 wherever it stands.
 void MelParser::localProcedure()
 {
     const int position = m_cursor.position();
@@ -219,12 +229,14 @@ int MelParser::typesEnd(int from) const
     }
 }
 
+// From the declaration's first word to the end of its types.
 void MelParser::reportNested(int matchEnd)
 {
     addError(QString::fromLatin1("Procedures cannot be nested within each other. Expected a '}'."),
              m_cursor.position(), matchEnd);
 }
 
+// Dots may stand inside the name, but not side by side, nor at its end.
 void MelParser::declareProcedure(OutlineKind kind, int depth, int nameStart)
 {
     const int nameEnd = m_cursor.skipPath(nameStart);
@@ -234,6 +246,7 @@ void MelParser::declareProcedure(OutlineKind kind, int depth, int nameStart)
     if (name.endsWith(QLatin1Char('.')) || name.contains(QLatin1String(".."))) {
         const int position = m_cursor.position();
         const bool isGlobal = kind == GlobalProcedureItem;
+        // Deliberate: for a local one the length alone counts, from the word "proc".
         addError(QString::fromLatin1("Invalid procedure name"), position,
                  isGlobal ? nameEnd : position + int(name.size()));
         return;
@@ -243,7 +256,8 @@ void MelParser::declareProcedure(OutlineKind kind, int depth, int nameStart)
     argumentList(nameStart);
 }
 
-// The cursor is behind the name.
+// The cursor is behind the name. Where the list is broken off, the main loop goes on behind what
+// stands in place of "(" or behind the "(", which is not counted as open then.
 void MelParser::argumentList(int nameStart)
 {
     const int open = m_cursor.findSolid(m_cursor.position());
@@ -271,7 +285,7 @@ int MelParser::argumentListEnd(int open) const
     return end;
 }
 
-// The cursor is behind the argument list.
+// The cursor is behind the argument list. White space and line breaks may follow, but no comment.
 void MelParser::body(int nameStart)
 {
     const int open = m_cursor.findSolid(m_cursor.position());

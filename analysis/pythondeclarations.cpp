@@ -20,6 +20,8 @@ int behindWord(const SourceCursor &cursor, const char *word, int from)
 
 } // namespace
 
+// At the depth of the block that the line is in; a definition's own block opens with the line
+// below.
 void PythonParser::addItem(OutlineKind kind, const QString &name, int position)
 {
     addOutlineItem(kind, name, position, m_blocks.depth());
@@ -27,28 +29,30 @@ void PythonParser::addItem(OutlineKind kind, const QString &name, int position)
 
 // @staticmethod
 // |            |   the text between is kept as written
-bool PythonParser::decorator()
+void PythonParser::decorator()
 {
     const int end = m_cursor.lineEnd(m_cursor.position());
     m_decorators.push_back({m_cursor.position() + 1, end});
     m_cursor.moveTo(end);
     startLine();
-    return true;
 }
 
+// def name(
+//     |   |    name and end; the cursor is left on the unit before the end
 bool PythonParser::definition()
 {
     const int name = behindWord(m_cursor, "def", m_cursor.position());
     const int end = name < 0 ? name : m_cursor.skipName(name);
     if (end == name)
         return false;
-    resetBlocksAtMargin();
+    resetBlocksAtMargin(); // before the item takes its depth
     addItem(methodKind(), m_cursor.text(name, end), name);
     m_cursor.moveTo(end - 1);
     return true;
 }
 
-// Of two decorators the one nearer to the definition counts.
+// Of two decorators the one nearer to the definition counts. Deliberate: they are compared as they
+// are written, so a blank or an argument makes another decorator of it.
 OutlineKind PythonParser::methodKind() const
 {
     for (auto span = m_decorators.rbegin(); span != m_decorators.rend(); ++span) {
@@ -60,6 +64,7 @@ OutlineKind PythonParser::methodKind() const
     return FunctionItem;
 }
 
+// Deliberate: unlike "def", the word may be followed by any white space of the line.
 bool PythonParser::classDefinition()
 {
     const int position = m_cursor.position();
@@ -75,6 +80,7 @@ bool PythonParser::classDefinition()
     return true;
 }
 
+// Deliberate: listed only with blanks around "==" and the name on its left.
 bool PythonParser::mainBlock()
 {
     int end = mainBlockEnd('"');
@@ -106,6 +112,8 @@ int PythonParser::mainBlockEnd(char quote) const
     return fits ? end : -1;
 }
 
+// A statement with "as" behind its first module is an import of that one; any other, where "as" may
+// stand later on, is a list.
 bool PythonParser::import()
 {
     const int start = behindWord(m_cursor, "import", m_cursor.position());
@@ -128,6 +136,7 @@ bool PythonParser::importAs(const Span &module, int aliasStart)
     return true;
 }
 
+// import os, sys as system    nothing: one part that is no path takes the others with it
 bool PythonParser::importList(int start)
 {
     const Spans names = listed(restOfStatement(start));
@@ -139,6 +148,8 @@ bool PythonParser::importList(int start)
     return true;
 }
 
+// from os import path, sep
+//      | |       |          module, moduleEnd and start
 bool PythonParser::fromImport()
 {
     const int module = behindWord(m_cursor, "from", m_cursor.position());
@@ -159,7 +170,8 @@ bool PythonParser::fromImport()
     return true;
 }
 
-// Deliberate: an item stands where its text is first found, be that inside a longer name.
+// Deliberate: an item stands where its text is first found, be that inside a longer name. One pass
+// looks for all: a pass for each would make a long list slow.
 void PythonParser::addNames(OutlineKind kind, const Spans &names, int searchStart,
                             const QString &suffix)
 {
@@ -189,6 +201,7 @@ PythonParser::Span PythonParser::restOfStatement(int start) const
     return {start, qMax(start, m_cursor.findEither('#', '\n', start))};
 }
 
+// Any white space goes, as with QString::trimmed(), but nothing is copied.
 PythonParser::Span PythonParser::trimmed(Span span) const
 {
     while (span.start < span.end && m_cursor.isSpace(span.start))
@@ -214,6 +227,7 @@ PythonParser::Spans PythonParser::listed(const Span &span) const
     return parts;
 }
 
+// Names and dots only; true for an empty stretch.
 bool PythonParser::isPath(const Span &span) const
 {
     return m_cursor.skipPath(span.start) >= span.end;

@@ -6,6 +6,7 @@
 
 namespace {
 
+// The distance of the tab stops of Python's own tokenizer, whatever the editor draws.
 const int tabWidth = 8;
 
 } // namespace
@@ -67,10 +68,13 @@ bool PythonParser::scanLineStart(ushort unit)
     }
     if (unit != '#' && !m_cursor.isSpace(m_cursor.position()))
         checkIndent();
-    if (unit == '@' && decorator())
+    if (unit == '@') {
+        decorator();
         return true;
+    }
     const bool defines = (unit == 'c' && classDefinition()) || (unit == 'd' && definition());
-    // What an import or a main block says is scanned again as ordinary code.
+    // Neither is done with its line: the scan of code has to see the brackets of an import and the
+    // colon of a main block.
     if (unit == 'f')
         fromImport();
     else if (unit == 'i' && !import())
@@ -152,6 +156,8 @@ int PythonParser::nextToken(int from)
     return m_token;
 }
 
+// One report whatever is open. All of it counts as closed then, so that what follows is read as the
+// statement that it is.
 void PythonParser::reportOpenBracket()
 {
     const char missing = m_braces >= 1 ? '}' : m_parens >= 1 ? ')' : ']';
@@ -161,6 +167,8 @@ void PythonParser::reportOpenBracket()
     m_brackets = 0;
 }
 
+// What stands between the line's start and the cursor. Deliberate: every tab counts for a whole
+// stop, also behind spaces, where it would fill up to the next one only.
 Indent PythonParser::currentIndent() const
 {
     Indent indent;
@@ -174,6 +182,10 @@ Indent PythonParser::currentIndent() const
     return indent;
 }
 
+// if a:
+//     b
+//   c         wider than "", narrower than "    ", and equal to neither: no block to go on with
+//
 // Deliberate: widths say what is deeper, but only the very same characters close blocks, so that a
 // line that fits by its width alone is an error.
 void PythonParser::checkIndent()
@@ -190,7 +202,7 @@ void PythonParser::checkIndent()
         indentError("Unexpected indent");
     } else if (!m_blocks.popTo(m_cursor, indent)) {
         indentError("Unindent does not match any outer indentation level");
-        m_mixedIndentReported = true;
+        m_mixedIndentReported = true; // the error says it already
     }
     warnOfMixedIndent(indent);
     m_atLineStart = false;
@@ -219,6 +231,7 @@ void PythonParser::resetBlocks()
     m_blockExpected = false;
 }
 
+// A definition at the margin belongs to no block, whatever went wrong above it.
 void PythonParser::resetBlocksAtMargin()
 {
     if (currentIndent().length == 0)
@@ -253,6 +266,9 @@ void PythonParser::string()
         scanString();
 }
 
+// The cursor is at the first of the opening quotes, and ends on the last of the closing ones.
+// Without those no error is made of it: the scan of code goes on from where the last search began.
+//
 // Deliberate: one backslash before the closing quotes is enough to escape them.
 void PythonParser::tripleQuoted(char quote)
 {
@@ -267,6 +283,7 @@ void PythonParser::tripleQuoted(char quote)
         m_cursor.moveTo(end + 2);
 }
 
+// The line feed is done with as well: it ends the logical line, unless a bracket is open.
 void PythonParser::comment()
 {
     const int end = m_cursor.lineEnd(m_cursor.position());

@@ -8,6 +8,8 @@ bool SourceCursor::isSpace(int index) const
     return isInside(index) && m_data[index].isSpace();
 }
 
+// Here and below a loop over the units: QString's own search would need a string of the text, and
+// the texts that are looked for are too short for it to gain anything.
 int SourceCursor::find(char character, int from) const
 {
     for (int i = from; i < m_size; ++i) {
@@ -94,6 +96,7 @@ int SourceCursor::skipPath(int from) const
     return from;
 }
 
+// The borders of the searched stretch are borders of words, as if nothing lay outside it.
 bool SourceCursor::isWordWithin(int index, int begin, int end) const
 {
     return index >= begin && index < end && isWord(index);

@@ -20,6 +20,7 @@ void WordTree::search(const QString &text)
     }
 }
 
+// -1 when no word goes on so. A list will do: names have few different units at one place.
 int WordTree::child(int node, QChar unit) const
 {
     int child = m_nodes[size_t(node)].child;
@@ -42,7 +43,7 @@ int WordTree::childOrNew(int node, QChar unit)
     return added;
 }
 
-// The longest beginning that is an end of the node's text and the unit.
+// The longest beginning that is an end of the node's text and the unit; the empty one if need be.
 int WordTree::longestBeginning(int node, QChar unit) const
 {
     int next = child(node, unit);
@@ -53,6 +54,9 @@ int WordTree::longestBeginning(int node, QChar unit) const
     return next < 0 ? 0 : next;
 }
 
+// "she" and "hers":  s-h-e   the suffix of "sh" is "h", that of "she" is "he"
+//                    h-e-r-s
+//
 // Shorter beginnings first, for the longer ones build on them.
 void WordTree::linkSuffixes()
 {

@@ -3,17 +3,22 @@
 
 #include <QChar>
 
-// The characters of names that MEL and Python have in common.
+// Which UTF-16 units make up names and words. Single units where that will do: a scan asks about
+// each of a text.
+//
+// The characters of names that MEL and Python have in common: a-z A-Z 0-9 _.
 inline bool isNameUnit(ushort unit)
 {
     return (unit >= 'a' && unit <= 'z') || (unit >= 'A' && unit <= 'Z') ||
            (unit >= '0' && unit <= '9') || unit == '_';
 }
 
-// Beyond ASCII; units of a surrogate pair are judged by their character.
+// The part of isWordUnit() beyond ASCII, apart so that the common part is inlined. Units of a
+// surrogate pair are judged by their character, a half without its other half is none of a word.
 bool isForeignWordUnit(const QChar *text, int size, int index);
 
-// Letters, numbers and marks of any script and the underscore: what \w is in a pattern.
+// Letters, numbers and marks of any script and the underscore: what \w is in a pattern. `index`
+// lies inside the text, which has `size` units.
 inline bool isWordUnit(const QChar *text, int size, int index)
 {
     const ushort unit = text[index].unicode();
