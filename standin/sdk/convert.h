@@ -13,6 +13,7 @@
 
 namespace standin {
 
+// Between the API's text and the interpreter's; null bytes survive both ways.
 inline std::string utf8(const MString &text)
 {
     int length = 0;

@@ -14,7 +14,9 @@ namespace standin {
 class HostServices;
 struct PluginRecord;
 
-// The running host; null before there is one, and then the API's calls fail.
+// The running host; null before there is one, and then the API's calls fail. Not owned: the host
+// sets itself when it is made and null when it goes. The pointer is not guarded, so threads that
+// use the API have ended by then.
 STANDIN_API void setHostServices(HostServices *services);
 STANDIN_API HostServices *hostServices();
 
@@ -32,6 +34,7 @@ struct LiveCallback
     MCallbackId id;
     const void *function; // its address tells which library it belongs to
 };
+// Every callback of every plug-in, in the order of adding.
 STANDIN_API std::vector<LiveCallback> liveCallbacks();
 
 } // namespace standin

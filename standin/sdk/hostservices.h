@@ -20,15 +20,16 @@ namespace standin {
 struct PluginCommand
 {
     std::string name;
-    std::string plugin; // path of the plug-in that owns it
-    std::vector<mel::Flag> flags;
+    std::string plugin;           // path of the plug-in that owns it
+    std::vector<mel::Flag> flags; // for help and for Python's keywords
     bool queryable = false;
     bool editable = false;
     std::string objectSynopsis; // as in mel::Command
     std::function<mel::Value(const std::vector<mel::Value> &words)> run;
 };
 
-// Widgets by their interface names; null where there is none. Absent in a batch session.
+// Widgets by their interface names, short or as paths in UTF-8; null where there is none. Absent in
+// a batch session. Nothing is handed over: the widgets stay the interface's.
 class InterfaceLookup
 {
 public:
@@ -38,6 +39,7 @@ public:
     virtual QWidget *findLayout(const std::string &name) = 0;
     virtual QWidget *findWindow(const std::string &name) = 0;
     virtual QAction *findMenuItem(const std::string &name) = 0;
+    // Empty for an object that is no element of the interface.
     virtual std::string fullName(const QObject *object) = 0;
 };
 
@@ -53,14 +55,18 @@ public:
     // Where the running script is, as in front of a warning: "line 3: "; empty when none runs.
     virtual std::string scriptPlace() const { return {}; }
 
+    // These run at once, nested in whatever is running, and never throw: what goes wrong has been
+    // sent as an Error message when they return. `display` echoes the text and its value.
     virtual mel::Outcome executeMel(const std::string &text, bool display) = 0;
     virtual mel::Outcome executePython(const std::string &text, bool display) = 0;
+    // A host without idle moments forgets the text.
     virtual void executeMelOnIdle(const std::string &text, bool display) = 0;
     virtual void executePythonOnIdle(const std::string &text, bool display) = 0;
     virtual mel::Outcome sourceFile(const std::string &path) = 0;
     // Runs what waits for idle time, and what that adds.
     virtual void processIdle() {}
 
+    // Whether a loaded plug-in has this name.
     virtual bool hasPlugin(const std::string &) const { return false; }
     // False when the name is taken, or unknown.
     virtual bool registerCommand(const PluginCommand &command) = 0;

@@ -13,6 +13,7 @@
 
 STANDIN_API_OPEN
 
+// The insides of the classes that hide them: plug-ins see no type of the interpreter's.
 struct MSyntax::Data
 {
     struct Flag
@@ -29,6 +30,7 @@ struct MSyntax::Data
     bool query = false;
     bool edit = false;
     MObjectFormat objectFormat = kInvalidFormat;
+    // Objects are the words behind the arguments; a format of kNone or less takes none at all.
     unsigned int minimumObjects = 0;
     unsigned int maximumObjects = 0;
 
@@ -43,6 +45,7 @@ struct MCommandResult::Data
 
 STANDIN_API_CLOSE
 
+// A friend of these classes; the only code outside of them that touches their members.
 struct StandinAccess
 {
     using SyntaxData = MSyntax::Data;
@@ -50,6 +53,7 @@ struct StandinAccess
     static const SyntaxData &data(const MSyntax &syntax) { return *syntax.m_data; }
     static SyntaxData &data(MSyntax &syntax) { return *syntax.m_data; }
     static mel::Value &value(MCommandResult &result) { return result.m_data->value; }
+    // What a handle stands for, which is always a PluginRecord.
     static void *target(const MObject &object) { return object.m_target; }
     static MObject object(void *target)
     {

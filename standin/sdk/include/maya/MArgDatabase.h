@@ -5,7 +5,9 @@
 
 STANDIN_API_OPEN
 
-// An argument parser that can also hand out scene objects; there are none here.
+// An argument parser that can also hand out scene objects as a selection. There are none here, so
+// it adds nothing; plug-ins use it for its name. A failed status means what it means for the
+// parser.
 class STANDIN_API MArgDatabase : public MArgParser
 {
 public:

@@ -6,6 +6,7 @@
 
 STANDIN_API_OPEN
 
+// Ids of callbacks, to be removed together. It does not own the callbacks: they outlive it.
 class STANDIN_API MCallbackIdArray : public StandinArray<MCallbackId>
 {
 public:

@@ -5,6 +5,7 @@
 
 STANDIN_API_OPEN
 
+// A growing list of doubles; the value of a MEL float[].
 class STANDIN_API MDoubleArray : public StandinArray<double>
 {
 public:

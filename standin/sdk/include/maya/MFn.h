@@ -5,7 +5,8 @@
 
 STANDIN_API_OPEN
 
-// The kinds of objects; of the many there are, those that this stand-in can have.
+// The kinds of objects; of the many there are, those that this stand-in can have. The numbers are
+// not the same in every release, so code writes the names.
 class STANDIN_API MFn
 {
 public:

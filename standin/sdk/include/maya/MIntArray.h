@@ -5,6 +5,7 @@
 
 STANDIN_API_OPEN
 
+// A growing list of ints; the value of a MEL int[].
 class STANDIN_API MIntArray : public StandinArray<int>
 {
 public:

@@ -6,15 +6,20 @@
 
 STANDIN_API_OPEN
 
-// A handle to something of the host; the only such thing here is a plug-in.
+// A handle to something of the host; the only such thing here is a plug-in. Copies are handles to
+// the same thing. It owns nothing and is not told when the thing goes: what the entry points get is
+// good until the plug-in is unloaded.
 class STANDIN_API MObject
 {
 public:
     MObject() = default;
     MObject(const MObject &other) = default;
+    // Deliberate: not defaulted. A class with a destructor of its own is passed by address, which
+    // is part of the entry points' binary form.
     ~MObject();
     MObject &operator=(const MObject &other) = default;
 
+    // The same thing, not an equal one. Null handles are equal.
     bool operator==(const MObject &other) const { return m_target == other.m_target; }
     bool operator!=(const MObject &other) const { return m_target != other.m_target; }
 
@@ -23,11 +28,13 @@ public:
     bool hasFn(MFn::Type type) const;
     bool isNull() const { return !m_target; }
 
+    // Null at all times; nobody assigns to it.
     static MObject kNullObj;
 
 private:
     friend struct ::StandinAccess;
 
+    // What only the libraries know the type of; null in the null object.
     void *m_target = nullptr;
 };
 

@@ -5,6 +5,7 @@
 // plug-ins use none of it.
 #include <maya/MTypes.h>
 
+// Everything is compiled with hidden symbols; what plug-ins and the host link to says so.
 #if defined(__GNUC__)
 #define STANDIN_API __attribute__((visibility("default")))
 #else
@@ -20,5 +21,5 @@
 #define STANDIN_API_CLOSE
 #endif
 
-// The libraries' own way to the inside of the classes.
+// The libraries' own way to the inside of the classes; a friend of those that have one.
 struct StandinAccess;

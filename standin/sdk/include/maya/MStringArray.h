@@ -6,6 +6,7 @@
 
 STANDIN_API_OPEN
 
+// A growing list of texts; the value of a MEL string[].
 class STANDIN_API MStringArray : public StandinArray<MString>
 {
 public:
@@ -15,6 +16,7 @@ public:
     {
     }
     MStringArray(const MString source[], unsigned int count) : StandinArray(source, count) {}
+    // From texts in UTF-8; a null one is empty.
     MStringArray(const char *source[], unsigned int count);
 
     MStatus copy(const MStringArray &source)
