@@ -5,6 +5,7 @@ namespace standin {
 
 namespace {
 
+// In this library and nowhere else: the host and every plug-in link it, so they see the same one.
 HostServices *runningHost = nullptr;
 
 } // namespace

@@ -26,6 +26,7 @@ bool readsAs(const MString &word, bool &value)
     static const char *const yes[] = {"1", "on", "true", "yes"};
     static const char *const no[] = {"0", "off", "false", "no"};
     for (size_t i = 0; i < sizeof yes / sizeof *yes; ++i) {
+        // Exactly as written: the language knows these words in lower case only.
         value = word == yes[i];
         if (value || word == no[i])
             return true;
@@ -37,6 +38,7 @@ bool readsAs(const MString &word, bool &value)
 bool readsAs(const MString &word, int &value)
 {
     // A fraction is cut off, as the language does when it converts a float.
+    // Compared as doubles, which hold the limits exactly; 2147483647.5 still cuts off to an int.
     const double number = word.asDouble();
     if (!word.isDouble() || number <= INT_MIN - 1.0 || number >= INT_MAX + 1.0)
         return false;

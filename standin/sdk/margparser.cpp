@@ -15,13 +15,16 @@ using standin::setStatus;
 
 STANDIN_API_OPEN
 
+// What the constructor reads, once; the public functions only look things up.
 struct MArgParser::Data
 {
+    // A copy of the syntax, so that the parser may outlive it.
     explicit Data(const MSyntax &declared) : syntax(StandinAccess::data(declared)) {}
 
     bool readWords(const MArgList &words);
     bool asksQuery(const MString &word) const;
     bool asksEdit(const MString &word) const;
+    // Each returns false when the words do not fit.
     bool readFlag(const MArgList &words, unsigned int &position);
     bool takesArguments(const StandinAccess::SyntaxData::Flag &flag, const MArgList &words,
                         unsigned int position) const;
@@ -51,6 +54,7 @@ bool isOneOf(const MString &word, const char *shortName, const char *longName)
     return word == shortName || word == longName;
 }
 
+// Tried by reading: a word is of a type when it reads as one.
 bool isOfType(const MArgList &words, unsigned int index, MSyntax::MArgType type)
 {
     MStatus status;
@@ -87,6 +91,7 @@ bool MArgParser::Data::readWords(const MArgList &words)
     }
     for (unsigned int i = 0; i < words.length(); ++i) {
         const MString word = words.asString(i);
+        // Objects may stand between flags and before them.
         if (!isFlag(word))
             objects.addArg(word);
         else if (!readFlag(words, i) && !asksQuery(word) && !asksEdit(word))
@@ -119,6 +124,7 @@ bool MArgParser::Data::readFlag(const MArgList &words, unsigned int &position)
             arguments.addArg(words.asString(position));
         }
     }
+    // By the long name, whichever was written: both name the same flag.
     uses[flag->longName].push_back(arguments);
     return true;
 }
@@ -152,6 +158,7 @@ bool MArgParser::Data::countsFit() const
 
 const std::vector<MArgList> *MArgParser::Data::usesOf(const char *flag)
 {
+    // Known but not used is another answer than not known.
     static const std::vector<MArgList> none;
     const StandinAccess::SyntaxData::Flag *known = flag ? syntax.find(flag) : nullptr;
     if (!known)
@@ -209,6 +216,7 @@ MStatus MArgParser::getFlagArgumentList(const char *flag, unsigned int use,
 MStatus MArgParser::getObjects(MStringArray &objects) const
 {
     objects.clear();
+    // The declared arguments come first; what is left are the objects.
     for (unsigned int i = m_data->syntax.arguments.size(); i < m_data->objects.length(); ++i)
         objects.append(m_data->objects.asString(i));
     return MS::kSuccess;

@@ -10,7 +10,7 @@ STANDIN_API_OPEN
 
 namespace {
 
-// In the order of the alternatives of mel::Value.
+// Row n belongs to alternative n of mel::Value. Arrays of matrices do not exist there.
 const MCommandResult::Type resultTypes[] = {
     MCommandResult::kInvalid,     MCommandResult::kInt,         MCommandResult::kDouble,
     MCommandResult::kString,      MCommandResult::kVector,      MCommandResult::kMatrix,

@@ -13,6 +13,8 @@ STANDIN_API_OPEN
 
 MString MCommonSystemUtils::getEnv(const MString &variable, MStatus *ReturnStatus)
 {
+    // Deliberate: success even for a missing variable, as the application has been seen to answer.
+    // Code that works here looks at the text as well.
     setStatus(ReturnStatus, MS::kSuccess);
     const char *value = std::getenv(variable.asUTF8());
     return value ? MString(value) : MString();
@@ -36,6 +38,7 @@ MStatus MCommonSystemUtils::putEnv(const MString &variable, const MString &value
 
 MStatus MCommonSystemUtils::makeDirectory(const MString &path)
 {
+    // The forms with an error code, for no exception may leave the library.
     std::error_code problem;
     const std::filesystem::path directory = std::filesystem::u8path(utf8(path));
     std::filesystem::create_directories(directory, problem);

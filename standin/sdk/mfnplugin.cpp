@@ -20,6 +20,7 @@ using namespace standin;
 namespace {
 
 // What the handle stands for; null for the null object.
+// The only type that a handle ever has, so the cast needs no check.
 PluginRecord *recordOf(const MObject &object)
 {
     return static_cast<PluginRecord *>(StandinAccess::target(object));
@@ -36,6 +37,7 @@ MString fieldOf(const MObject &object, std::string PluginRecord::*field, MStatus
 // The name itself, or with the first number that makes it unlike those of the loaded plug-ins.
 std::string unusedName(const std::string &name)
 {
+    // "tools" becomes "tools1", then "tools2".
     std::string unused = name;
     for (int number = 1; hostServices()->hasPlugin(unused); ++number)
         unused = name + std::to_string(number);
@@ -105,6 +107,7 @@ MStatus MFnPlugin::setName(const MString &name, bool allowRename)
     const std::string wanted = utf8(name);
     if (wanted.empty())
         return MS::kInvalidParameter;
+    // It would count as taken, by the plug-in itself.
     if (wanted == record->name)
         return MS::kSuccess;
     const std::string unused = unusedName(wanted);
@@ -133,8 +136,10 @@ MStatus MFnPlugin::registerCommand(const MString &commandName, MCreatorFunction 
     const MSyntax syntax = createSyntax ? createSyntax() : MSyntax();
     PluginCommand command;
     command.name = utf8(commandName);
+    // By path and not by name, which the plug-in may change later.
     command.plugin = record->path;
     describe(syntax, command);
+    // The creator is code of the plug-in: the host removes the command before it unmaps that.
     command.run = [creator, syntax](const std::vector<mel::Value> &words) {
         return runCommand(creator, syntax, words);
     };

@@ -23,14 +23,15 @@ using MessageType = MCommandMessage::MessageType;
 // A callback whose messages call it again, and so on, is left out at this depth.
 const int maximumDepth = 50;
 
+// Output and filter callbacks in one form and one list, so that ids and order are common to both.
 struct Callback
 {
     MCallbackId id = 0;
     bool filters = false;
     std::function<void(const MString &, MessageType, bool &)> run;
-    const void *function = nullptr;
-    int depth = 0; // of its calls within each other
-    bool leftOut = false;
+    const void *function = nullptr; // as the plug-in gave it; tells whose it is
+    int depth = 0;                  // of its calls within each other
+    bool leftOut = false;           // until its outermost call returns
 };
 using CallbackList = std::vector<std::shared_ptr<Callback>>;
 
@@ -163,6 +164,7 @@ MStatus MMessage::removeCallback(MCallbackId id)
     const auto hasId = [id](const std::shared_ptr<Callback> &callback) {
         return callback->id == id;
     };
+    // Those that are just being called hold a pointer of their own.
     const auto found = std::find_if(callbacks.begin(), callbacks.end(), hasId);
     if (found == callbacks.end())
         return MS::kInvalidParameter;
@@ -172,6 +174,7 @@ MStatus MMessage::removeCallback(MCallbackId id)
 
 MStatus MMessage::removeCallbacks(const MCallbackIdArray &ids)
 {
+    // One bad id does not keep the others.
     MStatus status;
     for (unsigned int i = 0; i < ids.length(); ++i) {
         const MStatus removed = removeCallback(ids[i]);

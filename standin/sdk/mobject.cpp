@@ -5,11 +5,13 @@ STANDIN_API_OPEN
 
 MObject MObject::kNullObj;
 
-// Deliberate: defined here, it decides how the object is passed to an entry point.
+// Deliberate: defined here and not in the class. A destructor of its own decides how the object is
+// passed to an entry point, by address, and so what the compiled entry point expects.
 MObject::~MObject() {}
 
 const char *MObject::apiTypeStr() const
 {
+    // The enumerator's name; plug-ins are all there is.
     return isNull() ? "kInvalid" : "kPlugin";
 }
 

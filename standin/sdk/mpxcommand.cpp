@@ -17,7 +17,8 @@ namespace standin {
 
 namespace {
 
-// The command that is running: its syntax and its value so far. Runs nest.
+// The command that is running: its syntax and its value so far. Runs nest, and so do these objects,
+// which live on the stack of runCommand(). Main thread only.
 class CommandRun
 {
 public:
@@ -29,6 +30,7 @@ public:
     CommandRun(const CommandRun &) = delete;
     CommandRun &operator=(const CommandRun &) = delete;
 
+    // Owned by the registration, which the interpreter keeps to the end of the run.
     const MSyntax &syntax;
     mel::Value result;
 
@@ -96,6 +98,8 @@ mel::Value runCommand(void *(*creator)(), const MSyntax &syntax,
     MArgList arguments;
     for (const mel::Value &word : words)
         addWord(arguments, word);
+    // A void pointer to the class itself, by the plug-in's `new`; it is deleted here through the
+    // virtual destructor, so the plug-in's own delete runs.
     const std::unique_ptr<MPxCommand> command(static_cast<MPxCommand *>(creator()));
     if (!command)
         throw mel::RuntimeError("The command could not be created.");
@@ -172,6 +176,7 @@ void MPxCommand::displayError(const MString &message, bool showLineNumber)
 
 void MPxCommand::setResult(bool value)
 {
+    // The language has no bool.
     setCurrentResult(value ? 1 : 0);
 }
 

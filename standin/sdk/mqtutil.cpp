@@ -20,6 +20,7 @@ InterfaceLookup *lookup()
     return hostServices() ? hostServices()->interfaceLookup() : nullptr;
 }
 
+// The widget, unless it lies outside of the ancestor, as one in another window always does.
 QWidget *within(QWidget *widget, const QWidget *ancestor)
 {
     return widget && (!ancestor || ancestor->isAncestorOf(widget)) ? widget : nullptr;
@@ -59,6 +60,7 @@ MString MQtUtil::fullName(const QObject *object)
 
 QWidget *MQtUtil::getParent(const QObject *object)
 {
+    // By parents and not by parentWidget(): actions and layouts are no widgets.
     for (QObject *above = object ? object->parent() : nullptr; above; above = above->parent()) {
         if (QWidget *widget = qobject_cast<QWidget *>(above))
             return widget;

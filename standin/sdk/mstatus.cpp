@@ -6,6 +6,7 @@ STANDIN_API_OPEN
 
 namespace {
 
+// One row per code, in the order of the codes.
 const char *const errorTexts[] = {
     "(kSuccess): Success",
     "(kFailure): Unexpected Internal Failure",

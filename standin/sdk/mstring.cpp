@@ -13,6 +13,7 @@ STANDIN_API_OPEN
 
 namespace {
 
+// The locale's decimal point does not show: the host sets LC_NUMERIC to "C" for the whole process.
 std::string numberText(const char *format, int precision, double value)
 {
     char buffer[400]; // the longest double in fixed notation has 309 digits
@@ -59,6 +60,7 @@ const wchar_t *MString::asWChar() const
 
 const wchar_t *MString::asWChar(int &length) const
 {
+    // Decodes first; the length is that of what it has kept.
     const wchar_t *text = asWChar();
     length = static_cast<int>(m_wideText.size());
     return text;
@@ -80,6 +82,7 @@ MStatus MString::set(const char *text, int length)
 {
     if (!text || length < 0)
         return MS::kInvalidParameter;
+    // A copy here as well, for the same reason.
     m_text = std::string(text, static_cast<size_t>(length));
     return MS::kSuccess;
 }

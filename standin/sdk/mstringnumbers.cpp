@@ -16,6 +16,7 @@ bool readsAsWhole(const char *text, long long &value)
     char *end = nullptr;
     errno = 0;
     value = std::strtoll(text, &end, 10);
+    // The end tells "3x" from "3", errno a number too long for the type from the largest one.
     return end != text && *end == '\0' && errno == 0;
 }
 
@@ -27,6 +28,7 @@ bool isWholeBetween(const char *text, long long minimum, long long maximum)
 
 } // namespace
 
+// The reading functions never fail: what does not read as a number is 0, as in the language.
 int MString::asInt() const
 {
     return static_cast<int>(std::strtol(asChar(), nullptr, 10));
@@ -67,6 +69,7 @@ bool MString::isUnsigned() const
     return isWholeBetween(asChar(), 0, UINT_MAX);
 }
 
+// A number beyond the range of float still reads as one.
 bool MString::isFloat() const
 {
     return isDouble();
@@ -76,6 +79,7 @@ bool MString::isDouble() const
 {
     const char *text = asChar();
     char *end = nullptr;
+    // strtod also reads "inf" and "nan", which are no numbers of the language.
     const double value = std::strtod(text, &end);
     return end != text && *end == '\0' && std::isfinite(value);
 }

@@ -36,12 +36,14 @@ MStatus MSyntax::addFlag(const char *shortName, const char *longName, MArgType a
     Data::Flag flag;
     flag.shortName = standin::withoutDash(shortName);
     flag.longName = standin::withoutDash(longName);
+    // Found by either name below, so a short name may not be another flag's long one either:
     // Short names of up to three letters and long ones from four on can never be confused.
     const bool wellFormed =
         !flag.shortName.empty() && flag.shortName.size() <= 3 && flag.longName.size() >= 4;
     if (!wellFormed || m_data->find(shortName) || m_data->find(longName))
         return MS::kInvalidParameter;
     for (MArgType type : {argType1, argType2, argType3, argType4, argType5, argType6}) {
+        // The default of the parameters behind the last type that was given.
         if (type == kNoArg)
             break;
         flag.arguments.push_back(type);
@@ -92,6 +94,7 @@ void MSyntax::useSelectionAsDefault(bool) {}
 
 MStatus MSyntax::setObjectType(MObjectFormat format, unsigned int minimum)
 {
+    // The largest number stands for "any".
     return setObjectType(format, minimum, static_cast<unsigned int>(-1));
 }
 

@@ -12,6 +12,8 @@ namespace {
 
 using Syntax = StandinAccess::SyntaxData;
 
+// How the kinds of arguments are called: `kind` where they belong to a flag, `word` in the
+// synopsis.
 struct TypeRow
 {
     MSyntax::MArgType type;
@@ -29,6 +31,7 @@ const TypeRow types[] = {
     {MSyntax::kTime, mel::ArgumentKind::Time, "Time"},
     {MSyntax::kSelectionItem, mel::ArgumentKind::Name, "Name"},
 };
+// Also what an unknown type is taken for.
 const TypeRow text = {MSyntax::kString, mel::ArgumentKind::String, "String"};
 
 const TypeRow &rowOf(MSyntax::MArgType type)
@@ -55,6 +58,7 @@ mel::Flag flagOf(const Syntax::Flag &declared)
 // "String" for one object, "String..." for several, in brackets when there need be none.
 std::string objectWords(const Syntax &syntax)
 {
+    // kInvalidFormat, which is what a syntax starts with, takes no objects either.
     if (syntax.objectFormat <= MSyntax::kNone || syntax.maximumObjects == 0)
         return {};
     std::string words = syntax.objectFormat == MSyntax::kSelectionList ? "Name" : "String";

@@ -11,7 +11,9 @@ namespace {
 constexpr char32_t replacement = 0xfffd;
 constexpr bool wideIsUtf16 = sizeof(wchar_t) == 2;
 
-// Number of continuation bytes that the first byte announces, -1 for one that cannot come first.
+// Number of continuation bytes that the first byte announces, -1 for one that cannot come first:
+// a continuation byte, 0xc0 and 0xc1, which only begin overlong forms, and 0xf5 on, which lies
+// beyond the last character.
 int continuationBytes(unsigned char first)
 {
     if (first < 0x80)
@@ -34,12 +36,14 @@ bool isValid(char32_t code, int continuations)
 // The character at the position, which moves behind it; behind one byte when it is not valid.
 char32_t nextCharacter(const std::string &text, size_t &position)
 {
+    // Moves on by one byte first: whatever is wrong below, the next try begins behind that byte.
     const unsigned char first = static_cast<unsigned char>(text[position++]);
     const int continuations = continuationBytes(first);
     if (continuations <= 0)
         return continuations == 0 ? first : replacement;
     if (text.size() - position < static_cast<size_t>(continuations))
         return replacement;
+    // The first byte holds the highest five, four or three bits.
     char32_t code = first & (0x3f >> continuations);
     for (int i = 0; i < continuations; ++i) {
         const unsigned char byte = static_cast<unsigned char>(text[position + i]);
@@ -53,6 +57,7 @@ char32_t nextCharacter(const std::string &text, size_t &position)
     return code;
 }
 
+// The code is a valid character; callers replace the others.
 void appendUtf8(std::string &text, char32_t code)
 {
     if (code < 0x80) {
@@ -60,6 +65,7 @@ void appendUtf8(std::string &text, char32_t code)
         return;
     }
     const int continuations = code < 0x800 ? 1 : code < 0x10000 ? 2 : 3;
+    // 110xxxxx, 1110xxxx, 11110xxx: one leading one for each byte of the character.
     const int leadingOnes = 0xff00 >> (continuations + 1) & 0xff;
     text += static_cast<char>(leadingOnes | code >> (6 * continuations));
     for (int i = continuations - 1; i >= 0; --i)
@@ -83,6 +89,7 @@ std::wstring wideFromUtf8(const std::string &text)
     wide.reserve(text.size());
     for (size_t position = 0; position < text.size();) {
         const char32_t code = nextCharacter(text, position);
+        // Beyond the first plane UTF-16 needs two units with ten bits each.
         if (wideIsUtf16 && code > 0xffff) {
             wide += static_cast<wchar_t>(0xd800 + ((code - 0x10000) >> 10));
             wide += static_cast<wchar_t>(0xdc00 + (code & 0x3ff));
@@ -98,6 +105,7 @@ std::string utf8FromWide(const std::wstring &text)
     std::string bytes;
     for (size_t position = 0; position < text.size(); ++position) {
         char32_t code = static_cast<char32_t>(text[position]);
+        // Joined whatever the size of wchar_t: text that came from UTF-16 may hold pairs.
         if (isPair(text, position))
             code = 0x10000 + ((code - 0xd800) << 10) + (text[++position] - 0xdc00);
         appendUtf8(bytes, isValid(code, 0) ? code : replacement);
