@@ -7,10 +7,11 @@
 
 namespace mel {
 
-Frame::Frame(Runtime &owner, const std::vector<Value> &initial, SourcePointer text, size_t left)
+Frame::Frame(Runtime &owner, const std::vector<Value> &initial, SourcePointer text,
+             size_t filledByCaller)
     : runtime(owner), slots(new Slot[initial.size()]), source(std::move(text))
 {
-    for (size_t i = left; i < initial.size(); ++i)
+    for (size_t i = filledByCaller; i < initial.size(); ++i)
         slots[i].value = initial[i];
 }
 

@@ -22,8 +22,9 @@ struct Slot
 // The variables and the current place of one running procedure or text.
 struct Frame
 {
-    // The first slots are left to the caller to fill.
-    Frame(Runtime &owner, const std::vector<Value> &initial, SourcePointer text, size_t left = 0);
+    // All slots get their initial values but the first ones, which the caller fills.
+    Frame(Runtime &owner, const std::vector<Value> &initial, SourcePointer text,
+          size_t filledByCaller = 0);
 
     Runtime &runtime;
     std::unique_ptr<Slot[]> slots;
