@@ -96,7 +96,7 @@ void checkParser(const QString &text)
     lines.replace(QChar(QChar::ParagraphSeparator), QLatin1Char('\n'));
     requireFirstPlaces(parser, lines);
     Recorded<Parser> used;
-    used.parse(text.left(size / 2), QString());
+    used.parse(text.mid(size / 2), QString());
     used.parse(text, QString());
     require(sameResults(parser, used), "a parser keeps nothing of the text before");
 
