@@ -20,9 +20,12 @@ bool needsNumber(const QString &text, int index)
 // "\n" would do for one of them, but not for NUL before a digit.
 void addNumber(QString &literal, ushort unit)
 {
-    const bool isByte = unit < 0x100;
-    literal += QLatin1String(isByte ? "\\x" : "\\u");
-    literal += QString::number(unit, 16).rightJustified(isByte ? 2 : 4, QLatin1Char('0'));
+    static const char digits[] = "0123456789abcdef";
+    const int digitCount = unit < 0x100 ? 2 : 4;
+    literal += QLatin1Char('\\');
+    literal += QLatin1Char(digitCount == 2 ? 'x' : 'u');
+    for (int shift = 4 * (digitCount - 1); shift >= 0; shift -= 4)
+        literal += QLatin1Char(digits[(unit >> shift) & 0xf]);
 }
 
 } // namespace
