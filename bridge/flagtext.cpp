@@ -7,6 +7,9 @@ namespace {
 
 const int fieldsPerFlag = 3;
 
+// Synopsis: ls [flags] [String...]
+// Flags:
+//       |    what stands from there on; another "Flags:" makes it unclear which is meant
 QString flagSection(const QString &helpText)
 {
     QStringList parts = helpText.split(QLatin1String("Flags:"));
@@ -19,6 +22,7 @@ QString flagSection(const QString &helpText)
 QStringList flagFields(const QString &helpText)
 {
     QString section = flagSection(helpText);
+    // Maya ends lines in "\n" or "\r\n" and parts words with blanks and tabs. One of each is left.
     section.replace(QLatin1Char('\r'), QLatin1Char('\n'));
     section.replace(QLatin1Char('\t'), QLatin1Char(' '));
     QStringList fields;

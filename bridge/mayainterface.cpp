@@ -13,7 +13,10 @@ namespace {
 
 const char applicationName[] = "Corvane Editor";
 
-// Fills Maya's lazily built menus first, so that the submenu has its items and ours comes last.
+// The procedures below are not global, so they leave no name behind in Maya.
+
+// Fills Maya's lazily built menus first, so that the submenu has its items and ours comes last. The
+// submenu is found by the label that Maya's own resources give it, in whatever language it runs.
 const char createMenuItemMel[] = "proc string cvCreateScriptEditorMenu() { "
                                  "global string $gMainWindowMenu;"
                                  "buildViewMenu($gMainWindowMenu);"
@@ -28,6 +31,7 @@ const char createMenuItemMel[] = "proc string cvCreateScriptEditorMenu() { "
                                  "return \"\"; }"
                                  "cvCreateScriptEditorMenu();";
 
+// The button has no name to rely on: it is the one whose command opens the Script Editor.
 const char scriptEditorButtonMel[] =
     "proc string cvGetScriptEditorButton() { $sym = `lsUI -type symbolButton`;"
     "for ($s in $sym) { string $cmd = `symbolButton -q -c $s`; if ($cmd == \"ScriptEditor\") "
@@ -46,12 +50,14 @@ const char currentTraceMel[] = "proc string cvCurrentTrace() { "
                                "return $text; }"
                                "cvCurrentTrace();";
 
+// Not displayed, so that it stays out of the history, and not undoable: undo belongs to the user's
+// scene. False when it fails.
 bool runMel(const QString &text)
 {
     return MGlobal::executeCommand(MQtUtil::toMString(text), false, false) == MStatus::kSuccess;
 }
 
-// Runs MEL that answers with a string; false and an empty answer when it fails.
+// The same for MEL that answers with a string, which is empty when it fails.
 bool askMel(const QString &text, QString &answer)
 {
     MString result;
@@ -66,6 +72,7 @@ void showError(const QString &text)
     MGlobal::displayError(MQtUtil::toMString(text));
 }
 
+// `text` has "%1" once, where the name goes.
 QString withApplicationName(const char *text)
 {
     return QString::fromLatin1(text).arg(QLatin1String(applicationName));
@@ -87,6 +94,7 @@ void MayaInterface::removeMenuItem()
         return;
     if (!runMel(QLatin1String("deleteUI -mi ") + m_menuItemPath + QLatin1String(";")))
         showError(withApplicationName("Failed to remove '%1' menu item"));
+    // Forgotten in any case: another attempt would fail like this one.
     m_menuItemPath.clear();
 }
 
@@ -105,7 +113,7 @@ void MayaInterface::takeScriptEditorButton()
         showError(QLatin1String("Failed to identify Script Editor button"));
         return;
     }
-    // The name stays kept whatever follows, so that the button can be given back.
+    // The name stays kept whatever follows: a button that was changed by half can be given back.
     if (!runMel(QLatin1String("symbolButton -e -c corvaneEditor ") + m_scriptEditorButton))
         showError(QLatin1String("Failed to override Script Editor button command"));
     else if (!runMel(withApplicationName("symbolButton -e -ann \"%1\" ") + m_scriptEditorButton))
@@ -125,6 +133,7 @@ void MayaInterface::restoreScriptEditorButton()
     m_scriptEditorButton.clear();
 }
 
+// The label is quoted like the script: users type it.
 void MayaInterface::scriptToShelf(const QString &label, const QString &script, bool isMel)
 {
     const QString call = QLatin1String("scriptToShelf(") + quotedForMel(label) +
@@ -133,6 +142,8 @@ void MayaInterface::scriptToShelf(const QString &label, const QString &script, b
     MGlobal::executeCommandOnIdle(MQtUtil::toMString(call), false);
 }
 
+// Runtime commands and procedures have no page. A name that passes is one word, safe to be put into
+// the path as it is.
 void MayaInterface::commandHelp(const QString &command, bool python)
 {
     QString page = QLatin1String("index.html");

@@ -13,21 +13,24 @@
 
 namespace {
 
+// A kind of names. `test` is MEL that looks at $s, what "whatIs" says of a name.
 struct QueryRow
 {
     const char *procedure;
     const char *test;
     MStringArray &(*names)();
-    bool isModelled;
+    bool isModelled; // whether its names become rows of the model
 };
 
+// In the order of the model's rows.
 const QueryRow queries[] = {
     {"cvQueryMelCommands", "if ($s == \"Command\")", melCommands, true},
     {"cvQueryMelRuntimeCommands", "if ($s == \"Run Time Command\")", melRuntimeCommands, true},
     {"cvQueryMelProcedures", "if (startsWith($s, \"Mel procedure\"))", melProcedures, false},
 };
 
-// Deliberate: names of another kind leave empty elements, so every position is that of melInfo.
+// Deliberate: names of another kind leave empty elements, so every position is that of melInfo. One
+// walk inside MEL for each kind: a call of "whatIs" from here for each name would take far longer.
 QString queryText(const QueryRow &row)
 {
     return QString::fromLatin1("proc string[] %1() {"
@@ -44,6 +47,7 @@ QString queryText(const QueryRow &row)
         .arg(QLatin1String(row.procedure), QLatin1String(row.test));
 }
 
+// Deliberate: the empty name too; nobody looks for it.
 void addNames(const QueryRow &row)
 {
     const MStringArray &names = row.names();
@@ -109,7 +113,7 @@ QStringList commandFlags(const QString &command)
 {
     if (command.isEmpty() || !isMelCommand(command))
         return QStringList();
-    MString answer;
+    MString answer; // stays empty when the call fails
     const MString query = MQtUtil::toMString(QLatin1String("help -so ") + command);
     MGlobal::executeCommand(query, answer, false, false);
     return flagFields(MQtUtil::toQString(answer));

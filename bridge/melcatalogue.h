@@ -15,15 +15,17 @@ MStringArray &melCommands();
 MStringArray &melRuntimeCommands();
 MStringArray &melProcedures();
 
-// Commands, then runtime commands, one item each, empty ones too.
+// Commands, then runtime commands, one item each, empty ones too; no procedures.
 QStandardItemModel &melCommandModel();
 
-// Asks Maya anew. A query that fails leaves its kind out.
+// Asks Maya anew, three walks over all names it knows: once, when the plug-in is loaded and before
+// an editor exists. A query that fails leaves its kind out and is not reported.
 void loadMelCatalogue();
 
-// Exactly this name, compiled commands only.
+// Exactly this name, compiled commands only, in time linear in their number. An empty name may well
+// be found: the array has empty elements.
 bool isMelCommand(const QString &name);
 
 // Three texts for each flag: short name, long name, first argument. Empty for anything that is not
-// a compiled command.
+// a compiled command, and for one whose help lists no flags. Asks Maya at every call.
 QStringList commandFlags(const QString &command);

@@ -3,6 +3,7 @@
 
 namespace {
 
+// Plain: callback and calls are all on the GUI thread.
 bool outputSuppressed = false;
 
 } // namespace

@@ -15,6 +15,7 @@
 
 namespace {
 
+// Holds Maya's output back while one lives, also when the call throws.
 class InternalCommand
 {
 public:
@@ -24,16 +25,18 @@ public:
     InternalCommand &operator=(const InternalCommand &) = delete;
 };
 
-// `result` is nothing or one variable, which takes what the command returns.
+// `result` is nothing or one variable, which takes what the command returns. Not displayed, not
+// undoable.
 template <typename... Result>
 void run(const QString &command, Result &...result)
 {
     const InternalCommand internal;
     MGlobal::executePythonCommand(MQtUtil::toMString(command), result..., false, false);
-    // So that the last command that Maya remembers is none of the user's business.
+    // Leaves none of the commands above behind as the last one that Maya remembers.
     MGlobal::executePythonCommand("pass", false, false);
 }
 
+// Empty when the command fails or returns no list of strings.
 QStringList names(const QString &command)
 {
     MStringArray found;
@@ -73,6 +76,7 @@ QStringList pythonCandidates(const QString &source, const QString &object, Pytho
 
 PythonSyntaxError pythonSyntaxError(const QString &source)
 {
+    // Message and line; an empty list when there is no error.
     const QStringList answer = names(QLatin1String("CorvaneParser.syntax_check(") +
                                      quotedForPython(source) + QLatin1String(")"));
     PythonSyntaxError error;

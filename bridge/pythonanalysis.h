@@ -8,7 +8,9 @@
 // the GUI thread. Nothing of it shows in Maya's output; what fails, in Python or on the way there,
 // gives an empty value.
 
-// Once, before all else. False, after an error in Maya, when the plug-in lacks the script.
+// Once, before all else; defines the script's class in Maya's Python. False, after an error in
+// Maya, when the plug-in lacks the script. Whether it ran is not checked: the calls below fail
+// then.
 bool loadPythonAnalysis();
 
 enum class PythonNames {
@@ -17,15 +19,17 @@ enum class PythonNames {
 };
 
 // What may stand where `source` has the script's locator: sorted, each once. `object` is what
-// stands before the last dot; without one, empty, it is any name that is in reach.
+// stands before the last dot; without one, empty, it is any name that is in reach. None of the
+// user's code runs for it.
 QStringList pythonCandidates(const QString &source, const QString &object, PythonNames names);
 
 struct PythonSyntaxError
 {
     QString message; // empty: there is no error
-    int line = 0;    // 1-based; 0 when Python does not tell
+    int line = 0;    // 1-based, 1 when Python does not tell; 0 without an error
 };
 
+// Compiles the source without running it.
 PythonSyntaxError pythonSyntaxError(const QString &source);
 
 // Runs it among the names of the user's own scripts; true when nothing was raised.

@@ -3,6 +3,7 @@
 
 namespace {
 
+// Half a pair without the other half; a whole pair is one character and stands as it is.
 bool isHalfOfPair(const QString &text, int index)
 {
     const QChar unit = text.at(index);
@@ -11,6 +12,7 @@ bool isHalfOfPair(const QString &text, int index)
     return unit.isLowSurrogate() && (index == 0 || !text.at(index - 1).isHighSurrogate());
 }
 
+// Control characters, of which a line break would end the literal and NUL the whole text.
 bool needsNumber(const QString &text, int index)
 {
     const ushort unit = text.at(index).unicode();
