@@ -11,7 +11,7 @@ namespace {
 
 bool isSuspended = false;
 
-bool isHidden(QChar character)
+bool isBlank(QChar character)
 {
     return character == QLatin1Char(' ') || character == QLatin1Char('\t');
 }
@@ -74,7 +74,7 @@ void EdHighlighter::dimWhiteSpace(const QString &text)
 {
     const QBrush brush = m_formats[size_t(EditorText::HiddenWhitespace)].foreground();
     for (int i = 0; i < text.size(); ++i) {
-        if (!isHidden(text[i]))
+        if (!isBlank(text[i]))
             continue;
         QTextCharFormat dimmed = format(i);
         dimmed.setForeground(brush);
