@@ -85,14 +85,18 @@ int LineScanner::scanWord(int start)
         ++end;
     const bool isBare = nameEnd == end && !isSign(m_line.at(start - 1));
     const EditorText category = isBare ? wordCategory(start, end) : EditorText::Plain;
-    if (isDigit(m_line.at(start)) && start >= m_numberEnd) {
-        m_numberEnd = start;
-        while (isDigit(m_line.at(m_numberEnd)) || m_line.at(m_numberEnd) == '.')
-            ++m_numberEnd;
-        mark(start, m_numberEnd, m_rules.numberCategory());
-    }
+    if (isDigit(m_line.at(start)) && start >= m_numberEnd)
+        markNumber(start);
     mark(start, end, category);
     return end;
+}
+
+void LineScanner::markNumber(int start)
+{
+    m_numberEnd = start;
+    while (isDigit(m_line.at(m_numberEnd)) || m_line.at(m_numberEnd) == '.')
+        ++m_numberEnd;
+    mark(start, m_numberEnd, m_rules.numberCategory());
 }
 
 bool LineScanner::standsAlone(int start, int end)

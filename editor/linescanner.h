@@ -39,6 +39,7 @@ protected:
 private:
     void scanCode(int from);
     int scanWord(int start);
+    void markNumber(int start);
     void noteWords();
 
     // Where code goes on; the line's end when it does not.
