@@ -9,8 +9,9 @@
 
 namespace {
 
-bool isSuspended = false;
+bool isSuspended = false; // for all highlighters
 
+// What the text widget draws marks for.
 bool isBlank(QChar character)
 {
     return character == QLatin1Char(' ') || character == QLatin1Char('\t');
@@ -43,6 +44,7 @@ void EdHighlighter::highlightBlock(const QString &text)
     if (isSuspended)
         return;
     m_scanner->scan(text, previousBlockState(), m_scan);
+    // When this differs from before, Qt goes on with the next block.
     setCurrentBlockState(m_scan.state);
     keepBlockData();
     applyFormats();
@@ -50,12 +52,13 @@ void EdHighlighter::highlightBlock(const QString &text)
         dimWhiteSpace(text);
 }
 
+// The block's data is filled anew rather than replaced: blocks are highlighted again and again.
 void EdHighlighter::keepBlockData()
 {
     auto *data = static_cast<EdTextBlockData *>(currentBlockUserData());
     if (!data) {
         data = new EdTextBlockData;
-        setCurrentBlockUserData(data);
+        setCurrentBlockUserData(data); // which the block owns from now on
     }
     data->brackets.swap(m_scan.brackets); // keeps the room of both
     data->codeText = m_scan.codeText;
@@ -72,6 +75,7 @@ void EdHighlighter::applyFormats()
 // in.
 void EdHighlighter::dimWhiteSpace(const QString &text)
 {
+    // Last of all: it takes up the formats that are there.
     const QBrush brush = m_formats[size_t(EditorText::HiddenWhitespace)].foreground();
     for (int i = 0; i < text.size(); ++i) {
         if (!isBlank(text[i]))

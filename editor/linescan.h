@@ -7,6 +7,8 @@
 
 #include <vector>
 
+// What scanning a line yields: plain values, of which some are kept with the line's block.
+
 // One of ( ) { } [ ] outside strings and comments.
 struct Bracket
 {
@@ -16,6 +18,7 @@ struct Bracket
 
 bool operator==(const Bracket &a, const Bracket &b);
 
+// A stretch of the line and what its text is.
 struct FormatSpan
 {
     int start = 0; // 0-based, in UTF-16 units
@@ -32,9 +35,11 @@ struct LineScan
     bool inComment = false; // begins inside a comment of several lines
     QString codeText;       // what lies outside strings and comments
     // By stretches of code from left to right, in each first all "(", then all ")", "{", "}", "[",
-    // "]".
+    // "]". Deliberate, so whoever matches brackets goes by their columns:
+    // f(a[0]) "text" (b)    ( ) [ ] ( )
     std::vector<Bracket> brackets;
     std::vector<FormatSpan> spans; // from left to right, none touching one of its own category
 
+    // Back to the values of a fresh one, but keeps the room that the lists have taken.
     void clear();
 };

@@ -6,7 +6,7 @@
 
 namespace {
 
-const int usualWord = 64;
+const int usualWord = 64; // characters; longer names only cost an allocation more
 
 bool isDigit(ushort unit)
 {
@@ -52,6 +52,8 @@ void LineScanner::scan(const QString &text, int previousState, LineScan &result)
 
 void LineScanner::beginLine(int) {}
 
+// ls -l "a b" + $x
+// |     |           a word, an enclosure: each is taken whole, by its own function
 void LineScanner::scanCode(int from)
 {
     int codeStart = from;
@@ -76,7 +78,8 @@ void LineScanner::scanCode(int from)
     addCode(codeStart, m_line.size());
 }
 
-// Returns the end of the word that begins there.
+// Returns the end of the word that begins there. A name with letters beyond ASCII has no
+// colour, nor has its part of ASCII.
 int LineScanner::scanWord(int start)
 {
     const int nameEnd = m_line.skipName(start);
@@ -91,6 +94,7 @@ int LineScanner::scanWord(int start)
     return end;
 }
 
+// Digits and dots; what follows them without a break is part of the word, but not of the number.
 void LineScanner::markNumber(int start)
 {
     m_numberEnd = start;
@@ -108,6 +112,7 @@ bool LineScanner::standsAlone(int start, int end)
     return m_words.contains(m_line.text(start, end));
 }
 
+// Only for a line that asks: each of its words becomes a text.
 void LineScanner::noteWords()
 {
     m_words.clear();
@@ -132,6 +137,7 @@ bool LineScanner::isMelName(int start, int end)
     return m_names.contains(m_word);
 }
 
+// Spans that touch and are of one category become one: each costs a call of the highlighter.
 void LineScanner::mark(int start, int end, EditorText category)
 {
     start = std::max(start, m_markedEnd);
@@ -145,6 +151,8 @@ void LineScanner::mark(int start, int end, EditorText category)
     m_markedEnd = end;
 }
 
+// "a\"b" + c
+// ||    |      start, searchFrom and the result
 int LineScanner::scanEnclosure(const Enclosure &enclosure, int start, int searchFrom)
 {
     const int end = closing(enclosure, searchFrom);
@@ -157,7 +165,8 @@ int LineScanner::scanEnclosure(const Enclosure &enclosure, int start, int search
     return m_line.size();
 }
 
-// Behind the text that closes it, or -1. An escaped quote closes nothing.
+// Behind the text that closes it, or -1. An escaped quote closes nothing; in comments a backslash
+// means nothing.
 int LineScanner::closing(const Enclosure &enclosure, int from) const
 {
     if (!enclosure.close)
@@ -168,6 +177,8 @@ int LineScanner::closing(const Enclosure &enclosure, int from) const
     return end < 0 ? end : end + int(std::strlen(enclosure.close));
 }
 
+// Into room that is never given back: a text that grew for each stretch would be allocated anew for
+// every line.
 void LineScanner::addCode(int start, int end)
 {
     addBrackets();
@@ -186,6 +197,7 @@ void LineScanner::keepCode()
         m_result->codeText = QString(m_code.constData(), m_codeSize);
 }
 
+// Six walks over a handful of brackets; most stretches have none.
 void LineScanner::addBrackets()
 {
     if (m_brackets.empty())

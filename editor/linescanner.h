@@ -12,6 +12,7 @@
 
 // Tells code from strings and comments, and what to colour, one line at a time: from the line and
 // the state in which the line above ended. Knows no document; keeps nothing between lines but room.
+// Positions are 0-based UTF-16 units of the line. Takes time linear in the line.
 class LineScanner
 {
 public:
@@ -19,7 +20,8 @@ public:
     LineScanner(const ScannerRules &rules, const QHash<QString, QString> &names);
     virtual ~LineScanner();
 
-    // `text` holds no line break. Fills `result`, whatever it held.
+    // `text` holds no line break. Fills `result`, whatever it held. A previous state that is none
+    // of the language's, as the -1 of a fresh block, counts as code.
     void scan(const QString &text, int previousState, LineScan &result);
 
 protected:
@@ -30,6 +32,7 @@ protected:
 
     const SourceCursor &line() const { return m_line; }
     bool isKeyword(int start, int end) const { return m_rules.isKeyword(m_line, start, end); }
+    // Whether the host knows the name; false for all when there is no host.
     bool isMelName(int start, int end);
     // Deliberate: "word-1" has the colour of its word only if the line holds that alone as well.
     bool standsAlone(int start, int end);
@@ -42,7 +45,8 @@ private:
     void markNumber(int start);
     void noteWords();
 
-    // Where code goes on; the line's end when it does not.
+    // Where code goes on behind the one that begins at `start`, or is carried on from the line
+    // above; the line's end when it does not.
     int scanEnclosure(const Enclosure &enclosure, int start, int searchFrom);
     int closing(const Enclosure &enclosure, int from) const;
     void addCode(int start, int end);
@@ -51,15 +55,15 @@ private:
 
     const ScannerRules &m_rules;
     const QHash<QString, QString> &m_names;
-    SourceCursor m_line;
+    SourceCursor m_line; // the line at hand; like the next two good during scan() only
     const QString *m_text = nullptr;
     LineScan *m_result = nullptr;
-    int m_markedEnd = 0;
-    int m_numberEnd = 0;
+    int m_markedEnd = 0;             // of the last span
+    int m_numberEnd = 0;             // of the last number, which may reach into the next word: 1.2
     std::vector<Bracket> m_brackets; // of the stretch of code at hand
     QString m_code;                  // room for the line's code, which it holds up to m_codeSize
     int m_codeSize = 0;
-    QString m_word; // room for the word that is looked up
-    bool m_knowsWords = false;
-    QSet<QString> m_words; // what the line holds between the marks that part words
+    QString m_word;            // room for the word that is looked up
+    bool m_knowsWords = false; // of this line; collected when first asked for
+    QSet<QString> m_words;     // what the line holds between the marks that part words
 };

@@ -5,7 +5,9 @@ namespace {
 
 const ScannerRules &rules()
 {
+    // Made at the first use and shared by all scanners.
     static const ScannerRules melRules(
+        // opens, closes, category, may go on behind the line's end, state, whether a comment
         {{"\"", "\"", EditorText::MelStrings, Enclosure::AfterBackslash, 1, false},
          {"/*", "*/", EditorText::MelComments, Enclosure::ManyLines, 2, true},
          {"//", nullptr, EditorText::MelComments, Enclosure::ThisLine, 0, true}},

@@ -3,6 +3,7 @@
 
 #include "editor/linescanner.h"
 
+// MEL: strings in double quotes, comments of both kinds, keywords and the host's commands.
 // States: 1 inside a string that a backslash continues, 2 inside a comment of several lines.
 class MelScanner : public LineScanner
 {

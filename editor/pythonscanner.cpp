@@ -5,7 +5,9 @@ namespace {
 
 const ScannerRules &rules()
 {
+    // Made at the first use and shared by all scanners.
     static const ScannerRules pythonRules(
+        // opens, closes, category, may go on behind the line's end, state, whether a comment
         {{"'''", "'''", EditorText::PythonDocStrings, Enclosure::ManyLines, 3, false},
          {"\"\"\"", "\"\"\"", EditorText::PythonDocStrings, Enclosure::ManyLines, 4, false},
          {"'", "'", EditorText::PythonStrings, Enclosure::AfterBackslash, 1, false},
@@ -23,6 +25,8 @@ const ScannerRules &rules()
 
 PythonScanner::PythonScanner(const QHash<QString, QString> &names) : LineScanner(rules(), names) {}
 
+// What only the beginning of a line can say. An import that is continued on the next line is not
+// followed there.
 void PythonScanner::beginLine(int start)
 {
     m_importedCommands = line().size();
@@ -32,6 +36,8 @@ void PythonScanner::beginLine(int start)
         m_importedCommands = importedFrom(start + 4);
 }
 
+// @path.to.name(argument)
+// |            |           the stretch, whatever its words are
 void PythonScanner::markDecorator(int start)
 {
     const int name = line().skipBlanks(start + 1);

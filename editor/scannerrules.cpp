@@ -14,10 +14,11 @@ ScannerRules::ScannerRules(const std::vector<Enclosure> &enclosures,
     for (const char bracket : std::string_view("(){}[]"))
         m_kinds[size_t(bracket)] = Bracket;
     for (const Enclosure &each : m_enclosures)
-        m_kinds[size_t(*each.open)] = Opener;
+        m_kinds[size_t(*each.open)] = Opener; // no bracket opens one
     indexKeywords();
 }
 
+// One entry more than there are units, so that the last unit has an end as well.
 void ScannerRules::indexKeywords()
 {
     size_t keyword = 0;
@@ -46,6 +47,7 @@ const Enclosure *ScannerRules::enclosureAt(const SourceCursor &line, int positio
     return nullptr;
 }
 
+// Tries the few keywords that begin like the word, and compares where the line lies.
 bool ScannerRules::isKeyword(const SourceCursor &line, int start, int end) const
 {
     const ushort first = line.at(start);
@@ -53,7 +55,7 @@ bool ScannerRules::isKeyword(const SourceCursor &line, int start, int end) const
         const std::string_view keyword = m_keywords[i];
         if (int(keyword.size()) != end - start)
             continue;
-        size_t same = 1;
+        size_t same = 1; // the first unit has chosen the keyword
         while (same < keyword.size() && line.at(start + int(same)) == ushort(keyword[same]))
             ++same;
         if (same == keyword.size())

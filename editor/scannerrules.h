@@ -21,7 +21,8 @@ struct Enclosure
     bool isComment;
 };
 
-// What of a language is a table.
+// What of a language is a table: its enclosures, its keywords, and what an ASCII unit can begin.
+// Does not change once it is made; one for each language, shared by its scanners.
 class ScannerRules
 {
 public:
@@ -30,8 +31,10 @@ public:
                  const std::vector<std::string_view> &keywords, EditorText keywordCategory,
                  EditorText numberCategory);
 
+    // Opener: of an enclosure, perhaps. Foreign: beyond ASCII.
     enum UnitKind : unsigned char { Other, Name, Bracket, Opener, Foreign };
 
+    // What the scan asks of every unit of code, hence a table.
     UnitKind kindOf(ushort unit) const { return unit < 0x80 ? m_kinds[unit] : Foreign; }
     EditorText keywordCategory() const { return m_keywordCategory; }
     EditorText numberCategory() const { return m_numberCategory; }
@@ -50,6 +53,9 @@ private:
     std::vector<std::string_view> m_keywords;
     EditorText m_keywordCategory;
     EditorText m_numberCategory;
-    unsigned char m_firstKeyword[0x81] = {}; // by the unit with which it begins
+    // By the unit with which it begins: those with "d" are m_firstKeyword['d'] up to, not
+    // including, m_firstKeyword['d' + 1]. A byte holds the index, since no language has 256 of
+    // them.
+    unsigned char m_firstKeyword[0x81] = {};
     UnitKind m_kinds[0x80] = {};
 };
