@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "output/outputmarks.h"
 
+#include "analysis/wordunits.h"
+
 #include <QTextDocument>
 
 #include <algorithm>
@@ -21,16 +23,13 @@ const Marker markers[] = {
 
 bool isPlainWordCharacter(QChar character)
 {
-    const ushort code = character.unicode();
-    return code < 128 && (character.isLetterOrNumber() || code == '_' || code == '-');
+    return isNameUnit(character.unicode()) || character == QLatin1Char('-');
 }
 
 bool isWordCharacter(const QString &text, int index)
 {
-    if (index < 0 || index >= text.size())
-        return false;
-    const QChar character = text.at(index);
-    return character.isLetterOrNumber() || character.isMark() || character == QLatin1Char('_');
+    const int size = int(text.size());
+    return index >= 0 && index < size && isWordUnit(text.constData(), size, index);
 }
 
 bool isWordBorder(const QString &text, int index)
