@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "plugin/mayahandler.h"
 
-#include "mainwindow/kestrowl.h"
+#include "analysis/wordunits.h"
 #include "bridge/outputsuppression.h"
+#include "mainwindow/kestrowl.h"
 #include "plugin/exceptionguard.h"
 #include "plugin/mayatoggle.h"
 
@@ -14,20 +15,13 @@
 
 namespace {
 
-bool isWordCharacter(QChar character)
-{
-    const ushort code = character.unicode();
-    return (code >= 'a' && code <= 'z') || (code >= 'A' && code <= 'Z') ||
-           (code >= '0' && code <= '9') || code == '_';
-}
-
 // "$name" and nothing else, not even a blank or a semicolon.
 bool isVariableName(const QString &code)
 {
     if (code.size() < 2 || code.at(0) != QLatin1Char('$'))
         return false;
     for (int i = 1; i < code.size(); ++i) {
-        if (!isWordCharacter(code.at(i)))
+        if (!isNameUnit(code.at(i).unicode()))
             return false;
     }
     return true;
