@@ -26,6 +26,16 @@ bool isPointerInput(QEvent::Type type)
            type == QEvent::Wheel;
 }
 
+QTextEdit::ExtraSelection extraSelection(const OutputMark &mark, QTextDocument *document)
+{
+    QTextEdit::ExtraSelection selection;
+    selection.format = textFormat(mark.category).charFormat();
+    selection.cursor = QTextCursor(document);
+    selection.cursor.setPosition(mark.start);
+    selection.cursor.setPosition(mark.end, QTextCursor::KeepAnchor);
+    return selection;
+}
+
 } // namespace
 
 EdOutputView::EdOutputView(QWidget *parent) : QPlainTextEdit(parent)
@@ -141,25 +151,24 @@ void EdOutputView::updateExtraSelections()
     if (m_inserting)
         return;
     QList<QTextEdit::ExtraSelection> selections;
-    if (!document()->isEmpty()) {
-        const int top = cursorForPosition(QPoint(0, 0)).position();
-        const int bottom = cursorForPosition(QPoint(0, height() + regionBelow)).position();
-        OutputRegion region(*document(), std::max(0, top - regionAbove), bottom);
-        std::vector<OutputMark> marks = region.messages();
-        if (!isSelectionDragged()) {
-            const auto words = region.occurrences(textCursor().selectedText());
-            marks.insert(marks.end(), words.begin(), words.end());
-        }
-        for (const OutputMark &mark : marks) {
-            QTextEdit::ExtraSelection selection;
-            selection.format = textFormat(mark.category).charFormat();
-            selection.cursor = QTextCursor(document());
-            selection.cursor.setPosition(mark.start);
-            selection.cursor.setPosition(mark.end, QTextCursor::KeepAnchor);
-            selections << selection;
-        }
-    }
+    for (const OutputMark &mark : visibleMarks())
+        selections << extraSelection(mark, document());
     setExtraSelections(selections);
+}
+
+std::vector<OutputMark> EdOutputView::visibleMarks() const
+{
+    if (document()->isEmpty())
+        return {};
+    const int top = cursorForPosition(QPoint(0, 0)).position();
+    const int bottom = cursorForPosition(QPoint(0, height() + regionBelow)).position();
+    OutputRegion region(*document(), std::max(0, top - regionAbove), bottom);
+    std::vector<OutputMark> marks = region.messages();
+    if (!isSelectionDragged()) {
+        const auto words = region.occurrences(textCursor().selectedText());
+        marks.insert(marks.end(), words.begin(), words.end());
+    }
+    return marks;
 }
 
 // While the mouse still pulls at a selection, marks of its words would only flicker.

@@ -8,6 +8,8 @@
 #include <QPlainTextEdit>
 #include <QTimer>
 
+#include <vector>
+
 // The history of what Maya printed, with errors, warnings and results in colour. Text may arrive at
 // any rate: a lone message is shown at once, a burst is gathered and shown once per frame, and what
 // arrives while the view is hidden is shown with it.
@@ -55,6 +57,7 @@ private slots:
 private:
     void insertParts(int milliseconds);
     void scrollToNewest();
+    std::vector<OutputMark> visibleMarks() const;
     bool isSelectionDragged() const;
     void applyTextOption();
 
