@@ -17,8 +17,9 @@ namespace {
 const int frame = 16;            // ms; messages closer than this are a burst
 const int insertionBudget = 8;   // ms of inserting per slice, so that marks and paint fit a frame
 const int repaintInterval = 250; // ms; scripts that never return to the event loop are seen to run
-const int regionAbove = 30000;   // characters above the visible ones that are searched for marks
-const int regionBelow = 30;      // pixels
+// How far above the view a message may begin and still be coloured in it.
+const int regionAbove = 30000; // characters
+const int regionBelow = 30;    // pixels, so that a line that is seen by half is marked
 
 bool isPointerInput(QEvent::Type type)
 {
@@ -41,10 +42,11 @@ QTextEdit::ExtraSelection extraSelection(const OutputMark &mark, QTextDocument *
 EdOutputView::EdOutputView(QWidget *parent) : QPlainTextEdit(parent)
 {
     setReadOnly(true);
-    setUndoRedoEnabled(false);
+    setUndoRedoEnabled(false); // the history of a session would be kept a second time
     m_frame.setSingleShot(true);
     connect(&m_frame, SIGNAL(timeout()), SLOT(showGathered()));
     applyColors();
+    // Only what is visible is marked, so whatever changes that marks anew.
     connect(verticalScrollBar(), SIGNAL(valueChanged(int)), SLOT(updateExtraSelections()));
     connect(verticalScrollBar(), SIGNAL(rangeChanged(int, int)), SLOT(updateExtraSelections()));
     connect(this, SIGNAL(selectionChanged()), SLOT(updateExtraSelections()));
@@ -56,6 +58,7 @@ void EdOutputView::appendText(const QString &text)
     const bool isLone =
         !m_frame.isActive() && (!m_sinceMessage.isValid() || m_sinceMessage.elapsed() >= frame);
     m_sinceMessage.start();
+    // Also the lone message goes by way of the backlog, behind what may still wait there.
     m_backlog.add(text, maximumBlockCount());
     // Within a burst no frame may ever come, so the screen also follows at its own pace.
     if (isLone || m_sinceRepaint.elapsed() > repaintInterval)
@@ -73,9 +76,9 @@ void EdOutputView::showGathered()
     if (m_backlog.isEmpty())
         m_frame.stop();
     else
-        m_frame.start(0);
+        m_frame.start(0); // as soon as the events that wait have had their turn
     if (m_sinceRepaint.elapsed() > repaintInterval) {
-        viewport()->repaint();
+        viewport()->repaint(); // now: update() would wait for an event loop that may not come
         m_sinceRepaint.start();
     }
 }
@@ -92,6 +95,7 @@ void EdOutputView::insertParts(int milliseconds)
     QElapsedTimer spent;
     spent.start();
     m_inserting = true;
+    // A cursor of its own, so that the view's does not move with each part.
     QTextCursor cursor(document());
     cursor.movePosition(QTextCursor::End);
     do {
@@ -103,6 +107,7 @@ void EdOutputView::insertParts(int milliseconds)
     updateExtraSelections();
 }
 
+// To the left as well: the caret behind a long line may have drawn the view to the right.
 void EdOutputView::scrollToNewest()
 {
     verticalScrollBar()->setValue(verticalScrollBar()->maximum());
@@ -112,7 +117,7 @@ void EdOutputView::scrollToNewest()
 void EdOutputView::clearText()
 {
     m_frame.stop();
-    m_backlog.clear();
+    m_backlog.clear(); // or it would appear in the empty view
     clear();
     updateExtraSelections();
 }
@@ -129,6 +134,7 @@ void EdOutputView::setTabWidth(int columns)
     applyTextOption();
 }
 
+// Never wraps: a trace is read by its line beginnings, and layout is cheaper.
 void EdOutputView::applyTextOption()
 {
     QTextOption option = document()->defaultTextOption();
@@ -140,7 +146,7 @@ void EdOutputView::applyTextOption()
 void EdOutputView::applyColors()
 {
     setFont(outputFont());
-    applyTextOption();
+    applyTextOption(); // tab stops go by the font
     setPalette(
         withTextColors(palette(), textFormat(OutputText::Plain), textFormat(OutputText::Selected)));
     updateExtraSelections();
@@ -156,6 +162,7 @@ void EdOutputView::updateExtraSelections()
     setExtraSelections(selections);
 }
 
+// Messages first, so that the occurrences of a word lie on top of them.
 std::vector<OutputMark> EdOutputView::visibleMarks() const
 {
     if (document()->isEmpty())
@@ -171,12 +178,14 @@ std::vector<OutputMark> EdOutputView::visibleMarks() const
     return marks;
 }
 
-// While the mouse still pulls at a selection, marks of its words would only flicker.
+// While the mouse still pulls at a selection, marks of its words would only flicker. Asks for where
+// the pointer is rather than for this view's own state: a drag that began elsewhere counts too.
 bool EdOutputView::isSelectionDragged() const
 {
     if (!(QApplication::mouseButtons() & Qt::LeftButton))
         return false;
     const QWidget *under = QApplication::widgetAt(QCursor::pos());
+    // The name that Qt gives the viewport of every scroll area.
     return under && under->objectName() == QLatin1String("qt_scrollarea_viewport");
 }
 
@@ -195,6 +204,7 @@ void EdOutputView::keyPressEvent(QKeyEvent *event)
     QPlainTextEdit::keyPressEvent(event);
 }
 
+// The view counts as visible already, so what it gathered while hidden is there when it is painted.
 void EdOutputView::showEvent(QShowEvent *event)
 {
     showGathered();
@@ -210,5 +220,6 @@ void EdOutputView::resizeEvent(QResizeEvent *event)
 void EdOutputView::mouseReleaseEvent(QMouseEvent *event)
 {
     QPlainTextEdit::mouseReleaseEvent(event);
+    // The drag is over: its words are marked now.
     updateExtraSelections();
 }

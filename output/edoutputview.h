@@ -10,9 +10,11 @@
 
 #include <vector>
 
-// The history of what Maya printed, with errors, warnings and results in colour. Text may arrive at
-// any rate: a lone message is shown at once, a burst is gathered and shown once per frame, and what
-// arrives while the view is hidden is shown with it.
+// The history of what Maya printed, with errors, warnings and results in colour; read-only, in a
+// dock of the window. Text may arrive at any rate: a lone message is shown at once, a burst is
+// gathered and shown once per frame, and what arrives while the view is hidden is shown with it.
+// After the event loop has run, text, marks and scroll position are what showing each message at
+// once would have left. Does not know what Maya's messages look like beyond the markers it colours.
 class EdOutputView : public QPlainTextEdit
 {
     Q_OBJECT
@@ -20,6 +22,7 @@ class EdOutputView : public QPlainTextEdit
 public:
     explicit EdOutputView(QWidget *parent = nullptr);
 
+    // Adds text at the end, as it is: whoever calls sees to line breaks.
     void appendText(const QString &text);
 
     // Whether text waits for the next frame or, while the view is hidden, for being shown.
@@ -28,10 +31,11 @@ public:
     // Empties the view, gathered text included.
     void clearText();
 
-    // The number of lines kept, the oldest are dropped; 0 keeps all.
+    // The number of lines kept, the oldest are dropped; 0 keeps all. Text that waits for the next
+    // frame is shown first, under the old limit.
     void setLineLimit(int lines);
 
-    // In widths of a blank.
+    // The distance of tab stops, in widths of a blank.
     void setTabWidth(int columns);
 
     // Takes font and colours from the preferences.
@@ -41,7 +45,8 @@ public slots:
     // Shows gathered text now; what is hidden stays gathered.
     void flush();
 
-    // Marks the visible messages and the occurrences of a selected word.
+    // Marks the visible messages and the occurrences of a selected word. Looks no farther up than
+    // some screens of text, however long the history is.
     void updateExtraSelections();
 
 protected:
@@ -62,9 +67,9 @@ private:
     void applyTextOption();
 
     OutputBacklog m_backlog;
-    QTimer m_frame; // running while text is gathered
-    QElapsedTimer m_sinceMessage;
+    QTimer m_frame;               // running while text is gathered in a visible view
+    QElapsedTimer m_sinceMessage; // not valid before the first message
     QElapsedTimer m_sinceRepaint;
     bool m_inserting = false; // marks wait until the text is complete
-    int m_tabWidth = 4;
+    int m_tabWidth = 4;       // in widths of a blank
 };

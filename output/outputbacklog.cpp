@@ -5,7 +5,9 @@
 
 namespace {
 
-const int partSize = 4096; // characters
+// Characters. Few enough that inserting can stop within a frame, and that whole parts can be
+// dropped without keeping much over the limit.
+const int partSize = 4096;
 
 // What QTextCursor::insertText() starts a new block at; a text frame's ends are among them.
 bool isLineBreak(QChar character)
@@ -22,6 +24,7 @@ bool isLineBreak(QChar character)
     }
 }
 
+// Line breaks are counted as "\n" alone. Most texts have no other and are shared.
 QString withPlainLineBreaks(const QString &text)
 {
     const auto isOther = [](QChar c) { return isLineBreak(c) && c != QLatin1Char('\n'); };
@@ -47,7 +50,7 @@ int partEnd(const QString &text, int from)
     return after < 0 ? size : after + 1;
 }
 
-// Where the last `lineBreaks` line breaks of the text begin.
+// Where the last `lineBreaks` line breaks of the text begin; 0 when it has fewer.
 int tailStart(const QString &text, int lineBreaks)
 {
     int position = int(text.size());
@@ -71,6 +74,7 @@ void OutputBacklog::add(const QString &text, int lineLimit)
     drop(lineLimit);
 }
 
+// Short texts share a part, or each message of a burst would be inserted by itself.
 void OutputBacklog::addPart(const QString &text, int lineBreaks)
 {
     if (m_parts.empty() || m_parts.back().text.size() + text.size() > partSize)
@@ -82,7 +86,9 @@ void OutputBacklog::addPart(const QString &text, int lineBreaks)
     m_size += int(text.size());
 }
 
-// A document of n lines loses everything that n line breaks follow.
+// A document of n lines loses everything that n line breaks follow:
+//
+// "a\n" "b\n" "c\n"    with a limit of 2: the first part may go, and the last one never does
 void OutputBacklog::drop(int lineLimit)
 {
     while (lineLimit > 0 && m_parts.size() > 1 &&

@@ -9,6 +9,7 @@
 
 namespace {
 
+// How Maya's messages begin, those of MEL with slashes and those of Python with a number sign.
 struct Marker
 {
     const char *text;
@@ -21,6 +22,7 @@ const Marker markers[] = {
     {"// Result:", OutputText::Results},   {"# Result:", OutputText::Results},
 };
 
+// Only such words are looked for when they are selected; the hyphen is for flags.
 bool isPlainWordCharacter(QChar character)
 {
     return isNameUnit(character.unicode()) || character == QLatin1Char('-');
@@ -32,6 +34,7 @@ bool isWordCharacter(const QString &text, int index)
     return index >= 0 && index < size && isWordUnit(text.constData(), size, index);
 }
 
+// As "\b" in a pattern: between a character of a word and one that is none, or an end of the text.
 bool isWordBorder(const QString &text, int index)
 {
     return isWordCharacter(text, index - 1) != isWordCharacter(text, index);
@@ -50,6 +53,7 @@ OutputRegion::OutputRegion(const QTextDocument &document, int start, int end)
     m_offset = m_next.position();
     m_start = start - m_offset;
     m_end = end - m_offset;
+    // Beyond the end, so that a word that begins right there is looked at as a whole.
     while (m_text.size() <= m_end && extend()) {
     }
 }
@@ -74,6 +78,8 @@ std::vector<OutputMark> OutputRegion::messages()
     return marks;
 }
 
+// # Error: name 'x' is not defined #
+// |                                 |    the closing mark ends with the line break
 void OutputRegion::addMessages(const char *marker, OutputText category,
                                std::vector<OutputMark> &marks)
 {
@@ -96,6 +102,7 @@ int OutputRegion::messageEnd(QChar sign, int from)
     while (true) {
         const int found = int(m_text.indexOf(closing, from));
         if (found < 0) {
+            // Not all over again: only the next line is new.
             from = std::max(from, int(m_text.size()) - int(closing.size()));
             if (!extend())
                 return -1;
@@ -110,6 +117,8 @@ int OutputRegion::messageEnd(QChar sign, int from)
     }
 }
 
+// A word that begins or ends with a hyphen has no border there between blanks, so it is found only
+// beside the characters of another word.
 std::vector<OutputMark> OutputRegion::occurrences(const QString &word) const
 {
     std::vector<OutputMark> marks;
