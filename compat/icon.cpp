@@ -16,7 +16,7 @@ namespace {
 // costs.
 QPixmap pixmap(const QString &path)
 {
-    const QString key = QLatin1String("corvane") + path;
+    const QString key = QLatin1String("corvane") + path; // the cache is the host's as well
     QPixmap result;
     if (!QPixmapCache::find(key, &result)) {
         result = QPixmap::fromImage(QImage(path, "PNG"));
@@ -40,6 +40,7 @@ QIcon icon(const QString &path)
         result.addPixmap(sharp);
     }
 #else
+    // Without a ratio of pixels the twin is just a larger pixmap, which the icon scales down.
     if (QFile::exists(twin))
         result.addPixmap(pixmap(twin));
 #endif

@@ -26,6 +26,8 @@ QString withStrictEnd(const QString &pattern)
     return strict;
 }
 
+// "\w" and its like follow Unicode and "." takes line breaks as well, as they always did in
+// QRegExp.
 QRegularExpression compiled(const QString &pattern, Qt::CaseSensitivity sensitivity)
 {
     QRegularExpression::PatternOptions options = QRegularExpression::UseUnicodePropertiesOption |
@@ -37,6 +39,7 @@ QRegularExpression compiled(const QString &pattern, Qt::CaseSensitivity sensitiv
 
 } // namespace
 
+// The group keeps alternatives together between the two anchors.
 Pattern::Pattern(const QString &pattern, Qt::CaseSensitivity sensitivity)
     : m_expression(compiled(pattern, sensitivity)),
       m_wholeText(compiled(QLatin1String("\\A(?:") + pattern + QLatin1String(")\\z"), sensitivity))

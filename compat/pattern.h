@@ -19,6 +19,7 @@
 class Pattern
 {
 public:
+    // A pattern that is not valid matches nothing.
     explicit Pattern(const QString &pattern, Qt::CaseSensitivity sensitivity = Qt::CaseSensitive);
 
     // The start of the first match at or after `from`, or -1.
@@ -27,7 +28,8 @@ public:
     // Whether the whole text matches.
     bool exactMatch(const QString &text);
 
-    // Of the last match; -1 and an empty text when there was none.
+    // Of the last match; -1 and an empty text when there was none. Group 0 is the whole match, and
+    // a group that took no part is empty.
     int matchedLength() const;
     QString captured(int group = 0) const;
 
@@ -42,6 +44,6 @@ private:
 
     QRegExp m_expression;
 #endif
-    int m_length = -1;
+    int m_length = -1; // like m_captured of the last match, which both engines report differently
     QStringList m_captured;
 };

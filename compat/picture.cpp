@@ -7,6 +7,7 @@
 
 namespace compat {
 
+// Both see to the sizes and layouts of a widget that was never shown.
 QPixmap pictureOf(QWidget *widget)
 {
 #if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)

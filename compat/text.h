@@ -9,13 +9,13 @@ class QTextOption;
 
 namespace compat {
 
-// The horizontal advance of the text, in pixels.
+// The horizontal advance of the text, in pixels: where the next text would begin.
 int textWidth(const QFontMetrics &metrics, const QString &text);
 
 // Tab stops every `pixels`.
 void setTabStop(QTextOption &option, int pixels);
 
-// The parts between separators, empty ones dropped.
+// The parts between separators, empty ones dropped; none for an empty text.
 QStringList nonEmptyParts(const QString &text, QChar separator);
 
 } // namespace compat

@@ -6,6 +6,8 @@
 
 namespace {
 
+// What a number may be, both ends included. Beyond it a file that was edited by hand would break
+// the editor: a tab of 0 columns, a history without end.
 struct Range
 {
     const char *key;
@@ -22,6 +24,7 @@ const Range ranges[] = {
     {"outputFontSize", 1, 400},
 };
 
+// A key without a row takes any number.
 bool isInRange(const QString &key, int value)
 {
     for (const Range &range : ranges) {
@@ -31,6 +34,7 @@ bool isInRange(const QString &key, int value)
     return true;
 }
 
+// The file has texts; toBool() would take any that is not "false" or "0" for true.
 void take(const QString &, const QVariant &stored, bool &value)
 {
     const QString text = stored.toString();
@@ -46,6 +50,7 @@ void take(const QString &key, const QVariant &stored, int &value)
         value = number;
 }
 
+// An empty text counts as missing: it keeps the built-in font and the directory of scripts.
 void take(const QString &, const QVariant &stored, QString &value)
 {
     const QString text = stored.toString();
@@ -81,7 +86,7 @@ Preferences &preferences()
 
 void readPreferences(QSettings &settings)
 {
-    Preferences values;
+    Preferences values; // the defaults, so that nothing of an earlier reading is left
 #define PREFERENCE(group, key, type, byDefault) read(settings, #group, #key, values.key);
 #include "preferences/preferencelist.inc"
 #undef PREFERENCE

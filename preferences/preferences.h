@@ -5,11 +5,11 @@
 
 class QSettings;
 
-// A fixed-pitch family.
+// A fixed-pitch family, for editor and output alike until the user chooses another.
 QString builtInFontFamily();
 
 // The process-wide preferences, one member per row of the list. Whoever acts reads the current
-// value; nobody is told of changes.
+// value; nobody is told of changes. For the GUI thread. What they mean is said in the list.
 struct Preferences
 {
 #define PREFERENCE(group, key, type, byDefault) type key = byDefault;
@@ -17,8 +17,11 @@ struct Preferences
 #undef PREFERENCE
 };
 
+// One instance, changed by the menus too; it holds the defaults until settings are read.
 Preferences &preferences();
 
-// Keys that are missing, empty, of another type or out of range take their defaults.
+// Keys that are missing, empty, of another type or out of range take their defaults, whatever the
+// values were before.
 void readPreferences(QSettings &settings);
+// Writes every key, defaults too, and leaves other keys of the file alone.
 void writePreferences(QSettings &settings);

@@ -7,9 +7,10 @@
 
 namespace {
 
+// A category as it is built in.
 struct FormatRow
 {
-    const char *name;
+    const char *name;       // as the user reads it
     const char *foreground; // empty: that of the plain text
     const char *background;
     bool bold;
@@ -42,6 +43,7 @@ const FormatRow editorRows[] = {
     {"Python MEL Commands", "#5ec4c4",  "",         false, false},
 };
 
+// Grounds and selection as in the editor, so that both look like parts of one window.
 const FormatRow outputRows[] = {
     {"Plain Text",          "#c8c8c8",  "#2b2b2b",  false, false},
     {"Selected Text",       "#ffffff",  "#4b6e8f",  false, false},
@@ -55,6 +57,7 @@ const FormatRow outputRows[] = {
 static_assert(sizeof editorRows / sizeof *editorRows == editorTextCount, "one row per category");
 static_assert(sizeof outputRows / sizeof *outputRows == outputTextCount, "one row per category");
 
+// Invalid for an empty name.
 QColor colour(const char *name)
 {
     return *name ? QColor(QLatin1String(name)) : QColor();
@@ -73,6 +76,7 @@ std::array<TextFormat, count> formats(const FormatRow (&rows)[count])
 QFont fixedFont(const QString &family, int pointSize)
 {
     QFont font(family.isEmpty() ? builtInFontFamily() : family, pointSize);
+    // For where the family is missing: columns only line up in a fixed pitch.
     font.setStyleHint(QFont::TypeWriter);
     font.setFixedPitch(true);
     return font;

@@ -6,7 +6,7 @@
 #include <QPalette>
 #include <QTextCharFormat>
 
-// What a stretch of text looks like. An invalid colour leaves that of the plain text.
+// What a stretch of text looks like, fonts apart. An invalid colour leaves that of the plain text.
 struct TextFormat
 {
     QColor foreground;
@@ -14,6 +14,7 @@ struct TextFormat
     bool bold = false;
     bool italic = false;
 
+    // Sets nothing but what is asked for, so that formats can lie over each other.
     QTextCharFormat charFormat() const;
 };
 
@@ -22,7 +23,8 @@ bool operator==(const TextFormat &a, const TextFormat &b);
 // The palette with these colours for a text widget's ground, text and selection.
 QPalette withTextColors(QPalette palette, const TextFormat &plain, const TextFormat &selected);
 
-// The index is a category's identity in the stored colour list.
+// What the editor tells apart. The index is a category's identity wherever colours are listed, so
+// new ones go to the end.
 enum class EditorText {
     Plain,
     Selected,
@@ -46,12 +48,13 @@ enum class EditorText {
     PythonMelCommands
 };
 
+// The same for the output.
 enum class OutputText { Plain, Selected, MatchingSelection, Errors, Warnings, Results };
 
 const int editorTextCount = int(EditorText::PythonMelCommands) + 1;
 const int outputTextCount = int(OutputText::Results) + 1;
 
-// The current format; process-wide and changeable.
+// The current format; process-wide and changeable. Whoever has taken one is not told of a change.
 TextFormat &textFormat(EditorText category);
 TextFormat &textFormat(OutputText category);
 
@@ -59,6 +62,7 @@ TextFormat &textFormat(OutputText category);
 const char *textName(EditorText category);
 const char *textName(OutputText category);
 
-// The fonts that the preferences ask for; a missing family falls back to a fixed-pitch one.
+// The fonts that the preferences ask for, sizes in points; where the family is not installed,
+// another of fixed pitch.
 QFont editorFont();
 QFont outputFont();
