@@ -8,6 +8,7 @@
 
 namespace {
 
+// Deliberate: a comment of MEL, whichever language the message comes from.
 QString enclosed(const char *prefix, const QString &message)
 {
     return QLatin1String(prefix) + message + QLatin1String(" //\n");
@@ -29,7 +30,7 @@ QString formatCommandOutput(const QString &message, MCommandMessage::MessageType
     case MCommandMessage::kStackTrace:
         return QString();
     default:
-        return message;
+        return message; // echoed commands and printed text, which bring their own line breaks
     }
 }
 

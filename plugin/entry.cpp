@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// The two functions that Maya looks for in the library.
 #include "plugin/exceptionguard.h"
 #include "plugin/kestrowlcmd.h"
 
@@ -16,10 +17,13 @@
 
 namespace {
 
+// What Maya's Plug-in Manager shows.
 const char vendor[] = "Corvane";
 const char version[] = "1.0";
 const char requiredApiVersion[] = "Any";
 
+// Without an interface there is no window to build; Maya loads plug-ins there all the same. A
+// failed question counts as no.
 bool isBatchSession()
 {
     int batch = 0;
@@ -27,6 +31,7 @@ bool isBatchSession()
     return batch != 0;
 }
 
+// Returns the status, so that the caller can pass it on to Maya.
 MStatus failed(const MString &what, const MStatus &status)
 {
     MGlobal::displayError(what + status.errorString());
@@ -50,6 +55,7 @@ MStatus load(MObject object)
                                     KestrowlCmd::newSyntax);
     if (!status)
         return failed(aboutCommand("Could not register"), status);
+    // Maya unloads the library as soon as this fails, so nothing of it may be left behind.
     const bool started = guarded(false, [] {
         KestrowlCmd::startup();
         return true;
@@ -69,6 +75,7 @@ MStatus unload(MObject object)
         return failed("Failed to uninitialize plugin: ", status);
     if (isBatchSession())
         return MStatus::kSuccess;
+    // In the reverse order of loading.
     KestrowlCmd::cleanup();
     status = plugin.deregisterCommand(KestrowlCmd::commandName);
     if (!status)

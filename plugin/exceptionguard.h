@@ -7,7 +7,8 @@
 #include <exception>
 
 // Runs `body` for Maya: a C++ exception that left the plug-in would take Maya down, so it is shown
-// as an error instead. Returns what the body returns, or `onFailure`.
+// as an error instead. Returns what the body returns, or `onFailure`. For functions that Maya calls
+// and for slots through which the user's code runs at once.
 template <typename Result, typename Body>
 Result guarded(const Result &onFailure, Body body) noexcept
 {

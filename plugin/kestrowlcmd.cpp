@@ -25,6 +25,7 @@ namespace {
 
 const char writeSettingsFlag[] = "-ws";
 
+// False also for arguments that cannot be parsed: a misspelt flag opens the window.
 bool asksToWriteSettings(const MSyntax &syntax, const MArgList &arguments)
 {
     MStatus status;
@@ -32,6 +33,7 @@ bool asksToWriteSettings(const MSyntax &syntax, const MArgList &arguments)
     return status == MStatus::kSuccess && parsed.isFlagSet(writeSettingsFlag);
 }
 
+// Empty when Maya does not answer.
 QString directoryFromMaya(const char *query)
 {
     return MQtUtil::toQString(MGlobal::executeCommandStringResult(MString(query)));
@@ -47,7 +49,8 @@ void createWindow()
     editorInstance().window = new Kestrowl(scripts, prefs, MQtUtil::mainWindow());
 }
 
-// Protected, so that scripts which kill all jobs leave it alone.
+// The settings are saved while everything is alive: Maya need not unload plug-ins when it quits.
+// Protected, so that scripts which kill all jobs leave this one alone. A failure is no obstacle.
 void installQuitJob()
 {
     const MString mel = MString("scriptJob -event \"quitApplication\" \"") +
@@ -57,6 +60,7 @@ void installQuitJob()
         editorInstance().quitJobNumber = job;
 }
 
+// The window reaches Maya by signals only, and so can be tested without it.
 void connectInterface()
 {
     EditorInstance &editor = editorInstance();
@@ -71,6 +75,8 @@ void connectInterface()
                      SLOT(overrideScriptEditorButton(bool)));
 }
 
+// Line numbers and stack traces are switched on once, at the first use; later Maya's own states
+// count. The state of the stack window is the editor's, and Maya is told each time.
 void applyInitialStates()
 {
     EditorInstance &editor = editorInstance();
@@ -85,10 +91,12 @@ void applyInitialStates()
 
 void createEditor()
 {
+    // Before the window: from the first document on names are asked for.
     loadMelCatalogue();
     loadPythonAnalysis();
     editorInstance().mayaInterface = std::make_unique<MayaInterface>();
     createWindow();
+    // The window has read the settings.
     if (preferences().pythonImportPyMelOnLoad)
         MGlobal::executePythonCommand("import pymel.core");
     installQuitJob();
@@ -104,6 +112,7 @@ void installOutputCallback()
         ids.append(MCommandMessage::addCommandOutputCallback(commandOutputCallback));
 }
 
+// Deliberate: a visible window is raised as it is; showNormal() would undo a maximised one.
 void showWindow()
 {
     EditorInstance &editor = editorInstance();
@@ -118,6 +127,7 @@ void showWindow()
     }
 }
 
+// Forced, since the job is protected; on idle, since Maya may be running its jobs just now.
 void killQuitJob()
 {
     int &job = editorInstance().quitJobNumber;
@@ -160,10 +170,13 @@ void KestrowlCmd::startup()
         createEditor();
     installOutputCallback();
     editorInstance().mayaInterface->createMenuItem();
+    // The window asked for it when it read its settings, but nobody was listening yet.
     editorInstance().mayaInterface->overrideScriptEditorButton(preferences().overrideScriptEditor);
     editorInstance().window->appendOutputText(editorInstance().mayaInterface->currentTrace());
 }
 
+// The order matters: settings while the window is whole, Maya's interface while there is somebody
+// to change it, the callback before the window that it writes to, the window last.
 void KestrowlCmd::cleanup()
 {
     EditorInstance &editor = editorInstance();

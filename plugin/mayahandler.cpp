@@ -35,6 +35,7 @@ void setToggle(const MayaToggle &toggle, bool enable)
         MGlobal::setOptionVarValue(MString(toggle.optionVariable), enable ? 1 : 0);
 }
 
+// Nothing when it was never stored; `toggle` has an option variable.
 std::optional<bool> storedState(const MayaToggle &toggle)
 {
     bool exists = false;
@@ -55,6 +56,7 @@ MayaHandler::MayaHandler(Kestrowl *window) : m_window(window)
     connect(window, SIGNAL(suppressStackWindowEnabled(bool)), SLOT(suppressStackWindow(bool)));
 }
 
+// Displayed, so that the history shows what was run; the print that is made of a name is not.
 void MayaHandler::executeMel(const QString &code)
 {
     const bool printsVariable = isVariableName(code);
@@ -68,6 +70,7 @@ void MayaHandler::executePython(const QString &code)
     MGlobal::executePythonCommandOnIdle(MQtUtil::toMString(code), true);
 }
 
+// The file runs inside the slot, so an exception must not get into Qt's event loop.
 void MayaHandler::sourceScript(const QString &path)
 {
     guarded(false, [&path] {

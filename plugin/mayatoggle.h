@@ -2,7 +2,7 @@
 #pragma once
 
 // A switch that lives in Maya: the MEL that sets it, 0 or 1 appended, and the option variable in
-// which Maya's own Script Editor keeps it too (null: none).
+// which Maya's own Script Editor keeps it too (null: none). Both editors so show the same state.
 struct MayaToggle
 {
     const char *mel;
