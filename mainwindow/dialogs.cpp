@@ -3,6 +3,7 @@
 
 #include "mainwindow/filenames.h"
 #include "mainwindow/programnames.h"
+#include "workspace/choicebox.h"
 #include "workspace/edcodeview.h"
 #include "workspace/plaincodeedit.h"
 
@@ -12,7 +13,7 @@
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
-#include <QPushButton>
+#include <QStringList>
 
 namespace {
 
@@ -33,35 +34,19 @@ QString saveStartPath(const EdCodeView &view, const QString &projectDirectory)
 
 SourceType askSourceType(QWidget *parent)
 {
-    QMessageBox box(parent);
-    box.setWindowTitle(translated("Source Type"));
-    box.setText(translated("Specify executor source language."));
-    box.setIcon(QMessageBox::Question);
-    QPushButton *mel = box.addButton(translated("MEL"), QMessageBox::ActionRole);
-    QPushButton *python = box.addButton(translated("Python"), QMessageBox::ActionRole);
-    QPushButton *none = box.addButton(translated("None"), QMessageBox::ActionRole);
-    box.addButton(translated("Cancel"), QMessageBox::RejectRole);
-    box.exec();
-    if (box.clickedButton() == mel)
-        return SourceType::Mel;
-    if (box.clickedButton() == python)
-        return SourceType::Python;
-    return box.clickedButton() == none ? SourceType::Text : SourceType::Cancelled;
+    const QStringList answers = QStringList() << translated("MEL") << translated("Python")
+                                              << translated("None") << translated("Cancel");
+    return static_cast<SourceType>(askChoice(parent, translated("Source Type"),
+                                             translated("Specify executor source language."),
+                                             answers));
 }
 
 SaveStateAnswer askToSaveAll(QWidget *parent)
 {
-    QMessageBox box(parent);
-    box.setWindowTitle(translated("Save All"));
-    box.setText(translated("Save all files and buffers?"));
-    box.setIcon(QMessageBox::Question);
-    QPushButton *yes = box.addButton(translated("Yes"), QMessageBox::ActionRole);
-    QPushButton *no = box.addButton(translated("No"), QMessageBox::ActionRole);
-    box.addButton(translated("Cancel"), QMessageBox::RejectRole);
-    box.exec();
-    if (box.clickedButton() == yes)
-        return SaveStateAnswer::SaveAll;
-    return box.clickedButton() == no ? SaveStateAnswer::SettingsOnly : SaveStateAnswer::Cancelled;
+    const QStringList answers = QStringList()
+                                << translated("Yes") << translated("No") << translated("Cancel");
+    return static_cast<SaveStateAnswer>(askChoice(
+        parent, translated("Save All"), translated("Save all files and buffers?"), answers));
 }
 
 QString askSaveName(QWidget *parent, const EdCodeView &view, const QString &projectDirectory)

@@ -9,6 +9,7 @@ class QWidget;
 // The questions that the window's commands ask. Each returns the answer, or nothing (an empty
 // text, 0, ...) when the user cancelled.
 
+// The enumerators stand in the order of the buttons.
 enum class SourceType { Mel, Python, Text, Cancelled };
 SourceType askSourceType(QWidget *parent);
 
