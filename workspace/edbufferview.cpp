@@ -36,6 +36,8 @@ void EdBufferView::renameBuffer(int id, const QString &newName)
         item->setText(newName);
 }
 
+// The document takes the focus when it is selected; it is taken back, so that arrow keys go on
+// here.
 void EdBufferView::selectBuffer(QListWidgetItem *item)
 {
     if (!item)

@@ -3,7 +3,8 @@
 
 #include "workspace/edopenlist.h"
 
-// Lists the open buffers by their index and label.
+// Lists the open buffers by their index and label, in a dock of the window. It only lists: what the
+// user chooses is a signal, and the list changes when the central widget has done it.
 class EdBufferView : public EdOpenList
 {
     Q_OBJECT
@@ -12,9 +13,11 @@ public:
     explicit EdBufferView(QWidget *parent = nullptr);
 
 public slots:
+    // `id` is a buffer index; an unknown one is ignored. `info` chooses the icon.
     void addBuffer(int id, const QString &name, const QFileInfo &info);
     void removeBuffer(int id);
     void renameBuffer(int id, const QString &newName);
+    // Null, as after the last entry was removed, selects nothing.
     void selectBuffer(QListWidgetItem *item);
     // These act on the entry of the context menu.
     void removeBuffer();

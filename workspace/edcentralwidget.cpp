@@ -18,7 +18,7 @@ EdCentralWidget::EdCentralWidget(QWidget *parent) : QWidget(parent), m_hint(new 
     setObjectName(QLatin1String("centralwidget"));
     m_hint->setText(tr("Open a file, or double-click here for a new buffer."));
     m_hint->setAlignment(Qt::AlignCenter);
-    m_hint->setEnabled(false);
+    m_hint->setEnabled(false); // grey
     QVBoxLayout *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_hint);
@@ -49,7 +49,7 @@ void EdCentralWidget::addBuffer(int language, const QString &label)
     if (!nothingIsLost())
         return;
     const int index = m_nextBufferIndex++;
-    m_bufferLabel = label;
+    m_bufferLabel = label; // before the view is shown, which reports the name
     showView(new EdCodeView(index, language, this));
     emit bufferCreated(index, label, m_view->fileInfo());
 }
@@ -61,6 +61,8 @@ void EdCentralWidget::openFile(const QString &path)
         m_view->setCodeEditFocus();
         return;
     }
+    // Loaded before the open document is asked about: a file that cannot be read takes nothing
+    // away.
     EdCodeView *view = new EdCodeView(-1, EdCodeView::Text, this);
     if (!view->load(info) || !nothingIsLost()) {
         delete view;
@@ -78,9 +80,11 @@ bool EdCentralWidget::nothingIsLost()
     const SaveAnswer answer = askToSave(this, documentName());
     if (answer == SaveAnswer::Save)
         save();
+    // Saving may have failed, or the dialog for a name was cancelled.
     return answer == SaveAnswer::Discard || (answer == SaveAnswer::Save && !m_view->isModified());
 }
 
+// The old document is reported closed before the new one is reported open.
 void EdCentralWidget::showView(EdCodeView *view)
 {
     retireView();
@@ -99,7 +103,7 @@ void EdCentralWidget::retireView()
     if (!m_view)
         return;
     EdCodeView *view = m_view;
-    m_view = nullptr;
+    m_view = nullptr; // first: what follows may ask for the open document
     view->disconnect(this);
     view->hide();
     // The call may come from the view itself, which dropped a file.
@@ -134,6 +138,7 @@ void EdCentralWidget::saveAs(const QString &path)
 {
     if (!m_view || path.isEmpty())
         return;
+    // What the document was; writing makes it the new file's.
     const int oldIndex = m_view->bufferIndex();
     const QString oldPath = m_view->fileInfo().absoluteFilePath();
     if (!m_view->write(path))
@@ -190,6 +195,7 @@ void EdCentralWidget::reloadFromDisk()
         return;
     const QString question = tr("Reloading this file will result in unsaved changes being lost.\n\n"
                                 "Continue reloading?");
+    // Escape counts as No.
     if (m_view->isModified() &&
         QMessageBox::question(window(), tr("Reload"), question,
                               QMessageBox::Yes | QMessageBox::No) != QMessageBox::Yes)
@@ -233,6 +239,7 @@ void EdCentralWidget::selectAll()
         m_view->codeEdit()->selectAll();
 }
 
+// By the view, not by QPlainTextEdit::clear(), which cannot be undone.
 void EdCentralWidget::clearText()
 {
     if (m_view)
@@ -303,6 +310,7 @@ void EdCentralWidget::updateHiddenCharacters()
     m_view->highlightAgain();
 }
 
+// The disabled hint lets mouse events through.
 void EdCentralWidget::mouseDoubleClickEvent(QMouseEvent *event)
 {
     if (!m_view && event->button() == Qt::LeftButton)

@@ -9,7 +9,8 @@ class EdCodeView;
 class QLabel;
 
 // The centre of the window: the open document, or a hint when there is none. The window talks to
-// documents only through this widget.
+// documents only through this widget. It owns the document's view; opening another one replaces it,
+// once the user has saved or given up its changes.
 class EdCentralWidget : public QWidget
 {
     Q_OBJECT
@@ -26,16 +27,24 @@ public slots:
     void newBuffer();
     void newMelBuffer();
     void newPythonBuffer();
+    // A file that is open already gets the focus; one that cannot be read is reported to the user
+    // and leaves everything as it was.
     void openFile(const QString &path);
 
+    // A buffer has no file: tabSaveAsSelected() asks for one.
     void save();
+    // Nothing for an empty path.
     void saveAs(const QString &path);
     void saveAll();
+    // Asks for the new name. Buffers change their label, files their name on disk.
     void rename();
+    // These two do nothing unless the open document is the one meant.
     void renameBuffer(int bufferIndex);
     void renameFile(const QString &path);
+    // Asks before changes are lost.
     void reloadFromDisk();
 
+    // Editing commands for the open document; nothing when there is none.
     void undo();
     void redo();
     void cut();
@@ -44,8 +53,10 @@ public slots:
     void selectAll();
     void clearText();
     void convertTabsToSpaces();
+    // Puts the text in the place of the selection, or at the caret.
     void replace(const QString &text);
 
+    // Close asks about changes, and does nothing when the user cancels.
     void closeActive();
     void closeAll();
     void closeAllButCurrent();
@@ -53,22 +64,29 @@ public slots:
     void closeFile(const QString &path);
     void focusBuffer(int bufferIndex);
 
+    // Take changed preferences to the open document. Hidden characters include wrapping.
     void updateFontAndColors();
     void updateHiddenCharacters();
 
+    // Paths are absolute. A document that saveAs() makes another file's is reported closed and
+    // opened.
 signals:
     void fileDropped(const QString &path);
     void fileOpened(const QString &path);
     void fileClosed(const QString &path);
     void fileRenamed(const QString &oldPath, const QString &newPath);
+    // A double click where there is no document.
     void createNewBufferTriggered();
     void bufferCreated(int id, const QString &name, const QFileInfo &info);
     void bufferDeleted(int id);
     void bufferRenamed(int id, const QString &newName);
+    // The window shall save, or ask for a name and save.
     void tabSaveSelected();
     void tabSaveAsSelected();
     void overwriteModeChanged();
+    // Line and column are 0-based, the selection in UTF-16 units; all 0 without a document.
     void cursorStatusChanged(int line, int column, int sel);
+    // Label or path, with "*" behind it while there are changes; empty without a document.
     void activeBufferNameChanged(const QString &name);
 
 protected:
@@ -89,7 +107,7 @@ private:
     QString documentName() const;
 
     EdCodeView *m_view = nullptr;
-    QLabel *m_hint;
-    QString m_bufferLabel;
-    int m_nextBufferIndex = 0;
+    QLabel *m_hint;            // seen while there is no document
+    QString m_bufferLabel;     // of the open buffer; not cleared for files, which do not look at it
+    int m_nextBufferIndex = 0; // never used twice, so that lists cannot mix buffers up
 };

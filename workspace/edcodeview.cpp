@@ -31,6 +31,7 @@ EdCodeView::EdCodeView(int bufferIndex, int language, QWidget *parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_codeEdit);
 
+    // The widget's signals are those of the document.
     connect(m_codeEdit, SIGNAL(modificationChanged(bool)), SIGNAL(modificationChanged(bool)));
     connect(m_codeEdit, SIGNAL(cursorPositionChanged()), SIGNAL(cursorStatusChanged()));
     connect(m_codeEdit, SIGNAL(selectionChanged()), SIGNAL(cursorStatusChanged()));
@@ -45,11 +46,12 @@ void EdCodeView::setLanguage(int language)
     if (language == m_language)
         return;
     m_language = language;
-    m_highlighter.reset();
+    m_highlighter.reset(); // takes its colours off the document
     if (language == Mel)
         m_highlighter = std::make_unique<EdHighlighterMel>(m_codeEdit->document());
     else if (language == Python)
         m_highlighter = std::make_unique<EdHighlighterPython>(m_codeEdit->document());
+    // At once: by itself a highlighter waits for the event loop.
     if (m_highlighter)
         m_highlighter->rehighlight();
 }
@@ -73,6 +75,7 @@ bool EdCodeView::load(const QFileInfo &info)
     }
     m_bufferIndex = -1;
     m_fileInfo = info;
+    // Before the text comes, so that it is scanned once.
     setLanguage(languageOfFile(info));
     m_codeEdit->setPlainText(m_fileFormat.text);
     m_codeEdit->document()->setModified(false);
@@ -92,7 +95,7 @@ bool EdCodeView::write(const QString &path)
         return false;
     }
     m_bufferIndex = -1;
-    m_fileInfo = QFileInfo(path);
+    m_fileInfo = QFileInfo(path); // afresh, with the new file's size and time
     setLanguage(languageOfFile(m_fileInfo));
     m_codeEdit->document()->setModified(false);
     return true;
@@ -105,6 +108,7 @@ void EdCodeView::rename(const QString &newName)
     const QString oldPath = m_fileInfo.absoluteFilePath();
     const QFileInfo target(QString::fromLatin1("%1/%2").arg(m_fileInfo.absolutePath(), newName));
     const QString newPath = target.absoluteFilePath();
+    // QFile::rename() would refuse as well, but not say why.
     if (target.exists()) {
         QMessageBox::warning(this, tr("Error"), tr("File already exists:\n%1").arg(newPath));
         return;

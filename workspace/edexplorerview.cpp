@@ -32,7 +32,7 @@ void EdExplorerView::showEvent(QShowEvent *event)
 
 void EdExplorerView::list()
 {
-    if (m_model)
+    if (m_model) // shown twice within the delay
         return;
     m_model = new QFileSystemModel(this);
     setModel(m_model);

@@ -6,8 +6,9 @@
 
 class QFileSystemModel;
 
-// The tree of files of the project directory. It begins to watch the file system a moment after it
-// is first seen, so that the window need not wait for it.
+// The tree of files of the project directory, in a dock of the window. Opens nothing itself. It
+// begins to watch the file system a moment after it is first seen, so that the window need not wait
+// for it.
 class EdExplorerView : public QTreeView
 {
     Q_OBJECT
@@ -15,11 +16,13 @@ class EdExplorerView : public QTreeView
 public:
     explicit EdExplorerView(QWidget *parent = nullptr);
 
+    // The root of the tree; may be set before there is a listing.
     void setProjectDirectory(const QString &path);
-    // Empty when the index is that of a directory.
+    // Empty when the index is that of a directory, or there is no listing yet.
     QString filePath(const QModelIndex &index) const;
 
 signals:
+    // Return on a file; double clicks are QTreeView's own signal.
     void openSelected(const QString &path);
 
 protected:

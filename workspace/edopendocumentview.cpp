@@ -43,6 +43,8 @@ void EdOpenDocumentView::renameDocument(const QString &oldPath, const QString &n
     item->setText(info.fileName());
 }
 
+// The document takes the focus when it is selected; it is taken back, so that arrow keys go on
+// here.
 void EdOpenDocumentView::selectDocument(QListWidgetItem *item)
 {
     if (!item)

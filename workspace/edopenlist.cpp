@@ -7,6 +7,7 @@ namespace {
 
 const int iconPixels = 16;
 
+// The selected entry keeps its text colour on a ground that is hardly another.
 void subdueSelection(QPalette *palette, QPalette::ColorGroup group)
 {
     palette->setColor(group, QPalette::Highlight, palette->color(group, QPalette::AlternateBase));
@@ -17,6 +18,8 @@ void subdueSelection(QPalette *palette, QPalette::ColorGroup group)
 
 EdOpenList::EdOpenList(QWidget *parent) : QListWidget(parent), m_focusPalette(palette())
 {
+    // The inactive colours are for widgets of another window than the active one. For one without
+    // the focus in the active window there are none, hence a second palette.
     subdueSelection(&m_focusPalette, QPalette::Inactive);
     m_unfocusedPalette = m_focusPalette;
     subdueSelection(&m_unfocusedPalette, QPalette::Active);
@@ -39,8 +42,8 @@ void EdOpenList::removeEntry(const QVariant &identity)
 {
     QListWidgetItem *item = findEntry(identity);
     if (item == m_contextItem)
-        m_contextItem = nullptr;
-    delete takeItem(row(item));
+        m_contextItem = nullptr; // the menu may still be open
+    delete takeItem(row(item));  // row() is -1 for null, takeItem() null for -1
 }
 
 QListWidgetItem *EdOpenList::findEntry(const QVariant &identity) const

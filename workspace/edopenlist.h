@@ -9,7 +9,8 @@
 class QMenu;
 
 // What the lists of buffers and of documents share: entries known by an identity rather than by
-// their text, a context menu on an entry, and a selection that looks subdued without the focus.
+// their text, sorted by their text, a context menu on an entry, and a selection that looks subdued
+// without the focus.
 class EdOpenList : public QListWidget
 {
     Q_OBJECT
@@ -22,22 +23,25 @@ public slots:
     void contextMenu(const QPoint &position);
 
 protected:
+    // The identity is kept in Qt::UserRole; two entries with the same one are the caller's mistake.
     void addEntry(const QString &text, const QVariant &identity, const QFileInfo &info);
+    // Nothing when there is no such entry.
     void removeEntry(const QVariant &identity);
     // Null when there is no such entry.
     QListWidgetItem *findEntry(const QVariant &identity) const;
     QIcon iconOf(const QFileInfo &info) const { return m_iconProvider.icon(info); }
-    // The entry under the last context-menu click, or null.
+    // The entry under the last context-menu click, or null; null also once it was removed.
     QListWidgetItem *contextItem() const { return m_contextItem; }
 
+    // Adds the entries' commands; the menu lives only while it is shown.
     virtual void fillContextMenu(QMenu *menu) = 0;
 
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
 
 private:
-    QListWidgetItem *m_contextItem = nullptr;
-    QFileIconProvider m_iconProvider;
+    QListWidgetItem *m_contextItem = nullptr; // owned by the list
+    QFileIconProvider m_iconProvider;         // asks the desktop, so kept for all entries
     QPalette m_focusPalette;
     QPalette m_unfocusedPalette;
 };

@@ -28,7 +28,10 @@ bool isReturn(const QKeyEvent &event)
     return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
 }
 
-// The text with every tab filled with spaces up to its tab stop.
+// With tab stops every four columns, by the columns that are there so far:
+//
+// a[tab]bc[tab]d
+// a   bc  d
 QString withoutTabs(const QString &line, int tabSize)
 {
     QString filled;
@@ -48,6 +51,7 @@ PlainCodeEdit::PlainCodeEdit(QWidget *parent) : QPlainTextEdit(parent)
     applyFontAndColors();
 }
 
+// Blocks keep the characters that toPlainText() replaces.
 QString PlainCodeEdit::text() const
 {
     QString joined = document()->begin().text();
@@ -85,7 +89,7 @@ void PlainCodeEdit::convertTabsToSpaces()
     cursor.beginEditBlock();
     for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
         if (!block.text().contains(QLatin1Char('\t')))
-            continue;
+            continue; // an edit that changes nothing would still be one to undo
         const QString filled = withoutTabs(block.text(), preferences().tabSize);
         cursor.setPosition(block.position());
         cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
@@ -94,6 +98,7 @@ void PlainCodeEdit::convertTabsToSpaces()
     cursor.endEditBlock();
 }
 
+// In this order: the keypad's Enter becomes Ctrl and Enter, which is then left to the window.
 void PlainCodeEdit::keyPressEvent(QKeyEvent *event)
 {
     const bool taken = keypadEnterExecutes(event) || leaveReturnToWindow(event) ||
@@ -113,6 +118,7 @@ bool PlainCodeEdit::leaveReturnToWindow(QKeyEvent *event)
     return leave;
 }
 
+// Pressed again as the window's shortcut, and so comes back through keyPressEvent().
 bool PlainCodeEdit::keypadEnterExecutes(QKeyEvent *event)
 {
     const bool plainKeypadEnter = event->key() == Qt::Key_Enter &&
@@ -130,6 +136,7 @@ bool PlainCodeEdit::tabInsertsSpaces(QKeyEvent *event)
         !preferences().insertSpaces)
         return false;
     const int tabSize = preferences().tabSize;
+    // In units: a tab before the caret counts as one column.
     const int column = textCursor().positionInBlock();
     insertPlainText(QString(tabSize - column % tabSize, QLatin1Char(' ')));
     return true;
@@ -144,6 +151,7 @@ bool PlainCodeEdit::toggleOverwrite(QKeyEvent *event)
     return true;
 }
 
+// A dragged file is taken as well, or dropEvent() would never hear of it.
 bool PlainCodeEdit::canInsertFromMimeData(const QMimeData *source) const
 {
     return !draggedFile(source).isEmpty() || QPlainTextEdit::canInsertFromMimeData(source);

@@ -3,7 +3,8 @@
 
 #include <QPlainTextEdit>
 
-// The text widget of a code view: plain text with the keys that every document needs.
+// The text widget of a code view: plain text with the keys that every document needs. Knows no
+// language and no file; the view owns it.
 class PlainCodeEdit : public QPlainTextEdit
 {
     Q_OBJECT
@@ -15,12 +16,15 @@ public:
     // no-break spaces into spaces.
     QString text() const;
 
+    // Both take what the preferences say now.
     void applyFontAndColors();
-    void applyTextOption();
+    void applyTextOption(); // tab stops, marks of white space, wrapping
+    // Every tab of the document, each filled up to its tab stop; one step to undo.
     void convertTabsToSpaces();
 
 signals:
     void overwriteModeChanged();
+    // The first of what was dropped, if it is a file.
     void fileDropped(const QString &path);
 
 protected:
@@ -29,6 +33,7 @@ protected:
     bool canInsertFromMimeData(const QMimeData *source) const override;
 
 private:
+    // Steps of keyPressEvent(): each says whether it took the key.
     bool leaveReturnToWindow(QKeyEvent *event);
     bool keypadEnterExecutes(QKeyEvent *event);
     bool tabInsertsSpaces(QKeyEvent *event);

@@ -14,6 +14,7 @@ QString translated(const char *text)
     return QCoreApplication::translate("TextFile", text);
 }
 
+// By the first line end; a text of one line has none, and "\n" is as good.
 bool usesCarriageReturns(const QByteArray &bytes)
 {
     const int lineEnd = bytes.indexOf('\n');
@@ -28,6 +29,7 @@ bool decodeText(const QByteArray &bytes, TextFile *file)
     decoded.byteOrderMark = bytes.startsWith(utf8Mark);
     const QByteArray body = decoded.byteOrderMark ? bytes.mid(utf8MarkSize) : bytes;
     decoded.text = QString::fromUtf8(body.constData(), int(body.size()));
+    // The one test that is the same on every Qt version, whose decoders report errors differently.
     if (decoded.text.toUtf8() != body)
         return false;
     decoded.carriageReturns = usesCarriageReturns(body);
@@ -52,6 +54,7 @@ bool readTextFile(const QString &path, TextFile *file, QString *errorMessage)
         return false;
     }
     const QByteArray bytes = source.readAll();
+    // A failure on the way leaves what was read before it.
     if (source.error() != QFile::NoError) {
         *errorMessage = source.errorString();
         return false;
