@@ -10,21 +10,24 @@
 
 namespace {
 
+// Checked: checkable, and on at first. Later: for something that does not exist yet.
 enum class Kind { Plain, Checkable, Checked, Later };
 
+// The keys of the platform for a well-known action, or those of a text; neither: none.
 struct Keys
 {
     QKeySequence::StandardKey standard = QKeySequence::UnknownKey;
     const char *text = nullptr;
 };
 
+// What of a row makes the action; receiver and slot are read where actions are connected.
 struct ActionRow
 {
     const char *objectName;
-    const char *text;
-    const char *tip;
+    const char *text; // as the menu shows it, with "&"
+    const char *tip;  // in the status bar
     Keys keys;
-    const char *icon;
+    const char *icon; // its bare name; null: none
     Kind kind;
 };
 
@@ -68,7 +71,8 @@ QAction *createAction(const ActionRow &row, QWidget *window)
 {
     QAction *action = new QAction(QString::fromUtf8(row.text), window);
     action->setObjectName(QString::fromLatin1(row.objectName));
-    // Every action stays in the menu that the table gives it, on the Mac too.
+    // Every action stays in the menu that the table gives it, on the Mac too, where some would move
+    // to the menu of the application, which is Maya's.
     action->setMenuRole(QAction::NoRole);
     action->setStatusTip(QString::fromUtf8(row.tip));
     action->setCheckable(row.kind == Kind::Checkable || row.kind == Kind::Checked);
@@ -77,7 +81,7 @@ QAction *createAction(const ActionRow &row, QWidget *window)
     if (row.keys.text)
         action->setShortcut(QKeySequence(QString::fromLatin1(row.keys.text)));
     else if (row.keys.standard != QKeySequence::UnknownKey)
-        action->setShortcuts(row.keys.standard);
+        action->setShortcuts(row.keys.standard); // a platform may have several
     if (row.icon)
         action->setIcon(compat::icon(iconPath(row.icon)));
     // Also the actions in no menu answer to their keys.
@@ -85,6 +89,7 @@ QAction *createAction(const ActionRow &row, QWidget *window)
     return action;
 }
 
+// Slots of checkable actions take the new state.
 void connectAction(QAction *action, QObject *receiver, const char *slot)
 {
     if (action->isCheckable())
@@ -100,6 +105,8 @@ QString iconPath(const char *name)
     return QString::fromLatin1(":/icons/%1.png").arg(QString::fromLatin1(name));
 }
 
+// The words "window" and "central" of the table are the arguments here. Slots of one action are
+// called in the order of their connection, which is that of the rows.
 void ActionSet::create(QWidget *window, QWidget *central)
 {
     for (int i = 0; i < actionCount; ++i)

@@ -25,14 +25,15 @@ constexpr int actionCount = static_cast<int>(Action::Count);
 // Stands for a separator in a list of actions.
 constexpr Action separator = Action::Count;
 
-// The path of an icon in the resources, from its bare name.
+// The path of an icon in the resources, from its bare name: "save" is ":/icons/save.png".
 QString iconPath(const char *name);
 
-// The actions by their id. The window they were created for owns them.
+// The actions by their id. The window they were created for owns them; before that all are null.
 class ActionSet
 {
 public:
-    // Makes every action a child of the window, connected to the window or the central widget.
+    // Makes every action a child of the window, connected to the window or the central widget,
+    // whose slots the table names. Once.
     void create(QWidget *window, QWidget *central);
 
     QAction *operator[](Action id) const { return m_actions[static_cast<int>(id)]; }

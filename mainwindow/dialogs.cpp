@@ -17,11 +17,13 @@
 
 namespace {
 
+// In the window's context: the texts are its own, wherever they are asked.
 QString translated(const char *text)
 {
     return QCoreApplication::translate("Kestrowl", text);
 }
 
+// Where the dialog starts; empty leaves it to the dialog, which takes the working directory.
 QString saveStartPath(const EdCodeView &view, const QString &projectDirectory)
 {
     if (!view.isBuffer() && view.fileInfo().exists())
@@ -51,7 +53,7 @@ SaveStateAnswer askToSaveAll(QWidget *parent)
 
 QString askSaveName(QWidget *parent, const EdCodeView &view, const QString &projectDirectory)
 {
-    QString filter = saveFilterForLanguage(view.language());
+    QString filter = saveFilterForLanguage(view.language()); // in: preselected, out: chosen
     const QString name =
         QFileDialog::getSaveFileName(parent, translated("Save File"),
                                      saveStartPath(view, projectDirectory), saveFilters(), &filter);

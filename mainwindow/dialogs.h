@@ -7,12 +7,14 @@ class EdCodeView;
 class QWidget;
 
 // The questions that the window's commands ask. Each returns the answer, or nothing (an empty
-// text, 0, ...) when the user cancelled.
+// text, 0, ...) when the user cancelled. All are modal and do nothing but ask: acting on the
+// answer is the command's part.
 
 // The enumerators stand in the order of the buttons.
 enum class SourceType { Mel, Python, Text, Cancelled };
 SourceType askSourceType(QWidget *parent);
 
+// Whether the settings are saved with all documents or alone.
 enum class SaveStateAnswer { SaveAll, SettingsOnly, Cancelled };
 SaveStateAnswer askToSaveAll(QWidget *parent);
 
@@ -20,10 +22,12 @@ SaveStateAnswer askToSaveAll(QWidget *parent);
 // the project directory.
 QString askSaveName(QWidget *parent, const EdCodeView &view, const QString &projectDirectory);
 
-// A line number, counted from 1.
+// A line number of the view's document, counted from 1; offers the caret's. 0: cancelled.
 int askLineNumber(QWidget *parent, const EdCodeView &view);
 
+// The text of a new shelf button.
 QString askShelfLabel(QWidget *parent);
 
+// Both only tell, and return when the user has closed them.
 void showAbout(QWidget *parent);
 void showLicense(QWidget *parent);

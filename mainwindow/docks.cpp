@@ -12,6 +12,7 @@
 
 namespace {
 
+// The object name is what QMainWindow::saveState() knows a dock by.
 struct DockRow
 {
     Dock dock;
@@ -19,7 +20,7 @@ struct DockRow
     const char *objectName;
     const char *toggleKeys;
     Qt::DockWidgetArea area;
-    int flag;
+    int flag; // of visibleDockFlags()
     bool initiallyVisible;
 };
 

@@ -6,12 +6,13 @@ class QMainWindow;
 class QMenu;
 class QWidget;
 
-// The docks, in the order in which they are made and listed in the View menu.
+// The docks, in the order in which they are made and listed in the View menu. Each shows one
+// widget, and knows nothing of it.
 enum class Dock { Project, Documents, Buffers, Output, Outline, QuickHelp, Count };
 
 constexpr int dockCount = static_cast<int>(Dock::Count);
 
-// One value for each dock.
+// One value for each dock, in their order; null pointers and empty values at first.
 template <class Value>
 class DockArray
 {
@@ -29,9 +30,10 @@ private:
 };
 
 // Puts each content into a dock of the window, which owns both, appends the docks' toggle actions
-// to the View menu, and connects the docks to the window's slots.
+// to the View menu, and connects the docks to the window's slots dockToggle(bool),
+// dockLocationChange() and updateVisibleDocks().
 DockArray<QDockWidget *> createDocks(QMainWindow *window, QMenu *viewMenu,
                                      const DockArray<QWidget *> &contents);
 
-// The docks that are not hidden, one bit each, as the settings file keeps them.
+// The docks that are not hidden, one bit each, in the numbers that settings files have for them.
 int visibleDockFlags(const DockArray<QDockWidget *> &docks);

@@ -43,6 +43,7 @@ QString nameWithFilterSuffix(const QString &name, const QString &filter)
 {
     const QString mel = QString::fromLatin1(".mel");
     const QString python = QString::fromLatin1(".py");
+    // Only the words are looked for: a dialog may leave the patterns out.
     if (filter.contains(QLatin1String("MEL")) && !name.endsWith(mel))
         return name + mel;
     if (filter.contains(QLatin1String("Python")) && !name.endsWith(python) &&

@@ -31,6 +31,7 @@
 
 namespace {
 
+// Pixels.
 const int initialWidth = 1100;
 const int initialHeight = 760;
 
@@ -42,6 +43,8 @@ Kestrowl::Kestrowl(const QString &userScriptDirectory, const QString &userPrefer
       m_preferencesDirectory(userPreferencesDirectory), m_lastOpenDirectory(m_scriptDirectory),
       m_lastSourceDirectory(m_scriptDirectory), m_central(new EdCentralWidget(this))
 {
+    // The order matters: icons need resources, docks the View menu, connections both ends, and
+    // settings everything that they set.
     initResources();
     setObjectName(QLatin1String("Kestrowl"));
     setWindowIcon(compat::icon(iconPath("corvane")));
@@ -81,6 +84,7 @@ DockArray<QWidget *> Kestrowl::createDockContents()
     return contents;
 }
 
+// One function for each partner of the window.
 void Kestrowl::connectCentralWidget()
 {
     connect(m_central, SIGNAL(createNewBufferTriggered()), SLOT(newBuffer()));
@@ -139,6 +143,7 @@ void Kestrowl::readSettings()
 {
     QSettings settings(settingsPath(), QSettings::IniFormat);
     readPreferences(settings);
+    // Only now: which directory it is depends on the user of Maya, not on the list of defaults.
     if (preferences().projectDir.isEmpty())
         preferences().projectDir = m_scriptDirectory;
     applyToggles();
@@ -153,7 +158,8 @@ void Kestrowl::writeSettings()
     settings.sync();
 }
 
-// The switches as the settings file has them, without telling anyone.
+// The switches as the settings file has them, without telling anyone. Maya's other switches keep
+// their state in Maya.
 void Kestrowl::applyToggles()
 {
     suppressStackWindow(preferences().suppressStackWindow, true);
@@ -167,7 +173,7 @@ void Kestrowl::updatePreferences()
     setToolbarVisible(preferences().toolbar);
     setShown(statusBar(), preferences().statusBar);
     m_output->setLineLimit(preferences().outputWindowBufferSize);
-    m_output->setTabWidth(preferences().tabSize);
+    m_output->setTabWidth(preferences().tabSize); // columns
     m_output->applyColors();
     m_central->updateFontAndColors();
     m_central->updateHiddenCharacters();
@@ -180,6 +186,7 @@ void Kestrowl::updatePreferencesAndWrite()
     writeSettings();
 }
 
+// Shown again, a window may lie behind Maya's.
 void Kestrowl::show()
 {
     QMainWindow::show();
@@ -192,7 +199,7 @@ void Kestrowl::show()
 void Kestrowl::hideEvent(QHideEvent *event)
 {
     QMainWindow::hideEvent(event);
-    if (event->spontaneous())
+    if (event->spontaneous()) // minimised by the window system, which sees to the rest
         return;
     for (QMenu *menu : menuBar()->findChildren<QMenu *>())
         menu->hideTearOffMenu();

@@ -23,26 +23,33 @@ class QShortcut;
 class QToolBar;
 
 // The editor's one window. It turns the user's commands into calls on the active document or into
-// signals; whoever owns the window carries those to Maya.
+// signals; whoever owns the window carries those to Maya, of which the window itself knows nothing.
+// Actions, menus, tool bars, shortcuts and docks are tables; what is here is what they call.
+// Closing it only hides it, and it lives until the plug-in is unloaded. For the GUI thread.
 class Kestrowl : public QMainWindow
 {
     Q_OBJECT
 
 public:
+    // Reads the settings file. The directories are those of Maya's user, with or without a
+    // separator at the end.
     Kestrowl(const QString &userScriptDirectory, const QString &userPreferencesDirectory,
              QWidget *parent = nullptr);
     ~Kestrowl() override;
 
+    // Never null; the window owns them all.
     QAction *action(Action id) const { return m_actions[id]; }
     EdCentralWidget *central() const { return m_central; }
     EdOutputView *outputView() const { return m_output; }
     QDockWidget *dock(Dock dock) const { return m_docks[dock]; }
 
-    // The settings file; writing it asks nothing.
+    // The settings file, in the user's preference directory; writing it asks nothing and reports no
+    // failure.
     QString settingsPath() const;
     void writeSettings();
 
 public slots:
+    // Brings the window to the front as well.
     void show();
     void about();
     void showLicenseDialog();
@@ -51,22 +58,30 @@ public slots:
     void newBuffer(int bufferType = -1);
     void newMelBuffer();
     void newPythonBuffer();
+    // Asks for a file.
     void open();
+    // A file of the project tree; nothing for a directory.
     void open(const QModelIndex &index);
     void open(const QString &path);
     void closeTab();
     void closeAllTabs();
     void closeAllTabsButActive();
+    // Hides the window.
     void closeEditor();
     void save();
     void saveAs();
+    // All files; buffers are left alone.
     void saveAll();
+    // Asks whether documents shall be saved with the settings, if any has changes.
     void saveSettings();
+    // The selection or else the whole text, under a label that is asked for; not plain text.
     void saveScriptToShelf();
+    // Asks for a MEL file.
     void sourceScript();
+    // Empty: only the program's name is left in the title.
     void setTitleBufferName(const QString &bufferName);
 
-    // Editing: the history when it has the focus, else the document.
+    // Editing: the history when it has the focus, which can only be copied, else the document.
     void cut();
     void copy();
     void paste();
@@ -76,7 +91,9 @@ public slots:
     void clearOutput();
     void clearEditor();
 
-    // Maya's switches. With updateWindowOnly, the window follows Maya and does not tell it.
+    // Maya's switches. With updateWindowOnly, the window follows Maya and does not tell it: what is
+    // set silently sends nothing back. Toggle is for the buttons of the tool bar, which have no
+    // state.
     void echoAllCommands(bool enable, bool updateWindowOnly = false);
     void echoAllCommandsToggle();
     void lineNumbersInErrors(bool enable, bool updateWindowOnly = false);
@@ -84,8 +101,12 @@ public slots:
     void suppressStackWindow(bool enable, bool updateWindowOnly = false);
     void overrideScriptEditorButton(bool enable);
 
+    // Executing hands a text to Maya, in the language of the document; plain text is not run. The
+    // first takes the selection, or everything without one.
     void execute();
+    // An empty script runs nothing.
     void execute(const QString &script);
+    // The caret's line, trimmed.
     void executeLine();
     void executeAll();
 
@@ -95,6 +116,7 @@ public slots:
     void showEndOfLine(bool enable);
     void wordWrap(bool enable);
     void editorVisibleChange(bool visible);
+    // These keep either the editor or the history in sight.
     void setEditorVisible(bool visible);
     void outputViewVisibleChange(bool visible);
     void showOutput();
@@ -102,6 +124,7 @@ public slots:
     void showBoth();
     void showAll();
     void setToolbarVisible(bool visible = true);
+    // Slots of the docks.
     void dockToggle(bool visible);
     void dockLocationChange();
     void updateVisibleDocks();
@@ -109,16 +132,19 @@ public slots:
 
     void appendOutputText(const QString &text);
     void setStatusText(const QString &text);
+    // Column and selection in UTF-16 units, 0-based; the line is not shown.
     void updateCursorStatus(int line, int column, int sel);
     void updateInsertOverwriteStatus();
 
     void melCommandReference();
     void pythonCommandReference();
     void nodeAndAttributeReference();
+    // Brings Quick Help to the front, unless it is hidden and that is to be left so.
     void updateAndShowQuickHelp(const QString &text, bool ignoreWhenHidden);
     void insertQuickHelpFlag(const QString &flag);
 
     void showPreferencesDialog();
+    // Takes changed preferences to whatever shows them.
     void updatePreferences();
     void updatePreferencesAndWrite();
 
@@ -141,6 +167,7 @@ signals:
 protected:
     void hideEvent(QHideEvent *event) override;
     void showEvent(QShowEvent *event) override;
+    // Keys that should have been a shortcut and were not.
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
@@ -156,18 +183,20 @@ private:
     void setOutputVisible(bool visible);
     void hideFloatingDocks();
     void showFloatingDocks();
+    // Null when no document is open.
     EdCodeView *currentView() const;
 
-    QString m_scriptDirectory;
+    QString m_scriptDirectory; // absolute
     QString m_preferencesDirectory;
-    QString m_lastOpenDirectory;
-    QString m_lastSourceDirectory;
+    QString m_lastOpenDirectory;   // where the file dialogs start
+    QString m_lastSourceDirectory; // or the file that was sourced last
 
     ActionSet m_actions;
     QList<QToolBar *> m_toolBars;
     QList<QShortcut *> m_shortcuts;
     StatusLabels m_statusLabels;
 
+    // All are children of the window or of its docks, and live as long as it.
     EdCentralWidget *m_central;
     EdExplorerView *m_explorer;
     EdOpenDocumentView *m_documents;
@@ -177,8 +206,8 @@ private:
     EdQuickHelpView *m_quickHelp;
 
     DockArray<QDockWidget *> m_docks;
-    DockArray<QByteArray> m_dockGeometry;
-    int m_visibleDocks = 0;
-    QList<QDockWidget *> m_docksPutAway; // floating ones, while the window is hidden
-    bool m_ignoresDocks = false;         // while they are hidden and shown with it
+    DockArray<QByteArray> m_dockGeometry; // as of the last change of a dock's place
+    int m_visibleDocks = 0;               // as visibleDockFlags() has them
+    QList<QDockWidget *> m_docksPutAway;  // floating ones, while the window is hidden
+    bool m_ignoresDocks = false;          // while they are hidden and shown with it
 };

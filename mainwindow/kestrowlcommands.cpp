@@ -18,6 +18,7 @@ EdCodeView *Kestrowl::currentView() const
     return m_central->currentCodeView();
 }
 
+// The dialog offers plain text as well, which has no number.
 void Kestrowl::newBuffer(int bufferType)
 {
     SourceType type = bufferType == 0 ? SourceType::Mel : SourceType::Python;
@@ -56,6 +57,7 @@ void Kestrowl::open(const QString &path)
     if (path.isEmpty())
         return;
     m_central->openFile(path);
+    // Also when that failed: the right file is likely to be beside it.
     m_lastOpenDirectory = QFileInfo(path).absolutePath();
 }
 
@@ -100,7 +102,7 @@ void Kestrowl::saveAll()
 
 void Kestrowl::saveSettings()
 {
-    SaveStateAnswer answer = SaveStateAnswer::SettingsOnly;
+    SaveStateAnswer answer = SaveStateAnswer::SettingsOnly; // without changes nothing is asked
     if (m_central->hasUnsavedContent())
         answer = askToSaveAll(this);
     if (answer == SaveStateAnswer::Cancelled)
@@ -113,6 +115,7 @@ void Kestrowl::saveSettings()
     writeSettings();
 }
 
+// Deliberate: the label is asked for first, even when there turns out to be nothing to save.
 void Kestrowl::saveScriptToShelf()
 {
     if (!currentView())
@@ -132,7 +135,7 @@ void Kestrowl::sourceScript()
         QFileDialog::getOpenFileName(this, tr("Source Script"), m_lastSourceDirectory);
     if (path.isEmpty())
         return;
-    m_lastSourceDirectory = path;
+    m_lastSourceDirectory = path; // the dialog then offers the same file again
     emit sourceScriptSelected(path);
 }
 
@@ -142,6 +145,8 @@ void Kestrowl::setTitleBufferName(const QString &bufferName)
     setWindowTitle(bufferName.isEmpty() ? program : bufferName + QLatin1String(" - ") + program);
 }
 
+// Cut and paste go nowhere while the history has the focus: doing them to a document that the user
+// does not look at would be a surprise.
 void Kestrowl::cut()
 {
     if (!m_output->hasFocus())
@@ -263,6 +268,7 @@ void Kestrowl::pythonCommandReference()
     emit commandHelpRequested(QString(), true);
 }
 
+// Not the page of a command, so the argument is that of Maya's showHelp.
 void Kestrowl::nodeAndAttributeReference()
 {
     emit showHelpRequested(QLatin1String("-docs \"Nodes/index.html\""));

@@ -15,6 +15,8 @@
 #include <QStatusBar>
 #include <QToolBar>
 
+// The actions are connected by triggered(), so setting a check mark here calls no slot.
+
 void Kestrowl::echoAllCommands(bool enable, bool updateWindowOnly)
 {
     action(Action::EchoAllCommands)->setChecked(enable);
@@ -46,11 +48,13 @@ void Kestrowl::showStackTrace(bool enable, bool updateWindowOnly)
 void Kestrowl::suppressStackWindow(bool enable, bool updateWindowOnly)
 {
     action(Action::SuppressStackWindow)->setChecked(enable);
+    // The settings file keeps it, not an option variable of Maya's.
     preferences().suppressStackWindow = enable;
     if (!updateWindowOnly)
         emit suppressStackWindowEnabled(enable);
 }
 
+// Taken over once however often this is asked for.
 void Kestrowl::overrideScriptEditorButton(bool enable)
 {
     emit scriptEditorOverrideChanged(enable);
@@ -94,6 +98,7 @@ void Kestrowl::editorVisibleChange(bool visible)
         setOutputVisible(true);
 }
 
+// Asks for the state itself: the signal is sent with false also when another tab covers the dock.
 void Kestrowl::outputViewVisibleChange(bool)
 {
     if (!m_ignoresDocks && isPutAway(m_docks[Dock::Output]) && isPutAway(m_central))
@@ -110,6 +115,7 @@ void Kestrowl::setOutputVisible(bool visible)
     m_docks[Dock::Output]->setVisible(visible);
 }
 
+// What is to be seen is shown first, so that the window is never empty in between.
 void Kestrowl::showOutput()
 {
     setOutputVisible(true);
@@ -144,6 +150,7 @@ void Kestrowl::setToolbarVisible(bool visible)
 // Brings a dock that was switched on to the front of those it is tabbed with.
 void Kestrowl::dockToggle(bool visible)
 {
+    // One slot for all docks: the sender says which one it was.
     for (QDockWidget *each : m_docks) {
         if (visible && sender() == each->toggleViewAction())
             each->raise();
@@ -156,6 +163,8 @@ void Kestrowl::dockLocationChange()
     saveDockWidgetGeometry();
 }
 
+// Floating docks are windows, which would stay on the screen without theirs. They are remembered,
+// and what their signals say meanwhile is no choice of the user's.
 void Kestrowl::hideFloatingDocks()
 {
     m_ignoresDocks = true;
@@ -184,6 +193,7 @@ void Kestrowl::updateVisibleDocks()
     m_visibleDocks = visibleDockFlags(m_docks);
 }
 
+// All of them: moving one dock moves others.
 void Kestrowl::saveDockWidgetGeometry()
 {
     for (int i = 0; i < dockCount; ++i) {
@@ -209,6 +219,7 @@ void Kestrowl::updateCursorStatus(int, int column, int sel)
     updateInsertOverwriteStatus();
 }
 
+// Without a document the mode is shown as inserting.
 void Kestrowl::updateInsertOverwriteStatus()
 {
     const EdCodeView *view = currentView();

@@ -9,15 +9,19 @@
 
 namespace {
 
+// A menu and its actions in their order.
 struct MenuRow
 {
     const char *title;
     std::vector<Action> contents;
 };
 
+// These two are told apart below by their address.
 const char viewTitle[] = "&View";
 const char helpTitle[] = "&Help";
 
+// Made when it is asked for: vectors at namespace level would be built whenever the library is
+// loaded.
 std::vector<MenuRow> menuRows()
 {
     using A = Action;
@@ -59,6 +63,7 @@ QMenu *createMenus(QMainWindow *window, const ActionSet &actions)
 {
     QMenu *viewMenu = nullptr;
     for (const MenuRow &row : menuRows()) {
+        // Some styles put what follows to the far end of the bar.
         if (row.title == helpTitle)
             window->menuBar()->addSeparator();
         QMenu *menu = window->menuBar()->addMenu(QString::fromLatin1(row.title));

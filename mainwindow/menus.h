@@ -5,5 +5,6 @@ class ActionSet;
 class QMainWindow;
 class QMenu;
 
-// Fills the window's menu bar. Returns the View menu, to which the docks add their actions.
+// Fills the window's menu bar, which owns the menus; every menu can be torn off. Returns the View
+// menu, to which the docks add their actions.
 QMenu *createMenus(QMainWindow *window, const ActionSet &actions);

@@ -8,6 +8,7 @@
 
 QList<QShortcut *> createShortcuts(QWidget *window)
 {
+    // Return and Enter are two keys: that of the letters and that of the keypad.
     const struct
     {
         const char *keys;
@@ -35,6 +36,7 @@ QList<QShortcut *> createShortcuts(QWidget *window)
 
 bool activateShortcut(const QList<QShortcut *> &shortcuts, const QKeyEvent &press)
 {
+    // Whether a key lies on the keypad is said by Enter itself.
     Qt::KeyboardModifiers modifiers = press.modifiers();
     modifiers &= ~Qt::KeypadModifier;
     const QKeySequence keys(press.key() | static_cast<int>(modifiers));

@@ -7,7 +7,8 @@ class QKeyEvent;
 class QShortcut;
 class QWidget;
 
-// Makes the window's shortcuts that belong to no action; the window owns them.
+// Makes the window's shortcuts that belong to no action, and connects them to its slots; the window
+// owns them.
 QList<QShortcut *> createShortcuts(QWidget *window);
 
 // Activates the shortcut whose keys were pressed and says whether there was one. For key presses

@@ -8,6 +8,7 @@
 
 namespace {
 
+// More digits make a label wider.
 QString widestText()
 {
     return QString::fromLatin1("        Col:99999");

@@ -10,6 +10,7 @@
 
 namespace {
 
+// The object name is what QMainWindow::saveState() knows a tool bar by.
 struct ToolBarRow
 {
     const char *title;
@@ -17,7 +18,7 @@ struct ToolBarRow
     std::vector<Action> contents;
 };
 
-const int iconSize = 20;
+const int iconSize = 20; // pixels, those of the icons in the resources
 
 } // namespace
 

@@ -3,6 +3,8 @@
 
 #include <QWidget>
 
+// A widget counts as hidden until it is shown for the first time; the attribute tells whether
+// anybody asked for that.
 bool isPutAway(const QWidget *part)
 {
     return part->isHidden() && part->testAttribute(Qt::WA_WState_ExplicitShowHide);

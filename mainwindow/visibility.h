@@ -5,6 +5,7 @@
 
 class QWidget;
 
+// Unlike isHidden(), false for a part that nobody has shown or hidden yet.
 bool isPutAway(const QWidget *part);
 
 // Does nothing when `part` is as wanted: each change lays the whole window out.
