@@ -57,6 +57,9 @@ _DEEPEST = 32  # variables that lead from one to the next through attributes and
 _LARGEST_FILE = 4 << 20
 _MOST_FILES = 64  # parsed files that are kept
 
+# A call of the parser costs more than a short statement, of which few are bad.
+_AT_ONCE = 32
+
 # What stands for the value of a variable, by the class of the syntax node.
 _LITERALS = {
     "List": [], "ListComp": [], "Tuple": (), "Dict": {}, "DictComp": {}, "Set": set(),
@@ -152,18 +155,25 @@ def _imports(source):
 
 
 def _well_formed(source):
-    """The top-level statements that parse on their own, if need be without their bad lines."""
-    return "\n".join(filter(None, map(_mended, _top_level_statements(source))))
+    """The top-level statements that parse, if need be without their bad lines."""
+    kept, statements = [], _top_level_statements(source)
+    for start in range(0, len(statements), _AT_ONCE):
+        group = statements[start:start + _AT_ONCE]
+        whole = "\n".join(group)
+        kept += [whole] if _parses(whole) else map(_mended, group)
+    return "\n".join(kept)
 
 
 def _mended(statement):
-    for text in (statement, _reduced(statement)):
-        try:
-            _parse(text)
-            return text
-        except Exception:
-            continue
-    return ""
+    return next((text for text in (statement, _reduced(statement)) if _parses(text)), "")
+
+
+def _parses(text):
+    try:
+        _parse(text)
+    except Exception:
+        return False
+    return True
 
 
 def _top_level_statements(source):
