@@ -49,7 +49,9 @@ _HOST_MODULES = (
 )
 
 _IDENTIFIER = _re.compile(r"[^\W\d]\w*$", _re.UNICODE)
-_COOKIE = _re.compile(br"^[ \t\f]*#.*?coding[:=][ \t]*([-\w.]+)")
+# On one of the first two lines.
+_COOKIE = _re.compile(
+    br"(?:[^\r\n]*(?:\r\n?|\n))??[ \t\f]*#[^\r\n]*?coding[:=][ \t]*([-\w.]+)")
 
 # Bounds that no sensible source reaches; beyond them there are no names rather than a long wait.
 _LONGEST_PATH = 64  # parts of a dotted name
@@ -102,8 +104,17 @@ def _text(source):
     if isinstance(source, bytes):
         source = source.decode("utf-8", "replace")
     # Halves of surrogate pairs can come from a text field; the parser refuses them.
-    data = source.encode("utf-8", "replace").replace(b"\r\n", b"\n").replace(b"\r", b"\n")
-    return data if str is bytes else data.decode("utf-8").lstrip(u"\ufeff")
+    data = source.lstrip(u"\ufeff").encode("utf-8", "replace")
+    data = data.replace(b"\r\n", b"\n").replace(b"\r", b"\n")
+    return _declared_as_utf8(data) if str is bytes else data.decode("utf-8")
+
+
+def _declared_as_utf8(data):
+    """Python 2 would decode the bytes as the source declares, but they are no longer in that."""
+    cookie = _COOKIE.match(data)
+    if not cookie:
+        return data
+    return data[:cookie.start(1)] + b"utf-8" + data[cookie.end(1):]
 
 
 def _parse(source):
@@ -206,11 +217,8 @@ def _read_source(path):
 def _encoding(data):
     if data.startswith(b"\xef\xbb\xbf"):
         return "utf-8-sig"
-    for line in _re.split(b"\r\n?|\n", data[:4096])[:2]:
-        cookie = _COOKIE.match(line)
-        if cookie:
-            return cookie.group(1).decode("ascii")
-    return "utf-8"
+    cookie = _COOKIE.match(data)
+    return cookie.group(1).decode("ascii") if cookie else "utf-8"
 
 
 # Live objects

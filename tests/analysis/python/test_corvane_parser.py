@@ -437,6 +437,13 @@ class EntryPoints(unittest.TestCase):
         self.assertTrue(message and " (" not in message)
         self.assertEqual(check(str("x = 1\ny = = 2\n"))[1], "2")
 
+    def test_a_declared_encoding_is_not_that_of_the_text_handed_over(self):
+        for cookie in ("latin-1", "shift_jis", "utf-16", "hex", "no-such-thing"):
+            source = "\ufeff#!python\r\n# -*- coding: %s -*-\r\nx = ''  # \u65e5\r\n" % cookie
+            text = source if PYTHON3 else source.encode("utf-8")
+            self.assertEqual(CorvaneParser.syntax_check(text), [], cookie)
+            self.assertEqual(CorvaneParser().parse_source(text, str("x")), complete("x = ''", "x"))
+
     def test_statements_run_among_the_names_of_the_script(self):
         run = CorvaneParser.exec_statement
         self.assertEqual(run(str("cv_probe = 41 + 1")), 1)
