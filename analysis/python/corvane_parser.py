@@ -313,16 +313,23 @@ def _normal(path):
     return _os.path.normcase(_os.path.realpath(path))
 
 
-def _is_own_archive(path):
-    """Whether the path is the zipped library of this interpreter, such as python27.zip."""
-    if _os.path.basename(path) != "python%d%d.zip" % _sys.version_info[:2]:
-        return False
-    folder = _os.path.join(_os.path.dirname(_normal(path)), "")
-    return _os.path.isfile(path) and any(
-        folder.startswith(_os.path.join(_normal(prefix), "")) for prefix in _prefixes())
+def _compiled_suffixes():
+    """The ends of the names of compiled modules, such as ".so" and ".pyd"."""
+    try:
+        from importlib.machinery import EXTENSION_SUFFIXES
+        return list(EXTENSION_SUFFIXES)
+    except ImportError:  # Python 2
+        import imp
+        return [suffix for suffix, _, kind in imp.get_suffixes() if kind == imp.C_EXTENSION]
+
+
+_MODULE_SUFFIXES = _compiled_suffixes() + [".py", ".pyc"]  # as the interpreter tries them
+_LIBRARY_ARCHIVES = ("python26.zip", "python27.zip", "python%d%d.zip" % _sys.version_info[:2])
 
 
 def _in_archive(path, name):
+    if not _zipfile.is_zipfile(path):
+        return False
     with _zipfile.ZipFile(path) as archive:
         entries = archive.namelist()
     starts = (name + ".py", name + "/__init__.py")
@@ -330,46 +337,52 @@ def _in_archive(path, name):
     return name not in ("this", "antigravity") and any(e.startswith(starts) for e in entries)
 
 
-def _is_compiled(folder, name):
-    """Whether the folder holds the module `name`, but no source of it."""
-    return any(
-        entry.split(".")[0] in (name, name + "module") and entry.endswith((".so", ".pyd", ".pyc"))
-        for entry in _os.listdir(folder))
+def _is_installed(path):
+    """Whether a file belongs to the interpreter's library or to a package installed into it."""
+    prefixes = tuple(_os.path.join(_normal(prefix), "") for prefix in _prefixes())
+    packages = [_normal(folder) for folder in _search_path()
+                if _os.path.basename(folder) in ("site-packages", "dist-packages")]
+    roots = _library_folders().union(one for one in packages if one.startswith(prefixes))
+    return _normal(path).startswith(tuple(_os.path.join(root, "") for root in roots))
 
 
-def _has_no_source(folder, name):
-    if folder.endswith(".zip"):
-        return _os.path.isfile(folder) and _in_archive(folder, name)
-    return _os.path.isdir(folder) and _is_compiled(folder, name)
+def _may_import(path, packages):
+    """Whether a module without a source may be imported, which alone tells what is in it.
 
-
-def _is_own(folder):
-    """Whether a folder or an archive belongs to the interpreter's own library."""
-    return _is_own_archive(folder) or _normal(folder) in _library_folders()
+    Its packages are imported too. Those are sources: none but installed ones may be run. And
+    compiled Python is as much the user's code as its source was.
+    """
+    needed = packages + [path] * path.endswith(".pyc")
+    return all(_is_installed(one) for one in needed if one)
 
 
 def _import_prefixes(parts):
     """Imports as much of the dotted name as is a module."""
-    for length in range(1, len(parts) + 1):
-        try:
-            __import__(".".join(parts[:length]))
-        except ImportError:
-            break
+    with _warnings.catch_warnings():
+        _warnings.simplefilter("ignore")
+        for length in range(1, len(parts) + 1):
+            try:
+                __import__(".".join(parts[:length]))
+            except ImportError:
+                break
 
 
 def _find(folders, name):
-    """Returns (source file or None, folders of its submodules) of a module, or None.
+    """Returns (file or None, folders of its submodules) of a module, or None.
 
     The folders are searched here: neither is the parent imported, nor are import hooks called.
     """
     portions = []
     for folder in folders:
+        if folder.endswith(_LIBRARY_ARCHIVES) and _in_archive(folder, name):
+            return folder, []
         path = _os.path.join(folder, name)
         package = _os.path.join(path, "__init__.py")
         if _os.path.isfile(package):
             return package, [path]
-        if _os.path.isfile(path + ".py"):
-            return path + ".py", []
+        for suffix in _MODULE_SUFFIXES:
+            if _os.path.isfile(path + suffix):
+                return path + suffix, []
         if str is not bytes and _os.path.isdir(path):
             portions.append(path)  # of a namespace package
     return (None, portions) if portions else None
@@ -972,37 +985,28 @@ class CorvaneParser(_ast.NodeVisitor):
 
     def _located_names(self, parts):
         """Names from the file of the longest prefix that is a module."""
-        folders, source, length = _search_path(), None, 0
+        folders, files, length = _search_path(), [None], 0
         for length, part in enumerate(parts):
             loaded = _sys.modules.get(".".join(parts[:length + 1]))
             if loaded is not None:
                 folders = _loaded_folders(loaded)
                 continue
-            if length == 0 and self._import_own(folders, parts):
-                return self._loaded_names(parts)
             found = _find(folders, part)
             if found is None:
                 break
-            source, folders = found
+            files.append(found[0])
+            folders = found[1]
+            if files[-1] and not files[-1].endswith(".py"):
+                return self._imported_names(parts, files)
         else:
             length = len(parts)
-        return self._file_names(source, parts, length) if source else []
+        return self._file_names(files[-1], parts, length) if files[-1] else []
 
-    def _import_own(self, folders, parts):
-        """Imports a module of the interpreter's library that has no source; tells if it did.
-
-        Compiled modules cannot be read, only imported. That runs their code, so it is done for
-        none but those of the interpreter's library: completion never runs a file of the user's.
-        One that comes first on the path would be the one to be imported, so it ends the search.
-        """
-        for folder in folders:
-            if _find([folder], parts[0]) is not None:
-                return False
-            if _has_no_source(folder, parts[0]):
-                if _is_own(folder):
-                    _import_prefixes(parts)
-                return _is_own(folder) and parts[0] in _sys.modules
-        return False
+    def _imported_names(self, parts, files):
+        if not _may_import(files[-1], files[:-1]):
+            return []
+        _import_prefixes(parts)
+        return self._loaded_names(parts)
 
     def _file_names(self, source, parts, length):
         is_package = _os.path.basename(source) == "__init__.py"

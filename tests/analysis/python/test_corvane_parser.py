@@ -5,6 +5,7 @@ from __future__ import unicode_literals
 
 import io
 import os
+import py_compile
 import random
 import shutil
 import sys
@@ -14,6 +15,7 @@ import threading
 import time
 import types
 import unittest
+import zipfile
 
 SCRIPT = os.path.join(os.path.dirname(os.path.abspath(__file__)),
                       "..", "..", "..", "analysis", "python", "corvane_parser.py")
@@ -305,11 +307,11 @@ class Modules(unittest.TestCase):
     def tearDown(self):
         self.assertFalse(os.path.exists(self.mark), "a file of the user's was run")
 
-    def write(self, path, text, encoding="utf-8", head=b""):
+    def write(self, path, text, encoding="utf-8", head=b"", harmless=False):
         path = os.path.join(self.folder, path)
         if not os.path.isdir(os.path.dirname(path)):
             os.makedirs(os.path.dirname(path))
-        text += "\nopen(%s, 'w')\n" % repr(str(self.mark))
+        text += "" if harmless else "\nopen(%s, 'w')\n" % repr(str(self.mark))
         with io.open(path, "wb") as file:
             file.write(head + text.encode(encoding))
 
@@ -360,18 +362,38 @@ class Modules(unittest.TestCase):
             self.write("cv_name.py", "caf\xe9 = 1\n", "latin-1", b"# vim: fileencoding=latin-1\r\n")
             self.assertEqual(self.names("cv_name"), ["caf\xe9"])
 
-    def test_compiled_modules_are_imported_from_the_library_alone(self):
-        own = self.unloaded_library_module()
-        if not own:
-            self.skipTest("every compiled module is part of the interpreter")
-        name, path = own
-        copy = os.path.join(self.folder, os.path.basename(path))
-        shutil.copy(path, copy)
-        self.assertEqual(self.names(name), [])
-        self.assertNotIn(name, sys.modules)
-        os.remove(copy)
-        self.assertEqual(self.names(name), dir(sys.modules[name]))
-        self.assertEqual(sys.modules[name].__file__, path)
+    def test_compiled_modules_are_imported(self):
+        name, file = self.unloaded_library_module()
+        installed = os.path.join(self.folder, "site-packages")
+        for path in ("", "cv_user", "site-packages/cv_installed"):
+            if path:
+                self.write(path + "/__init__.py", "", harmless=path != "cv_user")
+            shutil.copy(file, os.path.join(self.folder, path))
+        sys.path.insert(0, str(installed))
+        self.addCleanup(sys.path.remove, str(installed))
+        self.addCleanup(setattr, sys, "prefix", sys.prefix)
+        self.assertEqual(self.names("cv_user." + name), [])
+        self.assertEqual(self.names("cv_installed." + name), [])
+        sys.prefix = str(self.folder)
+        for module in (name, "cv_installed." + name):
+            self.assertEqual(self.names(module), dir(sys.modules[module]))
+            self.assertEqual(sys.modules[module].__file__[:len(self.folder)], self.folder)
+
+    def test_archives_of_the_library_are_imported(self):
+        archive = os.path.join(self.folder, "python27.zip")
+        for path in (archive, os.path.join(self.folder, "other.zip")):
+            with zipfile.ZipFile(path, "w") as file:
+                file.writestr(str("cv_zip_%s.py" % os.path.basename(path)[:5]), b"part = 1")
+            sys.path.insert(0, str(path))
+            self.addCleanup(sys.path.remove, str(path))
+        self.assertEqual(public(self.names("cv_zip_pytho")), ["part"])
+        self.assertEqual(self.names("cv_zip_other"), [])
+
+    def test_compiled_python_of_the_users_is_not_run(self):
+        self.write("cv_source.py", "x = 1")
+        py_compile.compile(os.path.join(self.folder, "cv_source.py"),
+                           os.path.join(self.folder, "cv_compiled.pyc"))
+        self.assertEqual(self.names("cv_compiled"), [])
 
     def unloaded_library_module(self):
         folder = next((f for f in sys.path if os.path.basename(f) in ("lib-dynload", "DLLs")), None)
@@ -380,7 +402,7 @@ class Modules(unittest.TestCase):
             if name.startswith(("_lsprof", "_multibytecodec", "_uuid", "_curses")):
                 if name not in sys.modules:
                     return name, os.path.join(folder, file)
-        return None
+        return self.skipTest("every compiled module is part of the interpreter")
 
     def test_loaded_objects_run_no_code_of_their_own(self):
         marked = []
