@@ -1,9 +1,10 @@
 # SPDX-License-Identifier: MIT
-"""Completion candidates, syntax checks and single statements for the editor.
+# Completion candidates, syntax checks and single statements for the editor.
+#
+# The same text runs in Python 2.7 and 3. It is executed in __main__, among the names of the user's
+# own scripts, and leaves nothing there but the names without an underscore; see _leave_main().
+_corvane_before = dict(globals())  # without any of the imports below
 
-The same text runs in Python 2.7 and 3. It is executed in __main__, among the names of the user's
-own scripts: hence the underscores of all names that are no part of its interface.
-"""
 import ast as _ast
 import functools as _functools
 import io as _io
@@ -558,6 +559,7 @@ class CorvaneParser(_ast.NodeVisitor):
     BUILTINS = BUILTINS
 
     initialized = False
+    _statement_names = globals()  # among which statements run
     _files = {}  # path -> (modification time, size, parser of the file)
     _lookups = {}  # path -> names, during one call of parse_module from outside
 
@@ -600,8 +602,8 @@ class CorvaneParser(_ast.NodeVisitor):
         self._visit_source(_text(source))
         self.process_parsed_data(obj)
         if not obj:
-            self.results += KEYWORDS if keywords else []
-            self.results += BUILTINS if builtins else []
+            self.results += self.KEYWORDS if keywords else []
+            self.results += self.BUILTINS if builtins else []
         return self.sorted_results()
 
     @staticmethod
@@ -618,7 +620,10 @@ class CorvaneParser(_ast.NodeVisitor):
     @_never_raises(int)
     def exec_statement(source):
         """Runs the statement among the names of this script; returns 1, or 0 when it raised."""
-        exec(source, globals())
+        with _warnings.catch_warnings():
+            _warnings.simplefilter("ignore")
+            code = compile(source, "<string>", "exec", 0, True)
+        exec(code, CorvaneParser._statement_names)
         return 1
 
     @_never_raises(list)
@@ -1035,3 +1040,22 @@ class CorvaneParser(_ast.NodeVisitor):
 
 
 _BUILTINS_MODULE = "__builtin__" if str is bytes else "builtins"
+
+
+def _leave_main():
+    """Runs this script again among names of its own and puts back those of the user's.
+
+    A script that the user executes may well have a function _find() of its own; were it to take
+    the place of the one above, completion would end without a word.
+    """
+    main, own = globals(), {"__name__": "corvane_parser"}
+    exec(_sys._getframe(1).f_code, own)
+    own["CorvaneParser"]._statement_names = main
+    before = main["_corvane_before"]
+    main.clear()
+    main.update(before)
+    main.update((name, value) for name, value in own.items() if not name.startswith("_"))
+
+
+if __name__ == "__main__":
+    _leave_main()

@@ -473,15 +473,23 @@ class EntryPoints(unittest.TestCase):
         for failing in ("1 / 0", "import sys; sys.exit()", "raise KeyboardInterrupt", "x ="):
             self.assertEqual(run(str(failing)), 0, failing)
 
-    def test_the_text_runs_in_a_namespace_of_the_users(self):
+    def test_the_names_of_the_user_and_of_the_script_are_apart(self):
         with io.open(SCRIPT, "rb") as file:
             text = file.read().decode("ascii")
-        names = {"__name__": "__main__"}
+        names = {"__name__": "__main__", "__doc__": "mine", "_re": 5, "_find": 6}
+        mine = dict(names)
         exec(compile(str(text), str("<string>"), "exec", 0, True), names)
-        names["CorvaneParser"].initialize()
-        self.assertEqual(names["CorvaneParser"]().parse_source(str("a = 1")), ["a"])
-        self.assertEqual(sorted(n for n in names if not n.startswith("_")), [
-            "BUILTINS", "CorvaneParser", "KEYWORDS", "ParsedClass", "ParsedFunction"])
+        interface = ["BUILTINS", "CorvaneParser", "KEYWORDS", "ParsedClass", "ParsedFunction"]
+        names.pop("__builtins__")
+        self.assertEqual(dict((n, names[n]) for n in names if n not in interface), mine)
+        self.assertEqual(sorted(set(names) - set(mine)), interface)
+        parser = names["CorvaneParser"]
+        for name in set(corvane_parser.__dict__) - set(["__builtins__"]):
+            names[name] = None
+        parser.initialize()
+        self.assertEqual(parser().parse_source(str("a = 1"), None, 1)[:2], ["a", "and"])
+        self.assertEqual(parser.exec_statement(str("cv_probe = 41 + 1")), 1)
+        self.assertEqual(names["cv_probe"], 42)
 
     def test_nothing_raises_on_damaged_sources(self):
         dice = random.Random(5)
