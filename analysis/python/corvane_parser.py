@@ -424,6 +424,8 @@ def _constant(node, kind):
 def _value(node):
     """Returns the [value, node type] that a variable is recorded with."""
     kind = type(node).__name__
+    if node is None:
+        return list(_UNKNOWN)
     if kind in _CONSTANTS:
         return _constant(node, kind)
     if kind in _LITERALS:
@@ -774,10 +776,21 @@ class CorvaneParser(_ast.NodeVisitor):
 
     def visit_ExceptHandler(self, node):
         self.generic_visit(node)
-        if isinstance(node.name, str):
+        if isinstance(node.name, str) and node.name != _LOCATOR:
             self._scope()[node.name] = list(_UNKNOWN)
-        else:  # Python 2
+        elif isinstance(node.name, _ast.AST):  # Python 2
             self._bind_unknown(node.name)
+
+    def visit_match_case(self, node):
+        self.generic_visit(node)
+        for part in _ast.walk(node.pattern):
+            name = getattr(part, "name", None) or getattr(part, "rest", None)
+            if name and name != _LOCATOR:
+                self._scope()[name] = list(_UNKNOWN)
+
+    def visit_TypeAlias(self, node):
+        self.generic_visit(node)
+        self._bind_unknown(node.name)
 
     # Where the visitor is
 
