@@ -14,7 +14,7 @@ const ScannerRules &rules()
         {"break",  "case",   "continue", "default", "do",     "else",  "false", "float", "for",
          "global", "if",     "in",       "int",     "matrix", "no",    "off",   "on",    "proc",
          "return", "string", "switch",   "true",    "vector", "while", "yes"},
-        EditorText::MelKeywords, EditorText::MelNumbers);
+        EditorText::MelNumbers);
     return melRules;
 }
 

@@ -17,7 +17,7 @@ const ScannerRules &rules()
          "def",    "del",   "elif",   "else", "except", "exec",   "finally", "for",   "from",
          "global", "if",    "import", "in",   "is",     "lambda", "not",     "or",    "pass",
          "print",  "raise", "return", "try",  "while",  "with",   "yield"},
-        EditorText::PythonKeywords, EditorText::PythonNumbers);
+        EditorText::PythonNumbers);
     return pythonRules;
 }
 

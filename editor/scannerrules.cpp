@@ -2,10 +2,8 @@
 #include "editor/scannerrules.h"
 
 ScannerRules::ScannerRules(const std::vector<Enclosure> &enclosures,
-                           const std::vector<std::string_view> &keywords,
-                           EditorText keywordCategory, EditorText numberCategory)
-    : m_enclosures(enclosures), m_keywords(keywords), m_keywordCategory(keywordCategory),
-      m_numberCategory(numberCategory)
+                           const std::vector<std::string_view> &keywords, EditorText numberCategory)
+    : m_enclosures(enclosures), m_keywords(keywords), m_numberCategory(numberCategory)
 {
     for (ushort unit = 0; unit < 0x80; ++unit) {
         if (isNameUnit(unit))

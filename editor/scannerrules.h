@@ -28,15 +28,13 @@ class ScannerRules
 public:
     // The longer of two enclosures that begin alike comes first; the keywords are sorted.
     ScannerRules(const std::vector<Enclosure> &enclosures,
-                 const std::vector<std::string_view> &keywords, EditorText keywordCategory,
-                 EditorText numberCategory);
+                 const std::vector<std::string_view> &keywords, EditorText numberCategory);
 
     // Opener: of an enclosure, perhaps. Foreign: beyond ASCII.
     enum UnitKind : unsigned char { Other, Name, Bracket, Opener, Foreign };
 
     // What the scan asks of every unit of code, hence a table.
     UnitKind kindOf(ushort unit) const { return unit < 0x80 ? m_kinds[unit] : Foreign; }
-    EditorText keywordCategory() const { return m_keywordCategory; }
     EditorText numberCategory() const { return m_numberCategory; }
 
     // The one in which a line with this state ends; null when it ends in code.
@@ -51,7 +49,6 @@ private:
 
     std::vector<Enclosure> m_enclosures;
     std::vector<std::string_view> m_keywords;
-    EditorText m_keywordCategory;
     EditorText m_numberCategory;
     // By the unit with which it begins: those with "d" are m_firstKeyword['d'] up to, not
     // including, m_firstKeyword['d' + 1]. A byte holds the index, since no language has 256 of
