@@ -47,12 +47,4 @@ QIcon icon(const QString &path)
     return result;
 }
 
-void enableHighDensityPixmaps()
-{
-#if QT_VERSION >= QT_VERSION_CHECK(5, 6, 0) && QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
-    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
-    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
-#endif
-}
-
 } // namespace compat

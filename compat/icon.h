@@ -10,8 +10,4 @@ namespace compat {
 // only; an icon without pixels when there is no such file. Needs the application object.
 QIcon icon(const QString &path);
 
-// Asks for sharp pixmaps on screens of high density; to be called before the application object
-// is made. Does nothing where it is always so, or never.
-void enableHighDensityPixmaps();
-
 } // namespace compat
