@@ -41,7 +41,7 @@ Kestrowl::Kestrowl(const QString &userScriptDirectory, const QString &userPrefer
                    QWidget *parent)
     : QMainWindow(parent), m_scriptDirectory(QDir(userScriptDirectory).absolutePath()),
       m_preferencesDirectory(userPreferencesDirectory), m_lastOpenDirectory(m_scriptDirectory),
-      m_lastSourceDirectory(m_scriptDirectory), m_central(new EdCentralWidget(this))
+      m_lastSourcePath(m_scriptDirectory), m_central(new EdCentralWidget(this))
 {
     // The order matters: icons need resources, docks the View menu, connections both ends, and
     // settings everything that they set.

@@ -188,8 +188,8 @@ private:
 
     QString m_scriptDirectory; // absolute
     QString m_preferencesDirectory;
-    QString m_lastOpenDirectory;   // where the file dialogs start
-    QString m_lastSourceDirectory; // or the file that was sourced last
+    QString m_lastOpenDirectory; // where the Open File dialog starts
+    QString m_lastSourcePath;    // where Source Script starts: a directory, later the last file
 
     ActionSet m_actions;
     QList<QToolBar *> m_toolBars;

@@ -131,11 +131,10 @@ void Kestrowl::saveScriptToShelf()
 
 void Kestrowl::sourceScript()
 {
-    const QString path =
-        QFileDialog::getOpenFileName(this, tr("Source Script"), m_lastSourceDirectory);
+    const QString path = QFileDialog::getOpenFileName(this, tr("Source Script"), m_lastSourcePath);
     if (path.isEmpty())
         return;
-    m_lastSourceDirectory = path; // the dialog then offers the same file again
+    m_lastSourcePath = path; // the dialog then offers the same file again
     emit sourceScriptSelected(path);
 }
 
