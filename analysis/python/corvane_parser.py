@@ -584,6 +584,7 @@ class CorvaneParser(_ast.NodeVisitor):
         self.function_index = -1
         self._classes_by_name = {}
         self._imported_paths = []
+        self._local_variables = {}
         self._lines_that_matter = (0, float("inf"))
 
     # Entry points
@@ -659,6 +660,8 @@ class CorvaneParser(_ast.NodeVisitor):
 
     def visit_Module(self, node):
         self._visit_statements(node.body)
+        # Last, since a module's variable may be bound below the function that has one of its own.
+        self.variables.update(self._local_variables)
 
     def _visit_statements(self, statements):
         # Not by recursion: a long chain of elif is deeply nested for the parser.
@@ -843,7 +846,7 @@ class CorvaneParser(_ast.NodeVisitor):
     def _locate(self):
         self._locate_here()
         if self.function_index >= 0:
-            self.variables.update(self._scope())
+            self._local_variables.update(self._scope())
 
     def _locate_argument(self):
         self._locate_here()

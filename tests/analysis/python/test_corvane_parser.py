@@ -249,6 +249,7 @@ class Candidates(unittest.TestCase):
                 ("a = b\nb = c\nc = []\n", "a", items), ("a = b\nb = a\n", "a", []),
                 ("a = a\n", "a", []), ("a = a.b\n", "a", []), ("a = b.c\nb = a.c\n", "a", []),
                 ("class A(object): x = A.x\n", "A.x", []), ("a = 1\n", "a", public(dir(1))),
+                ("def f():\n a = ''\n ^\na = 1\n", "a", text),
                 ("a = {}\n", "a", public(dir({}))), ("a = (1,)\n", "a", public(dir(()))),
                 ("a = 1\na = ''\n", "a", []), ("a = dict()\n", "a", public(dir({})))]
         for drawing, obj, expected in rows:
