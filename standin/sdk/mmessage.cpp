@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
+#include <maya/MCommandMessage.h>
+
 #include "standin/sdk/convert.h"
 #include "standin/sdk/hostaccess.h"
 #include "standin/sdk/hostservices.h"
 #include "standin/sdk/standinaccess.h"
 
 #include <maya/MCallbackIdArray.h>
-#include <maya/MCommandMessage.h>
 
 #include <algorithm>
 #include <exception>

@@ -6,7 +6,6 @@
 namespace standin {
 
 struct Element;
-class UserInterface;
 
 // A shelf's buttons as a script, "shelf_NAME.mel", whose procedure shelf_NAME makes them again.
 QString shelfScript(const Element &shelf);

@@ -67,18 +67,11 @@ void applyTheme(QApplication &application)
                               "QToolTip { padding: 2px; }");
 }
 
-QColor windowColor()
-{
-    return QColor(0xff444444);
-}
-QColor fieldColor()
-{
-    return QColor(0xff2b2b2b);
-}
 QColor errorColor()
 {
     return QColor(0xffb03a3a);
 }
+
 QColor warningColor()
 {
     return QColor(0xffc9962b);
