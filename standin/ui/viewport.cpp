@@ -12,14 +12,15 @@ namespace {
 const int gridHalf = 12;        // units from the middle to the border
 const double cameraHeight = 9;  // above the ground, in units
 const double cameraBack = 24;   // from the middle of the grid
-const double cameraTurn = 0.48; // cosine and sine of the view's turn, roughly 29 degrees
-const double cameraTurnCosine = 0.877;
+// Of the view's turn, roughly 29 degrees.
+const double turnSine = 0.48;
+const double turnCosine = 0.877;
 
 // A point of the ground as a camera in front of it and above sees it.
 QPointF projected(double x, double z, const QSize &size)
 {
-    const double across = x * cameraTurnCosine - z * cameraTurn;
-    const double depth = x * cameraTurn + z * cameraTurnCosine + cameraBack;
+    const double across = x * turnCosine - z * turnSine;
+    const double depth = x * turnSine + z * turnCosine + cameraBack;
     const double scale = size.height() * 1.1 / depth;
     return QPointF(size.width() / 2.0 + across * scale,
                    size.height() * 0.22 + cameraHeight * scale);
