@@ -4,6 +4,7 @@
 #include "standin/host/plugincommands.h"
 #include "standin/host/searchpath.h"
 #include "standin/host/sharedlibrary.h"
+#include "standin/host/utf8.h"
 #include "standin/mel/command.h"
 #include "standin/sdk/hostaccess.h"
 #include "standin/sdk/hostservices.h"
@@ -48,24 +49,14 @@ const char mangledParameter[] =
 const char mangledParameter[] = "7MObject";
 #endif
 
-QString qString(const std::string &text)
-{
-    return QString::fromUtf8(text.data(), static_cast<int>(text.size()));
-}
-
-std::string utf8(const QString &text)
-{
-    return std::string(text.toUtf8().constData());
-}
-
 [[noreturn]] void fail(const QString &text)
 {
-    throw mel::RuntimeError(utf8(text));
+    throw mel::RuntimeError(toUtf8(text));
 }
 
 QString inParentheses(const PluginRecord &record)
 {
-    return QString(" (%1)").arg(qString(record.name));
+    return QString(" (%1)").arg(toQt(record.name));
 }
 
 // The entry point by its plain name, as with C linkage, or else by its mangled one.
@@ -139,9 +130,9 @@ void PluginLoader::loadOrThrow(const QString &nameOrFile)
     // Names decide which commands and callbacks belong together, so they are unique.
     auto owner = std::make_unique<Plugin>();
     Plugin &plugin = *owner;
-    plugin.record.path = utf8(path);
-    plugin.record.name = utf8(QFileInfo(path).completeBaseName());
-    if (loaded(qString(plugin.record.name)))
+    plugin.record.path = toUtf8(path);
+    plugin.record.name = toUtf8(QFileInfo(path).completeBaseName());
+    if (loaded(toQt(plugin.record.name)))
         fail("A plug-in of the same name is loaded already" + inParentheses(plugin.record));
     try {
         open(plugin);
@@ -150,7 +141,8 @@ void PluginLoader::loadOrThrow(const QString &nameOrFile)
         run(plugin.initialize, plugin.record);
     } catch (const mel::RuntimeError &) {
         close(plugin);
-        m_host.output(mel::MessageKind::Warning, utf8("Could not load " + path + " as a plug-in"));
+        m_host.output(mel::MessageKind::Warning,
+                      toUtf8("Could not load " + path + " as a plug-in"));
         throw;
     }
 }
@@ -159,8 +151,8 @@ void PluginLoader::loadOrThrow(const QString &nameOrFile)
 void PluginLoader::open(Plugin &plugin) const
 {
     QString problem;
-    if (!plugin.library.open(qString(plugin.record.path), problem))
-        fail("Unable to dynamically load : " + qString(plugin.record.path) + "\n" + problem);
+    if (!plugin.library.open(toQt(plugin.record.path), problem))
+        fail("Unable to dynamically load : " + toQt(plugin.record.path) + "\n" + problem);
     // Before the entry points, which may be mangled differently in another release.
     const char *version = static_cast<const char *>(plugin.library.symbol("MApiVersion"));
     if (version && std::strncmp(version, apiVersion, sizeof apiVersion) != 0) {
@@ -211,7 +203,7 @@ void PluginLoader::removeLeftovers(const Plugin &plugin)
 {
     const auto report = [&](const QString &what) {
         const QString text = QString("Plug-in, \"%1\", left %2 behind; it has been removed.");
-        m_host.output(mel::MessageKind::Error, utf8(text.arg(qString(plugin.record.name), what)));
+        m_host.output(mel::MessageKind::Error, toUtf8(text.arg(toQt(plugin.record.name), what)));
     };
     for (const LiveCallback &callback : liveCallbacks()) {
         if (!plugin.library.contains(callback.function))
@@ -221,7 +213,7 @@ void PluginLoader::removeLeftovers(const Plugin &plugin)
     }
     for (const std::string &command : m_commands.namesOf(plugin.record.path)) {
         m_host.deregisterCommand(command);
-        report(QString("the command \"%1\"").arg(qString(command)));
+        report(QString("the command \"%1\"").arg(toQt(command)));
     }
 }
 
@@ -241,11 +233,11 @@ void PluginLoader::close(const Plugin &plugin)
 PluginLoader::Plugin *PluginLoader::loaded(const QString &nameOrFile) const
 {
     const QString name = QFileInfo(nameOrFile).completeBaseName();
-    const std::string path = utf8(pluginFile(nameOrFile, m_folders));
+    const std::string path = toUtf8(pluginFile(nameOrFile, m_folders));
     const bool isFile = nameOrFile.contains('/');
     for (const std::unique_ptr<Plugin> &plugin : m_plugins) {
         const PluginRecord &record = plugin->record;
-        const bool hasName = record.name == utf8(nameOrFile) || record.name == utf8(name);
+        const bool hasName = record.name == toUtf8(nameOrFile) || record.name == toUtf8(name);
         if (record.path == path || (hasName && !isFile))
             return plugin.get();
     }
@@ -256,7 +248,7 @@ QStringList PluginLoader::names() const
 {
     QStringList all;
     for (const std::unique_ptr<Plugin> &plugin : m_plugins)
-        all << qString(plugin->record.name);
+        all << toQt(plugin->record.name);
     return all;
 }
 

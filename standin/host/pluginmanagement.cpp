@@ -3,11 +3,11 @@
 #include "standin/host/plugincommands.h"
 #include "standin/host/pluginloader.h"
 #include "standin/host/session.h"
+#include "standin/host/utf8.h"
 #include "standin/sdk/pluginrecord.h"
 
 #include <maya/MTypes.h>
 
-#include <QString>
 #include <QStringList>
 
 namespace standin {
@@ -18,18 +18,13 @@ mel::StringArray utf8List(const QStringList &texts)
 {
     mel::StringArray list;
     for (const QString &text : texts)
-        list.push_back(text.toUtf8().constData());
+        list.push_back(toUtf8(text));
     return list;
-}
-
-QString qString(const std::string &text)
-{
-    return QString::fromUtf8(text.c_str());
 }
 
 const PluginRecord &required(const PluginLoader &plugins, const std::string &name)
 {
-    const PluginRecord *record = plugins.find(qString(name));
+    const PluginRecord *record = plugins.find(toQt(name));
     if (!record)
         throw mel::RuntimeError("Plug-in, \"" + name + "\", is not loaded.");
     return *record;
@@ -42,7 +37,7 @@ mel::Value forEach(const mel::Call &call, PluginLoader &plugins, Action action)
 {
     call.objectText(0); // there has to be one
     for (const std::string &name : call.objectTexts())
-        (plugins.*action)(qString(name));
+        (plugins.*action)(toQt(name));
     return call.objectTexts();
 }
 
@@ -52,7 +47,7 @@ mel::Value info(const mel::Call &call, const Session &session, const PluginLoade
     if (call.isSet("listPlugins"))
         return utf8List(plugins.names());
     if (call.isSet("loaded"))
-        return plugins.find(qString(call.objectText(0))) ? 1 : 0;
+        return plugins.find(toQt(call.objectText(0))) ? 1 : 0;
     const PluginRecord &record = required(plugins, call.objectText(0));
     if (call.isSet("command"))
         return session.pluginCommands().namesOf(record.path);

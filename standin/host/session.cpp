@@ -8,6 +8,7 @@
 #include "standin/host/pluginloader.h"
 #include "standin/host/scriptjobs.h"
 #include "standin/host/searchpath.h"
+#include "standin/host/utf8.h"
 #include "standin/sdk/hostaccess.h"
 
 #include <QDir>
@@ -20,11 +21,6 @@
 namespace standin {
 
 namespace {
-
-QString qString(const std::string &text)
-{
-    return QString::fromUtf8(text.data(), static_cast<int>(text.size()));
-}
 
 // Where plug-ins are looked up by name besides the search path: the user's folder first.
 QStringList pluginFolders(const SessionOptions &options)
@@ -197,9 +193,9 @@ void Session::runUserSetup()
     if (m_parts->python)
         executePython("__import__('maya.utils').utils._runUserSetup()", false);
     for (const std::string &folder : scriptPath()) {
-        const QString file = QDir(qString(folder)).filePath("userSetup.mel");
+        const QString file = QDir(toQt(folder)).filePath("userSetup.mel");
         if (QFileInfo(file).isFile()) {
-            sourceFile(file.toUtf8().constData());
+            sourceFile(toUtf8(file));
             return;
         }
     }
@@ -267,17 +263,16 @@ void Session::output(mel::MessageKind kind, const std::string &text)
     // Python's threads print, but callbacks and widgets belong to the main thread.
     if (QThread::currentThread() != thread()) {
         QMetaObject::invokeMethod(this, "deliver", Qt::QueuedConnection,
-                                  Q_ARG(int, static_cast<int>(kind)),
-                                  Q_ARG(QString, qString(text)));
+                                  Q_ARG(int, static_cast<int>(kind)), Q_ARG(QString, toQt(text)));
         return;
     }
     m_parts->errorSeen = m_parts->errorSeen || kind == mel::MessageKind::Error;
-    emit messageArrived(static_cast<int>(kind), qString(text));
+    emit messageArrived(static_cast<int>(kind), toQt(text));
     if (!isHiddenByFilter(kind, text)) {
         const std::string shown = history().shown(kind, text);
         history().append(shown);
         if (!shown.empty())
-            emit historyGrew(qString(shown));
+            emit historyGrew(toQt(shown));
     }
     dispatchOutput(kind, text);
 }
@@ -289,8 +284,7 @@ std::string Session::scriptPlace() const
 
 void Session::deliver(int kind, const QString &text)
 {
-    const QByteArray bytes = text.toUtf8();
-    output(static_cast<mel::MessageKind>(kind), std::string(bytes.constData(), bytes.size()));
+    output(static_cast<mel::MessageKind>(kind), toUtf8(text));
 }
 
 mel::Outcome Session::executeMel(const std::string &text, bool display)
@@ -349,14 +343,14 @@ std::vector<std::string> Session::scriptPath() const
                                 << readModules().scripts;
     std::vector<std::string> path;
     for (const QString &folder : folders)
-        path.push_back(folder.toUtf8().constData());
+        path.push_back(toUtf8(folder));
     return path;
 }
 
 // What follows is the API libraries' way in; the work is done by the parts.
 bool Session::hasPlugin(const std::string &name) const
 {
-    return m_parts->loader->names().contains(qString(name));
+    return m_parts->loader->names().contains(toQt(name));
 }
 
 bool Session::registerCommand(const PluginCommand &command)

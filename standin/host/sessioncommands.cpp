@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "standin/host/hostcommands.h"
 #include "standin/host/session.h"
+#include "standin/host/utf8.h"
 
 #include <maya/MGlobal.h>
 
@@ -43,12 +44,12 @@ struct Question
 // A folder of the user, in UTF-8.
 std::string folder(const Session &session, const char *name)
 {
-    return session.userFolder(name).toUtf8().constData();
+    return toUtf8(session.userFolder(name));
 }
 
 std::string currentTime(const char *format)
 {
-    return QDateTime::currentDateTime().toString(QLatin1String(format)).toUtf8().constData();
+    return toUtf8(QDateTime::currentDateTime().toString(QLatin1String(format)));
 }
 
 const Question aboutTable[] = {
@@ -84,9 +85,7 @@ const Question folderTable[] = {
     {"ush", "userShelfDir",
      [](const Session &s) -> mel::Value { return folder(s, "prefs/shelves"); }},
     {"utd", "userTmpDir",
-     [](const Session &) -> mel::Value {
-         return std::string((QDir::tempPath() + "/").toUtf8().constData());
-     }},
+     [](const Session &) -> mel::Value { return toUtf8(QDir::tempPath() + "/"); }},
     {"uwd", "userWorkspaceDir",
      [](const Session &s) -> mel::Value { return folder(s, "projects"); }},
 };

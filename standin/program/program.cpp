@@ -4,12 +4,12 @@
 #include "standin/host/idlequeue.h"
 #include "standin/host/pluginloader.h"
 #include "standin/host/session.h"
+#include "standin/host/utf8.h"
 #include "standin/program/editorsteps.h"
 #include "standin/program/locations.h"
 #include "standin/python/python.h"
 #include "standin/ui/mainwindow.h"
 #include "standin/ui/userinterface.h"
-#include "standin/ui/utf8.h"
 
 #include <QApplication>
 #include <QFile>

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "standin/ui/interfacecommands.h"
 
+#include "standin/host/utf8.h"
 #include "standin/ui/elementtype.h"
 #include "standin/ui/icons.h"
 #include "standin/ui/userinterface.h"
-#include "standin/ui/utf8.h"
 
 #include <QCheckBox>
 #include <QFrame>

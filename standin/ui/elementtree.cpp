@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "standin/ui/elementtree.h"
 
+#include "standin/host/utf8.h"
 #include "standin/mel/command.h"
-#include "standin/ui/utf8.h"
 
 #include <QAction>
 #include <QMenu>

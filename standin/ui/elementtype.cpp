@@ -2,9 +2,9 @@
 #include "standin/ui/elementtype.h"
 
 #include "standin/host/session.h"
+#include "standin/host/utf8.h"
 #include "standin/ui/placement.h"
 #include "standin/ui/userinterface.h"
-#include "standin/ui/utf8.h"
 
 #include <QWidget>
 

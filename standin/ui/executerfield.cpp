@@ -2,8 +2,8 @@
 #include "standin/ui/executerfield.h"
 
 #include "standin/host/session.h"
+#include "standin/host/utf8.h"
 #include "standin/ui/fonts.h"
-#include "standin/ui/utf8.h"
 
 #include <QKeyEvent>
 #include <QTextCursor>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "standin/ui/interfacelibrary.h"
 
+#include "standin/host/utf8.h"
 #include "standin/mel/interpreter.h"
-#include "standin/ui/utf8.h"
 
 #include <QFile>
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "standin/ui/placement.h"
 
+#include "standin/host/utf8.h"
 #include "standin/mel/command.h"
 #include "standin/ui/mainwindow.h"
 #include "standin/ui/userinterface.h"
-#include "standin/ui/utf8.h"
 
 #include <QBoxLayout>
 #include <QMainWindow>

@@ -2,9 +2,9 @@
 #include "standin/ui/reporterfield.h"
 
 #include "standin/host/session.h"
+#include "standin/host/utf8.h"
 #include "standin/ui/fonts.h"
 #include "standin/ui/userinterface.h"
-#include "standin/ui/utf8.h"
 
 #include <QScrollBar>
 #include <QTextCursor>

@@ -2,11 +2,11 @@
 #include "standin/ui/interfacecommands.h"
 
 #include "standin/host/session.h"
+#include "standin/host/utf8.h"
 #include "standin/ui/elementtype.h"
 #include "standin/ui/executerfield.h"
 #include "standin/ui/reporterfield.h"
 #include "standin/ui/userinterface.h"
-#include "standin/ui/utf8.h"
 
 #include <QFile>
 #include <QTextCursor>

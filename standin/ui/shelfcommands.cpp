@@ -2,12 +2,12 @@
 #include "standin/ui/interfacecommands.h"
 
 #include "standin/host/session.h"
+#include "standin/host/utf8.h"
 #include "standin/ui/elementtype.h"
 #include "standin/ui/flowlayout.h"
 #include "standin/ui/icons.h"
 #include "standin/ui/shelffile.h"
 #include "standin/ui/userinterface.h"
-#include "standin/ui/utf8.h"
 
 #include <QTabWidget>
 #include <QToolButton>

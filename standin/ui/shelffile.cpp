@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "standin/ui/shelffile.h"
 
+#include "standin/host/utf8.h"
 #include "standin/ui/elementtree.h"
-#include "standin/ui/utf8.h"
 
 #include <QFile>
 #include <QWidget>

@@ -3,13 +3,13 @@
 
 #include "standin/host/scriptjobs.h"
 #include "standin/host/session.h"
+#include "standin/host/utf8.h"
 #include "standin/ui/commandline.h"
 #include "standin/ui/interfacecommands.h"
 #include "standin/ui/interfacelibrary.h"
 #include "standin/ui/interruptwatch.h"
 #include "standin/ui/mainwindow.h"
 #include "standin/ui/scripteditorwindow.h"
-#include "standin/ui/utf8.h"
 
 #include <QAction>
 #include <QDir>

@@ -2,10 +2,10 @@
 #include "standin/ui/interfacecommands.h"
 
 #include "standin/host/session.h"
+#include "standin/host/utf8.h"
 #include "standin/ui/elementtype.h"
 #include "standin/ui/scriptwindow.h"
 #include "standin/ui/userinterface.h"
-#include "standin/ui/utf8.h"
 
 namespace standin {
 
