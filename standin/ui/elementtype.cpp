@@ -16,13 +16,20 @@ using mel::ArgumentKind;
 using mel::RuntimeError;
 using mel::Value;
 
-Element &target(UserInterface &ui, const ElementType &type, const mel::Call &call)
+// The element of that name if it is one that the command can change; else null.
+Element *findFor(UserInterface &ui, const ElementType &type, const std::string &name)
 {
-    const std::string name = call.objectText(0);
     Element *element = ui.tree().find(name);
     const bool isAccepted =
         element && (type.accepts ? type.accepts(*element) : element->type == type.command);
-    if (!isAccepted)
+    return isAccepted ? element : nullptr;
+}
+
+Element &target(UserInterface &ui, const ElementType &type, const mel::Call &call)
+{
+    const std::string name = call.objectText(0);
+    Element *element = findFor(ui, type, name);
+    if (!element)
         throw RuntimeError("Object '" + name + "' not found.");
     return *element;
 }
@@ -51,14 +58,6 @@ Value ask(UserInterface &ui, const ElementType &type, const Element &element, co
     throw RuntimeError("No flag to query on call to " + call.command + ".");
 }
 
-int exists(UserInterface &ui, const ElementType &type, const std::string &name)
-{
-    const Element *element = ui.tree().find(name);
-    if (!element)
-        return 0;
-    return (type.accepts ? type.accepts(*element) : element->type == type.command) ? 1 : 0;
-}
-
 Value create(UserInterface &ui, const ElementType &type, const mel::Call &call)
 {
     if (!type.create)
@@ -82,9 +81,10 @@ Value create(UserInterface &ui, const ElementType &type, const mel::Call &call)
 
 Value run(UserInterface &ui, const ElementType &type, const mel::Call &call)
 {
-    if (call.isSet("exists"))
-        return exists(ui, type,
-                      call.text("exists", call.objects.empty() ? "" : call.objectText(0)));
+    if (call.isSet("exists")) {
+        const std::string object = call.objects.empty() ? "" : call.objectText(0);
+        return findFor(ui, type, call.text("exists", object)) ? 1 : 0;
+    }
     if (call.query)
         return ask(ui, type, target(ui, type, call), call);
     if (!call.edit)
