@@ -68,9 +68,17 @@ QAction *Element::action() const
     return menu() ? menu()->menuAction() : qobject_cast<QAction *>(object);
 }
 
-ElementTree::Children &ElementTree::siblings(const Element *parent)
+std::vector<std::string> Element::childNames() const
 {
-    return parent ? const_cast<Element *>(parent)->children : m_windows;
+    std::vector<std::string> names;
+    for (const std::unique_ptr<Element> &child : children)
+        names.push_back(child->name);
+    return names;
+}
+
+ElementTree::Children &ElementTree::siblings(Element *parent)
+{
+    return parent ? parent->children : m_windows;
 }
 
 bool ElementTree::isTaken(const std::string &name, const Element *parent)

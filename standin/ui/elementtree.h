@@ -33,6 +33,7 @@ struct Element
     QWidget *widget() const;
     QMenu *menu() const; // of menus and of items with a submenu
     QAction *action() const;
+    std::vector<std::string> childNames() const; // in the order of creation
 };
 
 // All named things, with windows as roots. An element goes when its object is destroyed, and the
@@ -74,7 +75,7 @@ private slots:
 private:
     using Children = std::vector<std::unique_ptr<Element>>;
 
-    Children &siblings(const Element *parent);
+    Children &siblings(Element *parent);
     bool isTaken(const std::string &name, const Element *parent);
     std::string freeName(const std::string &type);
     void unregister(const Element &element);

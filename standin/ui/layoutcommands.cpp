@@ -95,12 +95,7 @@ const Attributes attachments = {
 const Attributes contents = {
     {{"ca", "childArray"},
      nullptr,
-     [](const Element &e, UserInterface &) -> Value {
-         mel::StringArray names;
-         for (const auto &child : e.children)
-             names.push_back(child->name);
-         return names;
-     }},
+     [](const Element &e, UserInterface &) -> Value { return e.childNames(); }},
     {{"nch", "numberOfChildren"},
      nullptr,
      [](const Element &e, UserInterface &) -> Value { return int(e.children.size()); }},

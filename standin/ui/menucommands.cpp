@@ -43,14 +43,6 @@ Value label(const Element &element, UserInterface &)
     return element.text("label");
 }
 
-Value itemNames(const Element &element, UserInterface &)
-{
-    mel::StringArray names;
-    for (const auto &child : element.children)
-        names.push_back(child->name);
-    return names;
-}
-
 void setTearOff(Element &element, const Argument &given)
 {
     if (QMenu *menu = element.menu())
@@ -71,7 +63,9 @@ const Attributes labels = {
 };
 
 const Attributes contents = {
-    {{"ia", "itemArray"}, nullptr, itemNames},
+    {{"ia", "itemArray"},
+     nullptr,
+     [](const Element &e, UserInterface &) -> Value { return e.childNames(); }},
     {{"ni", "numberOfItems"},
      nullptr,
      [](const Element &e, UserInterface &) -> Value { return int(e.children.size()); }},

@@ -71,18 +71,12 @@ const Attributes tabAttributes = {
      [](Element &e, const Argument &given) {
          tabs(e)->setTabText(given.number(0) - 1, given.text(1));
      }},
-    {{"ca", "childArray"},
-     nullptr,
-     [](const Element &e, UserInterface &) -> Value {
-         mel::StringArray names;
-         for (const auto &child : e.children)
-             names.push_back(child->name);
-         return names;
-     }},
 };
 
-const Attributes shelfContents = {
-    {{"ca", "childArray"}, nullptr, tabAttributes.back().get},
+const Attributes contents = {
+    {{"ca", "childArray"},
+     nullptr,
+     [](const Element &e, UserInterface &) -> Value { return e.childNames(); }},
 };
 
 // The label stands below the icon; an overlay label, which is short, is shown in its place.
@@ -127,8 +121,12 @@ const std::vector<ElementType> &shelfTypes()
 {
     static const Attributes &all = widgetAttributes();
     static const std::vector<ElementType> types = {
-        {"shelfTabLayout", ElementKind::Layout, makeTabs, nullptr, {&tabAttributes, &all}},
-        {"shelfLayout", ElementKind::Layout, makeShelf, nullptr, {&shelfContents, &all}},
+        {"shelfTabLayout",
+         ElementKind::Layout,
+         makeTabs,
+         nullptr,
+         {&tabAttributes, &contents, &all}},
+        {"shelfLayout", ElementKind::Layout, makeShelf, nullptr, {&contents, &all}},
         {"shelfButton",
          ElementKind::Control,
          makeShelfButton,
