@@ -25,6 +25,7 @@ void IdleQueue::add(std::function<void()> work, mel::IdlePriority priority,
         return;
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
+        // Numbers only grow, so within one priority the map's order is the order of adding.
         m_entries[Key(priority, m_added++)] = Entry{std::move(work), melText};
     }
     // A timer can only be started by the thread it lives in.
@@ -72,6 +73,7 @@ void IdleQueue::runPass()
         // The work may open an event loop of its own, in which the rest has its turn.
         if (!isEmpty())
             startTimer();
+        // Without the lock, and out of the map already: the work may add to the queue.
         entry.work();
     }
     if (!isEmpty())
@@ -82,6 +84,8 @@ void IdleQueue::runPass()
 bool IdleQueue::takeBefore(std::uint64_t end, Entry &entry)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
+    // The map begins with the highest priority; newer entries wait for the next pass whatever
+    // theirs.
     const auto isOld = [end](const auto &item) { return item.first.second < end; };
     const auto first = std::find_if(m_entries.begin(), m_entries.end(), isOld);
     if (first == m_entries.end())

@@ -28,6 +28,7 @@ const Setter setters[] = {
     {"sva", "stringValueAppend", ArgumentKind::String, true},
 };
 
+// A name may be given as any value: a number becomes its text.
 std::string textOf(const mel::Value &value)
 {
     const std::string *text = std::get_if<std::string>(&value);
@@ -60,14 +61,17 @@ mel::Value run(const mel::Call &call, OptionVars &vars)
 {
     if (call.query)
         return queried(vars, call.objectText(0));
+    // The flags that answer something come first: with one of them, nothing is changed.
     if (call.isSet("exists"))
         return vars.exists(call.text("exists")) ? 1 : 0;
     if (call.isSet("arraySize"))
         return sizeOf(vars.value(call.text("arraySize")));
     if (call.isSet("list"))
         return vars.names();
+    // Removing before setting, in whatever order the flags stand.
     for (const mel::Call::FlagUse *use : call.findAll("remove"))
         vars.remove(textOf(use->arguments.at(0)));
+    // An empty array cannot be stored, so clearing removes.
     for (const mel::Call::FlagUse *use : call.findAll("clearArray"))
         vars.remove(textOf(use->arguments.at(0)));
     for (const Setter &setter : setters) {

@@ -123,6 +123,7 @@ private:
             word += m_text.at(m_position++);
     }
 
+    // The text may end before the quote does, in a damaged file: then the word ends there too.
     void readQuoted(std::string &word)
     {
         for (++m_position; m_position < m_text.size() && at() != '"'; ++m_position) {
@@ -138,6 +139,7 @@ private:
         ++m_position;
     }
 
+    // Owned, since the file is read in one go and closed.
     const QByteArray m_text;
     int m_position = 0;
 };
@@ -161,6 +163,7 @@ std::optional<mel::Value> readValue(char type, const std::string &word)
 template <class Item>
 void appendItem(mel::Value &value, const Item &item)
 {
+    // A first element, or another type than before: scripts that change their mind start anew.
     if (!std::holds_alternative<std::vector<Item>>(value))
         value = std::vector<Item>();
     std::get<std::vector<Item>>(value).push_back(item);
@@ -239,6 +242,7 @@ void OptionVars::load()
         else if (value)
             set(name, *value);
     }
+    // Reading is no change.
     m_changed = false;
 }
 

@@ -11,7 +11,8 @@
 
 namespace standin {
 
-// Named values that survive the session: int, float, string and arrays of these.
+// Named values that survive the session: int, float, string and arrays of these. Owned by the
+// session, which saves them when it quits. Names are free text in UTF-8; main thread only.
 class OptionVars
 {
 public:
@@ -23,9 +24,11 @@ public:
     mel::Value value(const std::string &name) const; // void when absent
     std::vector<std::string> names() const;          // sorted
 
+    // Replaces a value of any type.
     void set(const std::string &name, const mel::Value &value);
     // Adds one element; anything but an array of the element's type is replaced.
     void append(const std::string &name, const mel::Value &element);
+    // False when there was none.
     bool remove(const std::string &name);
 
     // Writes the file if anything has changed since it was read; false when that fails.
@@ -37,7 +40,7 @@ private:
 
     QString m_fileName;
     std::map<std::string, mel::Value> m_values;
-    bool m_changed = false;
+    bool m_changed = false; // since the file was read or written
 };
 
 } // namespace standin

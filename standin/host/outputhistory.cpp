@@ -46,6 +46,8 @@ std::string OutputHistory::shown(mel::MessageKind kind, const std::string &text)
     const std::string mark = m_language == Language::Python ? "#" : "//";
     const std::string sign = mark + " ";
     if (m_closingMarks)
+        // The old form marks no further lines, and its closing mark ends in a blank as its opening
+        // one does.
         return sign + headingOf(kind) + text + " " + sign + "\n";
     return sign + headingOf(kind) + withHeadedLines(text, sign) + "\n";
 }

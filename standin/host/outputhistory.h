@@ -10,7 +10,8 @@ namespace standin {
 enum class Language { Mel, Python };
 
 // What the script editor of the host shows: every message of the session with its heading and
-// closing mark, in the comment form of the language that ran last.
+// closing mark, in the comment form of the language that ran last. It only keeps text: views get
+// what is new from the session. In UTF-8, without limit, for the length of the session.
 class OutputHistory
 {
 public:
@@ -29,15 +30,18 @@ public:
     // its further lines are headed by the comment sign.
     explicit OutputHistory(bool closingMarks) : m_closingMarks(closingMarks) {}
 
+    // Set by the session around every text it runs.
     Language language() const { return m_language; }
     void setLanguage(Language language) { m_language = language; }
     Suppressed &suppressed() { return m_suppressed; }
 
     // The message as it is shown now, line break included; empty when its kind is suppressed.
     std::string shown(mel::MessageKind kind, const std::string &text) const;
+    // Takes what shown() has given.
     void append(const std::string &shownText);
 
     const std::string &text() const { return m_text; }
+    // The file keeps what it has.
     void clear() { m_text.clear(); }
 
     // While writing is on, everything appended goes to the end of the file too.

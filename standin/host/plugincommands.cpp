@@ -24,6 +24,7 @@ mel::Value run(const PluginCommand &command, const mel::Call &call)
 
 bool PluginCommands::add(const PluginCommand &command)
 {
+    // Kept by the function itself, so that a command that unregisters itself runs to its end.
     const auto shared = std::make_shared<const PluginCommand>(command);
     mel::Command entry;
     entry.name = command.name;
@@ -41,6 +42,7 @@ bool PluginCommands::add(const PluginCommand &command)
 
 bool PluginCommands::remove(const std::string &name)
 {
+    // In this order: a command of the host's has no owner and is left alone.
     return m_owners.erase(name) > 0 && m_interpreter.removeCommand(name);
 }
 

@@ -10,16 +10,20 @@
 
 namespace standin {
 
-// The commands that plug-ins have added to the interpreter.
+// The commands that plug-ins have added to the interpreter. Only these can be removed again: a
+// plug-in cannot take away a command of the host's. The interpreter has to outlive it.
 class PluginCommands
 {
 public:
     explicit PluginCommands(mel::Interpreter &interpreter) : m_interpreter(interpreter) {}
 
     // False when the name is taken.
+    // The command's code stays the plug-in's, so it has to be removed before the plug-in is
+    // unmapped.
     bool add(const PluginCommand &command);
     // False when no plug-in has added such a command.
     bool remove(const std::string &name);
+    // Sorted. By path, since a plug-in may change its name.
     std::vector<std::string> namesOf(const std::string &pluginPath) const;
 
 private:

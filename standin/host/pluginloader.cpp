@@ -37,6 +37,7 @@ struct PluginLoader::Plugin
 
 namespace {
 
+// In two steps, for # takes its argument unexpanded.
 #define STANDIN_QUOTED(word) #word
 #define STANDIN_TEXT(macro) STANDIN_QUOTED(macro)
 const char apiVersion[] = STANDIN_TEXT(MAYA_API_VERSION);
@@ -62,6 +63,7 @@ QString inParentheses(const PluginRecord &record)
 // The entry point by its plain name, as with C linkage, or else by its mangled one.
 EntryPoint entryPoint(SharedLibrary &library, const char *name, const PluginRecord &record)
 {
+    // Itanium rules: the length of the name, the name, the types of the parameters.
     const std::string mangled = "_Z" + std::to_string(std::strlen(name)) + name + mangledParameter;
     void *address = library.symbol(name);
     if (!address)
@@ -76,6 +78,7 @@ EntryPoint entryPoint(SharedLibrary &library, const char *name, const PluginReco
 // Runs an entry point; throws when it fails or lets an exception escape.
 void run(EntryPoint function, PluginRecord &record)
 {
+    // An entry point is foreign code; nothing it throws may pass through the interpreter.
     MStatus status;
     try {
         status = function(pluginObject(record));
@@ -122,6 +125,7 @@ bool PluginLoader::reporting(void (PluginLoader::*action)(const QString &),
 
 void PluginLoader::loadOrThrow(const QString &nameOrFile)
 {
+    // Deliberate: no error, since scripts load what they need without asking.
     if (loaded(nameOrFile))
         return;
     const QString path = pluginFile(nameOrFile, m_folders);
@@ -161,8 +165,10 @@ void PluginLoader::open(Plugin &plugin) const
             QString("The plug-in was built for API version %1; this is %2").arg(built, apiVersion) +
             inParentheses(plugin.record));
     }
+    // Both are wanted, though only one is needed now: a plug-in that cannot be unloaded is none.
     plugin.initialize = entryPoint(plugin.library, "initializePlugin", plugin.record);
     plugin.uninitialize = entryPoint(plugin.library, "uninitializePlugin", plugin.record);
+    // Last, so that a library that is no plug-in at all fails for its entry points.
     if (!version)
         fail("MApiVersion could not be found in plug-in" + inParentheses(plugin.record));
 }
@@ -174,15 +180,19 @@ void PluginLoader::unloadOrThrow(const QString &nameOrFile)
     Plugin *plugin = loaded(nameOrFile);
     if (!plugin)
         fail(QString("Plug-in, \"%1\", is not loaded.").arg(nameOrFile));
+    // Unmapping would leave the stack pointing into nothing.
     if (plugin->library.isOnStack())
         fail(QString("Plug-in, \"%1\", cannot be unloaded because it is still in use.")
                  .arg(nameOrFile));
+    // Throws when the plug-in refuses; it stays loaded then.
     run(plugin->uninitialize, plugin->record);
     close(*plugin);
 }
 
 void PluginLoader::unloadAll()
 {
+    // Backwards, since a later plug-in may use an earlier one. By name: unloading shortens the
+    // list.
     const QStringList all = names();
     for (int i = all.size() - 1; i >= 0; --i)
         unload(all.at(i));
@@ -194,6 +204,8 @@ void PluginLoader::unloadAll()
 void PluginLoader::leaveMapped()
 {
     for (const std::unique_ptr<Plugin> &plugin : m_plugins)
+        // At the end of the program nothing is gained by unmapping, and something may still point
+        // there.
         plugin->library.keepMapped();
     m_plugins.clear();
 }
@@ -206,6 +218,7 @@ void PluginLoader::removeLeftovers(const Plugin &plugin)
         m_host.output(mel::MessageKind::Error, toUtf8(text.arg(toQt(plugin.record.name), what)));
     };
     for (const LiveCallback &callback : liveCallbacks()) {
+        // By address, for a callback does not say whose it is.
         if (!plugin.library.contains(callback.function))
             continue;
         MMessage::removeCallback(callback.id);

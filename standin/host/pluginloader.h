@@ -14,7 +14,9 @@ class HostServices;
 class PluginCommands;
 struct PluginRecord;
 
-// The plug-ins of a session: finds, loads, initialises and unloads them.
+// The plug-ins of a session: finds, loads, initialises and unloads them. A library stays mapped
+// from load() to unload(); nothing of it may be used afterwards, so what it leaves behind is
+// removed and reported. Main thread only; a plug-in being loaded may load others.
 class PluginLoader
 {
 public:
@@ -44,15 +46,20 @@ public:
 private:
     struct Plugin;
 
+    // Null when it is not.
     Plugin *loaded(const QString &nameOrFile) const;
     void open(Plugin &plugin) const;
+    // Callbacks and commands that the plug-in's own clean-up has left.
     void removeLeftovers(const Plugin &plugin);
+    // Takes the plug-in off the list and unmaps it, so the reference may be dead afterwards.
     void close(const Plugin &plugin);
     bool reporting(void (PluginLoader::*action)(const QString &), const QString &nameOrFile);
 
+    // Both outlive the loader.
     HostServices &m_host;
     const PluginCommands &m_commands;
     const QStringList m_folders;
+    // In the order of loading. By pointer: entry points keep the address of their record.
     std::vector<std::unique_ptr<Plugin>> m_plugins;
 };
 

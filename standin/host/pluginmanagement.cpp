@@ -46,6 +46,7 @@ mel::Value info(const mel::Call &call, const Session &session, const PluginLoade
 {
     if (call.isSet("listPlugins"))
         return utf8List(plugins.names());
+    // The one question that may be asked about any name.
     if (call.isSet("loaded"))
         return plugins.find(toQt(call.objectText(0))) ? 1 : 0;
     const PluginRecord &record = required(plugins, call.objectText(0));
@@ -86,10 +87,12 @@ mel::Command actionCommand(const char *name, Session &session, Action action)
 void addPluginManagement(Session &session)
 {
     mel::Command load = actionCommand("loadPlugin", session, &PluginLoader::loadOrThrow);
+    // Accepted for scripts that give it; what goes wrong is reported all the same.
     load.flags = {{"qt", "quiet"}};
     session.mel().addCommand(load);
 
     mel::Command unload = actionCommand("unloadPlugin", session, &PluginLoader::unloadOrThrow);
+    // The same: a plug-in whose code is running is not unloaded even by force.
     unload.flags = {{"f", "force"}};
     session.mel().addCommand(unload);
 

@@ -7,7 +7,9 @@
 
 namespace standin {
 
-// The embedded Python as the session sees it; absent when the host was built without one.
+// The embedded Python as the session sees it; absent when the host was built without one. An
+// interface, so that the host is built without Python's headers. Main thread only but for
+// interrupt(). Texts are UTF-8.
 class PythonEngine
 {
 public:

@@ -51,6 +51,7 @@ void edit(const mel::Call &call, OutputHistory &history, std::string &input)
     }
     if (call.isSet("historyFilename"))
         history.setFileName(call.text("historyFilename"));
+    // After a new name, so that the flag is about that file. It may not exist, which is no error.
     if (call.isSet("clearHistoryFile"))
         std::remove(history.fileName().c_str());
     if (call.isSet("writeHistory"))

@@ -57,6 +57,7 @@ ScriptJobs::Job jobFrom(const mel::Call &call)
     job.parent = call.text("parent");
     job.protectedFromKill = call.isSet("protected");
     job.permanent = call.isSet("permanent");
+    // The only switch of these with a value, "-runOnce true".
     job.runOnce = call.boolean("runOnce");
     return job;
 }
@@ -112,6 +113,7 @@ void addScriptJobCommand(Session &session)
         {"pro", "protected"},
         {"ro", "runOnce", {ArgumentKind::Boolean}},
     };
+    // The name, then the script: "-event idle foo".
     for (const TriggerFlag &flag : namedTriggers)
         command.flags.push_back(
             {flag.shortName, flag.longName, {ArgumentKind::String, ArgumentKind::Script}});

@@ -114,6 +114,7 @@ std::string description(int number, const ScriptJobs::Job &job)
         text += quoted("-runOnce");
     if (!job.parent.empty())
         text += quoted("-parent") + quoted(job.parent);
+    // In the order of Trigger.
     static const char *const triggerFlags[] = {"-event", "-conditionTrue", "-attributeChange",
                                                "-idleEvent"};
     text += quoted(triggerFlags[static_cast<int>(job.trigger)]);
@@ -167,6 +168,7 @@ void ScriptJobs::killChildrenOf(const std::string &parent)
     const std::map<int, Job> all = m_jobs;
     for (const auto &[number, job] : all) {
         if (!parent.empty() && job.parent == parent)
+            // Even permanent ones: their place in the interface is gone.
             m_jobs.erase(number);
     }
 }
@@ -199,6 +201,7 @@ void ScriptJobs::runNow(const std::string &event)
 void ScriptJobs::runIdleJobs()
 {
     const std::vector<int> numbers = numbersFor(Trigger::Idle);
+    // Stopped here and not by kill(), which need not know what kind of job goes.
     if (numbers.empty())
         m_idleTimer->stop();
     for (const int number : numbers)
@@ -223,6 +226,7 @@ void ScriptJobs::run(int number)
         return;
     found->second.waiting = false;
     const Job job = found->second; // its script may remove it from the list
+    // Before its script, which may ask whether the job exists.
     if (job.runOnce)
         m_jobs.erase(found);
     m_session.executeMel(job.script, false);

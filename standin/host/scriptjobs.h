@@ -36,12 +36,15 @@ public:
 
     explicit ScriptJobs(Session &session);
 
+    // Those that a script may wait for, whether or not they ever happen here.
     static std::vector<std::string> eventNames(); // sorted
 
-    int add(const Job &job); // the job's number, never 0
+    // The job's number, never 0 and never given again. Not checked: an unknown event never comes.
+    int add(const Job &job);
     bool exists(int number) const { return m_jobs.count(number) > 0; }
     // False when the number is unknown, or the job is protected and not forced, or permanent.
     bool kill(int number, bool force);
+    // Without force the protected ones stay; the permanent ones stay anyway.
     void killAll(bool force);
     // The jobs of an interface element that has been deleted.
     void killChildrenOf(const std::string &parent);
@@ -57,12 +60,14 @@ private slots:
     void runIdleJobs();
 
 private:
+    // In the order of adding; numbers and not jobs, which may be gone when their turn comes.
     std::vector<int> numbersFor(Trigger trigger, const std::string &subject = {}) const;
     void run(int number);
 
     Session &m_session;
     std::map<int, Job> m_jobs;
     int m_lastNumber = 0;
+    // Runs only while there are idle jobs.
     QTimer *m_idleTimer;
 };
 

@@ -12,6 +12,7 @@ namespace standin {
 
 namespace {
 
+// The platform as module files spell it, which is not how "about -operatingSystem" does.
 #if defined(_WIN32)
 const char listSeparator = ';';
 const char platform[] = "win64";
@@ -36,6 +37,7 @@ bool conditionHolds(const QString &condition)
     return key == "PLATFORM" ? value == platform : key == "LOCALE";
 }
 
+// Known keys only: on Windows a path has a colon as well.
 bool isCondition(const QString &word)
 {
     const QString key = word.section(':', 0, 0);
@@ -73,6 +75,7 @@ private:
     void readVariable(const QString &line);
 
     const QDir m_folder;
+    // Whether the module being read is in force; false before the first heading.
     bool m_applies = false;
     QString m_plugins;
     QString m_scripts;
@@ -81,6 +84,7 @@ private:
 
 void ModuleReader::readLine(const QString &line)
 {
+    // The mark asks for subfolders too, which are not looked for.
     const QString text = line.startsWith("[r] ") ? line.mid(4) : line;
     if (text.startsWith('+'))
         readHeading(text.mid(1).simplified());
@@ -129,6 +133,7 @@ void ModuleReader::readHeading(const QString &line)
 
 void ModuleReader::finish()
 {
+    // Only now, since lines after the heading may move the folders.
     if (m_applies) {
         const QDir root(QDir::cleanPath(m_root));
         folders.plugins << QDir::cleanPath(root.absoluteFilePath(m_plugins));
@@ -148,6 +153,7 @@ QString withParts(const QString &list, const QString &added)
 {
     QStringList parts = list.split(listSeparator);
     parts << added.split(listSeparator);
+    // Empty parts come from an empty list.
     parts.removeAll(QString());
     parts.removeDuplicates();
     return parts.join(QString(listSeparator));

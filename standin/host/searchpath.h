@@ -8,7 +8,7 @@
 
 namespace standin {
 
-// An environment variable as a module file asks for it.
+// An environment variable as a module file asks for it; a path in it is a full one already.
 struct ModuleVariable
 {
     QString name;
@@ -24,11 +24,13 @@ struct ModuleFolders
     std::vector<ModuleVariable> variables;
 };
 
-// A list of folders in an environment variable, separated as the platform does.
+// A list of folders in an environment variable, separated as the platform does. Clean paths, empty
+// parts left out; whether the folders exist is not looked at.
 QStringList foldersInEnvironment(const char *variable);
 
-// Reads every file in the folders of MAYA_MODULE_PATH. Modules whose conditions (release,
-// platform) do not hold are left out.
+// Reads every file in the folders of MAYA_MODULE_PATH, whatever its suffix, in the order of the
+// folders and of their names. Modules whose conditions (release, platform) do not hold are left
+// out, and lines that make no sense are skipped without a word.
 ModuleFolders readModules();
 // One module file's text; relative paths start at `folder`, where the file lies.
 ModuleFolders parseModules(const QString &text, const QString &folder);
@@ -36,8 +38,9 @@ ModuleFolders parseModules(const QString &text, const QString &folder);
 // Sets the environment variables of the modules. Doing it again changes nothing.
 void applyModuleVariables();
 
-// The file of a plug-in given by file or by name, empty when there is none. Names are looked up in
-// MAYA_PLUG_IN_PATH, in `folders` and in the modules.
+// The file of a plug-in given by file or by name, empty when there is none. A name may lack the
+// platform's suffix. It is looked up in MAYA_PLUG_IN_PATH, in `folders` and in the modules; a file
+// is given with a slash in it, so that a folder's contents cannot pass for one by chance.
 QString pluginFile(const QString &nameOrFile, const QStringList &folders = QStringList());
 
 } // namespace standin

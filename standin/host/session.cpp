@@ -76,7 +76,7 @@ struct Session::Parts
     std::unique_ptr<PythonEngine> python;
     InterfaceLookup *lookup = nullptr;
     std::function<bool()> interruptCheck;
-    int runningTexts = 0;
+    int runningTexts = 0; // nested within each other
     bool errorSeen = false;
     bool hasQuit = false;
 };
@@ -85,6 +85,7 @@ Session::Session(const SessionOptions &options) : m_parts(std::make_unique<Parts
 {
     // Numbers are read and written with a point, whatever the user's locale.
     std::setlocale(LC_NUMERIC, "C");
+    // From here on the API works, before anything that a plug-in or a script could call.
     setHostServices(this);
     applyModuleVariables(); // the search paths among them
     // In place only now, for the interpreter may call back at once.
@@ -108,6 +109,7 @@ Session::~Session()
     else
         plugins().leaveMapped();
     optionVars().save();
+    // While the API still works: what scripts do at exit may use it.
     m_parts->python.reset();
     setHostServices(nullptr);
 }
@@ -205,7 +207,9 @@ void Session::quit()
 {
     if (m_parts->hasQuit)
         return;
+    // First: a quit job may let events in, and with them a second request.
     m_parts->hasQuit = true;
+    // While windows, plug-ins and interpreters are all there.
     scriptJobs().runNow("quitApplication");
     if (m_parts->options.unloadsAtQuit)
         plugins().unloadAll();
@@ -217,6 +221,7 @@ void Session::quit()
 void Session::saveUserFiles()
 {
     optionVars().save();
+    // The shelves are the interface library's, so a session without windows has no such procedure.
     if (interfaceLookup() && mel().hasProcedure("saveAllShelves"))
         executeMel("global string $gShelfTopLevel; saveAllShelves($gShelfTopLevel);", false);
 }
@@ -236,6 +241,7 @@ void Session::emitQuitRequested(int exitStatus)
 
 void Session::interrupt()
 {
+    // Both, since either may run inside the other.
     mel().interrupt();
     if (m_parts->python)
         m_parts->python->interrupt();
@@ -266,7 +272,9 @@ void Session::output(mel::MessageKind kind, const std::string &text)
                                   Q_ARG(int, static_cast<int>(kind)), Q_ARG(QString, toQt(text)));
         return;
     }
+    // Counted even if nobody is shown the message: the exit status tells of it.
     m_parts->errorSeen = m_parts->errorSeen || kind == mel::MessageKind::Error;
+    // Before the filters, for the log and the command line show everything.
     emit messageArrived(static_cast<int>(kind), toQt(text));
     if (!isHiddenByFilter(kind, text)) {
         const std::string shown = history().shown(kind, text);
@@ -305,6 +313,7 @@ mel::Outcome Session::executePython(const std::string &text, bool display)
 
 void Session::executeMelOnIdle(const std::string &text, bool display)
 {
+    // By value: the text outlives the call.
     idleQueue().add([=] { executeMel(text, display); }, mel::IdlePriority::Normal, text);
 }
 

@@ -36,6 +36,9 @@ struct SessionOptions
 // One running host without its windows: interpreters, idle queue, option variables, script jobs,
 // plug-ins, and the one function that every message passes. One at a time, main thread only unless
 // said otherwise.
+//
+// The order of a life: the session, setPython(), runUserSetup(), the interface with setInterface(),
+// plug-ins, quit(); the interface goes before the session.
 class Session : public QObject, public mel::Host, public HostServices
 {
     Q_OBJECT
@@ -45,6 +48,7 @@ public:
     ~Session() override;
 
     const SessionOptions &options() const;
+    // The parts live exactly as long as the session.
     mel::Interpreter &mel();
     IdleQueue &idleQueue();
     OptionVars &optionVars();
@@ -53,6 +57,7 @@ public:
     const PluginCommands &pluginCommands() const;
     ScriptJobs &scriptJobs();
 
+    // Takes the engine, which may be null; Python's commands fail without one.
     void setPython(std::unique_ptr<PythonEngine> engine);
     void setInterface(InterfaceLookup *lookup); // not owned
 

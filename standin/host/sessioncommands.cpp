@@ -23,6 +23,7 @@ const char operatingSystem[] = "mac";
 const char operatingSystem[] = "linux64";
 #endif
 
+// The language has no truth values, so the answers are 1 and 0.
 mel::Value isSystem(const char *name)
 {
     return std::string(operatingSystem) == name ? 1 : 0;
@@ -63,6 +64,7 @@ const Question aboutTable[] = {
     {"mac", "macOS", [](const Session &) { return isSystem("mac"); }},
     {"nt", "ntOS", [](const Session &) { return isSystem("win64"); }},
     {"os", "operatingSystem", [](const Session &) -> mel::Value { return operatingSystem; }},
+    // Deliberate: not the application's name, so that a script can tell the two apart.
     {"p", "product", [](const Session &) -> mel::Value { return "Maya stand-in"; }},
     {"qt", "qtVersion", [](const Session &) -> mel::Value { return qVersion(); }},
     {"uil", "uiLanguage", [](const Session &) -> mel::Value { return "en_US"; }},
@@ -104,6 +106,7 @@ void addQuestions(Session &session, const char *name, const Question (&table)[co
             if (call.isSet(row.longName))
                 return row.answer(session);
         }
+        // As for a command without arguments that wants one.
         throw mel::RuntimeError("Wrong number of arguments on call to " + call.command + ".");
     };
     session.mel().addCommand(command);
@@ -136,6 +139,8 @@ void addQuit(Session &session)
     mel::Command command;
     command.name = "quit";
     command.flags = {{"a", "abort"}, {"ec", "exitCode", {ArgumentKind::Int}}, {"f", "force"}};
+    // Returns at once; the script that quits runs to its end. The flags -abort and -force are
+    // accepted and change nothing: there is no scene whose changes could be lost.
     command.run = [&session](mel::Call &call) -> mel::Value {
         session.requestQuit(call.integer("exitCode"));
         return {};

@@ -44,6 +44,8 @@ SharedLibrary::~SharedLibrary()
 
 bool SharedLibrary::open(const QString &fileName, QString &problem)
 {
+    // All symbols now, so that a missing one is reported here and not by a crash later; and none of
+    // them for libraries loaded after it, for plug-ins may define the same names.
     m_handle = dlopen(QFile::encodeName(fileName).constData(), RTLD_NOW | RTLD_LOCAL);
     if (!m_handle)
         problem = QString::fromLocal8Bit(dlerror());

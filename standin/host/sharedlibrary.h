@@ -5,7 +5,8 @@
 
 namespace standin {
 
-// A dynamic library, unloaded with this object.
+// A dynamic library, unloaded with this object. Knows which addresses lie in it, which is how the
+// host tells what belongs to a plug-in.
 class SharedLibrary
 {
 public:
