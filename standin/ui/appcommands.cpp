@@ -32,6 +32,7 @@ Value showHelp(UserInterface &ui, const mel::Call &call)
                                       MQtUtil::toQString(MGlobal::mayaVersion()) +
                                       "/ENU/Maya-Tech-Docs/";
     const QString page = toQt(call.objects.empty() ? "index.html" : call.objectText(0));
+    // -docs gives a path below the documentation's root, a bare object a topic to look up.
     if (call.isSet("absolute"))
         ui.showDocumentation(page);
     else if (call.isSet("docs") || call.objects.empty())
@@ -44,9 +45,11 @@ Value showHelp(UserInterface &ui, const mel::Call &call)
 // Windows are painted anew; input stays waiting until the script is done.
 Value refresh(UserInterface &, const mel::Call &)
 {
+    // Layouts first: what has changed its size is painted where it will be.
     QApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
     for (QWidget *widget : QApplication::topLevelWidgets()) {
         if (widget->isVisible())
+            // At once; update() would wait for the event loop.
             widget->repaint();
     }
     return {};
@@ -55,6 +58,7 @@ Value refresh(UserInterface &, const mel::Call &)
 Value waitCursor(UserInterface &, const mel::Call &call)
 {
     if (call.query)
+        // Cursors stack up in Qt, so each "on" needs an "off", as in the application.
         return int(QApplication::overrideCursor() != nullptr);
     if (call.boolean("state"))
         QApplication::setOverrideCursor(QCursor(Qt::WaitCursor));
@@ -63,6 +67,7 @@ Value waitCursor(UserInterface &, const mel::Call &call)
     return {};
 }
 
+// A command and what it does; the interface is bound when it is added.
 struct CommandRow
 {
     mel::Command command;
@@ -89,6 +94,7 @@ void addAppCommands(UserInterface &ui)
         {command("refresh", {{"f", "force"}, {"cv", "currentView"}}), refresh},
         {command("waitCursor", {{"st", "state", {ArgumentKind::Boolean}}}), waitCursor},
     };
+    // waitCursor, the only one that can be asked.
     rows[3].command.queryable = true;
     for (CommandRow &row : rows) {
         row.command.run = [&ui, run = row.run](mel::Call &call) { return run(ui, call); };

@@ -16,12 +16,14 @@ QLineEdit *newResultField()
 {
     QLineEdit *field = new QLineEdit;
     field->setReadOnly(true);
+    // The Tab key passes it by.
     field->setFocusPolicy(Qt::NoFocus);
     return field;
 }
 
 void setFieldColors(QLineEdit *field, const QColor &background, const QColor &text)
 {
+    // Only these two roles are set; the rest comes from the program's palette.
     QPalette palette;
     palette.setColor(QPalette::Base, background);
     palette.setColor(QPalette::Text, text);
@@ -59,9 +61,11 @@ CommandLine::CommandLine(QWidget *parent)
     m_languageButton->setToolTip("Switch between MEL and Python");
     m_scriptEditorButton->setAutoRaise(true);
     layout->addWidget(m_languageButton);
+    // Input and result share the width.
     layout->addWidget(m_input, 1);
     layout->addWidget(m_result, 1);
     layout->addWidget(m_scriptEditorButton);
+    // For the arrow keys, which a line of input has no use for.
     m_input->installEventFilter(this);
     connect(m_languageButton, SIGNAL(clicked()), SLOT(switchLanguage()));
     connect(m_input, SIGNAL(returnPressed()), SLOT(enter()));
@@ -75,6 +79,7 @@ void CommandLine::switchLanguage()
 
 void CommandLine::showMessage(mel::MessageKind kind, const QString &text)
 {
+    // The end of a traceback or of a longer text says what happened.
     const QString line = text.trimmed().section('\n', -1);
     if (line.isEmpty() || kind == mel::MessageKind::History)
         return;
@@ -85,6 +90,7 @@ void CommandLine::showMessage(mel::MessageKind kind, const QString &text)
     else
         m_result->setPalette(QPalette());
     m_result->setText(headed(kind, line, m_language));
+    // A long message shows its beginning.
     m_result->setCursorPosition(0);
 }
 
@@ -96,6 +102,7 @@ void CommandLine::enter()
     if (m_entered.isEmpty() || m_entered.last() != text)
         m_entered << text;
     m_recalled = m_entered.size();
+    // Before it runs: the script may take long, or change the input itself.
     m_input->clear();
     emit entered(text, static_cast<int>(m_language));
 }
@@ -106,6 +113,7 @@ void CommandLine::recall(int step)
     if (index < 0 || index > m_entered.size())
         return;
     m_recalled = index;
+    // Below the newest there is an empty line to write in.
     m_input->setText(index < m_entered.size() ? m_entered.at(index) : QString());
 }
 

@@ -20,12 +20,14 @@ namespace {
 using mel::ArgumentKind;
 using mel::Value;
 
+// For controls that need nothing but their class.
 template <typename Widget>
 QObject *make(UserInterface &, Element *, const mel::Call &)
 {
     return new Widget;
 }
 
+// Flat until the mouse is over it, as on a tool bar.
 QObject *makeIconButton(UserInterface &, Element *, const mel::Call &)
 {
     QToolButton *button = new QToolButton;
@@ -37,10 +39,12 @@ QObject *makeIconButton(UserInterface &, Element *, const mel::Call &)
 QObject *makeSeparator(UserInterface &, Element *, const mel::Call &)
 {
     QFrame *line = new QFrame;
+    // As ints, since the two enumerations do not mix.
     line->setFrameStyle(int(QFrame::HLine) | int(QFrame::Sunken));
     return line;
 }
 
+// The element's object; the table has made it of this class.
 template <typename Widget>
 Widget *as(const Element &element)
 {
@@ -68,6 +72,7 @@ const Attributes changeCommand = {
 
 void setImage(Element &element, const Argument &given)
 {
+    // Kept besides, since an icon does not know its file.
     element.texts["image"] = given.utf8();
     as<QAbstractButton>(element)->setIcon(iconNamed(given.text()));
 }
@@ -87,6 +92,7 @@ const Attributes images = {
     {{"i1", "image1", {ArgumentKind::String}}, setImage, image},
     {{"st", "style", {ArgumentKind::String}},
      [](Element &e, const Argument &given) {
+         // Every style but this one shows the label.
          const bool hasText = given.text() != "iconOnly";
          as<QToolButton>(e)->setToolButtonStyle(hasText ? Qt::ToolButtonTextUnderIcon
                                                         : Qt::ToolButtonIconOnly);
@@ -141,6 +147,7 @@ void connectClick(UserInterface &ui, Element &element)
     QObject::connect(element.object, SIGNAL(clicked()), &ui, SLOT(runCommand()));
 }
 
+// By the signal that only the user causes: a script that sets a value must not start another.
 void connectCheck(UserInterface &ui, Element &element)
 {
     QObject::connect(element.object, SIGNAL(clicked(bool)), &ui,
@@ -174,6 +181,7 @@ const std::vector<ElementType> &controlTypes()
         {"text", control, make<QLabel>, nullptr, {&labelText, &all}},
         {"textField", control, make<QLineEdit>, connectField, {&fieldText, &all}},
         {"separator", control, makeSeparator, nullptr, {&separatorStyle, &all}},
+        // Any control, whatever made it; layouts count as controls here.
         {"control",
          control,
          nullptr,

@@ -22,7 +22,8 @@ namespace {
 using mel::ArgumentKind;
 using mel::Value;
 
-// One question with buttons, and with an input field when it is a prompt.
+// One question with buttons, and with an input field when it is a prompt. Closing it in any other
+// way than by a button is dismissing it.
 class ScriptDialog : public QDialog
 {
     Q_OBJECT
@@ -40,8 +41,8 @@ private slots:
 private:
     void addButton(QDialogButtonBox *box, const mel::Call &call, const QString &label);
 
-    QLineEdit *m_field = nullptr;
-    QString m_answer;
+    QLineEdit *m_field = nullptr; // none without a prompt
+    QString m_answer;             // the dismissing text unless a button is pressed
 };
 
 QStringList buttonLabels(const mel::Call &call)
@@ -70,7 +71,9 @@ ScriptDialog::ScriptDialog(const mel::Call &call, bool isPrompt, QWidget *parent
 
 void ScriptDialog::addButton(QDialogButtonBox *box, const mel::Call &call, const QString &label)
 {
+    // One role for all, so that they stand in the order in which the script gives them.
     QPushButton *button = box->addButton(label, QDialogButtonBox::ActionRole);
+    // The text may get an ampersand from the style; the name stays as the script wrote it.
     button->setObjectName(label);
     button->setDefault(label == toQt(call.text("defaultButton")));
     connect(button, SIGNAL(clicked()), SLOT(choose()));
@@ -86,6 +89,7 @@ void ScriptDialog::choose()
 Value ask(UserInterface &ui, const mel::Call &call, bool isPrompt, QString &promptText)
 {
     ScriptDialog dialog(call, isPrompt, ui.mainWindow());
+    // A dialog that nobody answers would hold up the program for ever.
     if (!ui.isUnattended())
         dialog.exec();
     if (isPrompt)
@@ -93,6 +97,8 @@ Value ask(UserInterface &ui, const mel::Call &call, bool isPrompt, QString &prom
     return toUtf8(dialog.answer());
 }
 
+// What only changes the looks, the alignment and the icon, is accepted and does nothing, and so is
+// the button for Esc: the dismissing text is the answer then.
 const std::vector<mel::Flag> dialogFlags = {
     {"t", "title", {ArgumentKind::String}},         {"m", "message", {ArgumentKind::String}},
     {"b", "button", {ArgumentKind::String}, true},  {"db", "defaultButton", {ArgumentKind::String}},
@@ -120,6 +126,7 @@ void addPromptDialog(UserInterface &ui)
     command.flags = dialogFlags;
     command.flags.push_back({"tx", "text", {ArgumentKind::String}});
     command.queryable = true;
+    // Kept by the command, which is the only one to ask for it.
     const auto lastText = std::make_shared<QString>();
     command.run = [&ui, lastText](mel::Call &call) -> Value {
         if (call.query)

@@ -27,6 +27,7 @@ struct KindFlag
     const char *longName;
 };
 
+// The two commands spell the same kinds differently.
 const KindFlag deletionFlags[] = {
     {ElementKind::Window, "wnd", "window"},    {ElementKind::Layout, "lay", "layout"},
     {ElementKind::Control, "ctl", "control"},  {ElementKind::Menu, "m", "menu"},
@@ -56,6 +57,7 @@ bool isChosen(const mel::Call &call, const KindFlag (&table)[count], ElementKind
                        [&](const KindFlag &row) { return row.kind == kind && isSet(row); });
 }
 
+// Throws the error that scripts know.
 Element &existing(UserInterface &ui, const std::string &name)
 {
     Element *element = ui.tree().find(name);
@@ -69,10 +71,12 @@ Value deleteElements(UserInterface &ui, const mel::Call &call)
     call.objectText(0); // there has to be one
     for (const std::string &name : call.objectTexts()) {
         Element &element = existing(ui, name);
+        // Of another kind than the flag says: to this call it does not exist.
         if (!isChosen(call, deletionFlags, element.kind))
             throw RuntimeError("Object '" + name + "' not found.");
         if (element.object == ui.mainWindow())
             throw RuntimeError("The main window cannot be deleted.");
+        // Gone at once: a later name that lay below it is not found any more.
         ui.tree().remove(element);
     }
     return {};
@@ -83,6 +87,7 @@ Value listElements(UserInterface &ui, const mel::Call &call)
     const std::string type = call.text("type");
     mel::StringArray names;
     for (const Element *element : ui.tree().all()) {
+        // A type is narrower than a kind, so it goes first.
         const bool isWanted = call.isSet("type") ? element->type == type
                                                  : isChosen(call, listingFlags, element->kind);
         if (isWanted)
@@ -97,6 +102,7 @@ Value setParent(UserInterface &ui, const mel::Call &call)
     const bool ofMenus = call.isSet("menu");
     Element *current = ofMenus ? ui.tree().currentMenu() : ui.tree().currentParent();
     if (!call.query) {
+        // Without a name the top: nothing is the current parent.
         const std::string name = call.objects.empty() ? "|" : call.objectText(0);
         if (name == "..")
             current = current ? current->parent : nullptr;
@@ -106,6 +112,7 @@ Value setParent(UserInterface &ui, const mel::Call &call)
             throw RuntimeError("Object '" + name + "' not found.");
         ofMenus ? ui.tree().setCurrentMenu(current) : ui.tree().setCurrentParent(current);
     }
+    // The word that scripts compare with.
     return current ? ElementTree::path(*current) : std::string("NONE");
 }
 

@@ -28,6 +28,7 @@ std::string asWord(std::string name)
     return name;
 }
 
+// "b|c" is the end of "a|b|c" but not of "ab|c" or "xb|c".
 bool endsWithPath(const std::string &path, const std::string &tail)
 {
     if (tail.size() > path.size() ||
@@ -65,6 +66,7 @@ QMenu *Element::menu() const
 
 QAction *Element::action() const
 {
+    // A menu's own action is what its parent shows of it.
     return menu() ? menu()->menuAction() : qobject_cast<QAction *>(object);
 }
 
@@ -108,7 +110,9 @@ Element &ElementTree::add(ElementKind kind, const std::string &type, const std::
     Element &element = *siblings(parent).back();
     m_byName.emplace(word, &element);
     m_byObject.insert(object, &element);
+    // Style sheets and code that looks for children find the object by the same name.
     object->setObjectName(toQt(word));
+    // Objects may die by themselves: closed windows, children of deleted ones.
     connect(object, SIGNAL(destroyed(QObject *)), SLOT(forget(QObject *)));
     return element;
 }
@@ -117,6 +121,7 @@ Element *ElementTree::find(const std::string &name) const
 {
     const size_t bar = name.rfind('|');
     const auto range = m_byName.equal_range(bar == std::string::npos ? name : name.substr(bar + 1));
+    // Of several that fit, the one that was added first.
     for (auto entry = range.first; entry != range.second; ++entry) {
         if (endsWithPath(path(*entry->second), name))
             return entry->second;
@@ -156,11 +161,13 @@ void ElementTree::unregister(const Element &element)
 
 void ElementTree::takeOut(Element &element)
 {
+    // New elements go on beside what has gone; a menu has no such place.
     if (isWithin(m_currentParent, element))
         m_currentParent = element.parent;
     if (isWithin(m_currentMenu, element))
         m_currentMenu = nullptr;
     unregister(element);
+    // Taken before the erasing, which destroys the element.
     const QString pathOfElement = toQt(path(element));
     Children &children = siblings(element.parent);
     children.erase(std::find_if(children.begin(), children.end(),
@@ -170,9 +177,11 @@ void ElementTree::takeOut(Element &element)
 
 void ElementTree::remove(Element &element)
 {
+    // Read first: the element is gone after takeOut().
     QObject *object = element.object;
     QAction *action = element.action();
     if (QWidget *widget = element.widget())
+        // At once for the user, though the object lives until the event loop is reached.
         widget->hide();
     takeOut(element);
     if (action)

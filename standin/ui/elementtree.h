@@ -15,9 +15,11 @@ class QWidget;
 
 namespace standin {
 
+// What decides where an element may stand and which commands concern it.
 enum class ElementKind { Window, Layout, Control, Menu, MenuItem };
 
-// One named thing of the interface, as scripts see it.
+// One named thing of the interface, as scripts see it. The tree owns the element, Qt's parents own
+// the object; each takes the other with it when it goes.
 struct Element
 {
     ElementKind kind;
@@ -29,7 +31,10 @@ struct Element
     // What scripts set and the object has no place for, by the long name of the flag.
     std::map<std::string, std::string> texts = {};
 
+    // Empty for a text that was never set.
     std::string text(const std::string &key) const;
+    // The object in the form that is asked for, null when it has none: menus are widgets and
+    // actions, plain items are actions only.
     QWidget *widget() const;
     QMenu *menu() const; // of menus and of items with a submenu
     QAction *action() const;
@@ -37,7 +42,8 @@ struct Element
 };
 
 // All named things, with windows as roots. An element goes when its object is destroyed, and the
-// object when its element is removed.
+// object when its element is removed. Pointers to elements are good until then, so nobody keeps one
+// across a script. Names are unique among the children of one parent. Main thread only.
 class ElementTree : public QObject
 {
     Q_OBJECT
@@ -67,6 +73,7 @@ public:
     void setCurrentMenu(Element *element) { m_currentMenu = element; }
 
 signals:
+    // Not repeated for what goes together with its parent.
     void removed(const QString &path);
 
 private slots:
@@ -75,14 +82,20 @@ private slots:
 private:
     using Children = std::vector<std::unique_ptr<Element>>;
 
+    // The children of the parent; the windows when it is null.
     Children &siblings(Element *parent);
     bool isTaken(const std::string &name, const Element *parent);
+    // Unlike every name in the tree, so that a script may use it alone.
     std::string freeName(const std::string &type);
+    // Forgets the element and what is below it in the two indices and in Qt's signals.
     void unregister(const Element &element);
+    // Destroys the element, but not its object.
     void takeOut(Element &element);
 
     Children m_windows;
+    // Short names; several elements may share one below different parents.
     std::multimap<std::string, Element *> m_byName;
+    // Keys may be objects in their destructors, so they are compared and never used.
     QHash<const QObject *, Element *> m_byObject;
     std::map<std::string, int> m_lastNumbers; // by type
     Element *m_currentParent = nullptr;

@@ -30,10 +30,12 @@ Element &target(UserInterface &ui, const ElementType &type, const mel::Call &cal
     const std::string name = call.objectText(0);
     Element *element = findFor(ui, type, name);
     if (!element)
+        // The same text for an element of another type, which this command cannot see.
         throw RuntimeError("Object '" + name + "' not found.");
     return *element;
 }
 
+// In the order of the table, not of the call: a flag may rely on one above it.
 void apply(UserInterface &ui, const ElementType &type, Element &element, const mel::Call &call)
 {
     for (const Attributes *attributes : type.attributes) {
@@ -53,6 +55,7 @@ Value ask(UserInterface &ui, const ElementType &type, const Element &element, co
                 return attribute.get(element, ui);
         }
     }
+    // Every element has one, so the tables do not list it.
     if (call.isSet("parent"))
         return element.parent ? ElementTree::path(*element.parent) : std::string();
     throw RuntimeError("No flag to query on call to " + call.command + ".");
@@ -65,6 +68,7 @@ Value create(UserInterface &ui, const ElementType &type, const mel::Call &call)
     Element *parent = parentFor(ui, type.kind, call);
     const std::string name = call.objects.empty() ? std::string() : call.objectText(0);
     QObject *object = type.create(ui, parent, call);
+    // The object has no parent yet, so it is deleted here if it gets no name.
     Element *element = nullptr;
     try {
         element = &ui.tree().add(type.kind, type.command, name, parent, object);
@@ -72,6 +76,7 @@ Value create(UserInterface &ui, const ElementType &type, const mel::Call &call)
         delete object;
         throw;
     }
+    // Connected afterwards, so that setting a value runs no script, and placed when it is complete.
     apply(ui, type, *element, call);
     if (type.connect)
         type.connect(ui, *element);
@@ -81,6 +86,7 @@ Value create(UserInterface &ui, const ElementType &type, const mel::Call &call)
 
 Value run(UserInterface &ui, const ElementType &type, const mel::Call &call)
 {
+    // Asked before all else: the element need not be there.
     if (call.isSet("exists")) {
         const std::string object = call.objects.empty() ? "" : call.objectText(0);
         return findFor(ui, type, call.text("exists", object)) ? 1 : 0;
@@ -117,6 +123,8 @@ void addElementCommand(UserInterface &ui, const ElementType &type)
     ui.session().mel().addCommand(command);
 }
 
+// A function, since tables of other files take its address while they are made: a constant might
+// not exist by then.
 const Attributes &widgetAttributes()
 {
     static const Attributes attributes = {

@@ -13,7 +13,8 @@ namespace standin {
 
 class UserInterface;
 
-// One flag as it was given; `at` counts the flag's own arguments.
+// One flag as it was given; `at` counts the flag's own arguments from 0. Lives for one call of a
+// setter only.
 struct Argument
 {
     const mel::Call &call;
@@ -36,7 +37,8 @@ struct Attribute
 };
 using Attributes = std::vector<Attribute>;
 
-// A command that makes, changes and asks one kind of element.
+// A command that makes, changes and asks one kind of element. A row of a table: without -edit and
+// -query the command makes an element, applies the flags and answers with its path.
 struct ElementType
 {
     std::string command;
@@ -45,12 +47,14 @@ struct ElementType
     QObject *(*create)(UserInterface &, Element *parent, const mel::Call &) = nullptr;
     // Connects the scripts of a new element.
     void (*connect)(UserInterface &, Element &) = nullptr;
+    // In order: of several flags that are asked for, the first one answers.
     std::vector<const Attributes *> attributes = {};
     // Which elements it can change; those that it has made, when null.
     bool (*accepts)(const Element &) = nullptr;
 };
 
-// The type must live as long as the interface: it is a row of a static table.
+// Adds the command, with -exists and -parent besides the flags of its table. The type must live as
+// long as the interface: it is a row of a static table.
 void addElementCommand(UserInterface &ui, const ElementType &type);
 
 // Flags that every widget has: annotation, enable, visible, width, height.

@@ -23,6 +23,7 @@ void ExecuterField::execute()
         run(textCursor().selectedText());
         return;
     }
+    // Nothing is lost by clearing: what runs is echoed in the history.
     const QString text = toPlainText();
     clear();
     run(text);
@@ -36,6 +37,7 @@ void ExecuterField::executeAll()
 // Queued, for the script may delete this field.
 void ExecuterField::run(QString text)
 {
+    // Selected text has this character for a line break.
     text.replace(QChar::ParagraphSeparator, '\n');
     if (m_language == Language::Mel)
         m_session.executeMelOnIdle(toUtf8(text), true);
@@ -45,6 +47,7 @@ void ExecuterField::run(QString text)
 
 void ExecuterField::keyPressEvent(QKeyEvent *event)
 {
+    // The two keys differ in code: Return is the one among the letters.
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     const bool isKeypad = event->key() == Qt::Key_Enter;
     if (isKeypad || (isReturn && (event->modifiers() & Qt::ControlModifier)))

@@ -10,7 +10,7 @@ namespace standin {
 class Session;
 
 // An input for scripts of one language; Ctrl+Enter and the keypad's Enter run the selection, or
-// everything and then clear the field.
+// everything and then clear the field. Scripts run at idle, echoed, and may delete the field.
 class ExecuterField : public QPlainTextEdit
 {
     Q_OBJECT
@@ -22,13 +22,16 @@ public:
     void setLanguage(Language language) { m_language = language; }
 
 public slots:
+    // What the keys do.
     void execute();
+    // Keeps the text, whatever is selected.
     void executeAll();
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    // The text is changed on the way, hence by value.
     void run(QString text);
 
     Session &m_session;

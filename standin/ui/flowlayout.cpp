@@ -44,6 +44,7 @@ int FlowLayout::heightForWidth(int width) const
 QSize FlowLayout::minimumSize() const
 {
     QSize size;
+    // As wide as the widest item: below that even one column does not fit.
     for (const QLayoutItem *item : m_items)
         size = size.expandedTo(item->minimumSize());
     int left, top, right, bottom;
@@ -71,9 +72,11 @@ int FlowLayout::arrange(const QRect &rect, bool move) const
     QPoint position = area.topLeft();
     int rowHeight = 0;
     for (QLayoutItem *item : m_items) {
+        // Hidden widgets leave no gap.
         if (item->isEmpty())
             continue;
         const QSize size = item->sizeHint();
+        // right() is the last pixel inside. An item wider than the row stands alone in one.
         if (position.x() + size.width() > area.right() + 1 && rowHeight > 0) {
             position = QPoint(area.x(), position.y() + rowHeight + spacing());
             rowHeight = 0;

@@ -6,7 +6,8 @@
 
 namespace standin {
 
-// Items from left to right, in further rows where one is full, as shelves have them.
+// Items from left to right, in further rows where one is full, as shelves have them. Each item has
+// its own preferred size. The layout owns its items.
 class FlowLayout : public QLayout
 {
 public:
@@ -25,6 +26,7 @@ public:
     void setGeometry(const QRect &rect) override;
 
 private:
+    // Walks through the rows, moving the items or only measuring.
     int arrange(const QRect &rect, bool move) const;
 
     QList<QLayoutItem *> m_items;

@@ -7,6 +7,7 @@ namespace standin {
 
 QIcon iconNamed(const QString &name)
 {
+    // A file goes first, so that a script's own icon wins over one of the same name here.
     if (QFileInfo(name).isFile())
         return QIcon(name);
     const QString own = ":/standin/icons/" + name;

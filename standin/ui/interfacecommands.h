@@ -5,7 +5,8 @@ namespace standin {
 
 class UserInterface;
 
-// The commands of the interface, by topic.
+// The commands of the interface, by topic. Each is called once, when the interface is made; what
+// they add refers to it, so scripts that run after its end must not use them.
 void addElementCommands(UserInterface &ui); // deleteUI, lsUI, setParent, setFocus
 void addWindowCommands(UserInterface &ui);  // window, showWindow
 void addMenuCommands(UserInterface &ui);    // menu, menuItem

@@ -26,6 +26,7 @@ struct GlobalRow
     const char *value;
 };
 
+// The names that scripts of all kinds rely on.
 const GlobalRow globals[] = {
     {"$gMainWindow", "MayaWindow"},
     {"$gMainWindowMenu", "mainWindowMenu"},
@@ -41,6 +42,7 @@ void loadInterfaceLibrary(mel::Interpreter &interpreter)
         interpreter.setGlobalVariable(row.name, std::string(row.value));
     for (const char *script : scripts) {
         QFile file(QString(":/standin/mel/") + script);
+        // Part of the program, so it is there.
         file.open(QIODevice::ReadOnly);
         const QByteArray text = file.readAll();
         interpreter.defineLibrary(std::string(text.constData(), static_cast<size_t>(text.size())),

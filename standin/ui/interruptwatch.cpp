@@ -11,6 +11,7 @@ namespace standin {
 
 namespace {
 
+// Quick enough for a user who presses Esc, seldom enough to cost the script nothing.
 const int millisecondsBetweenLooks = 100;
 
 // Everything by which the user, a timer or a connection could start code of the program.
@@ -48,15 +49,18 @@ InterruptWatch::~InterruptWatch() = default;
 
 bool InterruptWatch::interruptRequested()
 {
+    // Events belong to the thread of the interface.
     if (m_isLooking || m_sinceLastLook.elapsed() < millisecondsBetweenLooks ||
         QThread::currentThread() != thread())
         return false;
     m_isLooking = true;
     m_escapePressed = false;
+    // On the application, so that it sees the events of every object.
     QCoreApplication::instance()->installEventFilter(this);
     QCoreApplication::processEvents();
     QCoreApplication::instance()->removeEventFilter(this);
     m_isLooking = false;
+    // From the end: after a slow paint the script has its time first.
     m_sinceLastLook.restart();
     return m_escapePressed;
 }
@@ -94,6 +98,8 @@ void InterruptWatch::replayKeys()
     keys.swap(m_keys);
     for (KeptKey &key : keys) {
         if (key.first)
+            // Posted and not sent: each key is handled in a turn of its own, as if it had just been
+            // typed.
             QCoreApplication::postEvent(key.first, key.second.release());
     }
 }

@@ -42,8 +42,9 @@ private:
     using KeptKey = std::pair<QPointer<QObject>, std::unique_ptr<QKeyEvent>>;
 
     QElapsedTimer m_sinceLastLook;
-    bool m_isLooking = false;
+    bool m_isLooking = false; // letting events in may run a script that asks again
     bool m_escapePressed = false;
+    // In the order typed; receivers may die while their keys wait.
     std::vector<KeptKey> m_keys;
 };
 

@@ -15,6 +15,7 @@ namespace {
 using mel::ArgumentKind;
 using mel::Value;
 
+// Children stand in a row or column, gathered at one end rather than spread out.
 QWidget *newBox(QBoxLayout::Direction direction, Qt::Alignment alignment)
 {
     QWidget *box = new QWidget;
@@ -45,6 +46,7 @@ QObject *makeScrollArea(UserInterface &, Element *, const mel::Call &)
 {
     QScrollArea *area = new QScrollArea;
     area->setWidget(newBox(QBoxLayout::TopToBottom, Qt::AlignTop));
+    // The contents are as wide as the area and scroll downwards.
     area->setWidgetResizable(true);
     return area;
 }
@@ -54,6 +56,7 @@ QObject *makeTabs(UserInterface &, Element *, const mel::Call &)
     return new QTabWidget;
 }
 
+// Where the children of a box or a scroll area really stand; of other layouts null.
 QBoxLayout *boxOf(const Element &element)
 {
     QWidget *widget = element.widget();
@@ -77,6 +80,7 @@ const Attributes notFollowed = {
     {{"cat", "columnAttach", {ArgumentKind::String, ArgumentKind::Int}, true}},
 };
 
+// A form's own flags, all accepted and not followed.
 const Attributes attachments = {
     {{"nd", "numberOfDivisions", {ArgumentKind::Int}}},
     {{"af", "attachForm", {ArgumentKind::String, ArgumentKind::String, ArgumentKind::Int}, true}},
@@ -112,6 +116,7 @@ const std::vector<ElementType> &layoutTypes()
         {"formLayout", layout, makeForm, nullptr, {&attachments, &contents, &all}},
         {"scrollLayout", layout, makeScrollArea, nullptr, {&contents, &all}},
         {"tabLayout", layout, makeTabs, nullptr, {&contents, &all}},
+        // Any layout, whatever made it; makes none itself.
         {"layout",
          layout,
          nullptr,

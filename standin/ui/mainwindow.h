@@ -18,6 +18,7 @@ class MainWindow : public QMainWindow
 public:
     MainWindow();
 
+    // Both are children of the window.
     QTabWidget *shelf() const { return m_shelf; }
     CommandLine *commandLine() const { return m_commandLine; }
 

@@ -18,11 +18,13 @@ using mel::Value;
 
 QObject *makeMenu(UserInterface &ui, Element *, const mel::Call &)
 {
+    // Owned by the main window; the menu's place is found later.
     return new QMenu(ui.mainWindow());
 }
 
 QObject *makeMenuItem(UserInterface &ui, Element *, const mel::Call &call)
 {
+    // What an item is has to be known when it is made, so these two flags are read here.
     if (call.boolean("subMenu"))
         return new QMenu(ui.mainWindow());
     QAction *action = new QAction(ui.mainWindow());
@@ -49,6 +51,7 @@ void setTearOff(Element &element, const Argument &given)
         menu->setTearOffEnabled(given.isOn());
 }
 
+// Of menus and items alike.
 const Attributes labels = {
     {{"l", "label", {ArgumentKind::String}}, setLabel, label},
     {{"en", "enable", {ArgumentKind::Boolean}},
@@ -71,6 +74,7 @@ const Attributes contents = {
      [](const Element &e, UserInterface &) -> Value { return int(e.children.size()); }},
     {{"dai", "deleteAllItems"},
      [](Element &e, const Argument &given) {
+         // From the end: removing shortens the list.
          while (!e.children.empty())
              given.ui.tree().remove(*e.children.back());
      }},
@@ -90,6 +94,7 @@ const Attributes itemAttributes = {
      [](const Element &e, UserInterface &) -> Value { return toUtf8(e.action()->statusTip()); }},
     {{"cb", "checkBox", {ArgumentKind::Boolean}},
      [](Element &e, const Argument &given) {
+         // Giving a state makes it an item with a box.
          e.action()->setCheckable(true);
          e.action()->setChecked(given.isOn());
      },
@@ -101,6 +106,7 @@ const Attributes itemAttributes = {
 void connectMenu(UserInterface &ui, Element &element)
 {
     if (element.menu())
+        // Menus are filled when they are first opened; items run their script with their state.
         QObject::connect(element.object, SIGNAL(aboutToShow()), &ui, SLOT(runPostMenuCommand()));
     else
         QObject::connect(element.object, SIGNAL(triggered(bool)), &ui,
@@ -119,6 +125,7 @@ bool isItem(const Element &element)
     return element.kind == ElementKind::MenuItem;
 }
 
+// "menu" works on submenus too, "menuItem" on every item.
 const ElementType types[] = {
     {"menu", ElementKind::Menu, makeMenu, connectMenu, {&labels, &contents}, isMenu},
     {"menuItem",

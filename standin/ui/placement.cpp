@@ -28,6 +28,7 @@ Element *namedParent(UserInterface &ui, const mel::Call &call)
     return parent;
 }
 
+// Null when nothing can hold it.
 Element *currentParent(UserInterface &ui, ElementKind kind)
 {
     if (kind == ElementKind::MenuItem)
@@ -41,6 +42,7 @@ Element *currentParent(UserInterface &ui, ElementKind kind)
     return parent ? parent : ui.tree().find(ui.mainWindow());
 }
 
+// Windows hold one layout and any menus, layouts hold layouts and controls, menus hold items.
 bool canHold(const Element &parent, ElementKind kind)
 {
     switch (kind) {
@@ -55,6 +57,7 @@ bool canHold(const Element &parent, ElementKind kind)
     }
 }
 
+// Per kind, since the way out differs: what has to be made first.
 const char *missingParentText(ElementKind kind)
 {
     switch (kind) {
@@ -69,6 +72,7 @@ const char *missingParentText(ElementKind kind)
     }
 }
 
+// By the class of the parent: each brings its children in by a call of its own.
 void addWidget(QWidget *parent, QWidget *child, const QString &name)
 {
     if (QMainWindow *window = qobject_cast<QMainWindow *>(parent))
@@ -76,6 +80,7 @@ void addWidget(QWidget *parent, QWidget *child, const QString &name)
     else if (QTabWidget *tabs = qobject_cast<QTabWidget *>(parent))
         tabs->addTab(child, name);
     else if (QScrollArea *area = qobject_cast<QScrollArea *>(parent))
+        // Inside the area stands a box, which scrolls.
         area->widget()->layout()->addWidget(child);
     else if (parent->layout())
         parent->layout()->addWidget(child);
@@ -96,6 +101,7 @@ void placeWidget(const Element &element)
 
 Element *parentFor(UserInterface &ui, ElementKind kind, const mel::Call &call)
 {
+    // Windows are roots.
     if (kind == ElementKind::Window)
         return nullptr;
     Element *parent = call.isSet("parent") ? namedParent(ui, call) : currentParent(ui, kind);

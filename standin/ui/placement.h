@@ -13,7 +13,8 @@ namespace standin {
 
 class UserInterface;
 
-// The place of new elements: which parent they get and how the widgets come together.
+// The place of new elements: which parent they get and how the widgets come together. Scripts name
+// a parent or rely on the element made last, as the tree remembers it.
 
 // The parent that the call names, or the current one. Throws mel::RuntimeError when that cannot
 // hold an element of this kind.

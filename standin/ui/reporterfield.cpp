@@ -14,6 +14,7 @@ namespace standin {
 ReporterField::ReporterField(UserInterface &ui, QWidget *parent) : QPlainTextEdit(parent), m_ui(ui)
 {
     setReadOnly(true);
+    // Else every message would be kept a second time, to be undone.
     setUndoRedoEnabled(false);
     setFont(codeFont());
     showHistory();
@@ -49,6 +50,7 @@ void ReporterField::append(const QString &shownText)
         return;
     // Follows the end only when it is in sight.
     const bool follows = verticalScrollBar()->value() == verticalScrollBar()->maximum();
+    // A cursor of its own, so that the user's selection stays.
     QTextCursor end(document());
     end.movePosition(QTextCursor::End);
     end.insertText(shownText);

@@ -23,11 +23,14 @@ public:
     void setFilter(std::optional<Language> language);
 
 public slots:
+    // What the history has just gained, with its headings; belongs to the language that runs.
     void append(const QString &shownText);
 
 private:
+    // Replaces the text by the history as it is.
     void showHistory();
 
+    // Outlives the field.
     UserInterface &m_ui;
     std::optional<Language> m_filter;
 };

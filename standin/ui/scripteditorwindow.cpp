@@ -36,6 +36,7 @@ ScriptEditorWindow::ScriptEditorWindow(UserInterface &ui, QWidget *parent)
     QVBoxLayout *layout = new QVBoxLayout(this);
     layout->setContentsMargins(4, 4, 4, 4);
     layout->addWidget(splitter);
+    // MEL comes first, as in the command line.
     tabs->currentWidget()->setFocus();
 }
 

@@ -19,6 +19,7 @@ using mel::ArgumentKind;
 using mel::Value;
 using Suppressed = OutputHistory::Suppressed;
 
+// Both kinds of fields are text edits.
 QPlainTextEdit *field(const Element &element)
 {
     return qobject_cast<QPlainTextEdit *>(element.object);
@@ -47,6 +48,7 @@ Attribute sessionSwitch(const char *shortName, const char *longName)
             }};
 }
 
+// The same for the history, which scriptEditorInfo changes as well.
 template <bool Suppressed::*member>
 Attribute suppression(const char *shortName, const char *longName)
 {
@@ -59,6 +61,7 @@ Attribute suppression(const char *shortName, const char *longName)
             }};
 }
 
+// A flag without argument that does something at once.
 Attribute action(const char *shortName, const char *longName,
                  void (*set)(Element &, const Argument &))
 {
@@ -68,6 +71,7 @@ Attribute action(const char *shortName, const char *longName,
 void setFilter(Element &element, const Argument &given)
 {
     element.texts[given.flag] = given.utf8();
+    // None, that is both, for an empty text and any other.
     std::optional<Language> language;
     if (given.utf8() == "mel")
         language = Language::Mel;
@@ -82,6 +86,7 @@ void select(Element &element, const Argument &given)
     const int last = field(element)->toPlainText().size();
     QTextCursor cursor = field(element)->textCursor();
     const int first = qBound(0, given.number(0), last);
+    // Positions beyond the text are moved to its end.
     cursor.setPosition(first);
     cursor.setPosition(qBound(first, first + given.number(1), last), QTextCursor::KeepAnchor);
     field(element)->setTextCursor(cursor);
@@ -115,6 +120,7 @@ const Attributes &textAttributes()
     return attributes;
 }
 
+// With line breaks as files have them.
 QString selectedText(const Element &element)
 {
     QString text = field(element)->textCursor().selectedText();
@@ -125,12 +131,14 @@ void saveSelection(Element &element, const Argument &given)
 {
     QFile file(given.text());
     const QByteArray text = selectedText(element).toUtf8();
+    // A full disk counts too.
     if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size())
         throw mel::RuntimeError("Cannot write file \"" + given.utf8() + "\".");
 }
 
 void saveSelectionToShelf(Element &element, const Argument &given)
 {
+    // A reporter has no language, and then it is MEL.
     const int isMel = element.text("sourceType") == "python" ? 0 : 1;
     given.ui.session().mel().call(
         "scriptToShelf", {std::string(isMel ? "MEL" : "Py"), toUtf8(selectedText(element)), isMel});

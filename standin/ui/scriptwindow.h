@@ -14,6 +14,7 @@ class ScriptWindow : public QMainWindow
 public:
     explicit ScriptWindow(QWidget *parent) : QMainWindow(parent, Qt::Window)
     {
+        // The element tree hears of the object's end and drops the name.
         setAttribute(Qt::WA_DeleteOnClose);
     }
 
@@ -23,6 +24,7 @@ signals:
 protected:
     void closeEvent(QCloseEvent *event) override
     {
+        // Before the window goes, so that the script can still ask for its elements.
         emit closing();
         QMainWindow::closeEvent(event);
     }

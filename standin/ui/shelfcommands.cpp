@@ -47,6 +47,7 @@ QObject *makeShelfButton(UserInterface &, Element *, const mel::Call &)
     QToolButton *made = new QToolButton;
     made->setAutoRaise(true);
     made->setIconSize(QSize(24, 24));
+    // Room for the icon and a short label.
     made->setMinimumSize(40, 40);
     made->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     return made;
@@ -64,6 +65,7 @@ const Attributes tabAttributes = {
          const Element *current = ui.tree().find(tabs(e)->currentWidget());
          return current ? current->name : std::string();
      }},
+    // Tabs are counted from 1 here, from 0 in Qt.
     {{"sti", "selectTabIndex", {ArgumentKind::Int}},
      [](Element &e, const Argument &given) { tabs(e)->setCurrentIndex(given.number() - 1); },
      [](const Element &e, UserInterface &) -> Value { return tabs(e)->currentIndex() + 1; }},
@@ -83,13 +85,16 @@ const Attributes contents = {
 void showLabel(const Element &element)
 {
     const std::string overlay = element.text("imageOverlayLabel");
+    // Eight characters at most: a shelf is narrow.
     button(element)->setText(toQt(overlay.empty() ? element.text("label") : overlay).left(8));
 }
 
 void keepLabel(Element &element, const Argument &given)
 {
+    // The key is the flag's long name.
     element.texts[given.flag] = given.utf8();
     showLabel(element);
+    // An annotation of its own is better, and may come later.
     if (button(element)->toolTip().isEmpty())
         button(element)->setToolTip(given.text());
 }
@@ -107,6 +112,7 @@ const Attributes buttonAttributes = {
          button(e)->setIcon(iconNamed(given.text()));
      },
      [](const Element &e, UserInterface &) -> Value { return e.text("image1"); }},
+    // Accepted: icon and label are always shown.
     {{"st", "style", {ArgumentKind::String}}},
     STANDIN_KEPT_SCRIPT("c", "command"),
     STANDIN_KEPT_TEXT("stp", "sourceType"),
@@ -145,6 +151,7 @@ Value saveShelf(UserInterface &ui, const mel::Call &call)
     const QString file = toQt(call.objectText(1)) + ".mel";
     if (!writeShelf(*shelf, file))
         throw mel::RuntimeError("Cannot write file \"" + toUtf8(file) + "\".");
+    // As a success, for scripts that look.
     return 1;
 }
 

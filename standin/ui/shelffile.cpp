@@ -14,11 +14,13 @@ namespace {
 QString quoted(const std::string &text)
 {
     QString literal = toQt(text);
+    // The backslash first: the other escapes bring backslashes of their own.
     literal.replace("\\", "\\\\").replace("\"", "\\\"");
     literal.replace("\n", "\\n").replace("\r", "\\r").replace("\t", "\\t");
     return "\"" + literal + "\"";
 }
 
+// By the long names of their flags, which are the keys they are kept under.
 const char *const savedTexts[] = {"label", "imageOverlayLabel", "image1", "command", "sourceType"};
 
 QString buttonScript(const Element &button)
@@ -26,6 +28,7 @@ QString buttonScript(const Element &button)
     QString script = "    shelfButton\n";
     script += "        -annotation " + quoted(toUtf8(button.widget()->toolTip())) + "\n";
     for (const char *key : savedTexts) {
+        // What was never set is left out.
         if (button.texts.count(key) > 0)
             script += QString("        -%1 ").arg(key) + quoted(button.text(key)) + "\n";
     }
@@ -52,6 +55,7 @@ bool writeShelf(const Element &shelf, const QString &fileName)
     if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.flush())
         return false;
     file.close();
+    // Qt's rename() replaces nothing.
     QFile::remove(fileName);
     return file.rename(fileName);
 }

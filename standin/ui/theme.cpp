@@ -12,6 +12,8 @@ namespace standin {
 
 namespace {
 
+// A dark grey with light text, near that of the application, so that plug-ins are seen on what they
+// are made for. All groups get these; disabled text differs below.
 struct ColorRow
 {
     QPalette::ColorRole role;
@@ -30,6 +32,7 @@ const ColorRow colors[] = {
     {QPalette::Dark, 0xff2a2a2a},        {QPalette::Shadow, 0xff1c1c1c},
 };
 
+// What is greyed in disabled widgets; the colours of the table would hold there as well.
 const QPalette::ColorRole textRoles[] = {QPalette::WindowText, QPalette::Text,
                                          QPalette::ButtonText};
 
@@ -62,6 +65,7 @@ void applyTheme(QApplication &application)
 {
     if (QStyle *style = newStyle())
         application.setStyle(style);
+    // After the style, which brings a palette of its own.
     application.setPalette(darkPalette());
     application.setStyleSheet("QMenuBar { padding: 1px; }"
                               "QToolTip { padding: 2px; }");

@@ -6,9 +6,10 @@ class QColor;
 
 namespace standin {
 
-// The dark look of the whole program.
+// The dark look of the whole program. Called once, before any widget is made.
 void applyTheme(QApplication &application);
 
+// Of the message field, behind the text.
 QColor errorColor();
 QColor warningColor();
 

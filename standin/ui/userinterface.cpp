@@ -46,26 +46,31 @@ UserInterface::UserInterface(Session &session)
     : m_session(session), m_window(std::make_unique<MainWindow>()),
       m_interruptWatch(std::make_unique<InterruptWatch>())
 {
+    // First of all, so that nothing that the library prints is missed.
     connect(&session, SIGNAL(historyGrew(QString)), SLOT(keepHistory(QString)));
     connect(&session, SIGNAL(messageArrived(int, QString)), SLOT(showMessage(int, QString)));
     connect(&m_tree, SIGNAL(removed(QString)), SLOT(forgetJobsOf(QString)));
     connect(m_window->commandLine(), SIGNAL(entered(QString, int)), SLOT(runEntered(QString, int)));
     session.setInterface(this);
     session.setInterruptCheck([this] { return m_interruptWatch->interruptRequested(); });
+    // Then what the library's scripts work with: the elements, the commands, the lookup above.
     addMainElements();
     addCommands(*this);
     loadInterfaceLibrary(session.mel());
     session.executeMel("initMainWindow", false);
     loadShelves();
+    // The library has made elements; a user's script must not add to the last of them by chance.
     m_tree.setCurrentParent(nullptr);
     m_tree.setCurrentMenu(nullptr);
 }
 
 UserInterface::~UserInterface()
 {
+    // The session outlives the interface and must not call it any more.
     m_session.setInterruptCheck(nullptr);
     m_session.setInterface(nullptr);
     m_session.disconnect(this);
+    // The windows die after this, one element after the other; nobody has to hear of it.
     m_tree.disconnect(this);
 }
 
@@ -73,6 +78,7 @@ UserInterface::~UserInterface()
 void UserInterface::addMainElements()
 {
     CommandLine *line = m_window->commandLine();
+    // Unlike other elements these have their objects already, and in their places.
     Element &window =
         m_tree.add(ElementKind::Window, "window", "MayaWindow", nullptr, m_window.get());
     m_tree.add(ElementKind::Layout, "shelfTabLayout", "ShelfLayout", &window, m_window->shelf());
@@ -87,6 +93,7 @@ void UserInterface::addMainElements()
 void UserInterface::loadShelves()
 {
     const QDir folder(m_session.userFolder("prefs/shelves"));
+    // Deliberate: these two always exist, so that there is a shelf to put scripts on.
     QStringList names = QStringList() << "Polygons"
                                       << "Custom";
     for (const QString &file : folder.entryList(QStringList() << "shelf_*.mel", QDir::Files)) {
@@ -97,6 +104,7 @@ void UserInterface::loadShelves()
     }
     for (const QString &name : names)
         m_session.mel().call("loadShelf", {toUtf8(name)});
+    // Loading brings each new tab to the front.
     m_window->shelf()->setCurrentIndex(0);
 }
 
@@ -119,6 +127,7 @@ void UserInterface::runScriptOf(const QObject *object, const char *key, const st
         element->text("sourceType") == "python" ? Language::Python : Language::Mel;
     for (size_t at = script.find("#1"); !value.empty() && at != std::string::npos;
          at = script.find("#1", at + value.size()))
+        // All marks; goes on behind what was put in.
         script.replace(at, 2, value);
     if (!script.empty())
         run(script, language);
@@ -141,6 +150,7 @@ void UserInterface::runChangeCommand()
 
 void UserInterface::runChangeCommandWithState(bool on)
 {
+    // The first script may delete the box.
     QPointer<QObject> box = sender();
     runScriptOf(box, "changeCommand", on ? "1" : "0");
     if (box)
@@ -186,6 +196,7 @@ void UserInterface::keepHistory(const QString &shownText)
 void UserInterface::forgetJobsOf(const QString &path)
 {
     m_session.scriptJobs().killChildrenOf(toUtf8(path));
+    // By short name too, for scripts give either.
     m_session.scriptJobs().killChildrenOf(toUtf8(path.section('|', -1)));
 }
 
@@ -236,6 +247,7 @@ QWidget *UserInterface::findWindow(const std::string &name)
 QAction *UserInterface::findMenuItem(const std::string &name)
 {
     const Element *element = m_tree.find(name);
+    // A menu answers with the action that opens it.
     return element ? element->action() : nullptr;
 }
 

@@ -5,7 +5,7 @@
 
 namespace standin {
 
-// Where the host would show a scene: an empty ground grid in perspective.
+// Where the host would show a scene: an empty ground grid in perspective. It takes no input.
 class Viewport : public QWidget
 {
 public:

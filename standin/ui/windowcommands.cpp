@@ -14,6 +14,7 @@ namespace {
 using mel::ArgumentKind;
 using mel::Value;
 
+// A child of the main window, so that it stays in front of it and goes with it.
 QObject *makeWindow(UserInterface &ui, Element *, const mel::Call &)
 {
     return new ScriptWindow(ui.mainWindow());
@@ -38,6 +39,7 @@ const Attributes windowAttributes = {
      [](const Element &e, UserInterface &) -> Value {
          return mel::IntArray{e.widget()->width(), e.widget()->height()};
      }},
+    // The other way round than Qt has it: top, then left.
     {{"tlc", "topLeftCorner", {ArgumentKind::Int, ArgumentKind::Int}},
      [](Element &e, const Argument &given) { e.widget()->move(given.number(1), given.number(0)); },
      [](const Element &e, UserInterface &) -> Value {
@@ -48,6 +50,7 @@ const Attributes windowAttributes = {
          given.isOn() ? e.widget()->showMinimized() : e.widget()->showNormal();
      },
      [](const Element &e, UserInterface &) -> Value { return int(e.widget()->isMinimized()); }},
+    // Accepted: the window manager decides, and every window has a menu bar.
     {{"s", "sizeable", {ArgumentKind::Boolean}}},
     {{"mb", "menuBar", {ArgumentKind::Boolean}}},
     STANDIN_KEPT_TEXT("in", "iconName"),
@@ -68,6 +71,7 @@ const std::vector<ElementType> &windowTypes()
 
 Element &windowNamed(UserInterface &ui, const mel::Call &call)
 {
+    // Without a name, the window around what was made last.
     Element *element =
         call.objects.empty() ? ui.tree().currentParent() : ui.tree().find(call.objectText(0));
     while (element && element->parent && call.objects.empty())
@@ -85,6 +89,7 @@ void addShowWindow(UserInterface &ui)
     command.objectSynopsis = "[String]";
     command.run = [&ui](mel::Call &call) -> Value {
         QWidget *window = windowNamed(ui, call).widget();
+        // Windows stay hidden until a script shows them, as in the application.
         window->show();
         window->raise();
         return {};
