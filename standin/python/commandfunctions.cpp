@@ -18,12 +18,14 @@ PyRef resultOf(const mel::Value &value, bool yesOrNo)
     return toPython(value);
 }
 
+// What all functions of maya.cmds are; `self` is the command's name.
 PyObject *runCommand(PyObject *self, PyObject *arguments, PyObject *keywords)
 {
     HostBinding *binding = bindingOnMainThread();
     if (!binding)
         return nullptr;
     const std::string name = toUtf8(self);
+    // Looked up by name at every call: plug-ins take their commands away.
     const mel::Command *command = binding->mel.command(name);
     if (!command) {
         PyErr_Format(PyExc_RuntimeError, "Cannot find procedure \"%s\".", name.c_str());
@@ -36,6 +38,7 @@ PyObject *runCommand(PyObject *self, PyObject *arguments, PyObject *keywords)
     // Asked first: the command may remove itself.
     const bool yesOrNo = answersYesOrNo(*command, keywords);
     mel::Value value;
+    // Without the GIL, so that other threads of Python go on while the command works.
     if (!callHost([&] { value = binding->mel.runCommand(name, *words); }))
         return nullptr;
     return resultOf(value, yesOrNo).release();
@@ -47,6 +50,8 @@ PyMethodDef &definitionOf(const std::string &name)
     static auto &definitions = *new std::map<std::string, PyMethodDef>;
     const auto [entry, isNew] = definitions.try_emplace(name);
     if (isNew) {
+        // Through a function pointer without types: the cast from one with keywords is no safe one
+        // to the compiler, and the flags below tell Python how to call it.
         const auto function =
             reinterpret_cast<PyCFunction>(reinterpret_cast<void (*)()>(runCommand));
         entry->second = {entry->first.c_str(), function, METH_VARARGS | METH_KEYWORDS, nullptr};

@@ -15,6 +15,7 @@ bool isSequence(PyObject *object)
     return PyList_Check(object) || PyTuple_Check(object);
 }
 
+// By either name, as keywords may be; null for a flag that the command does not have.
 const mel::Flag *findFlag(const mel::Command &command, const std::string &name)
 {
     for (const mel::Flag &flag : command.flags) {
@@ -24,6 +25,7 @@ const mel::Flag *findFlag(const mel::Command &command, const std::string &name)
     return nullptr;
 }
 
+// The two words that say what the flags of a call are for.
 struct Mode
 {
     const char *shortName;
@@ -86,11 +88,12 @@ private:
     bool addScript(PyObject *value);
 
     const mel::Command &m_command;
-    const bool m_query;
-    const bool m_namesLanguage;
+    const bool m_query;         // known beforehand: it changes what flags take
+    const bool m_namesLanguage; // the call says in which language its scripts are
     std::vector<mel::Value> m_words;
 };
 
+// By the long name; some flags have a short one only.
 mel::Value flagWord(const mel::Flag &flag)
 {
     return "-" + (flag.longName.empty() ? flag.shortName : flag.longName);
@@ -107,6 +110,7 @@ bool WordList::addMode(const Mode &mode, PyObject *value)
 
 bool WordList::addFlag(const std::string &name, PyObject *value)
 {
+    // Nothing to check against; its own syntax, or doIt(), decides.
     if (acceptsAnyFlag(m_command))
         return addUntypedFlag(name, value);
     const mel::Flag *flag = findFlag(m_command, name);
@@ -116,6 +120,7 @@ bool WordList::addFlag(const std::string &name, PyObject *value)
     }
     // In a query the flags are named only, as in title=True, unless they need to know more.
     if (flag->arguments.empty() || (m_query && PyBool_Check(value))) {
+        // -1 is an exception: the truth of an object is code of its own.
         const int wanted = PyObject_IsTrue(value);
         if (wanted == 1)
             m_words.push_back(flagWord(*flag));
@@ -126,6 +131,7 @@ bool WordList::addFlag(const std::string &name, PyObject *value)
 
 bool WordList::addUntypedFlag(const std::string &name, PyObject *value)
 {
+    // A switch that is off, as far as anybody can tell here.
     if (value == Py_False)
         return true;
     m_words.emplace_back("-" + name);
@@ -139,6 +145,8 @@ bool WordList::addUses(const mel::Flag &flag, PyObject *values)
     const bool nested = size > 0 && isSequence(PySequence_Fast_GET_ITEM(values, 0));
     if (flag.arguments.size() > 1 && !nested)
         return addUse(flag, values);
+    // The size is asked anew each time, and the item owned: converting it may run code that changes
+    // the list.
     for (Py_ssize_t i = 0; i < PySequence_Fast_GET_SIZE(values); ++i) {
         const PyRef item = PyRef::borrowed(PySequence_Fast_GET_ITEM(values, i));
         if (!addUse(flag, item.get()))
@@ -155,6 +163,7 @@ bool WordList::addUse(const mel::Flag &flag, PyObject *value)
     for (Py_ssize_t i = 0; i < PySequence_Fast_GET_SIZE(value); ++i) {
         const PyRef item = PyRef::borrowed(PySequence_Fast_GET_ITEM(value, i));
         const size_t argument = static_cast<size_t>(i);
+        // More values than the flag takes are passed on all the same: the command decides.
         const bool typed = argument < flag.arguments.size();
         if (!add(item.get(), typed ? flag.arguments[argument] : mel::ArgumentKind::String))
             return false;
@@ -169,6 +178,7 @@ bool WordList::add(PyObject *value, mel::ArgumentKind kind)
     std::optional<mel::Value> word = toMel(value);
     if (!word)
         return false;
+    // Left out silently, the words after it would slip into its place.
     if (mel::isVoid(*word)) {
         PyErr_SetString(PyExc_TypeError, "None is no argument of a command");
         return false;
@@ -193,6 +203,7 @@ bool addFlags(const mel::Command &command, PyObject *keywords, WordList &words)
     PyObject *key = nullptr;
     PyObject *value = nullptr;
     Py_ssize_t position = 0;
+    // In the order in which the call gives them, where Python keeps it. References are borrowed.
     while (keywords && PyDict_Next(keywords, &position, &key, &value)) {
         const std::string name = toUtf8(key);
         if (isMode(command, queryMode, name) || isMode(command, editMode, name))
@@ -217,6 +228,7 @@ bool addObjects(PyObject *arguments, WordList &words)
 std::optional<std::vector<mel::Value>> commandWords(const mel::Command &command,
                                                     PyObject *arguments, PyObject *keywords)
 {
+    // In the order of a script's line: modes, flags, objects.
     PyObject *query = modeValue(command, keywords, queryMode);
     PyObject *edit = modeValue(command, keywords, editMode);
     WordList words(command, keywords);

@@ -13,6 +13,7 @@ struct EmbeddedModule
     const char *source;
 };
 
+// Texts in UTF-8 that live as long as the program; the start-up module is among them.
 extern const EmbeddedModule embeddedModules[];
 extern const std::size_t embeddedModuleCount;
 

@@ -17,11 +17,13 @@
 namespace standin {
 namespace {
 
+// What scripts typed in the host are called in traces; users look for this name.
 const char consoleName[] = "<maya console>";
 
 // Python calling MEL calling Python takes stack of both, which Python's own limit does not see.
 const int maximumDepth = 50;
 
+// Echoed texts end in a line break, but do not get a second one.
 std::string withLineBreak(const std::string &text)
 {
     return !text.empty() && text.back() == '\n' ? text : text + '\n';
@@ -57,6 +59,7 @@ bool ensurePython(std::string &error)
         return true;
     if (!startPython(error))
         return false;
+    // Starting leaves the GIL with this thread, which would stop all others for good.
     PyEval_SaveThread();
     return true;
 }
@@ -91,6 +94,7 @@ Engine::~Engine()
     // while the host still stands.
     if (!callStartup("end", PyRef()))
         failureFromException();
+    // Last: what ran above may have printed. Threads that go on find no host from now on.
     HostBinding::setCurrent(nullptr);
 }
 
@@ -100,6 +104,7 @@ bool Engine::begin()
     if (ensurePython(error)) {
         const GilLock lock;
         HostBinding::setCurrent(&m_binding);
+        // Interrupts are addressed by this number, and begin() runs on the main thread.
         m_mainThread = PyThread_get_thread_ident();
         m_begun = true;
         if (prepareModules())
@@ -112,6 +117,7 @@ bool Engine::begin()
 
 bool Engine::prepareModules()
 {
+    // Scripts of the user may be imported from where MEL finds them.
     const PyRef folders = toPython(mel::Value(m_binding.mel.host().scriptPath()));
     return folders && callStartup("begin", folders);
 }
@@ -119,6 +125,8 @@ bool Engine::prepareModules()
 // Calls a function of the start-up module, which is made on first use.
 bool Engine::callStartup(const char *function, const PyRef &argument)
 {
+    // Deliberate: one reference that is never given back, for it serves every engine of the
+    // process.
     static PyObject *namespaceOfStartup = nullptr;
     if (!namespaceOfStartup) {
         const PyRef fresh(Py_BuildValue("{ss}", "__name__", "_standin_startup"));
@@ -126,11 +134,13 @@ bool Engine::callStartup(const char *function, const PyRef &argument)
         if (!addHostModule() || !fresh || !sources ||
             PyDict_SetItemString(fresh.get(), "sources", sources.get()) != 0)
             return false;
+        // Code run from C may have no builtin functions otherwise, that of import among them.
         PyDict_SetItemString(fresh.get(), "__builtins__", PyEval_GetBuiltins());
         const PyRef done(
             PyRun_String(embeddedSource("startup"), Py_file_input, fresh.get(), fresh.get()));
         if (!done)
             return false;
+        // Only now, so that a failed start is tried again.
         namespaceOfStartup = PyRef::borrowed(fresh.get()).release();
     }
     PyObject *callable = PyDict_GetItemString(namespaceOfStartup, function);
@@ -142,6 +152,7 @@ mel::Outcome Engine::execute(const std::string &text, bool display)
 {
     const GilLock lock;
     if (display)
+        // Before the check below, so that the history shows what is refused.
         sendMessage(mel::MessageKind::History, withLineBreak(text));
     if (m_depth >= maximumDepth)
         return failure("Too many executions within each other.");
@@ -149,6 +160,7 @@ mel::Outcome Engine::execute(const std::string &text, bool display)
     try {
         return executeNested(text, display);
     } catch (const std::exception &exception) {
+        // One of C++, lack of memory above all; Python's exceptions do not come this way.
         PyErr_Clear();
         return failure(exception.what());
     }
@@ -167,10 +179,12 @@ PyRef Engine::run(const std::string &text)
     if (!source)
         return PyRef();
     PyRef code = compile(source.get(), "eval");
+    // Any other failure would only come again.
     if (!code && PyErr_ExceptionMatches(PyExc_SyntaxError)) {
         PyErr_Clear();
         code = compile(source.get(), "exec");
     }
+    // Borrowed: sys.modules keeps it, and scripts share its variables with everything run here.
     PyObject *main = PyImport_AddModule("__main__");
     if (!code || !main)
         return PyRef();
@@ -193,6 +207,7 @@ PyRef Engine::compile(PyObject *source, const char *mode)
 
 mel::Outcome Engine::outcomeOf(PyObject *value, bool display)
 {
+    // repr() is code of the script's and may fail.
     if (display && value != Py_None) {
         const PyRef text(PyObject_Repr(value));
         if (!text)
@@ -221,6 +236,7 @@ mel::Outcome Engine::failureFromException()
 void Engine::interrupt()
 {
     const GilLock lock;
+    // Nothing runs, nothing to stop: the exception would hit whatever runs next.
     if (m_depth > 0)
         setInterrupt(PyExc_KeyboardInterrupt);
 }

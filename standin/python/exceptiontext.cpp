@@ -20,6 +20,7 @@ std::string bareName(PyObject *type)
 
 std::string exceptionText(PyObject *type, PyObject *value, PyObject *traceback, bool withTrace)
 {
+    // Borrowed: the two constants live for ever.
     PyObject *trace = withTrace ? Py_True : Py_False;
     const PyRef text = callUtils("_exceptionText", {type, value, traceback, trace});
     PyErr_Clear();

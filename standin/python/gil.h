@@ -5,7 +5,8 @@
 
 namespace standin {
 
-// Holds Python's global lock for a scope; may be nested, and used on any thread.
+// Holds Python's global lock for a scope; may be nested, and used on any thread. Waits for the
+// lock, so the host must not hold a lock of its own that Python code may want.
 class GilLock
 {
 public:
@@ -18,7 +19,8 @@ private:
     PyGILState_STATE m_state;
 };
 
-// Lets other Python threads run while the host works: the host may well open a dialog.
+// Lets other Python threads run while the host works: the host may well open a dialog. Only with
+// the lock held; no Python object may be touched until the scope ends.
 class GilRelease
 {
 public:

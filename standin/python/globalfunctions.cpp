@@ -17,6 +17,7 @@ struct Request
 // (command, displayEnabled=False, undoEnabled=False); nothing can be undone here.
 bool readRequest(PyObject *arguments, PyObject *keywords, Request &request)
 {
+    // The keywords that scripts know from the application.
     static const char *const names[] = {"command", "displayEnabled", "undoEnabled", nullptr};
     PyObject *command = nullptr;
     int display = 0;
@@ -34,10 +35,12 @@ bool execute(PyObject *arguments, PyObject *keywords, mel::Value &value)
     Request request;
     HostBinding *binding = bindingOnMainThread();
     mel::Outcome outcome;
+    // In this order: without a host the arguments do not matter.
     if (!binding || !readRequest(arguments, keywords, request) ||
         !callHost([&] { outcome = binding->host.executeMel(request.text, request.display); }))
         return false;
     if (!outcome.ok)
+        // The error has been reported already; the exception stops the script that asked.
         PyErr_SetString(PyExc_RuntimeError, outcome.error.c_str());
     value = outcome.value;
     return outcome.ok;
@@ -65,6 +68,7 @@ PyObject *executeCommandOnIdle(PyObject *, PyObject *arguments, PyObject *keywor
     Request request;
     if (!readRequest(arguments, keywords, request))
         return nullptr;
+    // Without a host there is no idle time left, and nobody to tell.
     if (HostBinding *binding = HostBinding::current())
         binding->host.executeMelOnIdle(request.text, request.display);
     Py_RETURN_NONE;
@@ -94,11 +98,13 @@ PyObject *display(PyObject *, PyObject *argument)
     Py_RETURN_NONE;
 }
 
+// The type that the table wants; METH_KEYWORDS says how the function is really called.
 PyCFunction withKeywords(PyObject *(*function)(PyObject *, PyObject *, PyObject *))
 {
     return reinterpret_cast<PyCFunction>(reinterpret_cast<void (*)()>(function));
 }
 
+// Python refers to the rows for as long as the functions live, so they are never copied.
 PyMethodDef functions[] = {
     {"displayInfo", display<mel::MessageKind::Info>, METH_O, nullptr},
     {"displayWarning", display<mel::MessageKind::Warning>, METH_O, nullptr},

@@ -6,7 +6,7 @@
 namespace standin {
 
 // Adds what maya.OpenMaya.MGlobal consists of: displayInfo, executeCommand and so on. False with an
-// exception set when that fails.
+// exception set when that fails. The module keeps the functions for the life of the process.
 bool addGlobalFunctions(PyObject *module);
 
 } // namespace standin

@@ -6,6 +6,7 @@
 namespace standin {
 namespace {
 
+// Both guarded by the GIL.
 HostBinding *currentBinding = nullptr;
 std::thread::id mainThread;
 
@@ -33,6 +34,7 @@ HostBinding *bindingOnMainThread()
         PyErr_SetString(PyExc_RuntimeError, "The host has been closed.");
         return nullptr;
     }
+    // Widgets and the interpreter belong to the main thread; the text says what to do instead.
     if (!onMainThread()) {
         PyErr_SetString(PyExc_RuntimeError,
                         "Commands run on the main thread only; use "
@@ -44,6 +46,7 @@ HostBinding *bindingOnMainThread()
 
 void sendMessage(mel::MessageKind kind, const std::string &text)
 {
+    // Prints of threads that outlive the session go nowhere.
     HostBinding *binding = currentBinding;
     if (!binding)
         return;
@@ -52,6 +55,7 @@ void sendMessage(mel::MessageKind kind, const std::string &text)
         binding->host.output(kind, text);
         return;
     }
+    // Callbacks of plug-ins run below, and may wait for another thread of Python.
     const GilRelease others;
     binding->host.output(kind, text);
 }

@@ -11,8 +11,8 @@
 
 namespace standin {
 
-// The host that Python code reaches through the modules of the `maya` package. Read and changed
-// with the GIL held only.
+// The host that Python code reaches through the modules of the `maya` package. Owned by the engine,
+// one at a time. Read and changed with the GIL held only.
 struct HostBinding
 {
     HostServices &host;
@@ -32,8 +32,8 @@ HostBinding *bindingOnMainThread();
 // Sends a message, from any thread; forgotten when there is no binding.
 void sendMessage(mel::MessageKind kind, const std::string &text);
 
-// Runs a C++ function with the GIL released; a C++ exception becomes a RuntimeError. False when an
-// exception is set.
+// Runs a C++ function with the GIL released; a C++ exception becomes a RuntimeError, for nothing
+// may be thrown through Python's frames. False when an exception is set.
 template <typename Function>
 bool callHost(Function function)
 {

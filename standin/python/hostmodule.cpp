@@ -11,11 +11,13 @@
 namespace standin {
 namespace {
 
+// A new reference, as functions have to return.
 PyObject *none()
 {
     return PyRef::borrowed(Py_None).release();
 }
 
+// The value, or an exception whose text begins with the prefix.
 PyObject *outcomeObject(const mel::Outcome &outcome, const std::string &errorPrefix)
 {
     if (outcome.ok)
@@ -32,6 +34,7 @@ PyObject *message(PyObject *, PyObject *arguments)
     std::string text;
     if (!PyArg_ParseTuple(arguments, "iO:message", &kind, &object) || !readText(object, text))
         return nullptr;
+    // The number comes from Python and is about to become an enumerator.
     if (kind < 0 || kind > static_cast<int>(mel::MessageKind::StackTrace)) {
         PyErr_SetString(PyExc_ValueError, "no such kind of message");
         return nullptr;
@@ -49,11 +52,13 @@ PyObject *reportException(PyObject *, PyObject *arguments)
     if (!PyArg_ParseTuple(arguments, "OOO:reportException", &type, &value, &traceback))
         return nullptr;
     HostBinding *binding = HostBinding::current();
+    // As MEL's errors, by the one switch of the session.
     const bool withTrace = binding && binding->mel.settings().stackTrace;
     sendMessage(mel::MessageKind::Error, exceptionText(type, value, traceback, withTrace));
     return none();
 }
 
+// eval(text): errors are reported by MEL and raised here.
 PyObject *evalMel(PyObject *, PyObject *argument)
 {
     std::string text;
@@ -87,6 +92,7 @@ PyObject *processIdle(PyObject *, PyObject *)
 PyObject *isBatch(PyObject *, PyObject *)
 {
     HostBinding *binding = HostBinding::current();
+    // Without a host nothing can be waited for, as in a batch session.
     return PyBool_FromLong(!binding || binding->host.isBatch());
 }
 
@@ -98,6 +104,7 @@ PyObject *isMainThread(PyObject *, PyObject *)
 PyObject *commandNames(PyObject *, PyObject *)
 {
     HostBinding *binding = HostBinding::current();
+    // An incomplete answer rather than none: this serves dir(), which must not fail.
     if (!binding || !onMainThread())
         return PyList_New(0);
     return toPython(mel::Value(binding->mel.commandNames())).release();
@@ -135,6 +142,7 @@ void *findInterface(InterfaceLookup &lookup, const std::string &kind, const std:
         return lookup.findWindow(name);
     if (kind == "menuItem")
         return lookup.findMenuItem(name);
+    // The only kind left; the name is not looked at.
     return lookup.mainWindow();
 }
 
@@ -150,6 +158,7 @@ PyObject *interfaceAddress(PyObject *, PyObject *arguments)
         return nullptr;
     InterfaceLookup *lookup = binding->host.interfaceLookup();
     void *address = lookup ? findInterface(*lookup, kind, name) : nullptr;
+    // A number and no object: which binding of Qt wraps it is the script's choice.
     return address ? PyLong_FromVoidPtr(address) : none();
 }
 

@@ -10,6 +10,7 @@ PyRef call(PyObject *callable, std::initializer_list<PyObject *> arguments)
         return PyRef();
     Py_ssize_t index = 0;
     for (PyObject *argument : arguments)
+        // The tuple takes over one reference of each.
         PyTuple_SET_ITEM(tuple.get(), index++, PyRef::borrowed(argument).release());
     return PyRef(PyObject_CallObject(callable, tuple.get()));
 }
@@ -23,6 +24,7 @@ PyRef callUtils(const char *function, std::initializer_list<PyObject *> argument
 
 PyRef callBuiltin(const char *function, std::initializer_list<PyObject *> arguments)
 {
+    // Borrowed, and sets no exception when it is missing.
     PyObject *callable = PyDict_GetItemString(PyEval_GetBuiltins(), function);
     if (!callable)
         PyErr_Format(PyExc_NameError, "the builtin function %s is missing", function);

@@ -21,7 +21,9 @@ PyStatus fillConfig(PyConfig &config)
         wchar_t *arguments[] = {program};
         status = PyConfig_SetArgv(&config, 1, arguments);
     }
+    // The command line is the program's own.
     config.parse_argv = 0;
+    // Ctrl+C belongs to the program, which interrupts scripts its own way.
     config.install_signal_handlers = 0;
     config.configure_c_stdio = 0; // the C streams belong to the host
     config.write_bytecode = 0;    // no files in folders that scripts are imported from
@@ -34,6 +36,7 @@ PyStatus preInitialize()
     PyPreConfig_InitPythonConfig(&config);
     config.configure_locale = 0; // the locale is the host's business
     config.coerce_c_locale = 0;
+    // Files and streams are UTF-8, whatever the locale says.
     config.utf8_mode = 1;
     return Py_PreInitialize(&config);
 }
@@ -49,6 +52,7 @@ bool startPython(std::string &error)
         status = fillConfig(config);
         if (!PyStatus_Exception(status))
             status = Py_InitializeFromConfig(&config);
+        // Also after a failure.
         PyConfig_Clear(&config);
     }
     if (PyStatus_Exception(status))
@@ -58,11 +62,13 @@ bool startPython(std::string &error)
 
 PyObject *addBuiltinModule(const char *name, PyMethodDef *functions)
 {
+    // Static: Python keeps the definition. So there can be only one module.
     static PyModuleDef definition = {
         PyModuleDef_HEAD_INIT, name, nullptr, -1, functions, nullptr, nullptr, nullptr, nullptr};
     const PyRef module(PyModule_Create(&definition));
     if (!module || PyDict_SetItemString(PyImport_GetModuleDict(), name, module.get()) != 0)
         return nullptr;
+    // Stays alive in the table of modules.
     return module.get();
 }
 
@@ -90,6 +96,7 @@ bool isText(PyObject *object)
 
 bool startPython(std::string &)
 {
+    // Static: Python 2 keeps the pointers, and wants them to be changeable.
     static char program[] = STANDIN_PYTHON_EXECUTABLE;
     static char home[] = STANDIN_PYTHON_HOME;
     static char argument[] = "maya-standin";
@@ -97,7 +104,9 @@ bool startPython(std::string &)
     Py_SetProgramName(program);
     Py_SetPythonHome(home);
     Py_DontWriteBytecodeFlag = 1;
+    // Without signal handlers.
     Py_InitializeEx(0);
+    // Python 2 makes the GIL only when it is asked to.
     PyEval_InitThreads();
     PySys_SetArgvEx(1, arguments, 0);
     return true;
@@ -134,6 +143,7 @@ bool isText(PyObject *object)
 
 #if PY_VERSION_HEX >= 0x030C0000
 
+// From 3.12 on an exception is one object, whose type and traceback are parts of it.
 RaisedException takeRaisedException()
 {
     PyRef value(PyErr_GetRaisedException());
@@ -144,6 +154,7 @@ RaisedException takeRaisedException()
 
 #else
 
+// Before, they are three, and complete only once they have been normalised.
 RaisedException takeRaisedException()
 {
     PyObject *type = nullptr;

@@ -24,19 +24,23 @@ class Importer(object):
 
     # Python 3
 
+    # Also for names looked up relative to a package: they arrive with all their dots.
     def find_spec(self, name, path=None, target=None):
         if name not in sources:
             return None
         from importlib.machinery import ModuleSpec
         spec = ModuleSpec(name, self, origin=self._origin(name), is_package=self.is_package(name))
         if self.is_package(name):
+            # A path no other finder knows; the path hook below does.
             spec.submodule_search_locations = [folder_of(name)]
         return spec
 
+    # None: the import machinery makes the module.
     def create_module(self, spec):
         return None
 
     def exec_module(self, module):
+        # eval() runs code in both versions, where exec is a statement in Python 2.
         eval(self.get_code(module.__name__), module.__dict__)
 
     # Python 2
@@ -46,6 +50,7 @@ class Importer(object):
 
     def load_module(self, name):
         if name not in sys.modules:
+            # In the table before it runs, for modules that import each other.
             module = sys.modules[name] = types.ModuleType(name)
             module.__loader__ = self
             if self.is_package(name):
@@ -62,6 +67,7 @@ class Importer(object):
         return sources[name][1]
 
     def get_code(self, name):
+        # True: without the __future__ of this file.
         return compile(self.get_source(name), self._origin(name), 'exec', 0, True)
 
     def _origin(self, name):
@@ -83,6 +89,7 @@ class Importer(object):
 
 def install_importer():
     importer = Importer()
+    # In front, so that no folder of that name on the path hides the host's package.
     sys.meta_path.insert(0, importer)
     sys.path_hooks.insert(0, importer)
 
@@ -98,6 +105,7 @@ class ExitHandlers(object):
         self.handlers = []
 
     def install(self):
+        # Put in place for good: the interpreter is prepared once and serves every session.
         atexit.register = self.register
         atexit.unregister = self.unregister
 
@@ -111,6 +119,7 @@ class ExitHandlers(object):
 
     def run(self):
         while self.handlers:
+            # The last one first, as atexit has it. A handler may register another one.
             function, args, kwargs = self.handlers.pop()
             try:
                 function(*args, **kwargs)
@@ -121,6 +130,7 @@ class ExitHandlers(object):
 def empty_main():
     """Drops the variables of scripts, keeping what every __main__ has."""
     variables = sys.modules['__main__'].__dict__
+    # A list of its own: what a variable drops may change the variables.
     for name in [name for name in variables if not name.startswith('__')]:
         variables.pop(name, None)
 
@@ -133,7 +143,9 @@ def report_exception(*exception):
 def begin(folders):
     import maya
     import maya.utils
+    # What the session before this one has left.
     empty_main()
+    # At the end: the standard library cannot be hidden by a script of the same name.
     sys.path.extend(folder for folder in folders if folder not in sys.path)
     sys.stdout = maya.Output('<stdout>')
     sys.stderr = maya.Output('<stderr>')
@@ -141,6 +153,7 @@ def begin(folders):
     # Not only for threads and callbacks: bindings of Qt abort the program when an exception
     # escapes from a slot while the default hook is in place.
     sys.excepthook = report_exception
+    # Calls queued in an earlier session, whose queue is gone.
     maya.utils._forgetCalls()
 
 
@@ -148,6 +161,7 @@ def end():
     # Threads that still run are not waited for: one that waits for the main thread never ends.
     exit_handlers.run()
     empty_main()
+    # Cycles hold widgets too, and those have to go now.
     gc.collect()
 
 

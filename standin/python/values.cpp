@@ -23,6 +23,7 @@ PyRef toPython(const std::string &value)
     return textObject(value);
 }
 
+// Declared first: a list of vectors is a list of lists.
 template <typename T>
 PyRef listOf(const std::vector<T> &elements);
 
@@ -42,6 +43,7 @@ PyRef listOf(const std::vector<T> &elements)
         PyRef item = toPython(element);
         if (!item)
             return PyRef();
+        // Takes over the reference; the list is new and has no item there to give back.
         PyList_SET_ITEM(list.get(), index++, item.release());
     }
     return list;
@@ -49,6 +51,7 @@ PyRef listOf(const std::vector<T> &elements)
 
 struct ToPython
 {
+    // Instead of a chain of tests: a type of value without a form here does not compile.
     PyRef operator()(std::monostate) const { return PyRef::borrowed(Py_None); }
     PyRef operator()(const mel::Matrix &value) const { return listOf(value.elements); }
     template <typename T>
@@ -69,11 +72,13 @@ std::optional<int> smallInteger(PyObject *object)
         return std::nullopt;
     int overflow = 0;
     const long long number = PyLong_AsLongLongAndOverflow(object, &overflow);
+    // MEL's ints have 32 bits.
     if (overflow != 0 || number < INT_MIN || number > INT_MAX)
         return std::nullopt;
     return static_cast<int>(number);
 }
 
+// Booleans too, which are ints to Python.
 bool isNumber(PyObject *object)
 {
     return PyFloat_Check(object) || smallInteger(object);
@@ -81,6 +86,7 @@ bool isNumber(PyObject *object)
 
 double numberOf(PyObject *object)
 {
+    // Only after isNumber(), so the int is there.
     return PyFloat_Check(object) ? PyFloat_AsDouble(object) : *smallInteger(object);
 }
 
@@ -115,6 +121,7 @@ std::optional<mel::Value> stringArray(PyObject *sequence)
 
 std::optional<mel::Value> toArray(PyObject *sequence)
 {
+    // An array of some type has to be chosen; an empty one converts to any other.
     if (PySequence_Fast_GET_SIZE(sequence) == 0)
         return mel::StringArray();
     const auto isSmall = [](PyObject *item) { return smallInteger(item).has_value(); };
@@ -151,11 +158,13 @@ PyRef textObject(const std::string &utf8)
 
 std::string toUtf8(PyObject *text)
 {
+    // Byte strings, as Python 2 has them, are taken for UTF-8.
     PyRef bytes = PyRef::borrowed(text);
     if (PyUnicode_Check(text))
         bytes = PyRef(PyUnicode_AsEncodedString(text, "utf-8", "backslashreplace"));
     if (bytes && PyBytes_Check(bytes.get()))
         return {PyBytes_AS_STRING(bytes.get()), static_cast<size_t>(PyBytes_GET_SIZE(bytes.get()))};
+    // No text at all, or no memory: rather an empty text than a second error.
     PyErr_Clear();
     return {};
 }

@@ -4,6 +4,7 @@ import io
 
 import _standin
 
+# The number of the host's kind of message for output.
 _DISPLAY = 1
 
 
@@ -20,8 +21,10 @@ class Output(object):
         self.name = name
 
     def write(self, text):
+        # print() writes an empty end now and then; the host would show an empty message.
         if text == '':
             return 0
+        # One message per write, as in the application: print() may arrive as two.
         _standin.message(_DISPLAY, text)
         return len(text)
 
@@ -47,6 +50,7 @@ class Output(object):
     def seekable(self):
         return False
 
+    # No descriptor: what writes past Python goes to the terminal.
     def fileno(self):
         raise io.UnsupportedOperation('fileno')
 

@@ -16,6 +16,7 @@ _textType = type(u'')
 
 # Idle time and threads
 
+# Calls that wait, oldest first; deques may be filled and emptied by several threads.
 _waitingCalls = collections.deque()
 
 
@@ -31,6 +32,7 @@ def executeInMainThreadWithResult(textOrCallable, *args, **kwargs):
     """The value of a text or call that runs on the main thread, which is waited for."""
     if not callable(textOrCallable):
         textOrCallable, args, kwargs = _runText, (textOrCallable,), {}
+    # Waiting for the thread that waits would never end.
     if _standin.isMainThread():
         return textOrCallable(*args, **kwargs)
     if _standin.isBatch():
@@ -45,6 +47,7 @@ def processIdleEvents():
 
 class _WaitedCall(object):
     def __init__(self, function, args, kwargs):
+        # Set when the value or the error is there.
         self._done = threading.Event()
         self._value = None
         self._error = None
@@ -53,6 +56,7 @@ class _WaitedCall(object):
     def _run(self, function, args, kwargs):
         try:
             self._value = function(*args, **kwargs)
+        # Whatever it is, it is the caller's: without it the caller would wait for ever.
         except BaseException as error:
             self._error = error
         finally:
@@ -85,6 +89,7 @@ def _runReporting(function, args, kwargs):
 
 def _beyondHost(trace):
     """What follows the host's own calls in a trace, which mean nothing to a script's author."""
+    # By file: all calls of this module that lead to the script are passed over.
     while trace and trace.tb_frame.f_code.co_filename == _runReporting.__code__.co_filename:
         trace = trace.tb_next
     return trace
@@ -97,6 +102,7 @@ def _forgetCalls():
 def _runText(text):
     variables = sys.modules['__main__'].__dict__
     try:
+        # An expression first, since only that has a value.
         code = compile(text, _CONSOLE, 'eval', 0, True)
     except SyntaxError:
         code = compile(text, _CONSOLE, 'exec', 0, True)
@@ -105,6 +111,7 @@ def _runText(text):
 
 def _runUserSetup():
     """Runs every userSetup.py on the path; one that fails stops no other."""
+    # A copy: the scripts may change the path.
     for folder in list(sys.path):
         path = os.path.join(folder, 'userSetup.py')
         if os.path.isfile(path):
@@ -112,6 +119,7 @@ def _runUserSetup():
 
 
 def _runFile(path):
+    # As bytes, so that the compiler heeds the file's own declaration of its encoding.
     with io.open(path, 'rb') as source:
         code = compile(source.read(), path, 'exec', 0, True)
     eval(code, sys.modules['__main__'].__dict__)
@@ -132,6 +140,7 @@ def _melScript(command, value):
         # Elements of the interface put their state in the place of the mark, if they have one.
         state = '' if command in _withoutArgument else ", '#1'"
         value = "__import__('maya.utils').utils._runCallback(%d%s)" % (number, state)
+    # The backslash first: the other escapes bring backslashes of their own.
     for plain, escaped in (('\\', '\\\\'), ('"', '\\"'), ('\n', '\\n'), ('\r', '\\r'), ('\t', '\\t')):
         value = value.replace(plain, escaped)
     return 'python("%s")' % value
@@ -159,6 +168,7 @@ def formatGuiException(exceptionType, exceptionObject, traceBack, detail=2):
     return message + u'\n' + _trace(exceptionType, exceptionObject, traceBack)
 
 
+# Kept, for the case that a script's own function fails.
 _formatGuiException = formatGuiException
 
 
@@ -174,6 +184,7 @@ def _message(error):
     if isinstance(error, SyntaxError) and error.msg:
         return _text(error.msg)
     try:
+        # Text of Python 2 may be bytes that are not ASCII: then by way of str().
         return _textType(error)
     except Exception:
         pass
@@ -191,11 +202,13 @@ def _place(error, trace):
     """File and line that an exception comes from, innermost call first."""
     if isinstance(error, SyntaxError) and error.filename:
         return error.filename, error.lineno or 0
+    # As file and line; plain tuples in Python 2.
     frames = traceback.extract_tb(trace)
     return (frames[-1][0], frames[-1][1]) if frames else (_CONSOLE, 0)
 
 
 def _trace(exceptionType, error, trace):
+    # Files that the user has changed since are shown as they are now.
     linecache.checkcache()
     if trace is None:
         lines = traceback.format_exception_only(exceptionType, error)
