@@ -19,8 +19,10 @@ namespace standin {
 
 namespace {
 
+// By class name, for the classes belong to the plug-in.
 const char editorClass[] = "Kestrowl";
 const char historyClass[] = "EdOutputView";
+// Several frames, of which the editor needs one.
 const int settlingMilliseconds = 150;
 
 QWidget *editorWindow()
@@ -32,6 +34,7 @@ QWidget *editorWindow()
     return nullptr;
 }
 
+// Null as long as the editor has not been made.
 QPlainTextEdit *editorHistory()
 {
     if (!editorWindow())
@@ -59,11 +62,13 @@ QString openFile(UserInterface &ui, const QString &file)
     const QString path = QFileInfo(file).absoluteFilePath();
     if (!QFileInfo(path).isFile())
         return "Cannot open file \"" + file + "\".";
+    // Fails when the plug-in is not loaded; its error has been reported.
     if (!ui.session().executeMel("corvaneEditor", false).ok || !editorWindow())
         return "The editor cannot be shown.";
     // Complete, whatever the history's usual limit is.
     if (QPlainTextEdit *history = editorHistory())
         history->setMaximumBlockCount(0);
+    // The slot returns nothing; false only when there is no such slot.
     const bool isOpen = QMetaObject::invokeMethod(editorWindow(), "open", Q_ARG(QString, path));
     processEvents(ui.session());
     return isOpen ? QString() : "The editor cannot open \"" + file + "\".";
@@ -71,6 +76,7 @@ QString openFile(UserInterface &ui, const QString &file)
 
 QString executeDocument(UserInterface &ui)
 {
+    // The slot that Execute All calls.
     if (!editorWindow() || !QMetaObject::invokeMethod(editorWindow(), "executeAll"))
         return "There is no editor to execute in.";
     ui.session().idleQueue().processUntilEmpty();
@@ -84,6 +90,7 @@ QString printHistory(UserInterface &ui)
         return "There is no editor with an output history.";
     processEvents(ui.session());
     const QByteArray text = history->toPlainText().toUtf8();
+    // Bytes as they are: the text may hold anything, and the terminal is taken to speak UTF-8.
     std::fwrite(text.constData(), 1, static_cast<size_t>(text.size()), stdout);
     if (!text.isEmpty() && !text.endsWith('\n'))
         std::fputc('\n', stdout);

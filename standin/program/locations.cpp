@@ -26,6 +26,7 @@ QString programRoot()
 
 QString defaultPlugin()
 {
+    // In the folder next to the program's, as it is built, or beside the program itself.
     const QString candidates[] = {
         programRoot() + "/plug-ins/" + pluginName,
         QCoreApplication::applicationDirPath() + "/" + pluginName,

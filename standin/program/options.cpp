@@ -9,6 +9,7 @@ namespace {
 
 using Setter = void (*)(ProgramOptions &, const QString &);
 
+// Reading, help and checks walk the same table.
 struct OptionRow
 {
     const char *name;
@@ -25,6 +26,7 @@ void setMessages(ProgramOptions &options, const QString &form)
         options.error = "--messages takes up-to-2022 or from-2023, not " + form;
 }
 
+// In the order in which the help shows them.
 const OptionRow rows[] = {
     {"--help", nullptr, "print this text",
      [](ProgramOptions &options, const QString &) { options.help = true; }},
@@ -95,6 +97,7 @@ bool ProgramOptions::quits() const
 ProgramOptions readOptions(const QStringList &arguments)
 {
     ProgramOptions options;
+    // The first mistake ends the reading.
     for (int i = 0; i < arguments.size() && options.error.isEmpty(); ++i) {
         const QString &name = arguments.at(i);
         const OptionRow *row = rowFor(name);
@@ -103,6 +106,7 @@ ProgramOptions readOptions(const QStringList &arguments)
         else if (row->argument && i + 1 == arguments.size())
             options.error = name + " needs " + row->argument;
         else {
+            // Whatever it looks like: a text may begin with a dash.
             const QString argument = row->argument ? arguments.at(++i) : QString();
             if (row->step)
                 options.steps.push_back({*row->step, argument});

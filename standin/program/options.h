@@ -28,7 +28,7 @@ struct Step
     QString argument;
 };
 
-// The command line, read.
+// The command line, read. With an error the rest is incomplete and not to be used.
 struct ProgramOptions
 {
     bool help = false;

@@ -22,6 +22,7 @@ namespace standin {
 
 namespace {
 
+// In the order of mel::MessageKind.
 const char *const kindNames[] = {"history", "display", "info", "warning",
                                  "error",   "result",  "trace"};
 const int millisecondsToRetry = 20;
@@ -44,6 +45,7 @@ SessionOptions sessionOptions(const ProgramOptions &options)
 Program::Program(const ProgramOptions &options)
     : m_options(options), m_session(std::make_unique<Session>(sessionOptions(options)))
 {
+    // Before anything can be printed.
     if (options.log)
         connect(m_session.get(), SIGNAL(messageArrived(int, QString)),
                 SLOT(logMessage(int, QString)));
@@ -60,6 +62,7 @@ int Program::exitStatus() const
 
 void Program::start()
 {
+    // The order of the application: start-up scripts see no windows yet, plug-ins do.
     m_session->runUserSetup();
     if (!m_options.batch)
         makeInterface();
@@ -80,6 +83,7 @@ void Program::loadPlugins()
 {
     QStringList plugins = m_options.plugins;
     if (plugins.isEmpty() && m_options.loadsDefaultPlugin)
+        // Empty when the program stands alone, which is no error.
         plugins << defaultPlugin();
     for (const QString &plugin : plugins) {
         if (!plugin.isEmpty())
@@ -91,6 +95,7 @@ void Program::nextStep()
 {
     if (m_hasLeft)
         return;
+    // With windows the program goes on, for the user.
     if (m_nextStep == m_options.steps.size()) {
         if (m_options.batch)
             leave();
@@ -146,6 +151,7 @@ void Program::runFile(const Step &step)
 void Program::settle()
 {
     m_session->idleQueue().processUntilEmpty();
+    // Calls queued to the two by name, a script's "quit" among them.
     QApplication::sendPostedEvents(this, 0);
     QApplication::sendPostedEvents(m_session.get(), 0);
 }
@@ -180,6 +186,7 @@ void Program::leaveAgain()
 
 void Program::interruptAndLeave()
 {
+    // Here, on the caller's thread: the main thread is busy with what is to be stopped.
     m_session->interrupt();
     QMetaObject::invokeMethod(this, "leave", Qt::QueuedConnection, Q_ARG(int, 0));
 }
@@ -188,6 +195,7 @@ void Program::logMessage(int kind, const QString &text)
 {
     QString line = text;
     line.replace("\n", "\\n");
+    // One line per message, flushed, so that whoever reads along sees it at once.
     std::printf("%s\t%s\n", kindNames[kind], line.toUtf8().constData());
     std::fflush(stdout);
 }

@@ -13,6 +13,7 @@ namespace standin {
 namespace {
 
 int pipeEnds[2] = {-1, -1}; // a handler can reach nothing but globals
+// What the waiter reads; the second one comes from the destructor.
 const char stopByte = 's';
 const char endByte = 'e';
 
@@ -21,6 +22,7 @@ extern "C" void tellWaiter(int)
     // The second signal ends a program that does not react to the first.
     std::signal(SIGINT, SIG_DFL);
     std::signal(SIGTERM, SIG_DFL);
+    // Of the few calls that a handler may make.
     if (write(pipeEnds[1], &stopByte, 1) < 0)
         _exit(1);
 }
@@ -33,6 +35,7 @@ StopSignal::StopSignal(std::function<void()> stop)
         return;
     m_waiter = std::thread([stop = std::move(stop)] {
         char byte = 0;
+        // Blocks until a byte comes; ends with the destructor's, or when the pipe breaks.
         while (read(pipeEnds[0], &byte, 1) == 1 && byte == stopByte)
             stop();
     });
@@ -46,6 +49,8 @@ StopSignal::~StopSignal()
         return;
     std::signal(SIGINT, SIG_DFL);
     std::signal(SIGTERM, SIG_DFL);
+    // Joined, so that the function is not called after this object; a waiter that cannot be told
+    // ends with the process.
     if (write(pipeEnds[1], &endByte, 1) == 1)
         m_waiter.join();
     else
