@@ -22,6 +22,7 @@ mel::StringArray utf8List(const QStringList &texts)
     return list;
 }
 
+// Throws the error that scripts know.
 const PluginRecord &required(const PluginLoader &plugins, const std::string &name)
 {
     const PluginRecord *record = plugins.find(toQt(name));
@@ -54,6 +55,7 @@ mel::Value info(const mel::Call &call, const Session &session, const PluginLoade
         return session.pluginCommands().namesOf(record.path);
     if (call.isSet("apiVersion"))
         return std::to_string(MAYA_API_VERSION);
+    // What the plug-in says of itself, kept as text.
     static const struct
     {
         const char *flag;

@@ -18,6 +18,7 @@ struct Switch
     const char *longName;
     bool OutputHistory::Suppressed::*state;
 };
+// The stack trace is left out: only reporters have a flag for it.
 const Switch switches[] = {
     {"se", "suppressErrors", &OutputHistory::Suppressed::errors},
     {"si", "suppressInfo", &OutputHistory::Suppressed::info},

@@ -48,6 +48,7 @@ void readTrigger(const mel::Call &call, ScriptJobs::Job &job)
     job.script = call.text("idleEvent");
 }
 
+// Throws when the call names no event, or one that does not exist.
 ScriptJobs::Job jobFrom(const mel::Call &call)
 {
     ScriptJobs::Job job;
@@ -64,6 +65,7 @@ ScriptJobs::Job jobFrom(const mel::Call &call)
 
 void kill(const mel::Call &call, ScriptJobs &jobs)
 {
+    // Two errors, so that a script's author knows whether -force would help.
     const int number = call.integer("kill");
     if (!jobs.exists(number))
         throw mel::RuntimeError("There is no script job " + std::to_string(number) + ".");
@@ -79,6 +81,7 @@ mel::Value run(const mel::Call &call, Session &session)
     ScriptJobs &jobs = session.scriptJobs();
     if (call.isSet("exists"))
         return jobs.exists(call.integer("exists")) ? 1 : 0;
+    // Questions before changes; of several the first one answers.
     if (call.isSet("listJobs"))
         return jobs.descriptions();
     if (call.isSet("listEvents"))

@@ -103,6 +103,7 @@ std::string quoted(const std::string &text)
     return " \"" + text + "\"";
 }
 
+// As a list shows it: first the flags about the job's life, then what it waits for.
 std::string description(int number, const ScriptJobs::Job &job)
 {
     std::string text = std::to_string(number) + ":";
@@ -138,6 +139,7 @@ std::vector<std::string> ScriptJobs::eventNames()
 
 int ScriptJobs::add(const Job &job)
 {
+    // Numbers go up only, so one that a script remembers never means another job.
     m_jobs[++m_lastNumber] = job;
     if (job.trigger == Trigger::Idle)
         m_idleTimer->start();
@@ -229,6 +231,7 @@ void ScriptJobs::run(int number)
     // Before its script, which may ask whether the job exists.
     if (job.runOnce)
         m_jobs.erase(found);
+    // Not echoed, and a failing job is reported like any script; it stays in the list.
     m_session.executeMel(job.script, false);
 }
 

@@ -16,6 +16,7 @@ struct OptionRow
     const char *argument; // what follows it, null when nothing does
     const char *help;
     Setter set; // null for steps
+    // A row has either a setter or a step.
     std::optional<StepKind> step = {};
 };
 
@@ -91,6 +92,7 @@ bool ProgramOptions::quits() const
         if (step.kind == StepKind::Quit)
             return true;
     }
+    // A batch session leaves when its steps are done.
     return batch;
 }
 

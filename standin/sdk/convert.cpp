@@ -7,6 +7,7 @@ namespace standin {
 
 namespace {
 
+// Of whatever type; false for anything that is no array.
 bool isEmptyArray(const mel::Value &value)
 {
     const auto isEmpty = [](const auto *items) { return items && items->empty(); };
@@ -21,6 +22,7 @@ bool isEmptyArray(const mel::Value &value)
 template <class Items, class ApiArray, class Convert>
 bool copyItems(const mel::Value &value, ApiArray &result, Convert convertItem)
 {
+    // The status of the API's calls depends on it, so a wrong type leaves the result as it was.
     const Items *items = std::get_if<Items>(&value);
     if (!items && !isEmptyArray(value))
         return false;
@@ -42,6 +44,8 @@ mel::StringArray utf8List(const MStringArray &texts)
     return list;
 }
 
+// Deliberate: no other conversions than from int to double. A float for an int, or a number for a
+// string, is a failed call.
 bool convert(const mel::Value &value, int &result)
 {
     const int *number = std::get_if<int>(&value);
@@ -88,6 +92,7 @@ bool convert(const mel::Value &value, MStringArray &result)
 
 bool convertToText(const mel::Value &value, MString &result)
 {
+    // Numbers first; an int comes as a double, which is exact up to ten digits of text.
     double number = 0;
     if (!convert(value, number))
         return convert(value, result);

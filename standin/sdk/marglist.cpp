@@ -15,6 +15,7 @@ namespace {
 template <class Item>
 Item itemAt(const MArgList &list, unsigned int index, MStatus *status)
 {
+    // Stays the default on failure, since get() leaves it alone.
     Item value = Item();
     setStatus(status, list.get(index, value).statusCode());
     return value;
@@ -119,6 +120,7 @@ MStatus MArgList::get(unsigned int index, MString &value) const
 
 unsigned int MArgList::flagIndex(const char *shortFlag, const char *longFlag) const
 {
+    // Compared without the dash, as callers give the names either way.
     const std::string names[] = {standin::withoutDash(shortFlag ? shortFlag : ""),
                                  standin::withoutDash(longFlag ? longFlag : "")};
     for (unsigned int i = 0; i < m_words.size(); ++i) {
@@ -145,6 +147,7 @@ MStatus MArgList::addArg(int value)
 MStatus MArgList::addArg(double value)
 {
     MString text;
+    // Ten digits, like every number that becomes text.
     text.set(value);
     return addArg(text);
 }

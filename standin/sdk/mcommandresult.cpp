@@ -29,6 +29,7 @@ MStatus statusOf(bool ok)
 
 MCommandResult::MCommandResult(MStatus *ReturnStatus) : m_data(std::make_unique<Data>())
 {
+    // An empty result is a result; it is filled later.
     setStatus(ReturnStatus, MS::kSuccess);
 }
 
@@ -37,6 +38,7 @@ MCommandResult::~MCommandResult() = default;
 MCommandResult::Type MCommandResult::resultType(MStatus *ReturnStatus) const
 {
     setStatus(ReturnStatus, MS::kSuccess);
+    // Whatever alternative the value holds has a row, which the assertion above sees to.
     return resultTypes[m_data->value.index()];
 }
 

@@ -32,6 +32,7 @@ MString runForText(Execute execute, const MString &text, bool display, MStatus *
 {
     const mel::Outcome outcome = run(execute, text, display);
     MString result;
+    // A script that succeeds without a value is a failure here: there is no text to give.
     const bool isText = outcome.ok && convertToText(outcome.value, result);
     setStatus(status, isText ? MS::kSuccess : MS::kFailure);
     return result;

@@ -103,6 +103,7 @@ mel::Value runCommand(void *(*creator)(), const MSyntax &syntax,
     const std::unique_ptr<MPxCommand> command(static_cast<MPxCommand *>(creator()));
     if (!command)
         throw mel::RuntimeError("The command could not be created.");
+    // Only now: the run is about doIt() alone, not about the creator.
     const CommandRun run(syntax);
     return doIt(*command, arguments, run);
 }

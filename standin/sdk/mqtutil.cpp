@@ -15,6 +15,7 @@ STANDIN_API_OPEN
 
 namespace {
 
+// Asked anew for each call: the interface comes after the host and goes before it.
 InterfaceLookup *lookup()
 {
     return hostServices() ? hostServices()->interfaceLookup() : nullptr;
@@ -70,6 +71,7 @@ QWidget *MQtUtil::getParent(const QObject *object)
 
 MString MQtUtil::toMString(const QString &text)
 {
+    // With lengths both ways, so that null characters survive.
     const QByteArray bytes = text.toUtf8();
     return MString(bytes.constData(), bytes.size());
 }

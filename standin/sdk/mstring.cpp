@@ -134,6 +134,7 @@ MString &MString::operator+=(const MString &other)
 
 MString &MString::operator+=(const char *text)
 {
+    // By way of a copy, for the text may be part of this string.
     return *this += MString(text);
 }
 

@@ -12,6 +12,7 @@ STANDIN_API_OPEN
 
 namespace {
 
+// The API counts in int and knows -1 for nowhere.
 int found(size_t position)
 {
     return position == std::string::npos ? -1 : static_cast<int>(position);
@@ -31,6 +32,7 @@ template <class Text>
 MStatus splitInto(const Text &text, typename Text::value_type separator, MStringArray &parts)
 {
     parts.clear();
+    // An end at the size of the text stands for the missing separator behind the last part.
     for (size_t start = 0; start < text.size();) {
         const size_t end = std::min(text.find(separator, start), text.size());
         if (end > start)
@@ -40,6 +42,7 @@ MStatus splitInto(const Text &text, typename Text::value_type separator, MString
     return MS::kSuccess;
 }
 
+// Without the locale, in which UTF-8 bytes would be letters of some other alphabet.
 char lower(char c)
 {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
@@ -54,6 +57,7 @@ char upper(char c)
 unsigned int placeholderAt(const std::string &text, size_t position, size_t &length)
 {
     size_t end = position + 1;
+    // The limit keeps a long run of digits from overflowing; no format has a thousand arguments.
     unsigned int number = 0;
     while (end < text.size() && text[end] >= '0' && text[end] <= '9' && number < 1000)
         number = number * 10 + static_cast<unsigned int>(text[end++] - '0');
@@ -75,6 +79,7 @@ int MString::rindex(char character) const
 
 int MString::indexW(wchar_t character) const
 {
+    // Decoded for each search: the wide text is not kept up to date.
     return found(standin::wideFromUtf8(m_text).find(character));
 }
 
@@ -148,6 +153,7 @@ MStatus MString::format(const MString &format, const MStringArray &arguments)
 
 MStatus MString::formatWith(const MString &format, const MString arguments[], unsigned int count)
 {
+    // The name is also that of the parameter.
     return this->format(format, MStringArray(arguments, count));
 }
 

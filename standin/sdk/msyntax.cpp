@@ -17,6 +17,7 @@ MSyntax::Data::Flag *MSyntax::Data::find(const std::string &name)
     return nullptr;
 }
 
+// Never without data, not even when moved from: moving is copying.
 MSyntax::MSyntax() : m_data(std::make_unique<Data>()) {}
 MSyntax::MSyntax(const MSyntax &other) : m_data(std::make_unique<Data>(*other.m_data)) {}
 MSyntax::~MSyntax() = default;
@@ -54,6 +55,7 @@ MStatus MSyntax::addFlag(const char *shortName, const char *longName, MArgType a
 
 MStatus MSyntax::addArg(MArgType type)
 {
+    // An argument without a value cannot be given.
     if (type <= kNoArg || type >= kLastArgType)
         return MS::kInvalidParameter;
     m_data->arguments.push_back(type);

@@ -114,6 +114,7 @@ const Attributes labelText = {
      [](const Element &e, UserInterface &) -> Value { return toUtf8(as<QLabel>(e)->text()); }},
     {{"al", "align", {ArgumentKind::String}},
      [](Element &e, const Argument &given) {
+         // Left for any other word, as labels start.
          const QString side = given.text();
          as<QLabel>(e)->setAlignment(Qt::AlignVCenter | (side == "right"    ? Qt::AlignRight
                                                          : side == "center" ? Qt::AlignHCenter

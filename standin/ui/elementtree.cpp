@@ -85,6 +85,7 @@ ElementTree::Children &ElementTree::siblings(Element *parent)
 
 bool ElementTree::isTaken(const std::string &name, const Element *parent)
 {
+    // Few elements share a name, many share a parent: so by name first.
     const auto range = m_byName.equal_range(name);
     return std::any_of(range.first, range.second,
                        [parent](const auto &entry) { return entry.second->parent == parent; });
@@ -93,6 +94,7 @@ bool ElementTree::isTaken(const std::string &name, const Element *parent)
 std::string ElementTree::freeName(const std::string &type)
 {
     std::string name;
+    // Numbers per type, never used again: a script may still hold the name of what has gone.
     do {
         name = type + std::to_string(++m_lastNumbers[type]);
     } while (m_byName.count(name) > 0);
@@ -119,6 +121,7 @@ Element &ElementTree::add(ElementKind kind, const std::string &type, const std::
 
 Element *ElementTree::find(const std::string &name) const
 {
+    // Found by the last part alone; the parts before it are compared afterwards.
     const size_t bar = name.rfind('|');
     const auto range = m_byName.equal_range(bar == std::string::npos ? name : name.substr(bar + 1));
     // Of several that fit, the one that was added first.
@@ -136,6 +139,7 @@ std::string ElementTree::path(const Element &element)
 
 bool ElementTree::isWithin(const Element *element, const Element &ancestor)
 {
+    // Also true for the ancestor itself.
     while (element && element != &ancestor)
         element = element->parent;
     return element != nullptr;
@@ -150,6 +154,7 @@ std::vector<Element *> ElementTree::all() const
 
 void ElementTree::unregister(const Element &element)
 {
+    // From below: nothing of the branch is found any more when the element goes.
     for (const std::unique_ptr<Element> &child : element.children)
         unregister(*child);
     const auto range = m_byName.equal_range(element.name);

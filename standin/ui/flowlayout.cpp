@@ -7,11 +7,13 @@ namespace standin {
 
 FlowLayout::FlowLayout(QWidget *parent) : QLayout(parent)
 {
+    // In pixels, both ways.
     setSpacing(2);
 }
 
 FlowLayout::~FlowLayout()
 {
+    // The items only; their widgets belong to the parent widget.
     while (QLayoutItem *item = takeAt(0))
         delete item;
 }
@@ -38,6 +40,7 @@ QLayoutItem *FlowLayout::takeAt(int index)
 
 int FlowLayout::heightForWidth(int width) const
 {
+    // Measuring only, so the height of the rectangle does not matter.
     return arrange(QRect(0, 0, width, 0), false);
 }
 

@@ -36,7 +36,7 @@ Element *currentParent(UserInterface &ui, ElementKind kind)
     Element *parent = ui.tree().currentParent();
     if (kind != ElementKind::Menu)
         return parent;
-    // A menu goes to the window around the current layout.
+    // A menu goes to the window around the current layout: menu bars belong to windows.
     while (parent && parent->parent)
         parent = parent->parent;
     return parent ? parent : ui.tree().find(ui.mainWindow());
@@ -89,6 +89,7 @@ void addWidget(QWidget *parent, QWidget *child, const QString &name)
 void placeMenu(Element &menu)
 {
     QMainWindow *window = qobject_cast<QMainWindow *>(menu.parent->widget());
+    // Made by Qt when it is first asked for.
     window->menuBar()->addMenu(menu.menu());
 }
 
@@ -131,6 +132,7 @@ void place(UserInterface &ui, Element &element)
         ui.tree().setCurrentMenu(&element);
         break;
     case ElementKind::MenuItem:
+        // A submenu is added by its own action, which opens it.
         element.parent->menu()->addAction(element.action());
         if (element.menu())
             ui.tree().setCurrentMenu(&element);

@@ -27,6 +27,7 @@ QPlainTextEdit *field(const Element &element)
 
 QObject *makeReporter(UserInterface &ui, Element *, const mel::Call &)
 {
+    // Owned by its parent once it is placed, like every control.
     return new ReporterField(ui);
 }
 
@@ -41,6 +42,7 @@ Attribute sessionSwitch(const char *shortName, const char *longName)
 {
     return {{shortName, longName, {ArgumentKind::Boolean}},
             [](Element &, const Argument &given) {
+                // The element is not looked at: Maya's reporters share these switches.
                 given.ui.session().mel().settings().*member = given.isOn();
             },
             [](const Element &, UserInterface &ui) -> Value {
@@ -184,6 +186,7 @@ const Attributes &executerAttributes()
         action("exa", "executeAll",
                [](Element &e, const Argument &) { executer(e)->executeAll(); }),
         action("sts", "saveSelectionToShelf", saveSelectionToShelf),
+        // At the cursor, in place of a selection.
         {{"it", "insertText", {ArgumentKind::String}},
          [](Element &e, const Argument &given) { executer(e)->insertPlainText(given.text()); }},
     };

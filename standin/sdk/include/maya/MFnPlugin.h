@@ -20,7 +20,7 @@ typedef void *(*MCreatorFunction)();
 // Called once, when the command is registered.
 typedef MSyntax (*MCreateSyntaxFunction)();
 
-// Registers what a plug-in brings and tells about the plug-in. A short-lived helper: everything it
+// Registers what a plug-in brings and tells about the plug-in. A short-lived object: everything it
 // sets lives in the host, under the object that the entry points get, until the plug-in is
 // unloaded. Only commands can be registered; nodes, translators, tools and the other kinds are
 // left out. Without a plug-in's object every call but deregisterCommand() is kFailure.
