@@ -23,24 +23,21 @@ ExpressionPointer Builder::convert(ExpressionPointer value, Type to)
     if (auto literal = nodes::retypedLiteral(value, to))
         return literal;
     if (!canConvert(value->type(), to))
-        throw CompileError(std::string("Cannot cast data of type ") + typeName(value->type()) +
-                           " to " + typeName(to) + ".");
+        failCast(value->type(), to);
     return to == Type::Dynamic ? std::move(value) : nodes::convert(std::move(value), to);
 }
 
 ExpressionPointer Builder::condition(ExpressionPointer value)
 {
     if (!canConvert(value->type(), Type::Float))
-        throw CompileError(std::string("Cannot cast data of type ") + typeName(value->type()) +
-                           " to int.");
+        failCast(value->type(), Type::Int);
     return nodes::condition(std::move(value));
 }
 
 ExpressionPointer Builder::component(ExpressionPointer vector, char axis)
 {
     if (vector->type() != Type::Vector && vector->type() != Type::Dynamic)
-        throw CompileError(std::string("Cannot cast data of type ") + typeName(vector->type()) +
-                           " to vector.");
+        failCast(vector->type(), Type::Vector);
     return nodes::component(std::move(vector), axis);
 }
 
@@ -64,8 +61,7 @@ ExpressionPointer Builder::arrayLiteral(ExpressionList elements)
     for (const ExpressionPointer &element : elements) {
         const Type own = element->type();
         if (own != Type::Dynamic && arrayOf(own) == Type::Void)
-            throw CompileError(std::string("Cannot cast data of type ") + typeName(own) +
-                               " to string.");
+            failCast(own, Type::String);
         if (type == Type::Void || own == Type::String || (own == Type::Float && type == Type::Int))
             type = own == Type::Dynamic ? Type::String : own;
     }
@@ -111,7 +107,7 @@ ExpressionPointer Builder::conditional(ExpressionPointer condition, ExpressionPo
         type = sum == Type::Void ? Type::Dynamic : sum;
     }
     if (type == Type::Void)
-        throw CompileError("Cannot cast data of type undefined to int.");
+        failCast(Type::Void, Type::Int);
     if (type != Type::Dynamic) {
         yes = convert(std::move(yes), type);
         no = convert(std::move(no), type);
@@ -123,8 +119,7 @@ ExpressionPointer Builder::assign(std::unique_ptr<Target> target, ExpressionPoin
 {
     const Type type = target->type();
     if (value->type() == Type::Void)
-        throw CompileError(std::string("Cannot cast data of type undefined to ") +
-                           (type == Type::Dynamic ? "int" : typeName(type)) + ".");
+        failCast(Type::Void, type == Type::Dynamic ? Type::Int : type);
     return nodes::assign(std::move(target), convert(std::move(value), type));
 }
 
@@ -135,8 +130,7 @@ ExpressionPointer Builder::compoundAssign(Operator op, std::unique_ptr<Target> t
     if (type == Type::Void)
         throw CompileError(illegalOperation(op, target->type(), value->type()));
     if (!canConvert(type, target->type()))
-        throw CompileError(std::string("Cannot cast data of type ") + typeName(type) + " to " +
-                           typeName(target->type()) + ".");
+        failCast(type, target->type());
     return nodes::compoundAssign(op, std::move(target), std::move(value));
 }
 

@@ -3,15 +3,6 @@
 
 namespace mel {
 
-namespace {
-
-[[noreturn]] void failArgumentCount(const std::string &name)
-{
-    throw CompileError("Wrong number of arguments on call to " + name + ".");
-}
-
-} // namespace
-
 std::pair<const ProcedureEntry *, ProcedurePointer>
 Builder::findProcedure(const std::string &name) const
 {
@@ -38,7 +29,7 @@ ExpressionPointer Builder::callProcedure(const ProcedureEntry &entry,
                                          ExpressionList arguments, int line)
 {
     if (arguments.size() != signature->parameters.size())
-        failArgumentCount(signature->name);
+        throw CompileError(argumentCountText(signature->name));
     for (size_t i = 0; i < arguments.size(); ++i)
         arguments[i] = argument(std::move(arguments[i]), signature->parameters[i].type);
     return nodes::procedureCall(entry, signature, std::move(arguments), line);
@@ -52,7 +43,7 @@ ExpressionPointer Builder::callFunction(const std::vector<const Function *> &row
         types.push_back(given->type());
     const Function *function = chooseFunction(rows, types);
     if (!function)
-        failArgumentCount(rows.front()->name);
+        throw CompileError(argumentCountText(rows.front()->name));
     for (size_t i = 0; i < arguments.size(); ++i)
         arguments[i] = argument(std::move(arguments[i]), function->parameterType(i));
     const Type type = function->returnType(types.empty() ? Type::Dynamic : types.front());
@@ -70,7 +61,7 @@ ExpressionPointer Builder::call(const std::string &name, ExpressionList argument
         return callFunction(functions, std::move(arguments), line);
     for (const ExpressionPointer &given : arguments) {
         if (given->type() == Type::Void)
-            throw CompileError("Cannot cast data of type undefined to string.");
+            failCast(Type::Void, Type::String);
     }
     return nodes::lateCall(name, std::move(arguments), line);
 }

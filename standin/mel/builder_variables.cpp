@@ -163,7 +163,7 @@ ExpressionPointer Builder::assignNew(const std::string &name, ExpressionPointer 
 {
     Type type = value->type();
     if (type == Type::Void)
-        throw CompileError("Cannot cast data of type undefined to int.");
+        failCast(Type::Void, Type::Int);
     if (index && arrayOf(type) != Type::Void)
         type = arrayOf(type);
     Declaration declaration{name, type, false, defaultValue(type), line};

@@ -11,11 +11,6 @@ namespace mel::nodes {
 
 namespace {
 
-[[noreturn]] void failArgumentCount(const std::string &name)
-{
-    throw RuntimeError("Wrong number of arguments on call to " + name + ".");
-}
-
 // To those who watch, a function is a command like any other.
 void echoFunction(Runtime &runtime, const Function &function, Value *const *arguments, size_t count)
 {
@@ -69,7 +64,7 @@ void bind(Slot &slot, Type type, const Expression &argument, Frame &frame)
 Value CallExpression::callProcedure(const ProcedurePointer &procedure, Frame &frame) const
 {
     if (m_arguments.size() != procedure->parameters.size())
-        failArgumentCount(procedure->name);
+        throw RuntimeError(argumentCountText(procedure->name));
     Frame callee(frame.runtime, procedure->slots, procedure->source, m_arguments.size());
     for (size_t i = 0; i < m_arguments.size(); ++i)
         bind(callee.slots[i], procedure->parameters[i].type, *m_arguments[i], frame);
@@ -178,7 +173,7 @@ Value LateCall::eval(Frame &frame) const
         return m_meaning.isFunction ? callBuiltIn(frame) : callCommand(*command, frame);
     const ProcedurePointer loaded = frame.runtime.findProcedure(m_name, false);
     if (!loaded)
-        throw RuntimeError("Cannot find procedure \"" + m_name + "\".");
+        throw RuntimeError(missingProcedureText(m_name));
     return callProcedure(loaded, frame);
 }
 

@@ -275,7 +275,7 @@ std::string Call::text(const char *flag, const std::string &byDefault, size_t in
 std::string Call::objectText(size_t index) const
 {
     if (index >= objects.size())
-        throw RuntimeError("Wrong number of arguments on call to " + command + ".");
+        throw RuntimeError(argumentCountText(command));
     return printText(objects[index]);
 }
 

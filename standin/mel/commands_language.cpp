@@ -78,7 +78,7 @@ Value getProcArguments(Runtime &runtime, Call &call)
 {
     const ProcedurePointer procedure = runtime.findProcedure(call.objectText(0), true);
     if (!procedure)
-        throw RuntimeError("Cannot find procedure \"" + call.objectText(0) + "\".");
+        throw RuntimeError(missingProcedureText(call.objectText(0)));
     StringArray types;
     for (const Parameter &parameter : procedure->parameters)
         types.emplace_back(typeName(parameter.type));

@@ -15,7 +15,7 @@ Value runScript(Runtime &runtime, const RunTimeCommand &definition)
         return runtime.runText(definition.texts.at("command"));
     const auto python = runtime.commands.find("python");
     if (!python)
-        throw RuntimeError("Cannot find procedure \"python\".");
+        throw RuntimeError(missingProcedureText("python"));
     Call call(runtime.interpreter, python->name);
     call.objects.emplace_back(definition.texts.at("command"));
     return python->run(call);
@@ -28,7 +28,7 @@ void addCommand(Runtime &runtime, const std::string &name)
     command.kind = CommandKind::RunTimeCommand;
     command.run = [&runtime, name](Call &call) {
         if (!call.objects.empty())
-            throw RuntimeError("Wrong number of arguments on call to " + name + ".");
+            throw RuntimeError(argumentCountText(name));
         // A copy, as the script may delete the command.
         const RunTimeCommand definition = runtime.runTimeCommands.at(name);
         return runScript(runtime, definition);

@@ -3,6 +3,7 @@
 
 #include "standin/mel/command.h"
 #include "standin/mel/source.h"
+#include "standin/mel/type.h"
 
 namespace mel {
 
@@ -12,6 +13,13 @@ class CompileError : public std::runtime_error
 public:
     using std::runtime_error::runtime_error;
 };
+
+// Throws CompileError("Cannot cast data of type ... to ...."), for types known while compiling.
+[[noreturn]] void failCast(Type from, Type to);
+
+// Messages that are errors while compiling in one place and while running in another.
+std::string argumentCountText(const std::string &name);
+std::string missingProcedureText(const std::string &name);
 
 // The message for whatever a command may throw.
 std::string failureText(const std::exception &error);

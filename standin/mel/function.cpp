@@ -115,7 +115,7 @@ Value callFunctionByName(Runtime &runtime, const std::string &name, std::vector<
         types.push_back(typeOf(argument));
     const Function *function = chooseFunction(functionsNamed(name), types);
     if (!function)
-        throw RuntimeError("Wrong number of arguments on call to " + name + ".");
+        throw RuntimeError(argumentCountText(name));
     echoCommand(runtime, name, arguments);
     std::vector<Value *> places;
     for (size_t i = 0; i < arguments.size(); ++i) {

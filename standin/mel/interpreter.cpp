@@ -97,7 +97,7 @@ Value Interpreter::runCommand(const std::string &name, const std::vector<Value> 
     // Held here, since the command may remove itself.
     const auto command = m_state->commands.find(name);
     if (!command)
-        throw RuntimeError("Cannot find procedure \"" + name + "\".");
+        throw RuntimeError(missingProcedureText(name));
     const Runtime::Execution execution(*m_state);
     if (isFunction(name))
         return callFunctionByName(*m_state, name, words);

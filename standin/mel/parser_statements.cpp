@@ -169,8 +169,7 @@ StatementPointer Parser::forInStatement(int line)
     ExpressionPointer array = expression();
     const Type element = array->type() == Type::Dynamic ? Type::Dynamic : elementOf(array->type());
     if (element == Type::Void)
-        throw CompileError(std::string("Cannot cast data of type ") + typeName(array->type()) +
-                           " to string[].");
+        failCast(array->type(), Type::Strings);
     const Symbol variable = loopVariable(name, wanted, element, line);
     expect(')');
     StatementPointer body = loopBody();
@@ -187,8 +186,7 @@ Symbol Parser::loopVariable(const std::string &name, Type wanted, Type element, 
         return *known;
     const Type type = wanted == Type::Void ? element : wanted;
     if (!canConvert(element, type))
-        throw CompileError(std::string("Cannot cast data of type ") + typeName(element) + " to " +
-                           typeName(type) + ".");
+        failCast(element, type);
     return m_builder.declare({name, type, false, defaultValue(type), line}).symbol;
 }
 

@@ -5,8 +5,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <new>
-#include <stdexcept>
 
 namespace mel {
 
@@ -216,24 +214,6 @@ void Runtime::echoText(const std::string &text)
 {
     const bool closed = !text.empty() && text.back() == '\n';
     report(MessageKind::History, closed ? text : text + "\n");
-}
-
-std::string failureText(const std::exception &error)
-{
-    const bool lacksMemory = dynamic_cast<const std::bad_alloc *>(&error) ||
-                             dynamic_cast<const std::length_error *>(&error);
-    return lacksMemory ? "Out of memory." : error.what();
-}
-
-std::string LocatedError::traceText() const
-{
-    std::string text = "Start of trace: (" + steps.front().place.traceText() + ").";
-    for (size_t i = 0; i + 1 < steps.size(); ++i) {
-        // A sourced file is a step of its own, but no procedure.
-        if (!steps[i].procedure.empty())
-            text += "\n" + steps[i].procedure + " (" + steps[i + 1].place.traceText() + ").";
-    }
-    return text;
 }
 
 std::string Runtime::reportFailure(const RuntimeError &failure, bool withTrace)
