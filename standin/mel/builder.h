@@ -31,6 +31,7 @@ public:
     void openScope();
     void closeScope();
     std::optional<Symbol> find(const std::string &variable) const;
+    Symbol known(const std::string &variable) const;
     struct Declaration
     {
         std::string name;
@@ -86,8 +87,6 @@ public:
     void commit();
     void abandon();
     std::unique_ptr<Unit> unit(StatementList statements);
-
-    int newSlot(Type type);
 
 private:
     using Scope = std::map<std::string, Symbol>;

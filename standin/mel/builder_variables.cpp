@@ -3,6 +3,21 @@
 
 namespace mel {
 
+namespace {
+
+[[noreturn]] void failRedeclaration(const std::string &variable)
+{
+    throw CompileError("Invalid redeclaration of variable \"" + variable +
+                       "\" as a different type.");
+}
+
+[[noreturn]] void failIndexing(Type type)
+{
+    throw CompileError(std::string("Cannot index data of type ") + typeName(type) + ".");
+}
+
+} // namespace
+
 Builder::Builder(Runtime &runtime, SourcePointer source,
                  std::function<void(const std::string &)> warn)
     : m_runtime(runtime), m_source(std::move(source)), m_warn(std::move(warn))
@@ -27,12 +42,6 @@ void Builder::closeScope()
     m_scopes.pop_back();
 }
 
-int Builder::newSlot(Type type)
-{
-    slots().push_back(defaultValue(type));
-    return static_cast<int>(slots().size()) - 1;
-}
-
 // A procedure sees no global that it has not declared.
 std::optional<Symbol> Builder::find(const std::string &variable) const
 {
@@ -45,6 +54,14 @@ std::optional<Symbol> Builder::find(const std::string &variable) const
     if (!global)
         return std::nullopt;
     return Symbol{global->type, Storage(&global->value)};
+}
+
+Symbol Builder::known(const std::string &variable) const
+{
+    const std::optional<Symbol> symbol = find(variable);
+    if (!symbol)
+        throw CompileError("\"" + variable + "\" is an undeclared variable.");
+    return *symbol;
 }
 
 Builder::Declared Builder::declare(const Declaration &declaration)
@@ -72,8 +89,7 @@ Builder::Declared Builder::declareGlobal(const Declaration &declaration)
         if (typeOf(known->value) != declaration.type)
             known->value = declaration.initial;
     } else if (known->type != declaration.type) {
-        throw CompileError("Invalid redeclaration of variable \"" + declaration.name +
-                           "\" as a different type.");
+        failRedeclaration(declaration.name);
     }
     int &line = m_globalLines[declaration.name];
     if (line > 0 && !declaration.isGlobal)
@@ -88,15 +104,14 @@ Builder::Declared Builder::declareLocal(const Declaration &declaration)
     Scope &scope = m_scopes.back();
     const auto found = scope.find(declaration.name);
     if (found == scope.end()) {
-        const int slot = newSlot(declaration.type);
-        slots().back() = declaration.initial;
-        const Symbol symbol{declaration.type, Storage(slot), declaration.line};
+        slots().push_back(declaration.initial);
+        const Storage slot(static_cast<int>(slots().size()) - 1);
+        const Symbol symbol{declaration.type, slot, declaration.line};
         scope.emplace(declaration.name, symbol);
         return {symbol, true};
     }
     if (found->second.type != declaration.type)
-        throw CompileError("Invalid redeclaration of variable \"" + declaration.name +
-                           "\" as a different type.");
+        failRedeclaration(declaration.name);
     warnRedeclaration(declaration.name, found->second.line);
     return {found->second, false};
 }
@@ -127,33 +142,25 @@ ExpressionPointer Builder::initialiseGlobal(const Declared &declared, Expression
 
 std::unique_ptr<Target> Builder::variable(const std::string &name)
 {
-    const std::optional<Symbol> symbol = find(name);
-    if (!symbol)
-        throw CompileError("\"" + name + "\" is an undeclared variable.");
-    return nodes::variable(symbol->storage, symbol->type);
+    const Symbol symbol = known(name);
+    return nodes::variable(symbol.storage, symbol.type);
 }
 
 std::unique_ptr<Target> Builder::element(const std::string &name, ExpressionPointer index)
 {
-    const std::optional<Symbol> symbol = find(name);
-    if (!symbol)
-        throw CompileError("\"" + name + "\" is an undeclared variable.");
-    if (!isArray(symbol->type) && symbol->type != Type::Dynamic)
-        throw CompileError(std::string("Cannot index data of type ") + typeName(symbol->type) +
-                           ".");
-    return nodes::element(symbol->storage, symbol->type, convert(std::move(index), Type::Int));
+    const Symbol symbol = known(name);
+    if (!isArray(symbol.type) && symbol.type != Type::Dynamic)
+        failIndexing(symbol.type);
+    return nodes::element(symbol.storage, symbol.type, convert(std::move(index), Type::Int));
 }
 
 std::unique_ptr<Target> Builder::matrixElement(const std::string &name, ExpressionPointer row,
                                                ExpressionPointer column)
 {
-    const std::optional<Symbol> symbol = find(name);
-    if (!symbol)
-        throw CompileError("\"" + name + "\" is an undeclared variable.");
-    if (symbol->type != Type::Matrix && symbol->type != Type::Dynamic)
-        throw CompileError(std::string("Cannot index data of type ") + typeName(symbol->type) +
-                           ".");
-    return nodes::matrixElement(symbol->storage, convert(std::move(row), Type::Int),
+    const Symbol symbol = known(name);
+    if (symbol.type != Type::Matrix && symbol.type != Type::Dynamic)
+        failIndexing(symbol.type);
+    return nodes::matrixElement(symbol.storage, convert(std::move(row), Type::Int),
                                 convert(std::move(column), Type::Int));
 }
 
