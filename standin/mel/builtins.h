@@ -29,6 +29,9 @@ struct CommandRows
     size_t count;
 };
 
+// Adds the commands that are built in, the positional functions among them.
+void addBuiltInCommands(Runtime &runtime);
+
 CommandRows fileCommands();
 CommandRows languageCommands();
 CommandRows messageCommands();

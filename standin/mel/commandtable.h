@@ -10,8 +10,6 @@
 
 namespace mel {
 
-class Runtime;
-
 // The commands by name. A running command is held by its caller, so removing it is safe.
 class CommandTable
 {
@@ -28,8 +26,5 @@ private:
     std::unordered_map<std::string, Pointer> m_commands;
     unsigned m_generation = 0;
 };
-
-// The commands that are built in, the positional functions among them.
-void addBuiltInCommands(Runtime &runtime);
 
 } // namespace mel

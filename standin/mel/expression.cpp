@@ -7,14 +7,6 @@
 
 namespace mel {
 
-Frame::Frame(Runtime &owner, const std::vector<Value> &initial, SourcePointer text,
-             size_t filledByCaller)
-    : runtime(owner), slots(new Slot[initial.size()]), source(std::move(text))
-{
-    for (size_t i = filledByCaller; i < initial.size(); ++i)
-        slots[i].value = initial[i];
-}
-
 int Expression::evalInt(Frame &frame) const
 {
     return toInt(eval(frame), frame.runtime);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "standin/mel/interpreter.h"
 
+#include "standin/mel/builtins.h"
 #include "standin/mel/callnodes.h"
 #include "standin/mel/commandrun.h"
 #include "standin/mel/function.h"

@@ -54,12 +54,6 @@ const LongSymbol longSymbols[] = {
     {">>", symbol::VectorClose},
 };
 
-const char *const keywords[] = {
-    "break",  "case",   "continue", "default", "do",     "else",  "false", "float", "for",
-    "global", "if",     "in",       "int",     "matrix", "no",    "off",   "on",    "proc",
-    "return", "string", "switch",   "true",    "vector", "while", "yes",
-};
-
 // One escape; a line end after the backslash vanishes with it.
 char escaped(char c)
 {
@@ -76,20 +70,6 @@ char escaped(char c)
 }
 
 } // namespace
-
-bool isKeyword(const std::string &word)
-{
-    return std::find(std::begin(keywords), std::end(keywords), word) != std::end(keywords);
-}
-
-Type typeWord(const std::string &word)
-{
-    for (const Type type : {Type::Int, Type::Float, Type::String, Type::Vector, Type::Matrix}) {
-        if (word == typeName(type))
-            return type;
-    }
-    return Type::Void;
-}
 
 char Lexer::at(size_t ahead) const
 {
