@@ -3,8 +3,7 @@
 
 #include "standin/mel/command.h"
 #include "standin/mel/number.h"
-
-#include <cmath>
+#include "standin/mel/vectormath.h"
 
 namespace mel {
 
@@ -57,11 +56,6 @@ Matrix rowOf(const Vector &vector)
 }
 
 } // namespace
-
-double magnitude(const Vector &vector)
-{
-    return std::sqrt(vector.x * vector.x + vector.y * vector.y + vector.z * vector.z);
-}
 
 bool canConvert(Type from, Type to)
 {

@@ -35,8 +35,6 @@ Value convert(Value value, Type to, WarningSink &warnings);
 // The words that stand for a boolean: 1, 0, or -1 when it is another word.
 int booleanWord(const std::string &word);
 
-double magnitude(const Vector &vector);
-
 // The alternative of that type; a RuntimeError, not undefined behaviour, when a dynamic variable
 // has changed its type meanwhile.
 template <typename T>

@@ -2,6 +2,7 @@
 #include "standin/mel/functions.h"
 
 #include "standin/mel/runtime.h"
+#include "standin/mel/vectormath.h"
 
 #include <algorithm>
 

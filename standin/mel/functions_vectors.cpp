@@ -2,6 +2,7 @@
 #include "standin/mel/functions.h"
 
 #include "standin/mel/runtime.h"
+#include "standin/mel/vectormath.h"
 
 #include <algorithm>
 #include <cmath>
@@ -18,16 +19,6 @@ Vector scaled(const Vector &v, double by)
 Vector sum(const Vector &a, const Vector &b)
 {
     return {a.x + b.x, a.y + b.y, a.z + b.z};
-}
-
-double dotProduct(const Vector &a, const Vector &b)
-{
-    return a.x * b.x + a.y * b.y + a.z * b.z;
-}
-
-Vector crossProduct(const Vector &a, const Vector &b)
-{
-    return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
 }
 
 Vector normalised(const Vector &v)

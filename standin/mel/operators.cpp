@@ -3,6 +3,7 @@
 
 #include "standin/mel/command.h"
 #include "standin/mel/number.h"
+#include "standin/mel/vectormath.h"
 
 #include <cmath>
 
@@ -47,24 +48,14 @@ double arithmetic(Operator op, double a, double b)
     }
 }
 
-double dot(const Vector &a, const Vector &b)
-{
-    return a.x * b.x + a.y * b.y + a.z * b.z;
-}
-
-Vector cross(const Vector &a, const Vector &b)
-{
-    return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
-}
-
 Value vectorArithmetic(Operator op, const Value &left, const Value &right, WarningSink &warnings)
 {
     const Vector a = toVector(left, warnings);
     const Vector b = toVector(right, warnings);
     if (op == Operator::Cross)
-        return cross(a, b);
+        return crossProduct(a, b);
     if (op == Operator::Multiply && typeOf(left) == typeOf(right))
-        return dot(a, b);
+        return dotProduct(a, b);
     return Vector{arithmetic(op, a.x, b.x), arithmetic(op, a.y, b.y), arithmetic(op, a.z, b.z)};
 }
 
