@@ -12,6 +12,7 @@
 namespace mel {
 
 // What a name stands for in the scope being compiled.
+// A copy is enough: the storage it names outlives the compilation.
 struct Symbol
 {
     Type type;
@@ -21,6 +22,8 @@ struct Symbol
 
 // Checks what the parser has read, knows scopes, types and procedures, and makes the nodes.
 // Throws CompileError.
+// One builder per text, owned by its parser. It reads no tokens and runs nothing, except for the
+// constant that a global variable starts with.
 class Builder
 {
 public:
@@ -30,7 +33,9 @@ public:
     // Scopes and variables.
     void openScope();
     void closeScope();
+    // Innermost scope first; none when the name is unknown.
     std::optional<Symbol> find(const std::string &variable) const;
+    // The same for a name that has to be known: throws CompileError when it is not.
     Symbol known(const std::string &variable) const;
     struct Declaration
     {
@@ -40,11 +45,13 @@ public:
         Value initial; // without an initialiser
         int line = 0;
     };
+    // `isNew` is false for a repeated declaration, which keeps the variable and its value.
     struct Declared
     {
         Symbol symbol;
         bool isNew;
     };
+    // Throws CompileError when the name has another type already.
     Declared declare(const Declaration &declaration);
     // What happens when the declaration is reached; null: nothing. `value` may be null.
     ExpressionPointer initialise(const Declaration &declaration, const Declared &declared,
@@ -56,7 +63,9 @@ public:
     std::unique_ptr<Target> matrixElement(const std::string &name, ExpressionPointer row,
                                           ExpressionPointer column);
     ExpressionPointer component(ExpressionPointer vector, char axis);
+    // A no-op when the types agree; throws CompileError when they can never convert.
     ExpressionPointer convert(ExpressionPointer value, Type to);
+    // As an int that is not 0 when true. Throws CompileError for arrays and matrices.
     ExpressionPointer condition(ExpressionPointer value);
     ExpressionPointer vectorOrMatrix(std::vector<ExpressionList> rows);
     ExpressionPointer arrayLiteral(ExpressionList elements);
@@ -66,14 +75,17 @@ public:
     ExpressionPointer conditional(ExpressionPointer condition, ExpressionPointer yes,
                                   ExpressionPointer no);
     ExpressionPointer assign(std::unique_ptr<Target> target, ExpressionPointer value);
+    // Declares the name with the value's type, then assigns.
     ExpressionPointer assignNew(const std::string &name, ExpressionPointer index,
                                 ExpressionPointer value, int line);
     ExpressionPointer compoundAssign(Operator op, std::unique_ptr<Target> target,
                                      ExpressionPointer value);
     ExpressionPointer increment(std::unique_ptr<Target> target, int by, bool prefix);
+    // A call of whatever has that name; one that nothing has yet is looked up when it is reached.
     ExpressionPointer call(const std::string &name, ExpressionList arguments, int line);
 
     // Procedures.
+    // Between the two calls everything declared belongs to the procedure.
     void beginProcedure(const std::string &name, bool isGlobal, Type returnType,
                         const std::vector<Parameter> &parameters);
     void endProcedure(StatementList body);
@@ -85,7 +97,9 @@ public:
 
     // Makes the procedures of the text known, once all of it has been read.
     void commit();
+    // Instead of commit(), when the text has an error.
     void abandon();
+    // The finished text; the builder is used up afterwards.
     std::unique_ptr<Unit> unit(StatementList statements);
 
 private:
@@ -101,12 +115,15 @@ private:
     Declared declareLocal(const Declaration &declaration);
     void warnRedeclaration(const std::string &variable, int line) const;
     ExpressionPointer initialiseGlobal(const Declared &declared, ExpressionPointer value);
+    // Converts for a parameter; a variable of an array type stays one, to be passed by reference.
     ExpressionPointer argument(ExpressionPointer value, Type to);
     static void checkDepth(const Expression &expression);
     ExpressionPointer callProcedure(const ProcedureEntry &entry, const ProcedurePointer &signature,
                                     ExpressionList arguments, int line);
     ExpressionPointer callFunction(const std::vector<const Function *> &rows,
                                    ExpressionList arguments, int line);
+    // What a call in this text binds to, this text's own definitions first; nulls when nothing
+    // does.
     std::pair<const ProcedureEntry *, ProcedurePointer>
     findProcedure(const std::string &name) const;
 
@@ -115,10 +132,12 @@ private:
     std::function<void(const std::string &)> m_warn;
     std::vector<Scope> m_scopes; // of the text, then of the procedure
     std::vector<Value> m_unitSlots;
+    // The one being read, null outside; procedures do not nest.
     std::shared_ptr<Procedure> m_procedure;
     bool m_sawReturn = false;
     std::map<std::string, Pending> m_pending; // the last definition of each name
     std::vector<Pending> m_definitions;       // all of them
+    // Names that abandon() takes back.
     std::vector<std::string> m_newGlobals;
     std::map<std::string, int> m_globalLines; // globals declared by this text
 };

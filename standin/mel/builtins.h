@@ -10,9 +10,11 @@ namespace mel {
 
 class Runtime;
 
+// Which of -query and -edit the command accepts.
 enum class Modes { None, Query, QueryAndEdit };
 
 // A built-in command with flags.
+// Positional functions have a table of their own, see function.h: they take no flags.
 struct CommandRow
 {
     const char *name;

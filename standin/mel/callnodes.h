@@ -9,6 +9,7 @@
 namespace mel::nodes {
 
 // A procedure known while compiling; `signature` is what the arguments were checked against.
+// The entry must outlive the node, which entries of Procedures do.
 ExpressionPointer procedureCall(const ProcedureEntry &entry, const ProcedurePointer &signature,
                                 ExpressionList arguments, int line);
 

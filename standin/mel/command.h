@@ -20,6 +20,8 @@ public:
     using std::runtime_error::runtime_error;
 };
 
+// What a flag takes. Length, Angle and Time are floats without units; Name and Script are texts.
+// Kinds of one type differ in what help shows and in what Python may pass.
 enum class ArgumentKind {
     Boolean,
     Int,
@@ -32,6 +34,7 @@ enum class ArgumentKind {
     Name,
     Script
 };
+// Whether a flag takes its arguments even when it is queried.
 enum class QueryArgument { None, Optional, Mandatory };
 
 // Names are written without the dash. A flag without argument kinds is a plain switch.
@@ -40,16 +43,19 @@ struct Flag
     std::string shortName;
     std::string longName;
     std::vector<ArgumentKind> arguments = {};
+    // Told by help, and lets Python pass a list; words may always repeat a flag.
     bool multiUse = false;
     QueryArgument queryArgument = QueryArgument::None;
 };
 
 // One run of a command: the words after its name, already split into flags and objects.
+// Lives for that run only; `run` must not keep it.
 class Call
 {
 public:
     struct FlagUse
     {
+        // Into the command's own list, which its caller keeps alive.
         const Flag *flag;
         std::vector<Value> arguments;
     };
@@ -88,6 +94,7 @@ enum class CommandKind { Command, RunTimeCommand };
 struct Command
 {
     std::string name;
+    // May execute further text, and add or remove commands, this one included.
     std::function<Value(Call &)> run;
     std::vector<Flag> flags = {};
     bool queryable = false; // accepts -q/-query

@@ -13,6 +13,8 @@ class Runtime;
 void spreadWord(Value argument, std::vector<Value> &words);
 
 // Splits the words by the command's flags, echoes the command when that is on, and runs it.
+// Throws RuntimeError for an unknown flag, a missing argument, and whatever the command itself
+// throws.
 Value runCommand(Runtime &runtime, const Command &command, std::vector<Value> words);
 
 // Shows the command as a line of history, 'sphere -r 5 "ball";', when that is on.

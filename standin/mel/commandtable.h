@@ -16,10 +16,12 @@ class CommandTable
 public:
     using Pointer = std::shared_ptr<const Command>;
 
+    // False when the name is taken; the older command stays.
     bool add(Command command);
     bool remove(const std::string &name);
     Pointer find(const std::string &name) const; // null when there is none
     std::vector<std::string> names() const;      // in no order
+    // Grows with every addition and removal, so that callers can keep what they found until then.
     unsigned generation() const { return m_generation; }
 
 private:

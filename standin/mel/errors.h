@@ -8,6 +8,7 @@
 namespace mel {
 
 // What is wrong with a text, found while compiling; the parser adds the place.
+// What reaches the callers of the parser bare is only that a file to source is missing.
 class CompileError : public std::runtime_error
 {
 public:
@@ -22,6 +23,8 @@ std::string argumentCountText(const std::string &name);
 std::string missingProcedureText(const std::string &name);
 
 // The message for whatever a command may throw.
+// Running out of memory gets a sentence of its own, as the library's texts for it mean nothing to a
+// reader of scripts.
 std::string failureText(const std::exception &error);
 
 // A text that cannot run. Its messages are, in order, the source line and the error in its place.
@@ -33,6 +36,7 @@ public:
     {
     }
 
+    // With its line break if it has one.
     std::string sourceLine;
 };
 
@@ -48,6 +52,7 @@ public:
 
     using RuntimeError::RuntimeError;
 
+    // The calls from the failing place outwards, one a line. Needs at least one step.
     std::string traceText() const;
 
     std::vector<Step> steps; // innermost first

@@ -10,6 +10,9 @@ namespace mel {
 
 // A node of the checked tree. Its static type selects the evaluation that costs least: callers use
 // evalInt() on ints, evalFloat() on numbers and eval() on the rest.
+// A node is built once, by the Builder, and, caches aside, never changes: a text may run again
+// while it is running already (recursion, nested execution), so whatever belongs to one run lives
+// in the Frame.
 class Expression
 {
 public:
@@ -21,7 +24,11 @@ public:
     Type type() const { return m_type; }
     bool isStatic() const { return m_type != Type::Dynamic; }
 
+    // The value; void when there is none. Operators evaluate from left to right. Throws
+    // RuntimeError.
     virtual Value eval(Frame &frame) const = 0;
+    // The value as an int or float, converted where the node has another type. The defaults go
+    // through eval() and throw RuntimeError for what is no number.
     virtual int evalInt(Frame &frame) const;
     virtual double evalFloat(Frame &frame) const;
     // For its effect only.
@@ -41,9 +48,11 @@ protected:
     Type m_type;
 };
 
+// Each node owns its operands.
 using ExpressionPointer = std::unique_ptr<Expression>;
 using ExpressionList = std::vector<ExpressionPointer>;
 
+// A node that computes an int without ever making a Value of it, as counting loops need.
 class IntExpression : public Expression
 {
 public:
@@ -54,6 +63,7 @@ public:
     int evalInt(Frame &frame) const override = 0;
 };
 
+// The same for a float; read as an int it is truncated.
 class FloatExpression : public Expression
 {
 public:
@@ -76,8 +86,10 @@ public:
 
     using Expression::Expression;
     Value eval(Frame &frame) const override { return load(frame, locate(frame)); }
+    // A variable as a whole, which variable() can then give the place of.
     virtual bool isPlainVariable() const { return false; }
     virtual Index locate(Frame &) const { return {}; }
+    // The value at the place that locate() found. Neither call evaluates anything again.
     virtual Value load(Frame &frame, Index index) const = 0;
     // `value` has this target's type already.
     virtual void store(Frame &frame, Index index, Value value) const = 0;

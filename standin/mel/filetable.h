@@ -18,7 +18,9 @@ public:
     FileTable &operator=(const FileTable &) = delete;
 
     // These return 0 on failure.
+    // `mode` as the C library's fopen takes it.
     int open(const std::string &path, const std::string &mode);
+    // Through the shell. Any mode but "r" and "w" fails.
     int openPipe(const std::string &command, const std::string &mode);
     // Throws RuntimeError for an unknown number. What the system says, 0 when all went well.
     int close(int id);
@@ -26,6 +28,7 @@ public:
     // The file, ready for reading or writing. Throws RuntimeError for an unknown number.
     std::FILE *forReading(int id) { return prepared(id, Use::Reading); }
     std::FILE *forWriting(int id) { return prepared(id, Use::Writing); }
+    // The file as it is, for calls that neither read nor write.
     std::FILE *file(int id) { return entry(id).file; }
 
 private:
@@ -34,6 +37,7 @@ private:
     {
         std::FILE *file = nullptr;
         bool isPipe = false;
+        // A positioning call is due when it changes.
         Use lastUse = Use::None;
     };
 

@@ -13,6 +13,7 @@ class Runtime;
 struct Procedure;
 
 // A local variable. An array parameter points to the caller's array instead of its own value.
+// Neither copied nor moved, as `target` may point into the slot itself.
 struct Slot
 {
     Value value;
@@ -20,6 +21,7 @@ struct Slot
 };
 
 // The variables and the current place of one running procedure or text.
+// Lives on the program's stack for as long as the call or text runs.
 struct Frame
 {
     // All slots get their initial values but the first ones, which the caller fills.
@@ -27,15 +29,20 @@ struct Frame
           size_t filledByCaller = 0);
 
     Runtime &runtime;
+    // Never resized: compiled code refers to slots by number, array parameters to them by address.
     std::unique_ptr<Slot[]> slots;
     SourcePointer source;
     const Procedure *procedure = nullptr; // null at top level
     Frame *caller = nullptr;
+    // What return left, and before that the default of the procedure's return type.
     Value result;
+    // Of the statement or call being run, from 1; 0 before the first one.
     int line = 0;
 };
 
 // Where a variable lives: at a fixed address (globals) or in a slot of the frame.
+// Either address or number stays valid for good: globals are never moved or deleted, and slots are
+// numbered while compiling.
 class Storage
 {
 public:

@@ -13,6 +13,7 @@ namespace mel {
 class Runtime;
 
 // The arguments of one run of a built-in function, converted as its signature says.
+// Neither owns nor copies the values; it lives for that run only.
 class Arguments
 {
 public:
@@ -23,6 +24,8 @@ public:
 
     size_t count() const { return m_count; }
     // The caller's own value where the argument is a variable.
+    // No range check: the signature has decided how many there are. The typed readers throw a
+    // RuntimeError when a dynamic variable turns out to hold another type.
     Value &value(size_t index) const { return *m_values[index]; }
     int integer(size_t index) const { return as<int>(value(index)); }
     double number(size_t index) const { return as<double>(value(index)); }
@@ -46,9 +49,11 @@ struct Function
 {
     const char *name;
     const char *signature;
+    // Writes to array arguments only: a scalar may be the caller's own variable.
     Value (*run)(const Arguments &);
 
     std::string_view parameters() const { return std::string_view(signature).substr(2); }
+    // A trailing * accepts any number from none on.
     bool takes(size_t count) const;
     Type parameterType(size_t index) const; // Dynamic for those that take anything
     Type returnType(Type firstArgument) const;
@@ -66,6 +71,7 @@ std::vector<const Function *> functionsNamed(const std::string &name);
 const std::vector<const Function *> &allFunctions();
 
 // The row that fits the argument types best, null when no row takes that many.
+// Exact matches count one each; the earlier row wins a tie, so the general row stands first.
 const Function *chooseFunction(const std::vector<const Function *> &rows,
                                const std::vector<Type> &arguments);
 

@@ -12,6 +12,7 @@ struct FunctionTable
     size_t count;
 };
 
+// All rows of one name stand in the same table.
 const std::vector<FunctionTable> &functionTables();
 
 FunctionTable arrayFunctions();

@@ -9,6 +9,7 @@ namespace mel {
 // Numbered as the host application numbers its command messages.
 enum class MessageKind { History, Display, Info, Warning, Error, Result, StackTrace };
 
+// Next comes before all others.
 enum class IdlePriority { Next, Normal, Low, Lowest };
 
 // What the interpreter needs from the program around it. The program outlives the interpreter.
@@ -18,6 +19,7 @@ public:
     virtual ~Host() = default;
 
     // One message of bare text, without heading or closing mark.
+    // Called on the thread that runs the script.
     virtual void message(MessageKind kind, const std::string &text) = 0;
 
     // Queues MEL text for idle time, in order within one priority.

@@ -14,8 +14,11 @@
 namespace mel {
 
 // Bounds that keep a script from taking the host down; reaching one is a run-time error.
+// Far above what real scripts need; tests lower them to reach them quickly.
 struct Limits
 {
+    // Of procedures and texts together. The stack itself is measured too, see
+    // Runtime::checkStack().
     int callDepth = 500;
     int nesting = 200;                           // of expressions and blocks in one text
     std::int64_t elements = 50 * 1000 * 1000;    // of one array
@@ -72,7 +75,9 @@ public:
 
     // False when a command of that name exists. Adding and removing while a script runs is allowed.
     bool addCommand(Command command);
+    // False when there is none of that name.
     bool removeCommand(const std::string &name);
+    // Null when there is none; valid until the command is removed.
     const Command *command(const std::string &name) const;
     std::vector<std::string> commandNames() const; // sorted
     // Counts every addition and removal, so that mirrors of the list know when to look again.
@@ -82,6 +87,7 @@ public:
 
     // Global variables; setting one declares it with the value's type.
     std::optional<Value> globalVariable(const std::string &name) const; // name with its "$"
+    // False when the variable exists with another type; it is left as it was.
     bool setGlobalVariable(const std::string &name, const Value &value);
 
     Settings &settings();
@@ -97,6 +103,7 @@ public:
 
     // The library procedures of the language (startsWith, stringArrayContains, ...) are compiled
     // from MEL text; hosts add theirs the same way. `origin` is the path whatIs names.
+    // Compiled at once. False when the text has an error, which has been reported as messages.
     bool defineLibrary(const std::string &text, const std::string &origin);
 
 private:

@@ -19,7 +19,9 @@ public:
     std::vector<Token> tokens();
 
 private:
+    // The byte so many further on, NUL beyond the end. NUL may also stand in the text.
     char at(size_t ahead = 0) const;
+    // The only way forward, so that lines and columns cannot be forgotten. Stops at the end.
     void advance(size_t bytes);
     void skipBlanks();
     void skipComment();
@@ -29,6 +31,7 @@ private:
     void readString(Token &token);
     void readSymbol(Token &token);
 
+    // Not owned: the Source holds it for longer than the lexer lives.
     std::string_view m_text;
     size_t m_at = 0;
     int m_line = 1;

@@ -9,6 +9,8 @@
 namespace mel {
 
 // Procedures that come with the language, written in MEL. Each is compiled when it is first used.
+// Nothing here is compiled code: a script leaves the table once the procedure table has taken it
+// over.
 class Library
 {
 public:
@@ -24,6 +26,7 @@ public:
     std::vector<std::string> names() const;
     // The text of a procedure that is to be compiled now; gives it out once.
     std::optional<Script> take(const std::string &name);
+    // Back again, when compiling it failed.
     void put(const std::string &name, const Script &script);
 
 private:

@@ -6,6 +6,7 @@
 namespace mel {
 
 // A library procedure: its name and its MEL text.
+// The text defines that procedure and no other, and calls only what is built in or in the library.
 struct LibraryText
 {
     const char *name;

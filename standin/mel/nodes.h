@@ -6,6 +6,8 @@
 
 // Makers of tree nodes. Operands are checked already; each maker picks the node that fits their
 // static types best.
+// Each maker owns what it is given and never fails: whatever could be wrong has been refused
+// before.
 namespace mel::nodes {
 
 ExpressionPointer constant(Value value);
@@ -13,6 +15,7 @@ std::unique_ptr<Target> variable(Storage storage, Type type);
 std::unique_ptr<Target> element(Storage array, Type arrayType, ExpressionPointer index);
 std::unique_ptr<Target> matrixElement(Storage matrix, ExpressionPointer row,
                                       ExpressionPointer column);
+// `axis` is 'x', 'y' or 'z'.
 ExpressionPointer component(ExpressionPointer vector, char axis);
 
 // Static type first, then the value at run time.
@@ -25,6 +28,7 @@ ExpressionPointer condition(ExpressionPointer operand);
 
 ExpressionPointer vectorLiteral(ExpressionPointer x, ExpressionPointer y, ExpressionPointer z);
 ExpressionPointer matrixLiteral(std::vector<ExpressionList> rows);
+// Elements are converted one by one when the literal is evaluated.
 ExpressionPointer arrayLiteral(ExpressionList elements, Type arrayType);
 // Gives an array literal another element type; null when the expression is no literal.
 ExpressionPointer retypedLiteral(ExpressionPointer &literal, Type arrayType);

@@ -10,6 +10,7 @@
 // the surrounding program may set.
 namespace mel {
 
+// The low 32 bits. Overflow wraps around in the language, where C++ leaves it undefined.
 inline int wrap(std::int64_t value)
 {
     return static_cast<int>(static_cast<std::uint32_t>(value));
@@ -36,6 +37,7 @@ int truncate(double value);
 // As "%.<digits>g".
 std::string floatText(double value, int digits);
 
+// Infinite when the digits are beyond the range of a float; `found` is false for "inf" and "nan".
 struct LeadingNumber
 {
     bool found = false;

@@ -7,6 +7,7 @@
 
 namespace mel {
 
+// In the order of spelling()'s table, comparisons last.
 enum class Operator {
     Add,
     Subtract,
@@ -26,6 +27,7 @@ const char *spelling(Operator op);
 bool isComparison(Operator op);
 
 // The type of `left op right`; Void when the operator has no meaning for these types.
+// Dynamic when it depends on the values. A comparison is always an int.
 Type resultType(Operator op, Type left, Type right);
 
 // 'Illegal operation "+" on data of type string[].', naming the operand that does not fit.
@@ -40,9 +42,11 @@ double remainderOfFloats(double a, double b);
 
 // Any operator on values whose types are only known now.
 Value apply(Operator op, const Value &left, const Value &right, WarningSink &warnings);
+// Throws RuntimeError where there is no negative, as of texts and arrays.
 Value negate(const Value &value, WarningSink &warnings);
 
 template <typename T>
+// Unequal is the opposite of equal, so NaN differs from everything, itself included.
 bool compare(Operator op, const T &a, const T &b)
 {
     switch (op) {

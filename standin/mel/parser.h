@@ -10,6 +10,8 @@ namespace mel {
 
 // Reads one text, statement by statement, and hands what it finds to the Builder. An error is
 // placed at the token that stands next when it is found.
+// One pass by recursive descent: types are checked as soon as an operand has been read, which is
+// why an error can name the token after it. Used once; the tokens are read whole before.
 class Parser
 {
 public:
@@ -23,12 +25,14 @@ private:
 
     // Tokens.
     const Token &token() const { return m_tokens[m_at]; }
+    // Beyond the end it is the End token again, so that looking ahead needs no check.
     const Token &tokenAfter(size_t count = 1) const;
     bool adjacent() const; // no blank before the current token
     void next();
     bool accept(int symbol);
     bool acceptWord(const char *word);
     void expect(int symbol);
+    // The first throws what parse() will place; the second places the message at once.
     [[noreturn]] void failSyntax() const;
     [[noreturn]] void fail(const std::string &text) const;
     std::string sourceLine() const;
@@ -37,6 +41,7 @@ private:
 
     // Statements.
     StatementPointer statement();
+    // The rule behind a keyword. Others start an expression, such as true and int(7.5).
     StatementPointer statementOf(const std::string &keyword, int line);
     StatementPointer block(int line);
     StatementPointer nestedStatement();
@@ -69,14 +74,17 @@ private:
     // Expressions.
     ExpressionPointer expression();
     ExpressionPointer conditional();
+    // Level 0 binds loosest; beyond the last level stand the unary operators.
     ExpressionPointer binary(int level);
     ExpressionPointer unary();
     ExpressionPointer postfix();
     ExpressionPointer primary();
     ExpressionPointer assignment(ExpressionPointer left);
     ExpressionPointer incrementAfter(ExpressionPointer operand);
+    // A syntax error for what cannot be assigned.
     std::unique_ptr<Target> asTarget(ExpressionPointer expression) const;
     ExpressionPointer variable();
+    // For a name that no scope knows. Throws CompileError when it is read instead of assigned.
     ExpressionPointer newVariable(const std::string &name, int line);
     ExpressionPointer indexed(const std::string &name);
     ExpressionPointer component(ExpressionPointer operand);
@@ -104,13 +112,16 @@ private:
     bool bareWordContinues() const;
     bool skipPlainBrackets();
     std::string sourcedFile();
+    // Looks ahead only, without consuming; linear in the tokens it passes.
     size_t matchingParenthesis(bool &hasComma) const;
 
     Runtime &m_runtime;
     SourcePointer m_source;
     std::vector<Token> m_tokens;
+    // Index of the token in hand; the End token is never passed.
     size_t m_at = 0;
     Builder m_builder;
+    // Of Level objects alive; Limits::nesting is its bound.
     int m_nesting = 0;
     int m_loops = 0;           // around the current statement, within its procedure
     int m_breakable = 0;       // loops and switches

@@ -6,6 +6,8 @@
 namespace mel {
 
 // One level of nesting in the text; refuses to go beyond the limit.
+// Alive in every rule that can meet itself again, so that hostile text such as a million "(" ends
+// in an error instead of a crash.
 class Parser::Level
 {
 public:

@@ -15,6 +15,7 @@ struct Parameter
 };
 
 // A compiled procedure. Callers hold it while it runs, so it may be redefined meanwhile.
+// Immutable once its text has been read whole, and so shared by all calls.
 struct Procedure
 {
     std::string name;
@@ -25,6 +26,7 @@ struct Procedure
     SourcePointer source;
     bool isGlobal = false;
 
+    // Return type and parameter types; names do not count.
     bool sameSignature(const Procedure &other) const;
 };
 

@@ -12,6 +12,8 @@
 namespace mel {
 
 // The procedures by name: global ones, those typed without "global", and those of each file.
+// A procedure without "global" is seen in its own file only; typed texts share theirs, as one
+// console.
 class Procedures
 {
 public:
@@ -32,6 +34,7 @@ private:
     Table m_global;
     Table m_typed;
     std::map<std::string, Table> m_byFile;
+    // A deque, as its elements never move; entries are never removed either.
     std::deque<ProcedureEntry> m_entries;
     unsigned m_generation = 0;
 };

@@ -24,6 +24,8 @@ struct RunTimeCommand
 
 // Everything that running code shares: tables, limits, the stack of frames, and the way out for
 // messages.
+// Owned by the Interpreter, which is the only part of it that the outside sees. Single-threaded but
+// for interrupt().
 class Runtime : public WarningSink
 {
 public:
@@ -37,6 +39,7 @@ public:
     Procedures procedures;
     CommandTable commands;
     std::map<std::string, RunTimeCommand> runTimeCommands;
+    // Those not compiled yet.
     Library library;
     RandomStreams random;
     FileTable files;
@@ -47,6 +50,7 @@ public:
         if (--m_stepsLeft <= 0 || m_interrupted.load(std::memory_order_relaxed))
             checkSteps();
     }
+    // From any thread; the script notices at its next step.
     void interrupt() { m_interrupted = true; }
     // Throws when the script has to stop; for commands that wait or loop.
     void checkInterrupt();
@@ -96,9 +100,11 @@ public:
     Frame *topFrame() const { return m_top; }
 
     // Evaluates for catch: 1 when it failed.
+    // Nothing is undone: what the expression had changed before it failed stays changed.
     int fails(const Expression &expression, Frame &frame, bool quiet);
 
     // Brackets everything between entering the interpreter and leaving it again.
+    // Only the outermost one resets the counters, so nested texts share one allowance.
     class Execution
     {
     public:
@@ -123,9 +129,12 @@ private:
     int m_depth = 0; // nested executions
     int m_calls = 0; // nested procedures and texts
     int m_quiet = 0; // nested catchQuiet
+    // Where the outermost execution entered; depth is measured from here.
     const char *m_stackBase = nullptr;
+    // Counts down to the next look at host and limits, so that a step is one decrement.
     std::int64_t m_stepsLeft = 0;
     std::int64_t m_stepsTaken = 0;
+    // Steps that the current slice began with.
     std::int64_t m_slice = 0;
     std::atomic<bool> m_interrupted{false};
     struct Compiling

@@ -5,8 +5,11 @@
 
 namespace mel {
 
+// Why a statement ended, for the loops, switches and calls around it.
 enum class Flow { Normal, Break, Continue, Return };
 
+// A statement of the checked tree, owned by the block, text or procedure it stands in. Like an
+// expression it holds nothing that belongs to one run.
 class Statement
 {
 public:
@@ -23,10 +26,13 @@ public:
 protected:
     // Marks the place and counts a step; loops call it once a round.
     void step(Frame &frame) const;
+    // What the statement does, its own step counted already.
     virtual Flow run(Frame &frame) const = 0;
+    // Runs it for its value; statements other than expressions and declarations have none.
     virtual Value value(Frame &frame) const;
 
 private:
+    // Of the first token, from 1; what run-time errors name.
     int m_line;
 };
 

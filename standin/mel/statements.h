@@ -7,6 +7,7 @@
 #include <utility>
 
 // Makers of statement nodes. Conditions are ints already; null stands for "nothing there".
+// `line` is that of the statement's first token, from 1.
 namespace mel::statements {
 
 StatementPointer expression(ExpressionPointer expression, int line);
@@ -28,7 +29,9 @@ struct Loop
     ExpressionList steps;
     StatementPointer body;
 };
+// for and while: a missing condition is true, and the steps follow each round that goes on.
 StatementPointer loop(Loop loop, int line);
+// The body runs before the condition is asked for the first time.
 StatementPointer doLoop(StatementPointer body, ExpressionPointer condition, int line);
 // The elements become the variable's type.
 StatementPointer forIn(Storage variable, Type type, ExpressionPointer array, StatementPointer body,
@@ -39,8 +42,10 @@ struct Case
     ExpressionPointer label; // null: default
     StatementList body;
 };
+// switch: falls through from the chosen case on. The default may stand anywhere.
 StatementPointer choice(ExpressionPointer value, std::vector<Case> cases, int line);
 
+// break and continue, and return without a value.
 StatementPointer jump(Flow flow, int line);
 StatementPointer returned(ExpressionPointer value, int line);
 

@@ -7,6 +7,7 @@
 
 namespace mel {
 
+// Numbers carry no sign: minus is an operator, or part of a word of a command line.
 enum class TokenKind {
     End,
     Identifier,
@@ -19,6 +20,7 @@ enum class TokenKind {
 };
 
 // Symbols of one character are their own code; longer ones are numbered from 256.
+// One numbering for all, so that the parser compares a token with a character or a name alike.
 namespace symbol {
 enum : int {
     Increment = 256,
@@ -40,13 +42,18 @@ enum : int {
 };
 } // namespace symbol
 
+// What the text held; the parser looks back at the source by offset where it needs it as written.
 struct Token
 {
     TokenKind kind = TokenKind::End;
     int symbol = 0;
+    // Of an Int, wrapped to 32 bits.
     int number = 0;
+    // Of an Int or a Float.
     double real = 0;
+    // Of words, variables and strings; symbols and numbers leave it empty.
     std::string text;
+    // UTF-8 offsets into the text; adjacency (no blank between) is `end` equal to the next `begin`.
     size_t begin = 0; // byte offsets, `end` exclusive
     size_t end = 0;
     int line = 1;      // of the last character

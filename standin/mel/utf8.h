@@ -16,6 +16,7 @@ struct Character
 };
 
 // The character at a byte offset within the text.
+// `offset` must be within the text; the length is at least 1.
 Character characterAt(std::string_view text, size_t offset);
 
 size_t countCharacters(std::string_view text);

@@ -7,6 +7,7 @@
 
 namespace mel {
 
+// Also what fwrite puts into files, so the three numbers stay adjacent and in this order.
 struct Vector
 {
     double x = 0;
@@ -20,6 +21,7 @@ struct Vector
 };
 
 // Row-major; the size never changes after construction.
+// A default-made one has no elements and takes the size of what is stored first.
 struct Matrix
 {
     int rows = 0;
@@ -32,6 +34,7 @@ struct Matrix
     }
 };
 
+// Arrays have one dimension; the language has no arrays of arrays.
 using IntArray = std::vector<int>;
 using FloatArray = std::vector<double>;
 using StringArray = std::vector<std::string>;

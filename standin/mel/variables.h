@@ -21,7 +21,9 @@ struct GlobalVariable
 class Variables
 {
 public:
+    // Null when there is none of that name.
     GlobalVariable *find(const std::string &name) const;
+    // Replaces the name's variable if there is one; callers look before they declare.
     GlobalVariable &declare(const std::string &name, Type type, Value value);
     // Takes a name back. The variable stays alive, as compiled code may refer to it.
     void forget(const std::string &name);
@@ -29,6 +31,7 @@ public:
 
 private:
     std::map<std::string, GlobalVariable *> m_byName;
+    // Forgotten ones included, until the interpreter goes.
     std::vector<std::unique_ptr<GlobalVariable>> m_all;
 };
 

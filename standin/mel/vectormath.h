@@ -7,11 +7,13 @@
 
 namespace mel {
 
+// One place for operators and functions, so that "$a * $b" and "dot $a $b" agree to the last bit.
 inline double dotProduct(const Vector &a, const Vector &b)
 {
     return a.x * b.x + a.y * b.y + a.z * b.z;
 }
 
+// By the right-hand rule.
 inline Vector crossProduct(const Vector &a, const Vector &b)
 {
     return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
