@@ -33,7 +33,6 @@ struct Frame
     std::unique_ptr<Slot[]> slots;
     SourcePointer source;
     const Procedure *procedure = nullptr; // null at top level
-    Frame *caller = nullptr;
     // What return left, and before that the default of the procedure's return type.
     Value result;
     // Of the statement or call being run, from 1; 0 before the first one.

@@ -121,7 +121,6 @@ void Runtime::rethrowLocated(const std::string &text, const Frame &frame) const
 Value Runtime::runInFrame(Frame &frame, const StatementList &statements, bool wantsValue)
 {
     checkStack();
-    frame.caller = m_top;
     const Restored<Frame *> top(m_top, &frame);
     const Restored<int> calls(m_calls, m_calls + 1);
     try {
