@@ -20,6 +20,7 @@ void Builder::checkDepth(const Expression &expression)
 // Conversions that cannot work are errors before anything runs, where both types are known.
 ExpressionPointer Builder::convert(ExpressionPointer value, Type to)
 {
+    // A literal has no type of its own yet: {1, 2} fits float[] without converting an int[].
     if (auto literal = nodes::retypedLiteral(value, to))
         return literal;
     if (!canConvert(value->type(), to))
@@ -27,6 +28,7 @@ ExpressionPointer Builder::convert(ExpressionPointer value, Type to)
     return to == Type::Dynamic ? std::move(value) : nodes::convert(std::move(value), to);
 }
 
+// A text counts by the number in it, a vector by its length.
 ExpressionPointer Builder::condition(ExpressionPointer value)
 {
     if (!canConvert(value->type(), Type::Float))
@@ -42,6 +44,7 @@ ExpressionPointer Builder::component(ExpressionPointer vector, char axis)
 }
 
 // Three numbers in one row are a vector, everything else is a matrix.
+// Deliberate: <<1, 2>> is a matrix of one row rather than an error.
 ExpressionPointer Builder::vectorOrMatrix(std::vector<ExpressionList> rows)
 {
     for (ExpressionList &row : rows) {
@@ -55,6 +58,7 @@ ExpressionPointer Builder::vectorOrMatrix(std::vector<ExpressionList> rows)
 }
 
 // The first element says what the array holds, unless a later one is of a type that takes both.
+// An empty literal holds texts until the variable it initialises says otherwise.
 ExpressionPointer Builder::arrayLiteral(ExpressionList elements)
 {
     Type type = Type::Void;
@@ -69,6 +73,7 @@ ExpressionPointer Builder::arrayLiteral(ExpressionList elements)
                                arrayOf(type == Type::Void ? Type::String : type));
 }
 
+// Whatever can be multiplied by -1 can be negated, vectors and matrices included.
 ExpressionPointer Builder::negate(ExpressionPointer value)
 {
     const Type type = value->type();
@@ -102,6 +107,7 @@ ExpressionPointer Builder::conditional(ExpressionPointer condition, ExpressionPo
                                        ExpressionPointer no)
 {
     Type type = yes->type();
+    // What + would give is the type both convert to: int and float meet in float, text takes all.
     if (type != no->type()) {
         const Type sum = resultType(Operator::Add, type, no->type());
         type = sum == Type::Void ? Type::Dynamic : sum;
@@ -123,6 +129,7 @@ ExpressionPointer Builder::assign(std::unique_ptr<Target> target, ExpressionPoin
     return nodes::assign(std::move(target), convert(std::move(value), type));
 }
 
+// $i += 0.5 keeps an int variable an int: the sum converts back and loses its fraction.
 ExpressionPointer Builder::compoundAssign(Operator op, std::unique_ptr<Target> target,
                                           ExpressionPointer value)
 {
@@ -136,6 +143,7 @@ ExpressionPointer Builder::compoundAssign(Operator op, std::unique_ptr<Target> t
 
 ExpressionPointer Builder::increment(std::unique_ptr<Target> target, int by, bool prefix)
 {
+    // A dynamic variable may hold a number by then; the node checks again.
     const Type type = target->type();
     if (!isNumber(type) && type != Type::Dynamic)
         throw CompileError(illegalOperation(by > 0 ? "++" : "--", type));

@@ -6,6 +6,7 @@ namespace mel {
 std::pair<const ProcedureEntry *, ProcedurePointer>
 Builder::findProcedure(const std::string &name) const
 {
+    // This text's own definitions are not in the table before commit(), yet calls below them bind.
     const auto pending = m_pending.find(name);
     if (pending != m_pending.end())
         return {pending->second.entry, pending->second.procedure};
@@ -15,6 +16,7 @@ Builder::findProcedure(const std::string &name) const
 
 ExpressionPointer Builder::argument(ExpressionPointer value, Type to)
 {
+    // Fails in the words of convert(), but for an array literal, which takes the other type.
     if (value->type() == Type::Void || !canConvert(value->type(), to))
         return convert(std::move(value), to == Type::Dynamic ? Type::String : to);
     if (auto literal = nodes::retypedLiteral(value, to))
@@ -24,6 +26,7 @@ ExpressionPointer Builder::argument(ExpressionPointer value, Type to)
     return unchanged ? std::move(value) : nodes::convertArgument(std::move(value), to);
 }
 
+// The number of arguments is fixed: there are no defaults and no variable lists.
 ExpressionPointer Builder::callProcedure(const ProcedureEntry &entry,
                                          const ProcedurePointer &signature,
                                          ExpressionList arguments, int line)
@@ -35,6 +38,7 @@ ExpressionPointer Builder::callProcedure(const ProcedureEntry &entry,
     return nodes::procedureCall(entry, signature, std::move(arguments), line);
 }
 
+// The caller has made sure that nobody has removed the command of that name.
 ExpressionPointer Builder::callFunction(const std::vector<const Function *> &rows,
                                         ExpressionList arguments, int line)
 {
@@ -51,6 +55,7 @@ ExpressionPointer Builder::callFunction(const std::vector<const Function *> &row
 }
 
 // Procedures hide commands. What nobody knows yet may be known when the call is reached.
+// Unknown names compile on purpose: the script that defines them may be loaded by this very text.
 ExpressionPointer Builder::call(const std::string &name, ExpressionList arguments, int line)
 {
     const auto [entry, signature] = findProcedure(name);
@@ -83,6 +88,7 @@ void Builder::beginProcedure(const std::string &name, bool isGlobal, Type return
         declareLocal(
             {parameter.name, parameter.type, false, defaultValue(parameter.type), parameter.line});
     }
+    // Only a warning: calls compiled before are checked once more when they run.
     const ProcedurePointer old = findProcedure(name).second;
     if (old && !old->sameSignature(*m_procedure))
         m_warn("New procedure definition for \"" + name +
@@ -92,6 +98,7 @@ void Builder::beginProcedure(const std::string &name, bool isGlobal, Type return
     m_pending[name] = m_definitions.back();
 }
 
+// One return anywhere is enough for checkReturns(); a path without one yields the default value.
 ExpressionPointer Builder::returned(ExpressionPointer value)
 {
     const Type wanted = m_procedure ? m_procedure->returnType : Type::Void;
@@ -117,6 +124,7 @@ void Builder::endProcedure(StatementList body)
 }
 
 // From here on all callers reach the new definitions, those compiled earlier as well.
+// Nobody outside can reach a procedure before this, so a faulty text defines none.
 void Builder::commit()
 {
     for (const Pending &definition : m_definitions)
@@ -124,6 +132,7 @@ void Builder::commit()
 }
 
 // Gives back the names of variables that only the faulty text declared.
+// Their values live on, as a file compiled on the way may have bound to them.
 void Builder::abandon()
 {
     for (const std::string &name : m_newGlobals)

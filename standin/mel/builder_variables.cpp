@@ -24,6 +24,7 @@ Builder::Builder(Runtime &runtime, SourcePointer source,
 {
 }
 
+// Off by melOptions for scripts that declare a variable again on purpose.
 void Builder::warnRedeclaration(const std::string &variable, int line) const
 {
     if (!m_runtime.settings.duplicateVariableWarnings)
@@ -43,6 +44,7 @@ void Builder::closeScope()
 }
 
 // A procedure sees no global that it has not declared.
+// Without a declaration an assignment in it makes a local variable of the same name.
 std::optional<Symbol> Builder::find(const std::string &variable) const
 {
     for (auto scope = m_scopes.rbegin(); scope != m_scopes.rend(); ++scope) {
@@ -64,6 +66,7 @@ Symbol Builder::known(const std::string &variable) const
     return *symbol;
 }
 
+// "global" inside braces makes the name known in that scope, bound to the global variable.
 Builder::Declared Builder::declare(const Declaration &declaration)
 {
     if (!declaration.isGlobal && !atTopLevel())
@@ -92,6 +95,7 @@ Builder::Declared Builder::declareGlobal(const Declaration &declaration)
         failRedeclaration(declaration.name);
     }
     int &line = m_globalLines[declaration.name];
+    // Not for variables of earlier texts: typing a declaration a second time is everyday work.
     if (line > 0 && !declaration.isGlobal)
         warnRedeclaration(declaration.name, line);
     line = declaration.line;
@@ -124,11 +128,13 @@ ExpressionPointer Builder::initialise(const Declaration &declaration, const Decl
         return initialiseGlobal(declared, std::move(value));
     if (value)
         return assign(nodes::variable(storage, declaration.type), std::move(value));
+    // Deliberate: a variable of the top level keeps its value when it is declared again.
     const bool isLocal = !declaration.isGlobal && !atTopLevel();
     return isLocal && declared.isNew ? nodes::reset(storage, declaration.initial) : nullptr;
 }
 
 // Set once, before the text runs, and never again however often the text is run.
+// A frame without slots will do, as a constant reads no variable.
 ExpressionPointer Builder::initialiseGlobal(const Declared &declared, ExpressionPointer value)
 {
     if (!value->isConstant())
@@ -165,6 +171,7 @@ std::unique_ptr<Target> Builder::matrixElement(const std::string &name, Expressi
 }
 
 // With an index, an array of the value's type is declared.
+//   $list[2] = "a";     declares string $list[]
 ExpressionPointer Builder::assignNew(const std::string &name, ExpressionPointer index,
                                      ExpressionPointer value, int line)
 {

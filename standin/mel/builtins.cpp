@@ -8,6 +8,8 @@ namespace mel {
 
 namespace {
 
+// Unsplit words, as functions take dashes and arrays for what they are. Several rows of one name
+// give one command, since adding a second time is refused.
 Command functionCommand(Runtime &runtime, const Function &function)
 {
     Command command;

@@ -49,6 +49,8 @@ Value evaluated(const Expression &argument, Frame &frame)
 }
 
 // Fills a parameter: arrays in variables by reference, everything else by value.
+// The variable has to hold an array of exactly that type: an int[] for a float[] is converted,
+// hence copied, and the caller sees no change.
 void bind(Slot &slot, Type type, const Expression &argument, Frame &frame)
 {
     Value *variable = isArray(type) ? argument.variable(frame) : nullptr;
@@ -61,6 +63,8 @@ void bind(Slot &slot, Type type, const Expression &argument, Frame &frame)
         slot.value = convertArgument(std::move(slot.value), type, frame.runtime);
 }
 
+// Arguments are evaluated in the caller's frame, before the callee's is on top: an error in one of
+// them names the caller's line.
 Value CallExpression::callProcedure(const ProcedurePointer &procedure, Frame &frame) const
 {
     if (m_arguments.size() != procedure->parameters.size())
@@ -68,12 +72,14 @@ Value CallExpression::callProcedure(const ProcedurePointer &procedure, Frame &fr
     Frame callee(frame.runtime, procedure->slots, procedure->source, m_arguments.size());
     for (size_t i = 0; i < m_arguments.size(); ++i)
         bind(callee.slots[i], procedure->parameters[i].type, *m_arguments[i], frame);
+    // After the arguments, as a call among them may have named a line of its own.
     frame.line = m_line;
     return frame.runtime.invoke(procedure, callee);
 }
 
 Value CallExpression::callFunction(const Function &function, Frame &frame) const
 {
+    // Most functions take up to three; their values then need no memory from the heap.
     constexpr size_t usualCount = 3;
     const size_t count = m_arguments.size();
     Value fewTemporaries[usualCount];
@@ -83,6 +89,7 @@ Value CallExpression::callFunction(const Function &function, Frame &frame) const
     Value *const own = count > usualCount ? temporaries.data() : fewTemporaries;
     Value **const all = count > usualCount ? places.data() : fewPlaces;
     for (size_t i = 0; i < count; ++i) {
+        // Variables are passed where they are: no copy of a long text or array for size().
         all[i] = m_arguments[i]->variable(frame);
         if (all[i])
             continue;
@@ -115,6 +122,7 @@ Value ProcedureCall::eval(Frame &frame) const
     // Held while it runs, as the script may redefine it meanwhile.
     const ProcedurePointer procedure = m_entry.current;
     Value value = callProcedure(procedure, frame);
+    // A redefinition may return another type than the one the expression around was checked for.
     return typeOf(value) == type() ? std::move(value)
                                    : mel::convert(std::move(value), type(), frame.runtime);
 }

@@ -8,6 +8,7 @@ namespace mel {
 
 namespace {
 
+// Null when the flag is absent, or was queried and so has no arguments.
 const Value *flagArgument(const Call &call, const char *flag, size_t index)
 {
     const Call::FlagUse *use = call.find(flag);
@@ -61,6 +62,7 @@ double Call::number(const char *flag, double byDefault, size_t index) const
     return argument ? toFloat(*argument, none) : byDefault;
 }
 
+// Numbers become text as print writes them, so a command need not care how a word was typed.
 std::string Call::text(const char *flag, const std::string &byDefault, size_t index) const
 {
     const Value *argument = flagArgument(*this, flag, index);

@@ -24,6 +24,7 @@ std::string_view flagName(const Value &flag)
     return std::string_view(std::get<std::string>(flag)).substr(1);
 }
 
+// Units are not interpreted: a length is the bare number.
 Type argumentType(ArgumentKind kind)
 {
     switch (kind) {
@@ -80,6 +81,7 @@ void WordSplitter::split(Call &call)
         return;
     }
     while (m_at < m_words.size()) {
+        // Moved out: no word is looked at twice once the mode is known.
         Value &word = m_words[m_at++];
         if (looksLikeFlag(word))
             readFlag(call, std::get<std::string>(word));
@@ -88,6 +90,7 @@ void WordSplitter::split(Call &call)
     }
 }
 
+// A command that is not queryable may have a flag of its own called -q.
 bool WordSplitter::readMode(Call &call, std::string_view name) const
 {
     if (m_command.queryable && (name == "q" || name == "query"))
@@ -146,6 +149,7 @@ void WordSplitter::readFlag(Call &call, const std::string &word)
 }
 
 // Quoted so that the echoed line could be run again.
+// Flags and boolean words stay bare, as they are typed.
 std::string wordText(const Value &word)
 {
     const std::string *text = std::get_if<std::string>(&word);
@@ -171,6 +175,7 @@ void appendElements(std::vector<Element> &array, std::vector<Value> &words)
 
 } // namespace
 
+// Positional functions take arrays whole; only commands with words get them spread.
 void spreadWord(Value argument, std::vector<Value> &words)
 {
     switch (typeOf(argument)) {
@@ -204,6 +209,7 @@ Value runCommand(Runtime &runtime, const Command &command, std::vector<Value> wo
 {
     echoCommand(runtime, command.name, words);
     Call call(runtime.interpreter, command.name);
+    // The plug-in's own syntax decides; nothing is known here about its flags.
     if (command.rawWords)
         call.objects = std::move(words);
     else

@@ -17,6 +17,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
+// `status` follows links, `link` does not.
 struct FileTest
 {
     const char *flag;
@@ -53,6 +54,7 @@ const FileTest fileTests[] = {
              const Status &) { return (status.st_mode & S_ISUID) != 0; }},
 };
 
+// A missing path answers 0 to every test, -z included.
 Value filetest(Runtime &, Call &call)
 {
     const std::string path = call.objectText(0);
@@ -75,6 +77,8 @@ Value filetest(Runtime &, Call &call)
     return 0;
 }
 
+// Sorted, because the order of a folder differs between file systems. A folder that cannot be read
+// is empty.
 Value getFileList(Runtime &, Call &call)
 {
     const std::string glob = call.text("filespec", "*");
@@ -90,12 +94,14 @@ Value getFileList(Runtime &, Call &call)
     return names;
 }
 
+// What fails says so through `failure`, which a script sees as 0, not as an error.
 struct FileAction
 {
     const char *flag;
     void (*run)(const fs::path &argument, const fs::path &object, std::error_code &failure);
 };
 
+// rename and move are one action here: both may change folder.
 void renameFile(const fs::path &newName, const fs::path &oldName, std::error_code &failure)
 {
     fs::rename(oldName, newName, failure);
@@ -104,6 +110,7 @@ void renameFile(const fs::path &newName, const fs::path &oldName, std::error_cod
 const FileAction fileActions[] = {
     {"makeDir", [](const fs::path &path, const fs::path &,
                    std::error_code &failure) { fs::create_directories(path, failure); }},
+    // Deliberate: refuses folders, which removeEmptyDir takes.
     {"delete",
      [](const fs::path &path, const fs::path &, std::error_code &failure) {
          if (fs::is_directory(path, failure) || !fs::remove(path, failure))
@@ -123,6 +130,7 @@ const FileAction fileActions[] = {
 };
 
 // The path to act on is the object; those flags that make a second one take it as their argument.
+// When several are given, the first of the table wins.
 Value sysFile(Runtime &, Call &call)
 {
     for (const FileAction &action : fileActions) {

@@ -20,6 +20,7 @@ IdlePriority deferredPriority(const Call &call)
     return call.isSet("lowPriority") ? IdlePriority::Low : IdlePriority::Normal;
 }
 
+// The text is compiled only when it runs, so its errors appear then and catch() cannot see them.
 Value evalDeferred(Runtime &runtime, Call &call)
 {
     if (call.isSet("list"))
@@ -29,6 +30,7 @@ Value evalDeferred(Runtime &runtime, Call &call)
 }
 
 // What the name of a call means to the reader of its script.
+// Procedures hide commands, as they do in calls.
 std::string describeName(Runtime &runtime, const std::string &name)
 {
     if (const Library::Script *script = runtime.library.find(name))
@@ -44,6 +46,7 @@ std::string describeName(Runtime &runtime, const std::string &name)
     return script.empty() ? "Unknown" : "Script found in: " + script;
 }
 
+// A variable is told by the value it holds, as a dynamic one has no other type.
 Value whatIs(Runtime &runtime, Call &call)
 {
     const std::string name = call.objectText(0);
@@ -53,6 +56,7 @@ Value whatIs(Runtime &runtime, Call &call)
     return variable ? typeName(variable->value) + std::string(" variable") : std::string("Unknown");
 }
 
+// Also true of a script on the path that nobody has sourced yet.
 Value exists(Runtime &runtime, Call &call)
 {
     return describeName(runtime, call.objectText(0)) != "Unknown" ? 1 : 0;
@@ -74,6 +78,7 @@ Value melInfo(Runtime &runtime, Call &)
     return allNames(runtime);
 }
 
+// May load the script that defines the procedure.
 Value getProcArguments(Runtime &runtime, Call &call)
 {
     const ProcedurePointer procedure = runtime.findProcedure(call.objectText(0), true);
@@ -116,6 +121,7 @@ Value help(Runtime &runtime, Call &call)
     return helpText(*command, !call.isSet("syntaxOnly") || runtime.settings.helpNamesCommandType);
 }
 
+// Met where the statement is not, such as from Python. The file is compiled when this runs.
 Value source(Runtime &runtime, Call &call)
 {
     try {
@@ -141,6 +147,7 @@ Value format(Runtime &runtime, Call &call)
     std::string text;
     for (size_t at = 0; at < pattern.size();) {
         const size_t digits = pattern.find_first_not_of("0123456789", at + 1);
+        // At most six digits, so that the number cannot overflow.
         const bool placeholder = pattern[at] == '^' && digits != std::string::npos &&
                                  digits > at + 1 && digits - at < 8 && pattern[digits] == 's';
         if (!placeholder) {

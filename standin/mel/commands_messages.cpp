@@ -24,6 +24,7 @@ std::string prefix(const Runtime &runtime, const Call &call)
     return shown ? runtime.place().prefix() : "";
 }
 
+// Ends the script up to the nearest catch; the message has its place already.
 Value error(Runtime &runtime, Call &call)
 {
     runtime.failLocated(prefix(runtime, call) + joinedObjects(call));
@@ -35,6 +36,7 @@ Value warning(Runtime &runtime, Call &call)
     return {};
 }
 
+// To the standard error stream only, never to the history.
 Value trace(Runtime &runtime, Call &call)
 {
     const std::string where = call.isSet("where") ? runtime.place().prefix() : "";
@@ -42,7 +44,7 @@ Value trace(Runtime &runtime, Call &call)
     return {};
 }
 
-// A switch that a command sets and answers when it is queried.
+// Leaves the switch as it is when the flag is absent.
 void setSwitch(const Call &call, const char *flag, bool &value)
 {
     value = call.boolean(flag, value);
@@ -85,6 +87,7 @@ Value stackTrace(Runtime &runtime, Call &call)
     return {};
 }
 
+// One switch, so a query needs no flag to say which.
 Value melOptions(Runtime &runtime, Call &call)
 {
     if (call.query)

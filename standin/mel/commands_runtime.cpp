@@ -21,6 +21,7 @@ Value runScript(Runtime &runtime, const RunTimeCommand &definition)
     return python->run(call);
 }
 
+// Looked up by name at each run, so that an edit reaches commands that scripts have bound already.
 void addCommand(Runtime &runtime, const std::string &name)
 {
     Command command;
@@ -37,6 +38,7 @@ void addCommand(Runtime &runtime, const std::string &name)
         throw RuntimeError("A command named \"" + name + "\" exists already.");
 }
 
+// Long names of the flags kept as plain texts; a query answers the first that is asked for.
 const char *const textFlags[] = {"annotation",      "category",       "command",
                                  "commandLanguage", "image",          "keywords",
                                  "label",           "longAnnotation", "tags"};
@@ -78,6 +80,7 @@ Value define(Runtime &runtime, const Call &call, const std::string &name, bool k
     if (!known)
         addCommand(runtime, name);
     RunTimeCommand &definition = runtime.runTimeCommands[name];
+    // runScript() relies on the command being there, be it empty.
     definition.texts.try_emplace("command");
     change(definition, call);
     return name;
@@ -102,6 +105,7 @@ Value runTimeCommand(Runtime &runtime, Call &call)
         throw RuntimeError("Run time command \"" + name + "\" not found.");
     if (call.query)
         return answer(found->second, call);
+    // The command may be running: its caller holds it, and it works on a copy of the definition.
     runtime.runTimeCommands.erase(found);
     runtime.commands.remove(name);
     return {};

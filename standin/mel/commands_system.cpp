@@ -13,12 +13,14 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
+// Since its first call; a clock that setting the time does not move.
 double seconds()
 {
     static const Clock::time_point start = Clock::now();
     return std::chrono::duration<double>(Clock::now() - start).count();
 }
 
+// With the answer of an earlier call as start time, the seconds since then.
 Value timerX(Runtime &, Call &call)
 {
     return seconds() - call.number("startTime", 0);
@@ -30,6 +32,7 @@ Value pause(Runtime &runtime, Call &call)
     const double end = seconds() + call.number("seconds", 0);
     while (seconds() < end) {
         runtime.checkInterrupt();
+        // 20 ms are short enough for a stop to feel immediate and long enough to cost nothing.
         const std::chrono::duration<double> rest(std::min(end - seconds(), 0.02));
         std::this_thread::sleep_for(rest);
     }
@@ -43,6 +46,7 @@ std::string padded(int number, size_t width)
 }
 
 // Replaces the fields of a date: YYYY or YY, MM, DD, hh, mm, ss.
+// Everything else is copied. YYYY stands before YY, of which it is made.
 std::string formattedDate(const std::string &format, const std::tm &now)
 {
     const std::pair<const char *, std::string> fields[] = {

@@ -7,6 +7,7 @@ bool CommandTable::add(Command command)
 {
     const std::string name = command.name;
     const bool added =
+        // Never replaced in place: whoever wants another command removes the old one first.
         m_commands.emplace(name, std::make_shared<Command>(std::move(command))).second;
     m_generation += added ? 1 : 0;
     return added;

@@ -9,11 +9,13 @@ namespace mel {
 
 namespace {
 
+// Types that convert to each other without exception; int to vector lie together in Type.
 bool isScalar(Type type)
 {
     return type >= Type::Int && type <= Type::Vector;
 }
 
+// A leading number is enough and no reason to warn: "3.14abc" is 3.14.
 double numberIn(const std::string &text, const char *kind, WarningSink &warnings)
 {
     const LeadingNumber number = leadingNumber(text);
@@ -23,6 +25,7 @@ double numberIn(const std::string &text, const char *kind, WarningSink &warnings
 }
 
 // Up to three numbers, with or without the signs of a vector literal.
+// What is missing stays 0, without a warning.
 Vector vectorIn(const std::string &text)
 {
     double parts[3] = {0, 0, 0};
@@ -40,6 +43,7 @@ Vector vectorIn(const std::string &text)
     return {parts[0], parts[1], parts[2]};
 }
 
+// Element by element, toward zero.
 IntArray toInts(const FloatArray &floats)
 {
     IntArray ints;
@@ -57,6 +61,7 @@ Matrix rowOf(const Vector &vector)
 
 } // namespace
 
+// A float[] fits a vector by its type; whether it has three elements shows at run time.
 bool canConvert(Type from, Type to)
 {
     if (from == Type::Void)
@@ -65,6 +70,7 @@ bool canConvert(Type from, Type to)
         return true;
     if (isScalar(from) && isScalar(to))
         return true;
+    // Arrays convert element by element, but only between int[] and float[].
     const std::pair<Type, Type> others[] = {
         {Type::Matrix, Type::String}, {Type::Vector, Type::Matrix}, {Type::Ints, Type::Floats},
         {Type::Floats, Type::Ints},   {Type::Floats, Type::Vector},
@@ -114,6 +120,7 @@ double toFloat(const Value &value, WarningSink &warnings)
     }
 }
 
+// Arrays print, yet they are no texts: joining them by accident would hide a mistake.
 std::string toString(const Value &value)
 {
     const Type type = typeOf(value);
@@ -174,6 +181,7 @@ Value convert(Value value, Type to, WarningSink &warnings)
     }
 }
 
+// Case matters: "True" is an ordinary word.
 int booleanWord(const std::string &word)
 {
     if (word == "true" || word == "on" || word == "yes")

@@ -23,6 +23,7 @@ std::string missingProcedureText(const std::string &name)
 
 std::string failureText(const std::exception &error)
 {
+    // An allocation beyond what a container can count is the same to a script.
     const bool lacksMemory = dynamic_cast<const std::bad_alloc *>(&error) ||
                              dynamic_cast<const std::length_error *>(&error);
     return lacksMemory ? "Out of memory." : error.what();

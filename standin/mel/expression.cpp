@@ -17,6 +17,7 @@ double Expression::evalFloat(Frame &frame) const
     return toFloat(eval(frame), frame.runtime);
 }
 
+// Toward zero, and to the nearest int beyond the range.
 int FloatExpression::evalInt(Frame &frame) const
 {
     return truncate(evalFloat(frame));

@@ -5,6 +5,7 @@
 
 namespace mel {
 
+// A pipe waits for its command here, so that no child outlives the interpreter.
 FileTable::~FileTable()
 {
     for (const auto &entry : m_entries)
@@ -20,6 +21,7 @@ int FileTable::add(std::FILE *file, bool isPipe)
 {
     if (!file)
         return 0;
+    // Numbers start at 1, since 0 means failure, and are never given out again: a stale one fails.
     m_entries[++m_lastId] = {file, isPipe, Use::None};
     return m_lastId;
 }
@@ -29,6 +31,7 @@ int FileTable::open(const std::string &path, const std::string &mode)
     return add(std::fopen(path.c_str(), mode.c_str()), false);
 }
 
+// The C library leaves other modes undefined.
 int FileTable::openPipe(const std::string &command, const std::string &mode)
 {
     return mode == "r" || mode == "w" ? add(popen(command.c_str(), mode.c_str()), true) : 0;

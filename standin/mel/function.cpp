@@ -13,6 +13,7 @@ namespace mel {
 
 namespace {
 
+// Letters that stand for no single type, such as a and ?, are dynamic: any value passes as it is.
 Type letterType(char letter)
 {
     static const std::pair<char, Type> types[] = {
@@ -29,6 +30,7 @@ Type letterType(char letter)
 
 using FunctionMap = std::unordered_map<std::string, std::vector<const Function *>>;
 
+// Built once: the tables are constants, so nothing ever invalidates it.
 const FunctionMap &functionMap()
 {
     static const FunctionMap map = [] {
@@ -53,6 +55,7 @@ int fitness(const Function &function, const std::vector<Type> &arguments)
 
 bool Function::takes(size_t count) const
 {
+    // The * itself stands for no argument.
     const std::string_view letters = parameters();
     if (!letters.empty() && letters.back() == '*')
         return count + 1 >= letters.size();
@@ -65,6 +68,7 @@ Type Function::parameterType(size_t index) const
     return index < letters.size() ? letterType(letters[index]) : Type::Dynamic;
 }
 
+// Known while compiling where the signature tells, which saves checks at run time.
 Type Function::returnType(Type firstArgument) const
 {
     return signature[0] == '=' ? firstArgument : letterType(signature[0]);
@@ -94,6 +98,7 @@ std::vector<const Function *> functionsNamed(const std::string &name)
     return found == functionMap().end() ? std::vector<const Function *>() : found->second;
 }
 
+// Only the number of arguments decides whether a row fits; the types merely rank, as they convert.
 const Function *chooseFunction(const std::vector<const Function *> &rows,
                                const std::vector<Type> &arguments)
 {
@@ -107,6 +112,7 @@ const Function *chooseFunction(const std::vector<const Function *> &rows,
     return best;
 }
 
+// What a row writes to an array is lost, as the values belong to no variable.
 Value callFunctionByName(Runtime &runtime, const std::string &name, std::vector<Value> arguments)
 {
     std::vector<Type> types;

@@ -36,6 +36,7 @@ Value clear(const Arguments &call)
     });
 }
 
+// Texts by their bytes, so capitals stand before small letters.
 struct Ascending
 {
     template <typename T>
@@ -46,6 +47,7 @@ struct Ascending
     bool operator()(const Vector &a, const Vector &b) const { return magnitude(a) < magnitude(b); }
 };
 
+// Stable, and answered as a new array: the argument stays as it was.
 Value sort(const Arguments &call)
 {
     return withArray(call.value(0), [](const auto &array) {
@@ -55,6 +57,7 @@ Value sort(const Arguments &call)
     });
 }
 
+// ASCII only; the order of other letters depends on a locale that scripts cannot choose.
 char lowered(char c)
 {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;

@@ -9,8 +9,10 @@ namespace mel {
 
 namespace {
 
+// Bytes. A binary file that is read as text need not have a NUL anywhere.
 constexpr size_t longestReadString = 1024;
 
+// 0 when the file cannot be opened, which scripts test; without a mode it is written anew.
 Value fopen(const Arguments &call)
 {
     return call.runtime.files.open(call.text(0), call.count() > 1 ? call.text(1) : "w");
@@ -21,6 +23,7 @@ Value popen(const Arguments &call)
     return call.runtime.files.openPipe(call.text(0), call.text(1));
 }
 
+// For pclose as well: the table knows which of them are pipes.
 Value fclose(const Arguments &call)
 {
     return call.runtime.files.close(call.integer(0));
@@ -45,12 +48,14 @@ Value feof(const Arguments &call)
 
 Value fprint(const Arguments &call)
 {
+    // Bytes that find no room on the disk go unnoticed, as fprint has no result.
     const std::string text = printText(call.value(1));
     std::fwrite(text.data(), 1, text.size(), call.runtime.files.forWriting(call.integer(0)));
     return {};
 }
 
 // Reads bytes while `goesOn` accepts the text so far and the next byte.
+// Byte by byte; the library buffers. Stops at the end of the file with what there is.
 template <typename GoesOn>
 std::string readText(const Arguments &call, std::FILE *file, GoesOn goesOn)
 {
@@ -73,6 +78,7 @@ Value fgetline(const Arguments &call)
     });
 }
 
+// Leading blanks are skipped, and the one that ends the word is consumed.
 Value fgetword(const Arguments &call)
 {
     std::FILE *file = call.runtime.files.forReading(call.integer(0));
@@ -84,6 +90,7 @@ Value fgetword(const Arguments &call)
     });
 }
 
+// In the machine's own byte order, as written by fwrite. A short read gives the default.
 template <typename T>
 T readBinary(std::FILE *file)
 {
@@ -91,6 +98,7 @@ T readBinary(std::FILE *file)
     return std::fread(&value, sizeof value, 1, file) == 1 ? value : T{};
 }
 
+// The second argument only says which type to read.
 Value fread(const Arguments &call)
 {
     std::FILE *file = call.runtime.files.forReading(call.integer(0));
@@ -112,6 +120,7 @@ Value fread(const Arguments &call)
     }
 }
 
+// Answers the number of bytes written. Arrays are written without their length.
 struct BinaryWriter
 {
     std::FILE *file;
@@ -123,6 +132,7 @@ struct BinaryWriter
     int operator()(int number) const { return write(&number, sizeof number); }
     int operator()(double number) const { return write(&number, sizeof number); }
     int operator()(const Vector &vector) const { return write(&vector, sizeof vector); }
+    // With its NUL, at which fread stops.
     int operator()(const std::string &text) const { return write(text.c_str(), text.size() + 1); }
     int operator()(std::monostate) const { return 0; }
     int operator()(const Matrix &matrix) const

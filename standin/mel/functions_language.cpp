@@ -7,6 +7,7 @@ namespace mel {
 
 namespace {
 
+// No line break is added; what is empty makes no message.
 Value print(const Arguments &call)
 {
     const std::string text = printText(call.value(0));
@@ -24,11 +25,13 @@ std::string joined(const Arguments &call)
     return text;
 }
 
+// At the top level: the globals are visible, the variables of the calling procedure are not.
 Value eval(const Arguments &call)
 {
     return call.runtime.runText(joined(call));
 }
 
+// Shown before it runs, so that its own output follows.
 Value evalEcho(const Arguments &call)
 {
     const std::string text = joined(call);

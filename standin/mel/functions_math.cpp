@@ -12,8 +12,10 @@ namespace mel {
 
 namespace {
 
+// In radians. Written out, as the library's constant is not standard in C++17.
 constexpr double degree = 3.14159265358979323846 / 180;
 
+// One wrapper serves every function of the C library that has this shape.
 template <double (*function)(double)>
 Value unary(const Arguments &call)
 {
@@ -43,12 +45,14 @@ Value atan2d(const Arguments &call)
     return std::atan2(call.number(0), call.number(1)) / degree;
 }
 
+// The lowest int has no positive counterpart and wraps to itself.
 Value absOfInt(const Arguments &call)
 {
     const int number = call.integer(0);
     return number < 0 ? subtractInts(0, number) : number;
 }
 
+// An error instead of NaN, which would spread unnoticed.
 Value sqrt(const Arguments &call)
 {
     if (call.number(0) < 0)
@@ -56,6 +60,7 @@ Value sqrt(const Arguments &call)
     return std::sqrt(call.number(0));
 }
 
+// By zero it fails like the operator %.
 Value fmod(const Arguments &call)
 {
     return remainderOfFloats(call.number(0), call.number(1));
@@ -99,6 +104,7 @@ double fraction(const Arguments &call)
     const double start = call.number(0);
     const double end = call.number(1);
     const double x = call.number(2);
+    // Also decides what happens when start and end are equal: a step, without a division by zero.
     if (x < start)
         return 0;
     return x >= end ? 1 : (x - start) / (end - start);
@@ -111,12 +117,14 @@ Value linstep(const Arguments &call)
 
 Value smoothstep(const Arguments &call)
 {
+    // The cubic with a slope of 0 at both ends.
     const double t = fraction(call);
     return t * t * (3 - 2 * t);
 }
 
 const Function rows[] = {
     {"abs", "f:f", unary<std::fabs>},
+    // An int stays one; the exact match ranks above the row for floats.
     {"abs", "i:i", absOfInt},
     {"sin", "f:f", unary<std::sin>},
     {"cos", "f:f", unary<std::cos>},

@@ -14,6 +14,7 @@ double between(const Arguments &call, const std::string &stream, double low, dou
     return low + (high - low) * call.runtime.random.uniform(stream);
 }
 
+// One after the other, since the order of arguments' evaluation is not defined.
 Vector between(const Arguments &call, const std::string &stream, const Vector &low,
                const Vector &high)
 {
@@ -41,6 +42,7 @@ Value seed(const Arguments &call)
     return call.integer(0);
 }
 
+// The argument is the standard deviation.
 Value gauss(const Arguments &call)
 {
     return call.number(0) * call.runtime.random.normal();
@@ -53,6 +55,7 @@ Value sphrand(const Arguments &call)
     RandomStreams &random = call.runtime.random;
     const double height = 2 * random.uniform() - 1;
     const double angle = turn * random.uniform();
+    // The cube root, as most of a sphere's volume lies far from its centre.
     const double radius = call.number(0) * std::cbrt(random.uniform());
     const double ring = radius * std::sqrt(1 - height * height);
     return Vector{ring * std::cos(angle), ring * std::sin(angle), radius * height};

@@ -12,6 +12,7 @@ namespace mel {
 
 namespace {
 
+// As the language defines it: 1 for numbers, 3 for a vector.
 struct SizeOf
 {
     int operator()(std::monostate) const { return 0; }
@@ -36,11 +37,13 @@ Value size(const Arguments &call)
     return std::visit(SizeOf(), call.value(0));
 }
 
+// UTF-8 bytes, where size() counts characters.
 Value sizeBytes(const Arguments &call)
 {
     return static_cast<int>(call.text(0).size());
 }
 
+// By bytes, never by the rules of a locale.
 Value strcmp(const Arguments &call)
 {
     const int order = call.text(0).compare(call.text(1));
@@ -59,6 +62,7 @@ Value substring(const Arguments &call)
 }
 
 // The first match only.
+// Deliberate: the replacement is literal text, without references to groups.
 Value substitute(const Arguments &call)
 {
     const std::string &text = call.text(1);
@@ -76,6 +80,7 @@ Value match(const Arguments &call)
     return match.found() ? text.substr(match.begin, match.end - match.begin) : std::string();
 }
 
+// The text comes first here, the pattern second; match has them the other way round.
 Value gmatch(const Arguments &call)
 {
     return matchesGlob(call.text(0), call.text(1)) ? 1 : 0;
@@ -87,6 +92,7 @@ StringArray split(const std::string &text, const std::string &separators)
     StringArray tokens;
     for (size_t begin = 0;
          (begin = text.find_first_not_of(separators, begin)) != std::string::npos;) {
+        // npos is beyond every size, so min cuts it to the end.
         const size_t end = std::min(text.find_first_of(separators, begin), text.size());
         tokens.push_back(text.substr(begin, end - begin));
         begin = end;
@@ -94,6 +100,7 @@ StringArray split(const std::string &text, const std::string &separators)
     return tokens;
 }
 
+// Without separators, blanks of every kind separate.
 Value tokenize(const Arguments &call)
 {
     const bool separated = call.count() == 3;
@@ -128,6 +135,7 @@ Value encodeString(const Arguments &call)
 {
     std::string encoded;
     for (const char c : call.text(0)) {
+        // The two literals run parallel: what to escape, and the letter that stands for it.
         const size_t special = std::string_view("\"\\\n\t\r").find(c);
         if (special == std::string_view::npos)
             encoded += c;

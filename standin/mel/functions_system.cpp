@@ -10,12 +10,14 @@ namespace mel {
 
 namespace {
 
+// An unset variable and an empty one are the same to a script.
 Value getenv(const Arguments &call)
 {
     const char *value = std::getenv(call.text(0).c_str());
     return std::string(value ? value : "");
 }
 
+// 0 when it worked. Programs that the script starts see it too.
 Value putenv(const Arguments &call)
 {
     return setenv(call.text(0).c_str(), call.text(1).c_str(), 1);
@@ -27,6 +29,7 @@ Value env(const Arguments &call)
     return call.runtime.variables.names();
 }
 
+// Waits for the end; what goes to the standard error stream is not part of the answer.
 Value system(const Arguments &call)
 {
     std::FILE *pipe = popen(call.text(0).c_str(), "r");
@@ -43,6 +46,7 @@ Value system(const Arguments &call)
 // Through the shell, in the background.
 Value exec(const Arguments &call)
 {
+    // The line break keeps a comment at the end of the text from hiding the parenthesis.
     return std::system(("( " + call.text(0) + "\n) &").c_str());
 }
 
@@ -52,6 +56,7 @@ Value pwd(const Arguments &)
     return std::filesystem::current_path(ignored).u8string();
 }
 
+// 0 when it worked, else -1; no error either way.
 Value chdir(const Arguments &call)
 {
     std::error_code failure;

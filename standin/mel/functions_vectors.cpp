@@ -21,6 +21,7 @@ Vector sum(const Vector &a, const Vector &b)
     return {a.x + b.x, a.y + b.y, a.z + b.z};
 }
 
+// The zero vector has no direction and stays as it is.
 Vector normalised(const Vector &v)
 {
     const double length = magnitude(v);
@@ -47,13 +48,16 @@ Value unit(const Arguments &call)
     return normalised(call.vector(0));
 }
 
+// In radians, from 0 to pi.
 Value angle(const Arguments &call)
 {
     const double cosine = dotProduct(normalised(call.vector(0)), normalised(call.vector(1)));
+    // Rounding may carry the cosine just beyond 1, where acos is undefined.
     return std::acos(std::max(-1.0, std::min(1.0, cosine)));
 }
 
 // Turns a point about an axis through the origin, by the right-hand rule.
+// The angle is in radians; the axis may have any length.
 Value rot(const Arguments &call)
 {
     const Vector &point = call.vector(0);

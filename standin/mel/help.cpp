@@ -7,6 +7,7 @@ namespace mel {
 
 namespace {
 
+// Columns, dash included; a longer short name pushes its line to the right.
 constexpr size_t shortNameWidth = 5;
 
 const char *kindWord(ArgumentKind kind)
@@ -37,6 +38,7 @@ std::string paddedLeft(const std::string &text, size_t width)
 
 // One line: the short name against the right end of its column, then the long one.
 //   -ax -axis           Length Length Length
+// A note such as "(multi-use)" without arguments before it brings its own blank.
 std::string flagLine(const Flag &flag, size_t longWidth)
 {
     const std::string names =
@@ -51,6 +53,7 @@ std::string flagLine(const Flag &flag, size_t longWidth)
 std::string flagLines(const Command &command)
 {
     std::vector<Flag> flags = command.flags;
+    // Help lists by short name, whatever order the table has.
     std::sort(flags.begin(), flags.end(),
               [](const Flag &a, const Flag &b) { return a.shortName < b.shortName; });
     size_t longWidth = 0;

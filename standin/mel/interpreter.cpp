@@ -13,6 +13,7 @@
 
 namespace mel {
 
+// Keeps the runtime's many headers out of the public one.
 struct Interpreter::State : Runtime
 {
     using Runtime::Runtime;
@@ -41,6 +42,7 @@ Outcome guarded(Runtime &runtime, Run run)
 {
     Outcome outcome;
     try {
+        // Inside the try, so that it ends before the failure is reported.
         const Runtime::Execution execution(runtime);
         outcome.value = run();
         outcome.ok = true;
@@ -66,6 +68,7 @@ Outcome Interpreter::execute(const std::string &text, bool display)
     if (display)
         m_state->echoText(text);
     Outcome outcome = guarded(*m_state, [&] { return m_state->runText(text); });
+    // Nothing to show is no message at all, not an empty one.
     if (display && outcome.ok && !isVoid(outcome.value) && !isEmptyArray(outcome.value))
         m_state->report(MessageKind::Result, resultText(outcome.value));
     return outcome;
@@ -87,6 +90,7 @@ Outcome Interpreter::call(const std::string &name, const std::vector<Value> &wor
             arguments.push_back(nodes::constant(word));
         Unit unit;
         unit.source = std::make_shared<Source>();
+        // Through a call node, so that it finds what a call in a script would find.
         unit.statements.push_back(
             statements::expression(nodes::lateCall(name, std::move(arguments), 1), 1));
         return m_state->runUnit(unit);
@@ -100,6 +104,7 @@ Value Interpreter::runCommand(const std::string &name, const std::vector<Value> 
     if (!command)
         throw RuntimeError(missingProcedureText(name));
     const Runtime::Execution execution(*m_state);
+    // Functions take positional values; everything else gets words.
     if (isFunction(name))
         return callFunctionByName(*m_state, name, words);
     std::vector<Value> spread;
@@ -108,6 +113,7 @@ Value Interpreter::runCommand(const std::string &name, const std::vector<Value> 
     return mel::runCommand(*m_state, *command, std::move(spread));
 }
 
+// The execution around it goes on counting steps and calls.
 Value Interpreter::evaluate(const std::string &text)
 {
     const Runtime::Execution execution(*m_state);
@@ -141,6 +147,7 @@ unsigned Interpreter::commandGeneration() const
     return m_state->commands.generation();
 }
 
+// Those of the library count before anything has called them.
 bool Interpreter::hasProcedure(const std::string &name) const
 {
     return m_state->library.find(name) || m_state->procedures.findGlobal(name);

@@ -35,6 +35,8 @@ struct LongSymbol
     int symbol;
 };
 
+// All of two characters, none the start of another, so the order does not matter. There are no
+// shifts: << and >> always belong to a vector or matrix, and >> always closes one.
 const LongSymbol longSymbols[] = {
     {"++", symbol::Increment},
     {"--", symbol::Decrement},
@@ -55,6 +57,7 @@ const LongSymbol longSymbols[] = {
 };
 
 // One escape; a line end after the backslash vanishes with it.
+// Any other character stands for itself, so that "\q" is "q".
 char escaped(char c)
 {
     switch (c) {
@@ -93,6 +96,7 @@ void Lexer::advance(size_t bytes)
 }
 
 // A comment that is never closed runs to the end.
+// Comments do not nest: the first */ ends one.
 void Lexer::skipComment()
 {
     const bool lineComment = at(1) == '/';
@@ -125,6 +129,7 @@ void Lexer::readHexadecimal(Token &token)
 }
 
 // Leading zeros do not make a number octal; what is beyond 32 bits wraps around.
+//   007 is 7,   0xFF is 255,   1. and .5 and 1e5 are floats
 void Lexer::readNumber(Token &token)
 {
     if (at() == '0' && (at(1) == 'x' || at(1) == 'X') && hexDigit(at(2)) >= 0) {
@@ -140,6 +145,7 @@ void Lexer::readNumber(Token &token)
         for (++length; isDigit(at(length)); ++length) {
         }
     }
+    // An exponent needs a digit, or the letter begins a word of its own: "1e" is 1 and e.
     const size_t sign = at(length + 1) == '+' || at(length + 1) == '-' ? 1 : 0;
     if ((at(length) == 'e' || at(length) == 'E') && isDigit(at(length + 1 + sign))) {
         for (length += 2 + sign; isDigit(at(length)); ++length) {
@@ -147,10 +153,13 @@ void Lexer::readNumber(Token &token)
     }
     token.kind = length == wholeLength ? TokenKind::Int : TokenKind::Float;
     token.number = static_cast<int>(whole);
+    // Filled for whole numbers too, though only floats are asked for it.
     token.real = leadingNumber(m_text.substr(m_at, length)).value;
     advance(length);
 }
 
+//   string = '"' (character | "\" character | "\" line-end)* '"'
+// A line end without a backslash ends the attempt: the token becomes UnterminatedString.
 void Lexer::readString(Token &token)
 {
     token.kind = TokenKind::String;
@@ -161,11 +170,13 @@ void Lexer::readString(Token &token)
             advance(1);
             continue;
         }
+        // A backslash before the line end continues the string; neither of them is part of it.
         const bool windowsLineEnd = at(1) == '\r' && at(2) == '\n';
         if (!windowsLineEnd && at(1) != '\n' && m_at + 1 < m_text.size())
             token.text += escaped(at(1));
         advance(windowsLineEnd ? 3 : 2);
     }
+    // A quote byte is looked for within the text only, as at() gives NUL beyond it.
     const bool closed = at() == '"' && m_at < m_text.size();
     if (closed) {
         advance(1);
@@ -192,6 +203,7 @@ void Lexer::readSymbol(Token &token)
     advance(isEscape ? 2 : 1);
 }
 
+//   variable = "$" letter (letter | digit)*        no blank after the "$"
 Token Lexer::next()
 {
     skipBlanks();

@@ -9,6 +9,7 @@ namespace mel {
 
 namespace {
 
+// Goes on behind what was put in, so a replacement that holds `old` is safe.
 std::string replaced(std::string text, const std::string &old, const std::string &by)
 {
     for (size_t at = text.find(old); at != std::string::npos; at = text.find(old, at + by.size()))
@@ -16,6 +17,7 @@ std::string replaced(std::string text, const std::string &old, const std::string
     return text;
 }
 
+// A path as an installation would have it; whatIs shows it, nothing is read from there.
 Library::Script script(const std::string &name, std::string text)
 {
     return {std::move(text), "scripts/others/" + name + ".mel"};

@@ -5,6 +5,8 @@
 
 namespace mel {
 
+// In MEL rather than C++, as whatIs has to call them procedures and calls need their exact number
+// of arguments. Each text starts with a line break, so that its first line is line 2.
 const LibraryText libraryTexts[] = {
     {"startsWith", R"mel(
 global proc int startsWith(string $text, string $prefix) {

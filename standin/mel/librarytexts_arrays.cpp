@@ -5,6 +5,8 @@
 
 namespace mel {
 
+// "ArrayFind" becomes stringArrayFind, intArrayFind and floatArrayFind. Arrays arrive by reference,
+// so those that work at an index change the caller's; the others leave it alone.
 const LibraryText arrayLibraryTexts[] = {
     {"ArrayContains", R"mel(
 global proc int TYPEArrayContains(TYPE $item, TYPE $list[]) {

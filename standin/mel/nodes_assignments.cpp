@@ -11,6 +11,7 @@ namespace mel::nodes {
 namespace {
 
 // The int, float or text of a plain variable, to be changed in place.
+// A RuntimeError when the variable holds another type.
 template <typename Held>
 Held &held(const Target &target, Frame &frame)
 {
@@ -57,6 +58,7 @@ private:
 };
 
 // The value of an assignment is what was stored, in the type of the target.
+// Indices are evaluated before the value: $a[$i++] = $i stores the larger number.
 class Assign : public Expression
 {
 public:
@@ -69,6 +71,7 @@ public:
     {
         const Target::Index index = m_target->locate(frame);
         store(frame, index);
+        // Read back, because storing may have changed it: a matrix keeps its declared size.
         return m_target->load(frame, index);
     }
     // Without the copy that the value of the assignment would be.
@@ -78,6 +81,7 @@ private:
     void store(Frame &frame, Target::Index index) const
     {
         Value value = m_value->eval(frame);
+        // A void call is only found out here when its type was dynamic.
         if (isVoid(value))
             failConversion(Type::Void, type() == Type::Dynamic ? Type::Int : type());
         m_target->store(frame, index, std::move(value));
@@ -102,6 +106,7 @@ public:
         const Target::Index index = m_target->locate(frame);
         const Value right = m_value->eval(frame);
         Value result = apply(m_op, m_target->load(frame, index), right, frame.runtime);
+        // Doubling a text in a loop reaches any memory within a few dozen rounds.
         if (const std::string *text = std::get_if<std::string>(&result))
             frame.runtime.checkTextLength(text->size());
         result = mel::convert(std::move(result), type(), frame.runtime);
@@ -131,6 +136,7 @@ public:
     }
     void run(Frame &frame) const override
     {
+        // Evaluated before the text is touched, which it may append to as well.
         const std::string right = toString(m_value->eval(frame));
         std::string &text = held<std::string>(*m_target, frame);
         frame.runtime.checkTextLength(text.size() + right.size());
@@ -153,6 +159,7 @@ public:
     }
     int evalInt(Frame &frame) const override
     {
+        // A minus sign wraps like any int, hence no plain negation.
         const int by = multiplyInts(m_value->evalInt(frame), m_sign);
         int &number = held<int>(*m_target, frame);
         return number = addInts(number, by);
@@ -186,6 +193,7 @@ private:
     bool m_prefix;
 };
 
+// On floats, elements and dynamic variables.
 class Increment : public Expression
 {
 public:

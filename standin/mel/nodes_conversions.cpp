@@ -15,6 +15,7 @@ bool areConstant(const ExpressionList &list)
                        [](const ExpressionPointer &e) { return e->isConstant(); });
 }
 
+// The operand's own evalInt() converts, so nothing is done twice.
 class ToInt : public IntExpression
 {
 public:
@@ -44,6 +45,7 @@ private:
 };
 
 // Any other conversion; what cannot be converted is only found out while running.
+// Warnings for texts that are no numbers come each time it runs.
 class Converted : public Expression
 {
 public:
@@ -62,6 +64,7 @@ private:
 };
 
 // The words true, on, ... stand for numbers in arguments only.
+// Assigned to a number, the text "on" is like any other and converts with a warning.
 class Argument : public Expression
 {
 public:
@@ -78,6 +81,7 @@ private:
     ExpressionPointer m_operand;
 };
 
+// Not by truncation: 0.5 is true.
 class Condition : public IntExpression
 {
 public:
@@ -96,6 +100,7 @@ private:
     ExpressionPointer m_operand;
 };
 
+// The elements are numbers already and are evaluated from left to right.
 class VectorLiteral : public Expression
 {
 public:
@@ -124,6 +129,7 @@ private:
 };
 
 // Rows may differ in length: what is missing is zero.
+// The literal's size is its own; a variable that takes it keeps the declared size.
 class MatrixLiteral : public Expression
 {
 public:
@@ -182,6 +188,7 @@ template <typename Held>
 Value ArrayLiteral::collect(Frame &frame) const
 {
     std::vector<Held> array;
+    // Converted one by one, since a dynamic element shows its type only now.
     array.reserve(m_elements.size());
     for (const ExpressionPointer &element : m_elements)
         array.push_back(
@@ -211,6 +218,7 @@ ExpressionPointer convert(ExpressionPointer operand, Type to)
         return operand;
     if (const Value *known = operand->constant();
         known && isNumber(typeOf(*known)) && isNumber(to)) {
+        // An int constant becomes a float once, here, instead of at every run.
         const int *whole = std::get_if<int>(known);
         return whole ? constant(double(*whole)) : std::make_unique<ToInt>(std::move(operand));
     }
@@ -260,6 +268,7 @@ ExpressionPointer arrayLiteral(ExpressionList elements, Type arrayType)
 
 ExpressionPointer retypedLiteral(ExpressionPointer &literal, Type arrayType)
 {
+    // Only the literal itself: in parentheses it is still the same node.
     ArrayLiteral *array = dynamic_cast<ArrayLiteral *>(literal.get());
     if (!array || !isArray(arrayType))
         return nullptr;

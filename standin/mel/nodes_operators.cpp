@@ -11,6 +11,7 @@ namespace mel::nodes {
 namespace {
 
 // Two operands, for every kind of result.
+// The left operand is always evaluated before the right one.
 template <typename Base>
 class Pair : public Base
 {
@@ -28,6 +29,7 @@ protected:
 };
 
 template <Operator op>
+
 class IntArithmetic : public Pair<IntExpression>
 {
 public:
@@ -48,6 +50,7 @@ public:
     }
 };
 
+// Also of an int and a float: each operand gives a double in its own way.
 template <Operator op>
 class FloatArithmetic : public Pair<FloatExpression>
 {
@@ -136,6 +139,7 @@ public:
     }
     Value eval(Frame &frame) const override
     {
+        // Copied before the right side runs, which may change the variable it came from.
         Value left = m_left->eval(frame);
         std::string text =
             typeOf(left) == Type::String ? std::move(std::get<std::string>(left)) : toString(left);
@@ -188,6 +192,7 @@ public:
     }
 };
 
+// On a condition, so any number but 0 gives 0.
 class Not : public IntExpression
 {
 public:
@@ -201,6 +206,7 @@ private:
     ExpressionPointer m_operand;
 };
 
+// Its type is the operand's; numbers that are constant never get here.
 class Negation : public Expression
 {
 public:
@@ -305,6 +311,7 @@ ExpressionPointer binary(Operator op, ExpressionPointer left, ExpressionPointer 
     return std::make_unique<GeneralOperation>(op, std::move(left), std::move(right), type);
 }
 
+// A literal -5 becomes a constant, which a global variable may start with.
 ExpressionPointer negate(ExpressionPointer operand)
 {
     if (const Value *known = operand->constant(); known && isNumber(typeOf(*known))) {

@@ -19,6 +19,7 @@ namespace {
 }
 
 // Texts, vectors and whatever else is no plain number.
+// Owned by the tree; evaluating copies it.
 class Constant : public Expression
 {
 public:
@@ -30,6 +31,7 @@ private:
     Value m_value;
 };
 
+// Twice the number: one to compute with, one to show as a Value.
 class IntConstant : public IntExpression
 {
 public:
@@ -70,6 +72,7 @@ private:
     Storage m_storage;
 };
 
+// No matrix has been stored yet where rows are 0: then the variable takes the size of the value.
 void Variable::store(Frame &frame, Index, Value value) const
 {
     Value &place = m_storage.in(frame);
@@ -92,6 +95,7 @@ int Variable::evalInt(Frame &frame) const
 {
     const Value &value = m_storage.in(frame);
     const int *number = std::get_if<int>(&value);
+    // Other types come this way: a float read as an int, or a dynamic variable.
     return number ? *number : toInt(value, frame.runtime);
 }
 
@@ -130,6 +134,7 @@ private:
 template <typename Held>
 const Held &Element<Held>::at(Frame &frame, Index index) const
 {
+    // One per element type, so that reading beyond the end costs no allocation.
     static const Held none = Held();
     const auto &array = as<std::vector<Held>>(m_array.in(frame));
     if (index.row < 0)
@@ -143,12 +148,14 @@ void Element<Held>::store(Frame &frame, Index index, Value value) const
     auto &array = as<std::vector<Held>>(m_array.in(frame));
     if (index.row < 0)
         failIndex();
+    // In 64 bits, as the largest int plus one has no place in 32.
     frame.runtime.checkElements(std::int64_t(index.row) + 1);
     if (size_t(index.row) >= array.size())
         array.resize(size_t(index.row) + 1);
     array[size_t(index.row)] = std::move(as<Held>(value));
 }
 
+// Without a Value in between where the element is the number asked for.
 template <typename Held>
 int Element<Held>::evalInt(Frame &frame) const
 {
@@ -184,6 +191,7 @@ auto visitArray(Value &value, Visitor visitor)
 }
 
 // An element of a variable that only happens to hold an array.
+// Storing converts to the element type that the variable has at that moment.
 class DynamicElement : public Target
 {
 public:
@@ -270,6 +278,7 @@ void MatrixElement::store(Frame &frame, Index index, Value value) const
 }
 
 // $v.x, which can be read only.
+// A whole vector has to be assigned to change one component.
 class Component : public FloatExpression
 {
 public:

@@ -6,6 +6,7 @@
 
 namespace mel {
 
+// The bounds are compared first, as converting a float beyond them is undefined in C++.
 int truncate(double value)
 {
     constexpr double lowest = std::numeric_limits<int>::min();
@@ -17,10 +18,12 @@ int truncate(double value)
     return value >= highest ? std::numeric_limits<int>::max() : static_cast<int>(value);
 }
 
+// As printf would in the C locale, whatever locale the program has set: no comma gets in.
 std::string floatText(double value, int digits)
 {
     if (std::isnan(value))
         return "nan";
+    // Ample for 10 digits, sign, point and exponent.
     char buffer[64];
     const auto end =
         std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::general, digits);

@@ -11,6 +11,7 @@ namespace mel {
 
 namespace {
 
+// For floats as well: infinities would only show up far from the mistake.
 [[noreturn]] void failDivision()
 {
     throw RuntimeError("Division by zero");
@@ -28,6 +29,7 @@ int arithmetic(Operator op, int a, int b)
     case Operator::Divide:
         return divideInts(a, b);
     default:
+        // Cross is refused by resultType() before it could come here.
         return remainderOfInts(a, b);
     }
 }
@@ -48,6 +50,7 @@ double arithmetic(Operator op, double a, double b)
     }
 }
 
+// A number takes part as a vector of three equal components, which scales for * and /.
 Value vectorArithmetic(Operator op, const Value &left, const Value &right, WarningSink &warnings)
 {
     const Vector a = toVector(left, warnings);
@@ -75,10 +78,12 @@ Value asVector(Matrix row)
 }
 
 // A vector is a row on the left and a column on the right.
+// A vector times a matrix is thus a vector again, when the matrix has three rows.
 Value matrixProduct(const Value &left, const Value &right)
 {
     const Matrix a = asMatrix(left, false);
     const Matrix b = asMatrix(right, true);
+    // Sizes are not part of the type, so this is never known while compiling.
     if (a.columns != b.rows)
         throw RuntimeError("Matrix sizes do not match.");
     Matrix product{a.rows, b.columns, std::vector<double>(size_t(a.rows) * b.columns)};
@@ -93,6 +98,7 @@ Value matrixProduct(const Value &left, const Value &right)
     return product;
 }
 
+// Operators that make no sense with the number on the left are refused by matrixResult().
 Value matrixWithNumber(Operator op, const Value &left, const Value &right, WarningSink &warnings)
 {
     const bool matrixFirst = typeOf(left) == Type::Matrix;
@@ -121,6 +127,7 @@ Value matrixArithmetic(Operator op, const Value &left, const Value &right, Warni
 }
 
 // Equality compares as texts or part by part, order compares as numbers.
+// A number equals a text that prints the same; vectors are ordered by their length.
 int compareValues(Operator op, const Value &left, const Value &right, WarningSink &warnings)
 {
     const Type a = typeOf(left);
@@ -152,6 +159,7 @@ Type matrixResult(Operator op, Type left, Type right)
     }
 }
 
+// Void operands have been refused before; dynamic ones may turn out to be comparable.
 Type comparisonType(Type left, Type right)
 {
     const auto comparable = [](Type type) { return type != Type::Matrix && !isArray(type); };
@@ -215,6 +223,7 @@ std::string illegalOperation(const char *sign, Type operand)
            ".";
 }
 
+// Toward zero, computed in 64 bits: the lowest int divided by -1 has no 32-bit result.
 int divideInts(int a, int b)
 {
     if (b == 0)
@@ -222,6 +231,7 @@ int divideInts(int a, int b)
     return wrap(std::int64_t(a) / b);
 }
 
+// The sign is that of the left operand.
 int remainderOfInts(int a, int b)
 {
     if (b == 0)
@@ -243,6 +253,7 @@ double remainderOfFloats(double a, double b)
     return std::fmod(a, b);
 }
 
+// The same rules as for known types, so a script does not depend on what the compiler could tell.
 Value apply(Operator op, const Value &left, const Value &right, WarningSink &warnings)
 {
     const Type a = typeOf(left);
@@ -263,6 +274,7 @@ Value apply(Operator op, const Value &left, const Value &right, WarningSink &war
     return arithmetic(op, toFloat(left, warnings), toFloat(right, warnings));
 }
 
+// Floats only change their sign, as 0 - 0.0 would lose that of -0.0.
 Value negate(const Value &value, WarningSink &warnings)
 {
     if (const int *number = std::get_if<int>(&value))

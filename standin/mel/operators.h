@@ -45,8 +45,8 @@ Value apply(Operator op, const Value &left, const Value &right, WarningSink &war
 // Throws RuntimeError where there is no negative, as of texts and arrays.
 Value negate(const Value &value, WarningSink &warnings);
 
-template <typename T>
 // Unequal is the opposite of equal, so NaN differs from everything, itself included.
+template <typename T>
 bool compare(Operator op, const T &a, const T &b)
 {
     switch (op) {

@@ -12,6 +12,7 @@ namespace mel {
 namespace {
 
 // Operators that make an expression of a call at the start of a statement.
+// No compound assignments: what is assigned to is a variable, never a call.
 bool isBinaryOperator(const Token &token)
 {
     static const int symbols[] = {'+',
@@ -43,6 +44,8 @@ bool isNumber(const Token &token)
 }
 
 // Tokens that bare words are made of when no blank stands between them.
+//   |group1|ball.tx   ns:leg*   pSphere1.vtx[0:3]   ..
+// The "||" of a path with an empty name in it arrives as one token.
 bool isWordPiece(const Token &token)
 {
     if (token.kind == TokenKind::Identifier || isNumber(token) || token.is(symbol::Or))
@@ -119,6 +122,7 @@ ExpressionPointer Parser::commandOrCall()
     return commandLine();
 }
 
+//   captured = "`" command "`"
 ExpressionPointer Parser::capturedCommand()
 {
     const Level level(*this);
@@ -135,6 +139,7 @@ ExpressionPointer Parser::capturedCommand()
 }
 
 // A name and its words, up to a token that cannot be a word.
+//   command = name word* ;  words need no commas, and line ends do not end them
 ExpressionPointer Parser::commandLine()
 {
     const std::string name = token().text;
@@ -142,6 +147,7 @@ ExpressionPointer Parser::commandLine()
     if (isKeyword(name))
         failSyntax();
     next();
+    // Read while compiling, so that the procedures of the file are known to the rest of this text.
     if (name == "source") {
         const std::string file = sourcedFile();
         requireEndOfCommand();
@@ -161,10 +167,13 @@ void Parser::requireEndOfCommand() const
         failSyntax();
 }
 
+// Within backticks the next backtick always closes; a nested capture has to stand in parentheses.
 bool Parser::startsWord() const
 {
     if (token().is('`'))
         return !m_inBacktick;
+    // A sign belongs to the word it touches; standing free it is an operator, which words do not
+    // have.
     if (token().is('-') || token().is('!') || token().is('+')) {
         const Token &operand = tokenAfter();
         const bool joined = operand.begin == token().end;
@@ -185,6 +194,7 @@ bool Parser::bareWordContinues() const
     return following.begin == token().end && (isWordPiece(following) || following.is('['));
 }
 
+//   word = flag | number | string | variable index? | "(" expression ")" | captured | vector | bare
 ExpressionPointer Parser::word()
 {
     const Level level(*this);
@@ -192,6 +202,7 @@ ExpressionPointer Parser::word()
         return dashedWord();
     if (token().is('+') || token().is('!'))
         return unary();
+    // Deliberate: $v.tx is two words, the value and ".tx"; joining them takes ($v + ".tx").
     if (token().kind == TokenKind::Variable) {
         const std::string name = token().text;
         next();
@@ -213,6 +224,7 @@ ExpressionPointer Parser::dashedWord()
 
 // Adjacent tokens as one text; brackets that hold an expression insert its value:
 //   pSphere1.vtx[$i]
+// Keywords lose their meaning here: -type string passes the word "string".
 ExpressionPointer Parser::bareWord()
 {
     ExpressionPointer value;
@@ -250,6 +262,7 @@ bool Parser::skipPlainBrackets()
     return true;
 }
 
+//   source = "source" (string | file-name), the name without quotes as in: source lib/tools.mel;
 std::string Parser::sourcedFile()
 {
     if (token().kind == TokenKind::String) {

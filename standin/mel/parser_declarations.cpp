@@ -9,6 +9,7 @@ namespace mel {
 
 namespace {
 
+// Elements, which are allocated while compiling: 8 MB.
 constexpr int largestMatrix = 1000 * 1000;
 
 // What a declaration may ask for at once; assigning elements can make an array larger.
@@ -32,6 +33,7 @@ Value arrayOfSize(Type array, int size)
 
 } // namespace
 
+//   declaration = "global"? type declarator ("," declarator)* ";"
 StatementPointer Parser::declaration(int line)
 {
     const bool isGlobal = acceptWord("global");
@@ -49,6 +51,8 @@ StatementPointer Parser::declaration(int line)
 }
 
 // One name with its own brackets and initialiser.
+//   declarator = variable ("[" int? "]" | "[" int "]" "[" int "]")? ("=" expression)?
+// The name is known from here on, its own initialiser included.
 ExpressionPointer Parser::declarator(Type type, bool isGlobal)
 {
     if (token().kind != TokenKind::Variable)
@@ -86,10 +90,12 @@ Type Parser::declaratorBrackets(Type type, Value &initial)
         next();
     }
     expect(']');
+    // Deliberate: an array declared with a size starts with that many elements, and may still grow.
     initial = arrayOfSize(array, size);
     return array;
 }
 
+//   "[" int "]", both sizes of a matrix being part of its type
 int Parser::constantSize()
 {
     expect('[');
@@ -102,6 +108,7 @@ int Parser::constantSize()
 }
 
 // A procedure is known from its head on, so that its body can call it.
+//   procedure = "global"? "proc" type? name "(" parameters ")" "{" statement* "}"
 void Parser::procedure(bool isGlobal)
 {
     next();
@@ -126,6 +133,7 @@ void Parser::procedure(bool isGlobal)
         if (StatementPointer read = nestedStatement())
             body.push_back(std::move(read));
     }
+    // Before the brace is passed, as the error is placed at it.
     m_builder.checkReturns();
     m_builder.endProcedure(std::move(body));
     next();
@@ -146,6 +154,7 @@ Type Parser::returnTypeOfProcedure()
     return arrayOf(type);
 }
 
+//   parameters = (type variable "[]"? ("," type variable "[]"?)*)?
 std::vector<Parameter> Parser::parameters()
 {
     std::vector<Parameter> list;

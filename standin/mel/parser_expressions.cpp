@@ -62,6 +62,7 @@ std::optional<Operator> compoundOperator(const Token &token)
 
 } // namespace
 
+//   expression = conditional (("=" | "+=" | ...) expression)?
 ExpressionPointer Parser::expression()
 {
     const Level level(*this);
@@ -69,6 +70,7 @@ ExpressionPointer Parser::expression()
 }
 
 // Right associative: the value of an assignment may be assigned again.
+// The left side has been read as an expression; only here does it turn out to be a target.
 ExpressionPointer Parser::assignment(ExpressionPointer left)
 {
     const std::optional<Operator> compound = compoundOperator(token());
@@ -90,6 +92,8 @@ std::unique_ptr<Target> Parser::asTarget(ExpressionPointer expression) const
     return std::unique_ptr<Target>(target);
 }
 
+//   conditional = or ("?" conditional ":" conditional)?
+// Right associative, so that a ? b : c ? d : e has the second choice as its last operand.
 ExpressionPointer Parser::conditional()
 {
     ExpressionPointer condition = binary(orLevel);
@@ -105,6 +109,8 @@ ExpressionPointer Parser::conditional()
 }
 
 // Left associative operators of one level and, inside, of all that bind tighter.
+//   or: ||   and: &&   equality: == !=   order: < <= > >=   sum: + -   product: * / % ^
+// The cross product ^ binds like a product; it is no power.
 ExpressionPointer Parser::binary(int level)
 {
     if (level == unaryLevel)
@@ -116,6 +122,7 @@ ExpressionPointer Parser::binary(int level)
         const OperatorRow *row = findOperator(token(), level);
         if (!isAnd && !isOr && !row)
             return left;
+        // Here, not after the right side, so that an error is placed at the operator.
         if (isAnd || isOr)
             left = m_builder.condition(std::move(left));
         next();
@@ -125,6 +132,7 @@ ExpressionPointer Parser::binary(int level)
     }
 }
 
+//   unary = ("!" | "-" | "+" | "++" | "--" | "(" type ")") unary | postfix
 ExpressionPointer Parser::unary()
 {
     const Level level(*this);
@@ -139,6 +147,7 @@ ExpressionPointer Parser::unary()
         if (accept(step.first))
             return m_builder.increment(asTarget(unary()), step.second, true);
     }
+    // A type between parentheses is a cast: nothing else may stand there.
     const Type type =
         token().is('(') && tokenAfter(2).is(')') ? typeWord(tokenAfter().text) : Type::Void;
     if (type == Type::Void)
@@ -149,6 +158,7 @@ ExpressionPointer Parser::unary()
     return m_builder.convert(unary(), type);
 }
 
+//   postfix = primary ("++" | "--")?
 ExpressionPointer Parser::postfix()
 {
     ExpressionPointer operand = primary();
@@ -166,6 +176,7 @@ ExpressionPointer Parser::literal(Value value)
     return nodes::constant(std::move(value));
 }
 
+//   primary = number | string | variable | word | captured | vector | array | "(" expression ")"
 ExpressionPointer Parser::primary()
 {
     switch (token().kind) {
@@ -188,6 +199,7 @@ ExpressionPointer Parser::primary()
         return vectorOrMatrix();
     if (token().is('{'))
         return arrayLiteral();
+    // Parentheses hide the backtick around them, so that a capture inside may open a nested one.
     expect('(');
     const bool outer = std::exchange(m_inBacktick, false);
     ExpressionPointer inner = expression();
@@ -218,6 +230,7 @@ ExpressionPointer Parser::wordExpression()
 }
 
 // int(7.5), the second spelling of a cast.
+//   cast = type "(" expression ")"
 ExpressionPointer Parser::cast(Type type)
 {
     expect('(');
@@ -227,6 +240,7 @@ ExpressionPointer Parser::cast(Type type)
 }
 
 // catch(...) around an expression, or around a captured command.
+// Its operand runs only when the node is evaluated, which is why catch cannot be a mere command.
 ExpressionPointer Parser::catching(bool quiet)
 {
     if (token().is('`'))
@@ -239,6 +253,7 @@ ExpressionPointer Parser::catching(bool quiet)
     return nodes::catching(std::move(operand), quiet);
 }
 
+//   call = name "(" (expression ("," expression)*)? ")"
 ExpressionPointer Parser::functionCall()
 {
     const std::string name = token().text;
@@ -272,6 +287,7 @@ ExpressionList Parser::expressionList(int end)
     return list;
 }
 
+//   index = "[" expression "]"
 ExpressionPointer Parser::index()
 {
     expect('[');
@@ -294,6 +310,7 @@ ExpressionPointer Parser::variable()
     return m_builder.variable(name);
 }
 
+// A second index makes it an element of a matrix; arrays have one dimension.
 ExpressionPointer Parser::indexed(const std::string &name)
 {
     ExpressionPointer row = index();
@@ -303,6 +320,7 @@ ExpressionPointer Parser::indexed(const std::string &name)
 }
 
 // Assigning to a name that is not known yet declares it.
+//   $x = 1;   $list[2] = "a";
 ExpressionPointer Parser::newVariable(const std::string &name, int line)
 {
     ExpressionPointer position = token().is('[') ? index() : nullptr;
@@ -314,6 +332,7 @@ ExpressionPointer Parser::newVariable(const std::string &name, int line)
 }
 
 // $v.x: no blank may stand before the dot.
+// Deliberate: also after an element and after parentheses, where it does no harm.
 ExpressionPointer Parser::component(ExpressionPointer operand)
 {
     const Token &axis = tokenAfter();
@@ -326,6 +345,7 @@ ExpressionPointer Parser::component(ExpressionPointer operand)
     return m_builder.component(std::move(operand), letter);
 }
 
+//   vector = "<<" expressions (";" expressions)* ">>"
 ExpressionPointer Parser::vectorOrMatrix()
 {
     expect(symbol::VectorOpen);
@@ -339,6 +359,7 @@ ExpressionPointer Parser::vectorOrMatrix()
     return m_builder.vectorOrMatrix(std::move(rows));
 }
 
+//   array = "{" expressions? "}"
 ExpressionPointer Parser::arrayLiteral()
 {
     expect('{');

@@ -6,6 +6,8 @@
 
 namespace mel {
 
+//   statement = ";" | block | procedure | declaration | control | (command | expression) ";"
+// Null for what leaves nothing to run: a lone semicolon and a definition.
 StatementPointer Parser::statement()
 {
     const Level level(*this);
@@ -60,6 +62,7 @@ bool Parser::startsDeclaration() const
 }
 
 // Braces open a scope: what is declared inside ends with them.
+//   block = "{" statement* "}"
 StatementPointer Parser::block(int line)
 {
     expect('{');
@@ -93,6 +96,8 @@ ExpressionPointer Parser::parenthesisedCondition()
 }
 
 // A chain of else-ifs is one statement, however long it is.
+//   if = "if" "(" expression ")" statement ("else" statement)?
+// An else belongs to the nearest if. Held flat, a long chain costs neither nesting nor stack.
 StatementPointer Parser::ifStatement(int line)
 {
     std::vector<statements::Branch> branches;
@@ -108,6 +113,7 @@ StatementPointer Parser::ifStatement(int line)
 }
 
 // Counts the loops around a statement, which break and continue need.
+// Definitions inside a loop are refused, so the counts never leak into a procedure.
 StatementPointer Parser::loopBody()
 {
     ++m_loops;
@@ -118,6 +124,7 @@ StatementPointer Parser::loopBody()
     return body;
 }
 
+//   while = "while" "(" expression ")" statement
 StatementPointer Parser::whileStatement(int line)
 {
     statements::Loop loop;
@@ -126,6 +133,7 @@ StatementPointer Parser::whileStatement(int line)
     return statements::loop(std::move(loop), line);
 }
 
+//   do = "do" statement "while" "(" expression ")" ";"
 StatementPointer Parser::doStatement(int line)
 {
     StatementPointer body = loopBody();
@@ -136,6 +144,8 @@ StatementPointer Parser::doStatement(int line)
     return statements::doLoop(std::move(body), std::move(condition), line);
 }
 
+//   for = "for" "(" (declaration | expressions? ";") expression? ";" expressions? ")" statement
+// Deliberate: what the head declares belongs to the scope around the loop and outlives it.
 StatementPointer Parser::forStatement(int line)
 {
     expect('(');
@@ -158,6 +168,7 @@ StatementPointer Parser::forStatement(int line)
     return statements::loop(std::move(loop), line);
 }
 
+//   for-in = "for" "(" type? variable "in" expression ")" statement
 StatementPointer Parser::forInStatement(int line)
 {
     const Type wanted = typeWord(token().text);
@@ -179,6 +190,7 @@ StatementPointer Parser::forInStatement(int line)
 
 // The variable of a for-in loop: the one declared in its head, else a known one that can take the
 // elements, else a new one.
+// An implicit one takes the element's type; the elements convert where a known one has another.
 Symbol Parser::loopVariable(const std::string &name, Type wanted, Type element, int line)
 {
     const std::optional<Symbol> known = wanted == Type::Void ? m_builder.find(name) : std::nullopt;
@@ -190,6 +202,7 @@ Symbol Parser::loopVariable(const std::string &name, Type wanted, Type element, 
     return m_builder.declare({name, type, false, defaultValue(type), line}).symbol;
 }
 
+//   switch = "switch" "(" expression ")" "{" (("case" expression | "default") ":" statement*)* "}"
 StatementPointer Parser::switchStatement(int line)
 {
     expect('(');
@@ -238,6 +251,7 @@ StatementList Parser::caseBody()
     return body;
 }
 
+//   jump = ("break" | "continue") ";"    break also leaves a switch, continue does not
 StatementPointer Parser::jump(const std::string &keyword, int line)
 {
     const bool leaves = keyword == "break";
@@ -249,6 +263,7 @@ StatementPointer Parser::jump(const std::string &keyword, int line)
     return statements::jump(leaves ? Flow::Break : Flow::Continue, line);
 }
 
+//   return = "return" expression? ";"    a value only where a type was declared
 StatementPointer Parser::returnStatement(int line)
 {
     const bool hasValue = !token().is(';') && token().kind != TokenKind::End;
@@ -257,6 +272,7 @@ StatementPointer Parser::returnStatement(int line)
     return statements::returned(std::move(value), line);
 }
 
+// A name may start a command line; anything else can only be an expression.
 StatementPointer Parser::simpleStatement(int line)
 {
     const bool word = token().kind == TokenKind::Identifier && !isKeyword(token().text);
@@ -266,6 +282,7 @@ StatementPointer Parser::simpleStatement(int line)
 }
 
 // The last statement of a text may do without its semicolon.
+// Before a closing brace it is required all the same.
 void Parser::endStatement()
 {
     if (token().kind != TokenKind::End)

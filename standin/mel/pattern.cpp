@@ -8,6 +8,8 @@ namespace mel {
 
 namespace {
 
+// Bytes, and levels of parentheses: far beyond real expressions, and low enough that neither time
+// nor stack matters.
 constexpr size_t longestExpression = 10000;
 constexpr int deepestGroup = 200;
 
@@ -19,6 +21,7 @@ constexpr int deepestGroup = 200;
 
 } // namespace
 
+// Ranges are few, so they are searched one by one.
 bool Pattern::Set::contains(char32_t code) const
 {
     for (const auto &range : ranges) {
@@ -29,6 +32,7 @@ bool Pattern::Set::contains(char32_t code) const
 }
 
 // Turns an expression into steps.
+// Lives for the constructor only. Nesting is the only recursion, hence its limit.
 class Pattern::Compiler
 {
 public:
@@ -49,8 +53,11 @@ public:
 
 private:
     bool atEnd() const { return m_at >= m_expression.size(); }
+    // The next character, past it; an error at the end.
     char32_t take();
+    //   sequence = (item ("*" | "+")*)*
     void sequence(int depth);
+    //   item = "." | "^" | "$" | "[" set "]" | "\" character | "(" sequence ")" | character
     void item(int depth);
     void repeat(size_t from, bool atLeastOnce);
     void literal(char32_t code);
@@ -112,6 +119,7 @@ void Pattern::Compiler::repeat(size_t from, bool atLeastOnce)
 {
     auto &steps = m_pattern.m_steps;
     const int length = static_cast<int>(size() - from);
+    //   x+:  x, then back or on          x*:  skip or enter x, then back
     if (atLeastOnce) {
         steps.push_back({Kind::Split, 0, -length, 1});
         return;
@@ -121,6 +129,7 @@ void Pattern::Compiler::repeat(size_t from, bool atLeastOnce)
     steps.push_back({Kind::Jump, 0, -length - 1});
 }
 
+// A set of one, so that matching needs to know no further kind of step.
 void Pattern::Compiler::literal(char32_t code)
 {
     m_pattern.m_sets.push_back({false, {{code, code}}});
@@ -157,6 +166,7 @@ Pattern::Pattern(std::string_view expression)
 }
 
 // Follows all threads through the text, those that began earlier first.
+// One matcher per search. No step is visited twice at one position, which bounds the work.
 class Pattern::Matcher
 {
 public:
@@ -183,6 +193,7 @@ private:
 };
 
 // Adds the character steps reachable without reading anything; notes a match.
+// A list of its own instead of recursion, which a long row of groups would make deep.
 void Pattern::Matcher::follow(Thread start, std::vector<Thread> &into)
 {
     m_open.assign(1, start);
@@ -197,6 +208,7 @@ void Pattern::Matcher::follow(Thread start, std::vector<Thread> &into)
         if (step.kind == Kind::Any || step.kind == Kind::Set) {
             into.push_back(thread);
         } else if (step.kind == Kind::Done) {
+            // A later match from the same beginning is longer; an earlier beginning always wins.
             if (!m_best.found() || thread.begin <= m_best.begin)
                 m_best = {thread.begin, m_position};
         } else if (step.kind == Kind::Split) {
@@ -209,6 +221,7 @@ void Pattern::Matcher::follow(Thread start, std::vector<Thread> &into)
     }
 }
 
+// Threads that began behind the best match can no longer win and are dropped.
 void Pattern::Matcher::advance(char32_t code)
 {
     ++m_round;
@@ -232,6 +245,7 @@ Match Pattern::Matcher::find()
         const Character character = characterAt(m_text, m_position);
         m_position += character.length;
         advance(character.code);
+        // A new thread at each position, until a match fixes the leftmost beginning.
         if (!m_best.found())
             follow({0, m_position}, m_current);
     }
@@ -247,6 +261,7 @@ namespace {
 
 // Whether a set such as [a-z] or [!0] at `at` takes the character; moves past it. An unclosed
 // bracket stands for itself.
+// A bracket that comes first is meant literally, hence the search from the third character on.
 bool globSet(std::string_view glob, size_t &at, char32_t code)
 {
     const size_t close = glob.find(']', at + 2);
@@ -292,6 +307,7 @@ bool matchesGlob(std::string_view text, std::string_view glob)
 {
     size_t inText = 0;
     size_t inGlob = 0;
+    // Where to resume when what follows the last star fails.
     size_t starText = 0;
     size_t starGlob = std::string_view::npos;
     while (inText < text.size()) {

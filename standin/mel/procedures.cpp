@@ -5,6 +5,7 @@ namespace mel {
 
 namespace {
 
+// An entry without a procedure belongs to a text that is being compiled, or has failed.
 ProcedureEntry *findDefined(const Procedures::Table &table, const std::string &name)
 {
     const auto found = table.find(name);

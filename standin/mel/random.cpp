@@ -11,8 +11,10 @@ void RandomStreams::seed(unsigned value)
 
 double RandomStreams::uniform(const std::string &stream)
 {
+    // A stream begins with the seed when it is first drawn from.
     const auto found = m_streams.try_emplace(stream, m_seed).first;
     // The library's distributions may differ between compilers; this sequence does not.
+    // Two to the power of 32, one more than the generator's largest number.
     return found->second() / 4294967296.0;
 }
 

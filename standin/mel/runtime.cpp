@@ -10,6 +10,7 @@ namespace mel {
 
 namespace {
 
+// Well under a millisecond of plain statements, so that a stop is felt at once.
 constexpr std::int64_t stepsPerSlice = 2000;
 
 // What one interpreter may use of the program's stack before it refuses to go deeper. The rest of
@@ -18,6 +19,7 @@ constexpr std::ptrdiff_t stackBudget = 3 * 1024 * 1024;
 
 const char *stackPointer()
 {
+// The address of a local may be that of a copy on the heap when a sanitizer watches the stack.
 #if defined(__GNUC__)
     return static_cast<const char *>(__builtin_frame_address(0));
 #else
@@ -26,6 +28,7 @@ const char *stackPointer()
 #endif
 }
 
+// Sets a variable for the life of a scope, exceptions included.
 template <typename T>
 class Restored
 {
@@ -48,6 +51,7 @@ Runtime::Execution::Execution(Runtime &runtime) : m_runtime(runtime)
 {
     if (runtime.m_depth++ == 0) {
         runtime.m_stackBase = stackPointer();
+        // A request left over from an earlier script must not stop this one.
         runtime.m_interrupted = false;
         runtime.m_stepsTaken = 0;
         runtime.startSteps();
@@ -86,6 +90,7 @@ void Runtime::checkInterrupt()
     }
 }
 
+// Before the allocation, as a failing one may not be noticed before the memory is touched.
 void Runtime::checkElements(std::int64_t count) const
 {
     if (count > limits.elements)
@@ -100,6 +105,7 @@ void Runtime::checkTextLength(size_t bytes) const
 
 // Counts calls, and measures the stack as well: how much of it a call needs depends on the build
 // and on the expressions around it.
+// The sign of the difference depends on the direction in which the stack grows.
 void Runtime::checkStack() const
 {
     const std::ptrdiff_t used = stackPointer() - m_stackBase;
@@ -107,6 +113,7 @@ void Runtime::checkStack() const
         throw RuntimeError("Stack overflow: too many nested calls.");
 }
 
+// A bare message gets its place here, from the frame in which it was thrown.
 void Runtime::rethrowLocated(const std::string &text, const Frame &frame) const
 {
     const LocatedError::Step step{frame.procedure ? frame.procedure->name : "",
@@ -125,6 +132,7 @@ Value Runtime::runInFrame(Frame &frame, const StatementList &statements, bool wa
     const Restored<int> calls(m_calls, m_calls + 1);
     try {
         for (const StatementPointer &statement : statements) {
+            // A return at the top level ends the text earlier and without a value.
             if (wantsValue && statement == statements.back())
                 return statement->evaluate(frame);
             if (statement->execute(frame) == Flow::Return)
@@ -134,6 +142,7 @@ Value Runtime::runInFrame(Frame &frame, const StatementList &statements, bool wa
         error.steps.push_back(
             {frame.procedure ? frame.procedure->name : "", {frame.source, frame.line}});
         throw;
+        // Its place is within the text that failed, not that of the statement that ran it.
     } catch (const CompileFailure &) {
         throw;
     } catch (const std::exception &error) {
@@ -145,6 +154,7 @@ Value Runtime::runInFrame(Frame &frame, const StatementList &statements, bool wa
 Value Runtime::invoke(const ProcedurePointer &procedure, Frame &callee)
 {
     callee.procedure = procedure.get();
+    // What the caller gets when the body runs off its end.
     callee.result = defaultValue(procedure->returnType);
     return runInFrame(callee, procedure->body, false);
 }
@@ -156,6 +166,7 @@ Value Runtime::runUnit(const Unit &unit)
 }
 
 // Each text is compiled on its own: it sees the globals, never the variables of its caller.
+// The stack is looked at before compiling, which needs some as well.
 Value Runtime::runText(const std::string &text)
 {
     checkStack();
@@ -177,12 +188,14 @@ int Runtime::fails(const Expression &expression, Frame &frame, bool quiet)
     } catch (const std::exception &error) {
         report(MessageKind::Error, placePrefix() + failureText(error));
     }
+    // The failed expression may have called and so moved it.
     frame.line = line;
     return 1;
 }
 
 void Runtime::report(MessageKind kind, const std::string &text)
 {
+    // What is printed still comes out; catchQuiet only hides that something failed.
     const bool silenced =
         m_quiet > 0 && (kind == MessageKind::Error || kind == MessageKind::Warning);
     if (!silenced)
@@ -199,6 +212,7 @@ Place Runtime::place() const
     return m_top ? Place{m_top->source, m_top->line} : Place();
 }
 
+// No step is noted yet; each frame that the error leaves adds its own.
 void Runtime::failLocated(const std::string &message) const
 {
     throw LocatedError(message);
@@ -221,6 +235,7 @@ std::string Runtime::reportFailure(const RuntimeError &failure, bool withTrace)
         report(MessageKind::Error, compiling->sourceLine);
     report(MessageKind::Error, failure.what());
     const auto *located = dynamic_cast<const LocatedError *>(&failure);
+    // The trace follows the message and is off unless asked for.
     if (located && !located->steps.empty() && withTrace && settings.stackTrace)
         report(MessageKind::StackTrace, located->traceText());
     return failure.what();
@@ -254,9 +269,11 @@ ProcedureEntry *Runtime::knownProcedure(const std::string &name, bool fromTypedT
     return procedures.findGlobal(name);
 }
 
+// Sourcing a script runs its statements too, once, before the call that asked for it.
 ProcedurePointer Runtime::findProcedure(const std::string &name, bool fromTypedText)
 {
     const ProcedureEntry *entry = knownProcedure(name, fromTypedText);
+    // A script that defines no such procedure is sourced again by the next call.
     const std::string script = entry ? std::string() : findScript(name);
     if (!script.empty()) {
         runUnit(*compileFile(script));

@@ -12,6 +12,7 @@ namespace mel {
 
 namespace {
 
+// What cannot be asked about counts as missing.
 bool isFile(const std::string &path)
 {
     std::error_code ignored;
@@ -35,6 +36,7 @@ std::string withoutByteOrderMark(std::string text)
     return text;
 }
 
+// Messages always name the suffix, whichever way the script was asked for.
 std::string withSuffix(const std::string &name)
 {
     const bool has = name.size() > 4 && name.compare(name.size() - 4, 4, ".mel") == 0;
@@ -62,12 +64,14 @@ private:
 // Absolute as given, else the first folder of the path that has it.
 std::string Runtime::findScript(const std::string &name) const
 {
+    // The system would cut the name at a NUL and open another file.
     if (name.empty() || name.find('\0') != std::string::npos)
         return {};
     std::string found;
     if (std::filesystem::u8path(name).is_absolute()) {
         found = existing(name);
     } else {
+        // Asked anew each time: the program may change the path while scripts run.
         for (const std::string &folder : host.scriptPath()) {
             std::string path = folder;
             if (path.empty() || path.back() != '/')
@@ -90,12 +94,14 @@ bool Runtime::isBeingCompiled(const std::string &name) const
 
 void Runtime::compileWarning(const std::string &sourceLine, const std::string &located)
 {
+    // Line 0 stands for a file that the program sources, which has no place to name.
     const bool sourced = !m_compiling.empty() && m_compiling.back().from.line > 0;
     report(MessageKind::Warning, sourceLine);
     report(MessageKind::Warning,
            (sourced && settings.lineNumbers ? m_compiling.back().from.prefix() : "") + located);
 }
 
+// Read as bytes: offsets and columns would shift if line ends were translated.
 std::unique_ptr<Unit> Runtime::compileFile(const std::string &name, const Place &from)
 {
     const std::string path = findScript(name);

@@ -24,6 +24,7 @@ std::string Place::prefix() const
     return "file: " + source->path + " line " + number + ": ";
 }
 
+// Typed text is what came from the command window.
 std::string Place::traceText() const
 {
     const std::string number = std::to_string(line);

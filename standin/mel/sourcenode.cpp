@@ -26,11 +26,15 @@ private:
 
 Value SourceFile::eval(Frame &frame) const
 {
+    // The place that messages of the file name as the one it was sourced from.
     frame.line = m_line;
+    // Taken out before it runs, so that a file that sources itself is compiled anew.
     std::unique_ptr<Unit> unit = std::move(m_compiled);
     if (!unit) {
         try {
             unit = frame.runtime.compileFile(m_name, frame.runtime.place());
+            // The script runs already, so a missing file is now a run-time error that catch can
+            // take.
         } catch (const CompileError &error) {
             throw RuntimeError(error.what());
         }

@@ -5,6 +5,7 @@
 
 namespace mel {
 
+// The place first: the step may throw, and names it then.
 void Statement::step(Frame &frame) const
 {
     frame.line = m_line;
@@ -34,6 +35,7 @@ namespace statements {
 namespace {
 
 // Only the last statement of a text asks for its value.
+// Everywhere else run() is called, which spares the copy.
 class ExpressionStatement : public Statement
 {
 public:
@@ -54,6 +56,8 @@ private:
     ExpressionPointer m_expression;
 };
 
+// The initialisers, in the order of the names, which were declared while compiling; also the start
+// of a for loop.
 class Declaration : public Statement
 {
 public:
@@ -150,10 +154,12 @@ protected:
         Flow flow = Flow::Normal;
         if (m_loop.start)
             m_loop.start->execute(frame);
+        // A step for each round, or an empty body would loop without ever being stopped.
         while (true) {
             step(frame);
             if (m_loop.condition && !m_loop.condition->evalInt(frame))
                 return Flow::Normal;
+            // continue comes back as "go on", hence runs the steps as well.
             if (!runBody(m_loop.body, frame, flow))
                 return flow;
             for (const ExpressionPointer &action : m_loop.steps)
@@ -180,6 +186,8 @@ protected:
         do {
             if (!runBody(m_body, frame, flow))
                 return flow;
+            // After the body, so that a failing condition names the loop and not the body's last
+            // statement.
             step(frame);
         } while (m_condition->evalInt(frame));
         return Flow::Normal;
@@ -219,6 +227,7 @@ Flow ForIn::runOver(const std::vector<Held> &array, Frame &frame) const
     Flow flow = Flow::Normal;
     for (const Held &element : array) {
         step(frame);
+        // A copy of the element: assigning to the variable leaves the array alone.
         m_variable.in(frame) = convert(element, m_type, frame.runtime);
         if (!runBody(m_body, frame, flow))
             break;
@@ -258,6 +267,7 @@ protected:
     {
         const Value value = m_value->eval(frame);
         for (size_t i = chosen(value, frame); i < m_cases.size(); ++i) {
+            // continue passes through to the loop around the switch.
             const Flow flow = runAll(m_cases[i].body, frame);
             if (flow != Flow::Normal)
                 return flow == Flow::Break ? Flow::Normal : flow;
@@ -273,6 +283,7 @@ private:
     std::vector<Case> m_cases;
 };
 
+// Labels are evaluated in order and only up to the first equal one.
 size_t Choice::chosen(const Value &value, Frame &frame) const
 {
     size_t byDefault = m_cases.size();
@@ -306,6 +317,7 @@ public:
 protected:
     Flow run(Frame &frame) const override
     {
+        // Converted to the procedure's type already, by the Builder.
         frame.result = m_value->eval(frame);
         return Flow::Return;
     }

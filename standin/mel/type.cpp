@@ -5,6 +5,7 @@ namespace mel {
 
 const char *typeName(Type type)
 {
+    // Indexed by Type; Dynamic has no name of its own.
     static const char *const names[] = {"undefined", "int",      "float",    "string",
                                         "vector",    "matrix",   "int[]",    "float[]",
                                         "string[]",  "vector[]", "undefined"};
@@ -16,6 +17,7 @@ const char *typeName(const Value &value)
     return typeName(typeOf(value));
 }
 
+// A matrix has no arrays.
 Type arrayOf(Type element)
 {
     switch (element) {
@@ -69,6 +71,7 @@ Value defaultValue(Type type)
         return VectorArray();
     case Type::Void:
         return {};
+    // Deliberate: a dynamic variable starts as the int 0, so that it can be counted up at once.
     default:
         return 0;
     }

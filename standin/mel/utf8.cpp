@@ -10,8 +10,10 @@ namespace mel {
 namespace {
 
 // Stray bytes get codes that no character has.
+// Beyond 0x10FFFF, so a set of a pattern takes them only when it is negated.
 constexpr char32_t strayBytes = 0x200000;
 
+// 0 for what cannot begin a character: continuation bytes, C0, C1, and F5 and beyond.
 size_t lengthByLead(unsigned char lead)
 {
     if (lead < 0x80)
@@ -36,6 +38,7 @@ bool isAsciiStride(std::string_view text, size_t offset)
 {
     if (text.size() - offset < stride)
         return false;
+    // Copied, as the text need not be aligned.
     std::uint64_t words[stride / 8];
     std::memcpy(words, text.data() + offset, stride);
     return ((words[0] | words[1] | words[2] | words[3]) & 0x8080808080808080u) == 0;
@@ -86,6 +89,7 @@ size_t countCharacters(std::string_view text)
 std::string_view characters(std::string_view text, size_t first, size_t last)
 {
     size_t begin = 0;
+    // The end is counted on from the beginning, not again from the start of the text.
     const size_t skipped = skipCharacters(text, begin, first);
     size_t end = begin;
     skipCharacters(text, end, std::max(first, last) - skipped);

@@ -7,6 +7,8 @@ namespace mel {
 
 namespace {
 
+// Significant digits. The two differ: print shows what a script computes with, Result is for
+// reading.
 constexpr int printDigits = 10;
 constexpr int resultDigits = 6;
 
@@ -38,6 +40,7 @@ struct PrintWriter
     std::string operator()(const Vector &vector) const { return join(vector, " ", printDigits); }
     std::string operator()(const Matrix &matrix) const
     {
+        // The rows stand below each other, in the column after "<< ".
         return "<< " + rows(matrix, ";\n   ", printDigits) + " >>\n";
     }
     template <typename Element>
@@ -50,6 +53,7 @@ struct PrintWriter
     }
 };
 
+// An empty array gives "", for which no Result is shown.
 struct ResultWriter
 {
     std::string operator()(std::monostate) const { return {}; }
@@ -58,6 +62,7 @@ struct ResultWriter
     std::string operator()(const std::string &text) const { return text; }
     std::string operator()(const Vector &vector) const
     {
+        // Deliberate: the blank at the end is part of the form.
         return "<<" + join(vector, ", ", resultDigits) + ">> ";
     }
     std::string operator()(const Matrix &matrix) const

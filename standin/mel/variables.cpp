@@ -17,6 +17,7 @@ GlobalVariable &Variables::declare(const std::string &name, Type type, Value val
     return *m_all.back();
 }
 
+// Only a text that failed to compile asks for it.
 void Variables::forget(const std::string &name)
 {
     m_byName.erase(name);
