@@ -10,9 +10,9 @@ ScannerRules::ScannerRules(const std::vector<Enclosure> &enclosures,
             m_kinds[unit] = Name;
     }
     for (const char bracket : std::string_view("(){}[]"))
-        m_kinds[size_t(bracket)] = Bracket;
+        m_kinds[static_cast<unsigned char>(bracket)] = Bracket;
     for (const Enclosure &each : m_enclosures)
-        m_kinds[size_t(*each.open)] = Opener; // no bracket opens one
+        m_kinds[static_cast<unsigned char>(*each.open)] = Opener; // no bracket opens one
     indexKeywords();
 }
 
