@@ -18,54 +18,57 @@ Held &held(const Target &target, Frame &frame)
     return as<Held>(*target.variable(frame));
 }
 
-// Numbers in plain variables, the usual case in loops, never pass through a Value.
-class AssignInt : public IntExpression
+// A target and the value for it, for every kind of result.
+template <typename Base>
+class TargetAndValue : public Base
 {
 public:
-    AssignInt(std::unique_ptr<Target> target, ExpressionPointer value)
-        : m_target(std::move(target)), m_value(std::move(value))
+    template <typename... BaseArguments>
+    TargetAndValue(std::unique_ptr<Target> target, ExpressionPointer value,
+                   BaseArguments... arguments)
+        : Base(arguments...), m_target(std::move(target)), m_value(std::move(value))
     {
-        depth = m_value->depth + 1;
+        this->depth = std::max(m_target->depth, m_value->depth) + 1;
     }
+
+protected:
+    std::unique_ptr<Target> m_target;
+    ExpressionPointer m_value;
+};
+
+// Numbers in plain variables, the usual case in loops, never pass through a Value.
+class AssignInt : public TargetAndValue<IntExpression>
+{
+public:
+    using TargetAndValue::TargetAndValue;
+
     int evalInt(Frame &frame) const override
     {
         const int value = m_value->evalInt(frame);
         return held<int>(*m_target, frame) = value;
     }
-
-private:
-    std::unique_ptr<Target> m_target;
-    ExpressionPointer m_value;
 };
 
-class AssignFloat : public FloatExpression
+class AssignFloat : public TargetAndValue<FloatExpression>
 {
 public:
-    AssignFloat(std::unique_ptr<Target> target, ExpressionPointer value)
-        : m_target(std::move(target)), m_value(std::move(value))
-    {
-        depth = m_value->depth + 1;
-    }
+    using TargetAndValue::TargetAndValue;
+
     double evalFloat(Frame &frame) const override
     {
         const double value = m_value->evalFloat(frame);
         return held<double>(*m_target, frame) = value;
     }
-
-private:
-    std::unique_ptr<Target> m_target;
-    ExpressionPointer m_value;
 };
 
 // The value of an assignment is what was stored, in the type of the target.
 // Indices are evaluated before the value: $a[$i++] = $i stores the larger number.
-class Assign : public Expression
+class Assign : public TargetAndValue<Expression>
 {
 public:
-    Assign(std::unique_ptr<Target> target, ExpressionPointer value)
-        : Expression(target->type()), m_target(std::move(target)), m_value(std::move(value))
+    Assign(std::unique_ptr<Target> target, ExpressionPointer value, Type type)
+        : TargetAndValue(std::move(target), std::move(value), type)
     {
-        depth = std::max(m_target->depth, m_value->depth) + 1;
     }
     Value eval(Frame &frame) const override
     {
@@ -86,20 +89,15 @@ private:
             failConversion(Type::Void, type() == Type::Dynamic ? Type::Int : type());
         m_target->store(frame, index, std::move(value));
     }
-
-    std::unique_ptr<Target> m_target;
-    ExpressionPointer m_value;
 };
 
 // The indices are evaluated once, before the value.
-class CompoundAssign : public Expression
+class CompoundAssign : public TargetAndValue<Expression>
 {
 public:
-    CompoundAssign(Operator op, std::unique_ptr<Target> target, ExpressionPointer value)
-        : Expression(target->type()), m_op(op), m_target(std::move(target)),
-          m_value(std::move(value))
+    CompoundAssign(Operator op, std::unique_ptr<Target> target, ExpressionPointer value, Type type)
+        : TargetAndValue(std::move(target), std::move(value), type), m_op(op)
     {
-        depth = std::max(m_target->depth, m_value->depth) + 1;
     }
     Value eval(Frame &frame) const override
     {
@@ -116,18 +114,15 @@ public:
 
 private:
     Operator m_op;
-    std::unique_ptr<Target> m_target;
-    ExpressionPointer m_value;
 };
 
 // Text appended in place, so that building a long text piece by piece stays linear.
-class Append : public Expression
+class Append : public TargetAndValue<Expression>
 {
 public:
     Append(std::unique_ptr<Target> target, ExpressionPointer value)
-        : Expression(Type::String), m_target(std::move(target)), m_value(std::move(value))
+        : TargetAndValue(std::move(target), std::move(value), Type::String)
     {
-        depth = m_value->depth + 1;
     }
     Value eval(Frame &frame) const override
     {
@@ -142,20 +137,15 @@ public:
         frame.runtime.checkTextLength(text.size() + right.size());
         text += right;
     }
-
-private:
-    std::unique_ptr<Target> m_target;
-    ExpressionPointer m_value;
 };
 
 // += and -= on an int variable.
-class AddToInt : public IntExpression
+class AddToInt : public TargetAndValue<IntExpression>
 {
 public:
     AddToInt(std::unique_ptr<Target> target, ExpressionPointer value, int sign)
-        : m_target(std::move(target)), m_value(std::move(value)), m_sign(sign)
+        : TargetAndValue(std::move(target), std::move(value)), m_sign(sign)
     {
-        depth = m_value->depth + 1;
     }
     int evalInt(Frame &frame) const override
     {
@@ -166,8 +156,6 @@ public:
     }
 
 private:
-    std::unique_ptr<Target> m_target;
-    ExpressionPointer m_value;
     int m_sign;
 };
 
@@ -249,7 +237,8 @@ ExpressionPointer assign(std::unique_ptr<Target> target, ExpressionPointer value
         return std::make_unique<AssignInt>(std::move(target), std::move(value));
     if (isPlainVariable(*target) && target->type() == Type::Float)
         return std::make_unique<AssignFloat>(std::move(target), std::move(value));
-    return std::make_unique<Assign>(std::move(target), std::move(value));
+    const Type type = target->type();
+    return std::make_unique<Assign>(std::move(target), std::move(value), type);
 }
 
 ExpressionPointer compoundAssign(Operator op, std::unique_ptr<Target> target,
@@ -262,7 +251,8 @@ ExpressionPointer compoundAssign(Operator op, std::unique_ptr<Target> target,
                                           op == Operator::Add ? 1 : -1);
     if (plain && target->type() == Type::String)
         return std::make_unique<Append>(std::move(target), std::move(value));
-    return std::make_unique<CompoundAssign>(op, std::move(target), std::move(value));
+    const Type type = target->type();
+    return std::make_unique<CompoundAssign>(op, std::move(target), std::move(value), type);
 }
 
 ExpressionPointer increment(std::unique_ptr<Target> target, int by, bool prefix)
