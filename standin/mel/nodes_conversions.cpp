@@ -2,6 +2,7 @@
 #include "standin/mel/nodes.h"
 
 #include "standin/mel/runtime.h"
+#include "standin/mel/withoperand.h"
 
 #include <algorithm>
 
@@ -16,88 +17,61 @@ bool areConstant(const ExpressionList &list)
 }
 
 // The operand's own evalInt() converts, so nothing is done twice.
-class ToInt : public IntExpression
+class ToInt : public WithOperand<IntExpression>
 {
 public:
-    explicit ToInt(ExpressionPointer operand) : m_operand(std::move(operand))
-    {
-        depth = m_operand->depth + 1;
-    }
+    using WithOperand::WithOperand;
+
     int evalInt(Frame &frame) const override { return m_operand->evalInt(frame); }
     bool isConstant() const override { return m_operand->isConstant(); }
-
-private:
-    ExpressionPointer m_operand;
 };
 
-class ToFloat : public FloatExpression
+class ToFloat : public WithOperand<FloatExpression>
 {
 public:
-    explicit ToFloat(ExpressionPointer operand) : m_operand(std::move(operand))
-    {
-        depth = m_operand->depth + 1;
-    }
+    using WithOperand::WithOperand;
+
     double evalFloat(Frame &frame) const override { return m_operand->evalFloat(frame); }
     bool isConstant() const override { return m_operand->isConstant(); }
-
-private:
-    ExpressionPointer m_operand;
 };
 
 // Any other conversion; what cannot be converted is only found out while running.
 // Warnings for texts that are no numbers come each time it runs.
-class Converted : public Expression
+class Converted : public WithOperand<Expression>
 {
 public:
-    Converted(ExpressionPointer operand, Type to) : Expression(to), m_operand(std::move(operand))
-    {
-        depth = m_operand->depth + 1;
-    }
+    Converted(ExpressionPointer operand, Type type) : WithOperand(std::move(operand), type) {}
     Value eval(Frame &frame) const override
     {
         return mel::convert(m_operand->eval(frame), type(), frame.runtime);
     }
     bool isConstant() const override { return m_operand->isConstant(); }
-
-private:
-    ExpressionPointer m_operand;
 };
 
 // The words true, on, ... stand for numbers in arguments only.
 // Assigned to a number, the text "on" is like any other and converts with a warning.
-class Argument : public Expression
+class Argument : public WithOperand<Expression>
 {
 public:
-    Argument(ExpressionPointer operand, Type to) : Expression(to), m_operand(std::move(operand))
-    {
-        depth = m_operand->depth + 1;
-    }
+    Argument(ExpressionPointer operand, Type type) : WithOperand(std::move(operand), type) {}
     Value eval(Frame &frame) const override
     {
         return convertArgument(m_operand->eval(frame), type(), frame.runtime);
     }
-
-private:
-    ExpressionPointer m_operand;
 };
 
 // Not by truncation: 0.5 is true.
-class Condition : public IntExpression
+class Condition : public WithOperand<IntExpression>
 {
 public:
-    explicit Condition(ExpressionPointer operand) : m_operand(std::move(operand))
-    {
-        depth = m_operand->depth + 1;
-    }
+    using WithOperand::WithOperand;
+
     int evalInt(Frame &frame) const override
     {
         if (m_operand->type() == Type::Float)
             return m_operand->evalFloat(frame) != 0;
         return isTrue(m_operand->eval(frame), frame.runtime);
     }
-
-private:
-    ExpressionPointer m_operand;
 };
 
 // The elements are numbers already and are evaluated from left to right.

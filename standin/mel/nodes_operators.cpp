@@ -3,6 +3,7 @@
 
 #include "standin/mel/number.h"
 #include "standin/mel/runtime.h"
+#include "standin/mel/withoperand.h"
 
 #include <algorithm>
 
@@ -193,35 +194,23 @@ public:
 };
 
 // On a condition, so any number but 0 gives 0.
-class Not : public IntExpression
+class Not : public WithOperand<IntExpression>
 {
 public:
-    explicit Not(ExpressionPointer operand) : m_operand(std::move(operand))
-    {
-        depth = m_operand->depth + 1;
-    }
-    int evalInt(Frame &frame) const override { return !m_operand->evalInt(frame); }
+    using WithOperand::WithOperand;
 
-private:
-    ExpressionPointer m_operand;
+    int evalInt(Frame &frame) const override { return !m_operand->evalInt(frame); }
 };
 
 // Its type is the operand's; numbers that are constant never get here.
-class Negation : public Expression
+class Negation : public WithOperand<Expression>
 {
 public:
-    explicit Negation(ExpressionPointer operand)
-        : Expression(operand->type()), m_operand(std::move(operand))
-    {
-        depth = m_operand->depth + 1;
-    }
+    Negation(ExpressionPointer operand, Type type) : WithOperand(std::move(operand), type) {}
     Value eval(Frame &frame) const override
     {
         return mel::negate(m_operand->eval(frame), frame.runtime);
     }
-
-private:
-    ExpressionPointer m_operand;
 };
 
 // Both branches have the same type already.
@@ -318,7 +307,8 @@ ExpressionPointer negate(ExpressionPointer operand)
         const int *whole = std::get_if<int>(known);
         return whole ? constant(subtractInts(0, *whole)) : constant(-std::get<double>(*known));
     }
-    return std::make_unique<Negation>(std::move(operand));
+    const Type type = operand->type();
+    return std::make_unique<Negation>(std::move(operand), type);
 }
 
 ExpressionPointer logicalNot(ExpressionPointer condition)
