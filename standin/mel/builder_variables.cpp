@@ -180,6 +180,7 @@ ExpressionPointer Builder::assignNew(const std::string &name, ExpressionPointer 
         failCast(Type::Void, Type::Int);
     if (index && arrayOf(type) != Type::Void)
         type = arrayOf(type);
+    // A global at the top level, a local variable inside braces.
     Declaration declaration{name, type, false, defaultValue(type), line};
     declare(declaration);
     auto target = index ? element(name, std::move(index)) : variable(name);

@@ -12,6 +12,7 @@ namespace mel {
 namespace {
 
 // A flag as written: a dash directly followed by a letter.
+// A text such as "-5" is none, nor is a lone dash.
 bool looksLikeFlag(const Value &word)
 {
     const std::string *text = std::get_if<std::string>(&word);
@@ -69,6 +70,7 @@ private:
 void WordSplitter::split(Call &call)
 {
     // The mode decides how many arguments flags take, wherever it stands.
+    // Most commands run without flags; their words go through untouched.
     bool hasFlags = false;
     for (const Value &word : m_words) {
         if (!looksLikeFlag(word))
@@ -100,6 +102,7 @@ bool WordSplitter::readMode(Call &call, std::string_view name) const
     return false;
 }
 
+// In full only: an abbreviation that is neither of the two names is unknown.
 const Flag *WordSplitter::findFlag(std::string_view name) const
 {
     for (const Flag &flag : m_command.flags) {
@@ -197,6 +200,7 @@ void echoCommand(Runtime &runtime, const std::string &name, const std::vector<Va
     if (!runtime.settings.echoCommands)
         return;
     const StringArray &filter = runtime.settings.echoFilter;
+    // Commands that run all the time would drown the others.
     if (std::find(filter.begin(), filter.end(), name) != filter.end())
         return;
     std::string text = name;

@@ -26,6 +26,7 @@ struct FileTest
 
 using Status = struct stat;
 
+// r, w and x ask what this process may do, not what the permission bits say.
 const FileTest fileTests[] = {
     {"d",
      [](const char *, const Status &status, const Status &) { return S_ISDIR(status.st_mode); }},

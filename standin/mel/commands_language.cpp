@@ -11,6 +11,7 @@ namespace mel {
 
 namespace {
 
+// The flags exclude each other; of several, the one asked for first here wins.
 IdlePriority deferredPriority(const Call &call)
 {
     if (call.isSet("evaluateNext"))
@@ -100,6 +101,7 @@ std::string listNames(Runtime &runtime, const std::string &glob)
     return list;
 }
 
+// Types only: a procedure has no flags, and its parameters' names are its own affair.
 std::string procedureHelp(const Procedure &procedure)
 {
     std::string text = "Synopsis: " + procedure.name;

@@ -13,6 +13,7 @@ Value runScript(Runtime &runtime, const RunTimeCommand &definition)
     if (definition.texts.count("commandLanguage") == 0 ||
         definition.texts.at("commandLanguage") != "python")
         return runtime.runText(definition.texts.at("command"));
+    // The program around the interpreter may have no Python.
     const auto python = runtime.commands.find("python");
     if (!python)
         throw RuntimeError(missingProcedureText("python"));
@@ -59,6 +60,7 @@ Value answer(const RunTimeCommand &definition, const Call &call)
         const auto found = definition.texts.find(flag);
         return found == definition.texts.end() ? std::string() : found->second;
     }
+    // Flags that are accepted but not kept answer 0 too.
     return call.isSet("default") ? definition.isDefault : false;
 }
 
@@ -73,6 +75,7 @@ void change(RunTimeCommand &definition, const Call &call)
 
 Value define(Runtime &runtime, const Call &call, const std::string &name, bool known)
 {
+    // Redefining takes -edit, so that two scripts cannot take each other's name unnoticed.
     if (known && !call.edit)
         throw RuntimeError("Run time command \"" + name + "\" exists already.");
     if (!known && call.edit)

@@ -43,6 +43,7 @@ const FunctionMap &functionMap()
 }
 
 // How many arguments have exactly the wanted type.
+// An argument without a known type fits a parameter that takes anything.
 int fitness(const Function &function, const std::vector<Type> &arguments)
 {
     int score = 0;

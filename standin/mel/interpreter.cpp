@@ -21,6 +21,7 @@ struct Interpreter::State : Runtime
 
 namespace {
 
+// Showing it would be an empty line of history.
 bool isEmptyArray(const Value &value)
 {
     return std::visit(
@@ -58,6 +59,7 @@ Outcome guarded(Runtime &runtime, Run run)
 
 Interpreter::Interpreter(Host &host) : m_state(std::make_unique<State>(*this, host))
 {
+    // Before the program can add its own, so that none of the language's names can be taken.
     addBuiltInCommands(*m_state);
 }
 
@@ -168,6 +170,7 @@ bool Interpreter::setGlobalVariable(const std::string &name, const Value &value)
     }
     if (variable->type != Type::Dynamic && variable->type != typeOf(value))
         return false;
+    // Compiled code refers to the variable itself, so it sees the new value at once.
     variable->value = value;
     return true;
 }
@@ -199,6 +202,7 @@ bool Interpreter::isRunning() const
 
 std::string Interpreter::placePrefix() const
 {
+    // With the line whatever the settings say: the caller decides whether to show it.
     return m_state->topFrame() ? m_state->place().prefix() : "";
 }
 

@@ -11,6 +11,7 @@ namespace mel {
 
 namespace {
 
+// ASCII only, whatever the locale says: other letters may stand in strings and comments alone.
 bool isLetter(char c)
 {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
@@ -21,6 +22,7 @@ bool isDigit(char c)
     return c >= '0' && c <= '9';
 }
 
+// -1 for any other character. Setting bit 5 makes a letter small.
 int hexDigit(char c)
 {
     if (isDigit(c))

@@ -10,6 +10,7 @@ namespace mel::nodes {
 
 namespace {
 
+// An empty list is, as {} is.
 bool areConstant(const ExpressionList &list)
 {
     return std::all_of(list.begin(), list.end(),
@@ -127,6 +128,7 @@ private:
     size_t m_columns = 0;
 };
 
+// The size is known from the literal, so the elements are filled in place.
 Value MatrixLiteral::eval(Frame &frame) const
 {
     Matrix matrix{static_cast<int>(m_rows.size()), static_cast<int>(m_columns), {}};
@@ -170,6 +172,7 @@ Value ArrayLiteral::collect(Frame &frame) const
     return array;
 }
 
+// Its type is fixed once compiling is over, when setType() can no longer come.
 Value ArrayLiteral::eval(Frame &frame) const
 {
     switch (type()) {
@@ -211,6 +214,7 @@ ExpressionPointer convertArgument(ExpressionPointer operand, Type to)
     return convert(std::move(operand), to);
 }
 
+// For words of command lines and values from outside, whose types nobody has checked.
 Value convertArgument(Value value, Type to, WarningSink &warnings)
 {
     const std::string *text = std::get_if<std::string>(&value);
@@ -218,6 +222,7 @@ Value convertArgument(Value value, Type to, WarningSink &warnings)
     return mel::convert(word >= 0 ? Value(word) : std::move(value), to, warnings);
 }
 
+// Ints are asked as they are, which saves a node in most loops.
 ExpressionPointer condition(ExpressionPointer operand)
 {
     if (operand->type() == Type::Int)

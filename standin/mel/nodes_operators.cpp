@@ -85,6 +85,7 @@ public:
     }
 };
 
+// Ints on one side become floats, which hold every int exactly.
 template <Operator op>
 class FloatComparison : public Pair<IntExpression>
 {
@@ -99,6 +100,7 @@ public:
 
 // Constants and plain variables are compared where they are, but a variable on the left only when
 // nothing on the right could change it meanwhile.
+// Comparing texts is what loops over names do most, and copying them would cost more.
 class StringComparison : public Pair<IntExpression>
 {
 public:
@@ -152,6 +154,7 @@ public:
 };
 
 // Whatever has no node of its own: vectors, matrices, and types known only while running.
+// Types are looked at on every run; operands that are known while compiling have faster nodes.
 class GeneralOperation : public Pair<Expression>
 {
 public:
@@ -272,6 +275,7 @@ ExpressionPointer comparisonNode(Operator op, ExpressionPointer left, Expression
     }
 }
 
+// One node for each pair of types that scripts compare often.
 ExpressionPointer comparison(Operator op, ExpressionPointer left, ExpressionPointer right)
 {
     const Type a = left->type();
@@ -287,6 +291,7 @@ ExpressionPointer comparison(Operator op, ExpressionPointer left, ExpressionPoin
 
 } // namespace
 
+// `type` is resultType() of the two; what has no meaning has been refused before.
 ExpressionPointer binary(Operator op, ExpressionPointer left, ExpressionPointer right, Type type)
 {
     if (isComparison(op))

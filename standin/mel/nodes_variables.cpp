@@ -8,6 +8,7 @@ namespace mel::nodes {
 
 namespace {
 
+// Reading beyond the end is allowed, so this is about negative indices and matrices.
 [[noreturn]] void failIndex()
 {
     throw RuntimeError("Array index out of range.");
@@ -117,6 +118,7 @@ public:
     {
         depth = m_index->depth + 1;
     }
+    // A float index truncates.
     Index locate(Frame &frame) const override { return {m_index->evalInt(frame), 0}; }
     Value load(Frame &frame, Index index) const override { return at(frame, index); }
     void store(Frame &frame, Index index, Value value) const override;
@@ -173,6 +175,7 @@ double Element<Held>::evalFloat(Frame &frame) const
 }
 
 // Calls back with the array that the variable holds at the moment.
+// The visitor must return the same type for all of them.
 template <typename Visitor>
 auto visitArray(Value &value, Visitor visitor)
 {
@@ -257,6 +260,7 @@ private:
     ExpressionPointer m_column;
 };
 
+// The row first, as it is written.
 Target::Index MatrixElement::locate(Frame &frame) const
 {
     const int row = m_row->evalInt(frame);
@@ -332,6 +336,7 @@ std::unique_ptr<Target> variable(Storage storage, Type type)
     return std::make_unique<Variable>(storage, type);
 }
 
+// The type of the array picks the node; one that is not known yet is asked for at run time.
 std::unique_ptr<Target> element(Storage array, Type arrayType, ExpressionPointer index)
 {
     const Type type = elementOf(arrayType);

@@ -62,6 +62,7 @@ Value vectorArithmetic(Operator op, const Value &left, const Value &right, Warni
     return Vector{arithmetic(op, a.x, b.x), arithmetic(op, a.y, b.y), arithmetic(op, a.z, b.z)};
 }
 
+// Only vectors and matrices come here.
 Matrix asMatrix(const Value &value, bool asColumn)
 {
     if (const Matrix *matrix = std::get_if<Matrix>(&value))
@@ -109,6 +110,7 @@ Value matrixWithNumber(Operator op, const Value &left, const Value &right, Warni
     return result;
 }
 
+// Sums work element by element and need equal sizes; a vector counts as a row.
 Value matrixArithmetic(Operator op, const Value &left, const Value &right, WarningSink &warnings)
 {
     if (isNumber(typeOf(left)) || isNumber(typeOf(right)))
@@ -143,6 +145,7 @@ int compareValues(Operator op, const Value &left, const Value &right, WarningSin
 }
 
 // With a vector as the other operand, the result is what stands on the left.
+// Void for what has no meaning, such as a number plus a matrix.
 Type matrixResult(Operator op, Type left, Type right)
 {
     switch (op) {

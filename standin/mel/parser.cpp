@@ -15,6 +15,8 @@ Parser::Parser(Runtime &runtime, const SourcePointer &source)
 {
 }
 
+// Text is nested by its author, the stack is spent by the build: both are bounded. The count goes
+// back before throwing, as a constructor that throws has no destructor run.
 Parser::Level::Level(Parser &parser) : m_parser(parser)
 {
     if (++parser.m_nesting > parser.m_runtime.limits.nesting) {
@@ -39,6 +41,7 @@ const Token &Parser::tokenAfter(size_t count) const
     return m_tokens[std::min(m_at + count, m_tokens.size() - 1)];
 }
 
+// Decides whether tokens are one word of a command line, which the lexer does not know.
 bool Parser::adjacent() const
 {
     return m_at > 0 && m_tokens[m_at - 1].end == token().begin;
@@ -83,8 +86,11 @@ void Parser::failSyntax() const
 // The place is that of the last character of the token in hand.
 std::string Parser::located(const std::string &text, const char *colon) const
 {
+    //   Line 3.14: text              typed
+    //   "PATH" line 3.14: text       from a file
     const std::string place =
         std::to_string(token().line) + "." + std::to_string(token().column) + colon;
+    // Without line numbers files are not named either.
     if (!m_runtime.settings.lineNumbers)
         return text;
     return m_source->isTyped() ? "Line " + place + text
@@ -112,6 +118,7 @@ std::unique_ptr<Unit> Parser::parse()
 {
     try {
         StatementList statements;
+        // next() checks every token but the first.
         if (token().kind == TokenKind::UnterminatedString)
             fail("Unterminated string.");
         while (token().kind != TokenKind::End) {
@@ -120,6 +127,7 @@ std::unique_ptr<Unit> Parser::parse()
         }
         m_builder.commit();
         return m_builder.unit(std::move(statements));
+        // The token in hand has not moved since the error was found, so it still is its place.
     } catch (const CompileError &error) {
         m_builder.abandon();
         fail(error.what());

@@ -27,6 +27,7 @@ bool Procedure::sameSignature(const Procedure &other) const
 
 ProcedureEntry &Procedures::entry(const std::string &name, bool isGlobal, const Source &source)
 {
+    // A file's local procedures are its own; the same name in two files is two procedures.
     Table &table = isGlobal ? m_global : source.isTyped() ? m_typed : m_byFile[source.path];
     ProcedureEntry *&known = table[name];
     if (!known)
@@ -34,6 +35,7 @@ ProcedureEntry &Procedures::entry(const std::string &name, bool isGlobal, const 
     return *known;
 }
 
+// Callers that run the old definition hold it; the next call meets the new one.
 void Procedures::define(ProcedureEntry &entry, ProcedurePointer procedure)
 {
     entry.current = std::move(procedure);

@@ -84,6 +84,7 @@ private:
     ExpressionList m_actions;
 };
 
+// Stops at whatever leaves the list early and hands it on.
 Flow runAll(const StatementList &statements, Frame &frame)
 {
     for (const StatementPointer &statement : statements) {
@@ -171,6 +172,7 @@ private:
     Loop m_loop;
 };
 
+// The condition is outside the body's scope and sees nothing declared in it.
 class DoLoop : public Statement
 {
 public:
@@ -254,6 +256,7 @@ Flow ForIn::run(Frame &frame) const
 }
 
 // switch: runs from the chosen case on until something breaks.
+// The value is compared as == would, labels of other types included.
 class Choice : public Statement
 {
 public:
@@ -297,6 +300,7 @@ size_t Choice::chosen(const Value &value, Frame &frame) const
     return byDefault;
 }
 
+// Also a return without a value: the frame's default result stays.
 class Jump : public Statement
 {
 public:

@@ -12,6 +12,7 @@ const char *typeName(Type type)
     return names[static_cast<int>(type)];
 }
 
+// Of what is held now; for a dynamic variable it changes with each assignment.
 const char *typeName(const Value &value)
 {
     return typeName(typeOf(value));

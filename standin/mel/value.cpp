@@ -31,6 +31,7 @@ std::string rows(const Matrix &matrix, const char *betweenRows, int digits)
     return text;
 }
 
+// The form that string conversion uses as well; Result has another.
 struct PrintWriter
 {
     std::string operator()(std::monostate) const { return {}; }

@@ -8,6 +8,7 @@
 namespace mel::nodes {
 
 // The base of nodes with a single operand, for every kind of result.
+// Owns the operand; what else a node needs goes on to its base.
 template <typename Base>
 class WithOperand : public Base
 {
