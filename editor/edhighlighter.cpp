@@ -60,9 +60,7 @@ void EdHighlighter::keepBlockData()
         data = new EdTextBlockData;
         setCurrentBlockUserData(data); // which the block owns from now on
     }
-    data->brackets.swap(m_scan.brackets); // keeps the room of both
-    data->codeText = m_scan.codeText;
-    data->inComment = m_scan.inComment;
+    data->take(m_scan);
 }
 
 void EdHighlighter::applyFormats()

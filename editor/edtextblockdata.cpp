@@ -8,3 +8,22 @@ EdTextBlockData *EdTextBlockData::of(const QTextBlock &block)
 {
     return static_cast<EdTextBlockData *>(block.userData());
 }
+
+void EdTextBlockData::take(LineScan &scan)
+{
+    brackets.swap(scan.brackets);
+    inComment = scan.inComment;
+    m_isAllCode = scan.isAllCode;
+    m_codeText.swap(scan.mixedCode);
+}
+
+QString EdTextBlockData::codeText(const QTextBlock &block) const
+{
+    return m_isAllCode ? block.text() : m_codeText;
+}
+
+void EdTextBlockData::setCodeText(const QString &text)
+{
+    m_isAllCode = false;
+    m_codeText = text;
+}

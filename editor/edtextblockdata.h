@@ -18,7 +18,18 @@ public:
     // The block's data; null for a block that was never highlighted, such as those of plain text.
     static EdTextBlockData *of(const QTextBlock &block);
 
+    // What was found of the block's line. Exchanges what both hold, so that its room is kept.
+    void take(LineScan &scan);
+
+    // What lies outside strings and comments of the block, which is that of this data.
+    QString codeText(const QTextBlock &block) const;
+    void setCodeText(const QString &text);
+
     std::vector<Bracket> brackets; // in the order of LineScan, which is not that of the columns
-    QString codeText;              // what lies outside strings and comments
     bool inComment = false;        // begins inside a comment of several lines
+
+private:
+    // Most lines are nothing but code; keeping that twice would double a document's memory.
+    bool m_isAllCode = false;
+    QString m_codeText; // empty while it is all code
 };

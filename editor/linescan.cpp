@@ -15,7 +15,8 @@ void LineScan::clear()
 {
     state = 0;
     inComment = false;
-    codeText.clear();
+    isAllCode = true;
+    mixedCode.clear();
     brackets.clear();
     spans.clear();
 }

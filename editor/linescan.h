@@ -33,12 +33,16 @@ struct LineScan
 {
     int state = 0;          // in which the line ends: one of the scanner's states, 0 for code
     bool inComment = false; // begins inside a comment of several lines
-    QString codeText;       // what lies outside strings and comments
+    bool isAllCode = true;  // holds no string and no comment
+    QString mixedCode;      // what lies outside them; empty when it is all code
     // By stretches of code from left to right, in each first all "(", then all ")", "{", "}", "[",
     // "]". Deliberate, so whoever matches brackets goes by their columns:
     // f(a[0]) "text" (b)    ( ) [ ] ( )
     std::vector<Bracket> brackets;
     std::vector<FormatSpan> spans; // from left to right, none touching one of its own category
+
+    // What of the line, which is the one that was scanned, lies outside strings and comments.
+    QString code(const QString &line) const { return isAllCode ? line : mixedCode; }
 
     // Back to the values of a fresh one, but keeps the room that the lists have taken.
     void clear();

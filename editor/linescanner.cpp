@@ -19,6 +19,30 @@ bool isSign(ushort unit)
     return unit == '-' || unit == '$';
 }
 
+// In the order ( ) { } [ ], whatever their columns.
+int bracketRank(QChar character)
+{
+    switch (character.unicode()) {
+    case '(':
+        return 0;
+    case ')':
+        return 1;
+    case '{':
+        return 2;
+    case '}':
+        return 3;
+    case '[':
+        return 4;
+    default:
+        return 5;
+    }
+}
+
+bool comesBefore(const Bracket &a, const Bracket &b)
+{
+    return bracketRank(a.character) < bracketRank(b.character);
+}
+
 } // namespace
 
 LineScanner::LineScanner(const ScannerRules &rules, const QHash<QString, QString> &names)
@@ -38,14 +62,17 @@ void LineScanner::scan(const QString &text, int previousState, LineScan &result)
     m_markedEnd = 0;
     m_numberEnd = 0;
     m_knowsWords = false;
+    m_codeStart = 0;
     m_codeSize = 0;
     if (const Enclosure *enclosure = m_rules.enclosureLeftOpen(previousState)) {
         result.inComment = enclosure->isComment;
         beginLine(m_line.size());
-        scanCode(scanEnclosure(*enclosure, 0, 0)); // it may end at once
+        const int code = scanEnclosure(*enclosure, 0, 0); // it may end at once
+        scanCode(code, code);
     } else {
-        beginLine(m_line.skipBlanks(0));
-        scanCode(0);
+        const int solid = m_line.skipBlanks(0);
+        beginLine(solid);
+        scanCode(0, solid);
     }
     keepCode();
 }
@@ -54,19 +81,19 @@ void LineScanner::beginLine(int) {}
 
 // ls -l "a b" + $x
 // |     |           a word, an enclosure: each is taken whole, by its own function
-void LineScanner::scanCode(int from)
+void LineScanner::scanCode(int codeStart, int from)
 {
-    int codeStart = from;
-    for (int i = from; i < m_line.size();) {
-        const ScannerRules::UnitKind kind = m_rules.kindOf(m_line.at(i));
-        if (kind == ScannerRules::Name || (kind == ScannerRules::Foreign && m_line.isWord(i))) {
+    const SourceCursor line = m_line; // a copy of its own stays in registers
+    for (int i = from; i < line.size();) {
+        const ScannerRules::UnitKind kind = m_rules.kindOf(line.at(i));
+        if (kind == ScannerRules::Name || (kind == ScannerRules::Foreign && line.isWord(i))) {
             i = scanWord(i);
             continue;
         }
         if (kind == ScannerRules::Bracket)
-            m_brackets.push_back({QChar(m_line.at(i)), i});
+            m_brackets.push_back({QChar(line.at(i)), i});
         if (kind == ScannerRules::Opener) {
-            if (const Enclosure *enclosure = m_rules.enclosureAt(m_line, i)) {
+            if (const Enclosure *enclosure = m_rules.enclosureAt(line, i)) {
                 addCode(codeStart, i);
                 codeStart = scanEnclosure(*enclosure, i, i + int(std::strlen(enclosure->open)));
                 i = codeStart;
@@ -75,20 +102,21 @@ void LineScanner::scanCode(int from)
         }
         ++i;
     }
-    addCode(codeStart, m_line.size());
+    addCode(codeStart, line.size());
 }
 
 // Returns the end of the word that begins there. A name with letters beyond ASCII has no
 // colour, nor has its part of ASCII.
 int LineScanner::scanWord(int start)
 {
-    const int nameEnd = m_line.skipName(start);
+    const SourceCursor line = m_line;
+    const int nameEnd = line.skipName(start);
     int end = nameEnd;
-    while (m_line.isWord(end))
+    while (line.isWord(end))
         ++end;
-    const bool isBare = nameEnd == end && !isSign(m_line.at(start - 1));
+    const bool isBare = nameEnd == end && !isSign(line.at(start - 1));
     const EditorText category = isBare ? wordCategory(start, end) : EditorText::Plain;
-    if (isDigit(m_line.at(start)) && start >= m_numberEnd)
+    if (isDigit(line.at(start)) && start >= m_numberEnd)
         markNumber(start);
     mark(start, end, category);
     return end;
@@ -177,32 +205,47 @@ int LineScanner::closing(const Enclosure &enclosure, int from) const
     return end < 0 ? end : end + int(std::strlen(enclosure.close));
 }
 
-// Into room that is never given back: a text that grew for each stretch would be allocated anew for
-// every line.
+// The first stretch is remembered; only further ones are joined, in room that is never given back.
 void LineScanner::addCode(int start, int end)
 {
     addBrackets();
+    if (start == end)
+        return;
+    if (m_codeSize == 0) {
+        m_codeStart = start;
+        m_codeSize = end - start;
+        return;
+    }
     if (m_code.size() < m_line.size())
         m_code.resize(m_line.size());
-    std::copy(m_text->constData() + start, m_text->constData() + end, m_code.data() + m_codeSize);
+    const QChar *text = m_text->constData();
+    if (m_codeStart >= 0)
+        std::copy_n(text + m_codeStart, m_codeSize, m_code.data());
+    m_codeStart = -1;
+    std::copy(text + start, text + end, m_code.data() + m_codeSize);
     m_codeSize += end - start;
 }
 
-// A line without strings and comments shares its text.
+// A line without strings and comments, as most are, costs no text of its own.
 void LineScanner::keepCode()
 {
-    if (m_codeSize == m_line.size())
-        m_result->codeText = *m_text;
-    else if (m_codeSize > 0)
-        m_result->codeText = QString(m_code.constData(), m_codeSize);
+    m_result->isAllCode = m_codeSize == m_line.size();
+    if (!m_result->isAllCode && m_codeSize > 0)
+        m_result->mixedCode = QString(
+            m_codeStart < 0 ? m_code.constData() : m_text->constData() + m_codeStart, m_codeSize);
 }
 
-// Six walks over a handful of brackets; most stretches have none.
+// Most stretches have none, or have them in order: f(g(x)). Others cost six walks over a handful.
 void LineScanner::addBrackets()
 {
     if (m_brackets.empty())
         return;
     std::vector<Bracket> &brackets = m_result->brackets;
+    if (std::is_sorted(m_brackets.begin(), m_brackets.end(), comesBefore)) {
+        brackets.insert(brackets.end(), m_brackets.begin(), m_brackets.end());
+        m_brackets.clear();
+        return;
+    }
     for (const char character : {'(', ')', '{', '}', '[', ']'}) {
         for (const Bracket &each : m_brackets) {
             if (each.character == QLatin1Char(character))

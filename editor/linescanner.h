@@ -40,7 +40,8 @@ protected:
     void mark(int start, int end, EditorText category);
 
 private:
-    void scanCode(int from);
+    // From the start of a stretch of code; what lies before `from` is blank.
+    void scanCode(int codeStart, int from);
     int scanWord(int start);
     void markNumber(int start);
     void noteWords();
@@ -61,8 +62,9 @@ private:
     int m_markedEnd = 0;             // of the last span
     int m_numberEnd = 0;             // of the last number, which may reach into the next word: 1.2
     std::vector<Bracket> m_brackets; // of the stretch of code at hand
-    QString m_code;                  // room for the line's code, which it holds up to m_codeSize
+    int m_codeStart = 0;             // of the line's code while it is one stretch; then -1
     int m_codeSize = 0;
+    QString m_code;            // room for the code of several stretches, up to m_codeSize
     QString m_word;            // room for the word that is looked up
     bool m_knowsWords = false; // of this line; collected when first asked for
     QSet<QString> m_words;     // what the line holds between the marks that part words

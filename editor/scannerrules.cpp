@@ -29,8 +29,10 @@ void ScannerRules::indexKeywords()
 
 const Enclosure *ScannerRules::enclosureLeftOpen(int state) const
 {
+    if (state <= 0)
+        return nullptr;
     for (const Enclosure &each : m_enclosures) {
-        if (each.state == state && state > 0)
+        if (each.state == state)
             return &each;
     }
     return nullptr;

@@ -47,7 +47,7 @@ QString summary(const QTextDocument &document)
         text += QString::number(block.userState()) + QLatin1Char(':');
         if (!data)
             continue;
-        text += data->codeText + QLatin1String(data->inComment ? "*" : "");
+        text += data->codeText(block) + QLatin1String(data->inComment ? "*" : "");
         for (const Bracket &bracket : data->brackets)
             text += bracket.character + QString::number(bracket.column);
         text += QLatin1Char('|');

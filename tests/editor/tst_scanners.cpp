@@ -142,7 +142,7 @@ void ScannersTest::codeIsSeparated()
     LineScan scan;
     scannerFor(language)->scan(line, before, scan);
     QTEST(scan.state, "after");
-    QTEST(scan.codeText, "code");
+    QTEST(scan.code(line), "code");
     QTEST(listed(scan.brackets), "brackets");
     QCOMPARE(scan.inComment, language == QLatin1String("mel") && before == 2);
 }

@@ -30,8 +30,8 @@ inline const QHash<QString, QString> &fuzzNames()
 
 inline bool isSame(const LineScan &a, const LineScan &b)
 {
-    return a.state == b.state && a.inComment == b.inComment && a.codeText == b.codeText &&
-           a.brackets == b.brackets && a.spans == b.spans;
+    return a.state == b.state && a.inComment == b.inComment && a.isAllCode == b.isAllCode &&
+           a.mixedCode == b.mixedCode && a.brackets == b.brackets && a.spans == b.spans;
 }
 
 // The line without its strings and comments.
@@ -69,7 +69,8 @@ inline void requireBrackets(const LineScan &scan, const QString &line)
         columns.insert(bracket.column);
     }
     const auto isBracket = [](QChar unit) { return QString::fromLatin1("(){}[]").contains(unit); };
-    const auto count = std::count_if(scan.codeText.begin(), scan.codeText.end(), isBracket);
+    const QString code = scan.code(line);
+    const auto count = std::count_if(code.begin(), code.end(), isBracket);
     require(columns.size() == scan.brackets.size() && count == std::ptrdiff_t(columns.size()),
             "each bracket of the code is listed once");
 }
@@ -81,7 +82,8 @@ inline void requireLine(const LineScan &scan, const QString &line, int before,
             "the state is one of the language");
     require(scan.inComment == (before == language.commentState), "the state tells of a comment");
     requireSpans(scan, int(line.size()));
-    require(scan.codeText == codeOf(line, scan, language), "code is what is no string or comment");
+    require(scan.code(line) == codeOf(line, scan, language),
+            "code is what is no string or comment");
     requireBrackets(scan, line);
 }
 

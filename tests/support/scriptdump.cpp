@@ -78,7 +78,7 @@ QByteArray diagnosticsJson(const DiagnosticList &list, const char *separator)
     return entries.json();
 }
 
-QByteArray blockJson(const LineScan &scan)
+QByteArray blockJson(const QString &line, const LineScan &scan)
 {
     Array brackets;
     for (const Bracket &bracket : scan.brackets)
@@ -90,7 +90,7 @@ QByteArray blockJson(const LineScan &scan)
                        .json();
     return "{\"state\": " + number(scan.state) +
            ", \"in_comment\": " + (scan.inComment ? "true" : "false") +
-           ", \"code_text\": " + quoted(scan.codeText) + ", \"brackets\": " + brackets.json() +
+           ", \"code_text\": " + quoted(scan.code(line)) + ", \"brackets\": " + brackets.json() +
            ", \"formats\": " + formats.json() + '}';
 }
 
@@ -102,7 +102,7 @@ QByteArray blocksJson(LineScanner &scanner, const QString &text, const char *sep
     for (const QString &line : text.split(QLatin1Char('\n'))) {
         scanner.scan(line, state, scan);
         state = scan.state;
-        blocks << blockJson(scan);
+        blocks << blockJson(line, scan);
     }
     return blocks.json();
 }
