@@ -34,13 +34,13 @@ Value evalDeferred(Runtime &runtime, Call &call)
 // Procedures hide commands, as they do in calls.
 std::string describeName(Runtime &runtime, const std::string &name)
 {
-    if (const Library::Script *script = runtime.library.find(name))
-        return "Mel procedure found in: " + script->origin;
     if (const ProcedureEntry *known = runtime.definedProcedure(name, true)) {
         const Source &source = *known->current->source;
         return source.isTyped() ? "Mel procedure entered interactively."
                                 : "Mel procedure found in: " + source.path;
     }
+    if (const Library::Script *script = runtime.library.find(name))
+        return "Mel procedure found in: " + script->origin;
     if (const auto command = runtime.commands.find(name))
         return command->kind == CommandKind::RunTimeCommand ? "Run Time Command" : "Command";
     const std::string script = runtime.findScript(name);
