@@ -26,7 +26,7 @@
 namespace {
 
 const int lines = 100000;
-const int rounds = 7;
+const int rounds = 15;
 
 QHash<QString, QString> commandNames()
 {
