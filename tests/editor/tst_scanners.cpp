@@ -17,6 +17,7 @@ private slots:
     void codeIsSeparated();
     void wordsAreColoured_data();
     void wordsAreColoured();
+    void linesAreScannedByThemselves();
     void timeIsLinear_data();
     void timeIsLinear();
 };
@@ -196,6 +197,21 @@ void ScannersTest::wordsAreColoured()
     LineScan scan;
     scannerFor(language)->scan(line, 0, scan);
     QCOMPARE(drawn(scan, int(line.size())), drawing);
+}
+
+// What a scanner keeps is room, nothing of the line before.
+void ScannersTest::linesAreScannedByThemselves()
+{
+    const auto scanner = scannerFor("mel");
+    LineScan scan;
+    for (const char *line : {"1.2 ls-1 ls (", "for-1", "\"a", "ls-1", ""}) {
+        LineScan fresh;
+        scanner->scan(line, 0, scan);
+        scannerFor("mel")->scan(line, 0, fresh);
+        QVERIFY2(scan.spans == fresh.spans && scan.brackets == fresh.brackets, line);
+        QCOMPARE(scan.code(line), fresh.code(line));
+        QCOMPARE(scan.state, fresh.state);
+    }
 }
 
 void ScannersTest::timeIsLinear_data()
