@@ -1068,9 +1068,14 @@ def _leave_main():
     exec(_sys._getframe(1).f_code, own)
     own["CorvaneParser"]._statement_names = main
     before = main["_corvane_before"]
-    main.clear()
-    main.update(before)
-    main.update((name, value) for name, value in own.items() if not name.startswith("_"))
+    # Only what this script has bound: other threads may be running among these names.
+    for name, value in own.items():
+        if not name.startswith("_"):
+            main[name] = value
+        elif name in before:
+            main[name] = before[name]
+        else:
+            main.pop(name, None)
 
 
 if __name__ == "__main__":

@@ -497,6 +497,21 @@ class EntryPoints(unittest.TestCase):
         self.assertEqual(parser.exec_statement(str("cv_probe = 41 + 1")), 1)
         self.assertEqual(names["cv_probe"], 42)
 
+    def test_what_a_thread_binds_while_the_script_loads_stays(self):
+        with io.open(SCRIPT, "rb") as file:
+            code = compile(str(file.read().decode("ascii")), str("<string>"), "exec", 0, True)
+        names = {"__name__": "__main__"}
+
+        def bind(*_):
+            names.setdefault("cv_thread", 1)
+        sys.setprofile(bind)
+        try:
+            exec(code, names)
+        finally:
+            sys.setprofile(None)
+        self.assertEqual(names.get("cv_thread"), 1)
+        self.assertEqual([name for name in names if name.startswith("_corvane")], [])
+
     def test_nothing_raises_on_damaged_sources(self):
         dice = random.Random(5)
         for sample in SAMPLES:
