@@ -17,3 +17,9 @@ bool isOutputSuppressed()
 {
     return outputSuppressed;
 }
+
+OutputSuppression::OutputSuppression(bool suppress)
+{
+    if (suppress)
+        setOutputSuppressed(true);
+}

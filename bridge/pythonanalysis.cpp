@@ -15,22 +15,12 @@
 
 namespace {
 
-// Holds Maya's output back while one lives, also when the call throws.
-class InternalCommand
-{
-public:
-    InternalCommand() { setOutputSuppressed(true); }
-    ~InternalCommand() { setOutputSuppressed(false); }
-    InternalCommand(const InternalCommand &) = delete;
-    InternalCommand &operator=(const InternalCommand &) = delete;
-};
-
 // `result` is nothing or one variable, which takes what the command returns. Not displayed, not
 // undoable.
 template <typename... Result>
 void run(const QString &command, Result &...result)
 {
-    const InternalCommand internal;
+    const OutputSuppression silence;
     MGlobal::executePythonCommand(MQtUtil::toMString(command), result..., false, false);
     // Leaves none of the commands above behind as the last one that Maya remembers.
     MGlobal::executePythonCommand("pass", false, false);

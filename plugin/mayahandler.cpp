@@ -101,14 +101,11 @@ void MayaHandler::suppressStackWindow(bool enable)
 
 void MayaHandler::runPython(const QString &code, bool display)
 {
-    if (!display)
-        setOutputSuppressed(true);
     guarded(false, [&code, display] {
+        const OutputSuppression silence(!display);
         MGlobal::executePythonCommand(MQtUtil::toMString(code), display, false);
         return true;
     });
-    // Deliberate: output flows again even if it had been held back before.
-    setOutputSuppressed(false);
 }
 
 void MayaHandler::mirrorOptionVariables()
