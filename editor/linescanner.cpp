@@ -19,6 +19,8 @@ bool isSign(ushort unit)
     return unit == '-' || unit == '$';
 }
 
+const int bracketKinds = 6;
+
 // In the order ( ) { } [ ], whatever their columns.
 int bracketRank(QChar character)
 {
@@ -246,9 +248,9 @@ void LineScanner::addBrackets()
         m_brackets.clear();
         return;
     }
-    for (const char character : {'(', ')', '{', '}', '[', ']'}) {
+    for (int rank = 0; rank < bracketKinds; ++rank) {
         for (const Bracket &each : m_brackets) {
-            if (each.character == QLatin1Char(character))
+            if (bracketRank(each.character) == rank)
                 brackets.push_back(each);
         }
     }
