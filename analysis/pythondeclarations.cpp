@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What a line of Python declares. Each function looks from the cursor, which is at the first unit
-// of the line that is not indentation, no farther than the line's end, and says whether it found
-// what it is named for.
+// of the line that is not indentation, no farther than the line's end; those that others depend on
+// say whether they found what they are named for.
 #include "analysis/pythonparser.h"
 
 #include "analysis/wordtree.h"
@@ -81,18 +81,17 @@ bool PythonParser::classDefinition()
 }
 
 // Deliberate: listed only with blanks around "==" and the name on its left.
-bool PythonParser::mainBlock()
+void PythonParser::mainBlock()
 {
     int end = mainBlockEnd('"');
     if (end < 0)
         end = mainBlockEnd('\'');
     if (end < 0)
-        return false;
+        return;
     resetBlocksAtMargin();
     const QString name = QString::fromLatin1("__main__");
     addItem(MainBlockItem, name, end - int(name.size()) - 1);
     m_cursor.moveTo(end - 1);
-    return true;
 }
 
 // if __name__ == "__main__"
@@ -150,7 +149,7 @@ bool PythonParser::importList(int start)
 
 // from os import path, sep
 //      | |       |          module, moduleEnd and start
-bool PythonParser::fromImport()
+void PythonParser::fromImport()
 {
     const int module = behindWord(m_cursor, "from", m_cursor.position());
     const int moduleEnd = module < 0 ? module : m_cursor.skipPath(module);
@@ -158,16 +157,15 @@ bool PythonParser::fromImport()
     const int start =
         moduleEnd > module && keyword > moduleEnd ? behindWord(m_cursor, "import", keyword) : -1;
     if (start < 0)
-        return false;
+        return;
     const Spans names = listed(restOfStatement(start));
     // Deliberate: a name alone is listed whatever it is, "(" too.
     for (const Span &name : names) {
         if (names.size() > 1 && !isPath(name) && !m_cursor.isText("*", name.start, name.end))
-            return false;
+            return;
     }
     addNames(ImportedNameItem, names, keyword + 6,
              QLatin1String(" (") + text({module, moduleEnd}) + QLatin1Char(')'));
-    return true;
 }
 
 // Deliberate: an item stands where its text is first found, be that inside a longer name. One pass

@@ -54,12 +54,12 @@ private:
     bool definition();
     OutlineKind methodKind() const;
     bool classDefinition();
-    bool mainBlock();
+    void mainBlock();
     int mainBlockEnd(char quote) const;
     bool import();
     bool importAs(const Span &module, int aliasStart);
     bool importList(int start);
-    bool fromImport();
+    void fromImport();
     Span restOfStatement(int start) const;
     Span trimmed(Span span) const;
     Spans listed(const Span &span) const;
