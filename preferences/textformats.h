@@ -54,13 +54,16 @@ enum class OutputText { Plain, Selected, MatchingSelection, Errors, Warnings, Re
 const int editorTextCount = int(EditorText::PythonMelCommands) + 1;
 const int outputTextCount = int(OutputText::Results) + 1;
 
-// The current format; process-wide and changeable. Whoever has taken one is not told of a change.
+// The formats that are built in: for Maya's dark palette, and for those who read dark on light.
+enum class ColorSet { Dark, Light };
+
+// The current format; process-wide and changeable, of the dark set at first. Whoever has taken one
+// is not told of a change.
 TextFormat &textFormat(EditorText category);
 TextFormat &textFormat(OutputText category);
 
-// The name that the Preferences dialog shows.
-const char *textName(EditorText category);
-const char *textName(OutputText category);
+// Makes a set's formats the current ones, all of them.
+void useColorSet(ColorSet set);
 
 // The fonts that the preferences ask for, sizes in points; where the family is not installed,
 // another of fixed pitch.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "analysis/baseparser.h"
 #include "editor/linescanner.h"
+#include "preferences/colorsets.h"
 #include "tests/support/scriptdump.h"
 #include "tests/support/testmain.h"
 

@@ -41,7 +41,6 @@ private slots:
     void endOfLineMarksAlwaysStartOff();
     void damagedValuesTakeTheirDefaults_data();
     void damagedValuesTakeTheirDefaults();
-    void categoriesKeepTheirIndexAndName();
     void emptyFontFamilyKeepsTheBuiltInOne();
     void theFontFamilyInUseIsWritten();
 };
@@ -117,22 +116,6 @@ void PreferencesTest::damagedValuesTakeTheirDefaults()
     QCOMPARE(preferences().tabSize, 4);
     QCOMPARE(preferences().autoIndent, true);
     QCOMPARE(preferences().melTabSize, 8);
-}
-
-void PreferencesTest::categoriesKeepTheirIndexAndName()
-{
-    // Stored colour lists are read by index, so the order may never change.
-    QCOMPARE(editorTextCount, 20);
-    QCOMPARE(textName(EditorText(5)), "Hidden Whitespaces");
-    QCOMPARE(textName(EditorText(13)), "Python Keywords");
-    QCOMPARE(textName(EditorText(19)), "Python MEL Commands");
-    QCOMPARE(outputTextCount, 6);
-    QCOMPARE(textName(OutputText(3)), "Errors");
-    for (int i = 0; i < editorTextCount; ++i) {
-        const TextFormat &format = textFormat(EditorText(i));
-        QVERIFY2(format.foreground.isValid() || format.background.isValid(),
-                 textName(EditorText(i)));
-    }
 }
 
 void PreferencesTest::emptyFontFamilyKeepsTheBuiltInOne()

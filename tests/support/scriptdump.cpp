@@ -5,6 +5,7 @@
 #include "analysis/pythonparser.h"
 #include "editor/melscanner.h"
 #include "editor/pythonscanner.h"
+#include "preferences/colorsets.h"
 
 #include <QStringList>
 
