@@ -61,13 +61,6 @@ bool readEntry(const QString &text, bool needsColors, TextFormat *format)
     return true;
 }
 
-// Palettes are made of these two, and have no place for a colour that is left open.
-template <class Category>
-bool needsColors(Category category)
-{
-    return category == Category::Plain || category == Category::Selected;
-}
-
 ColorSet suitingSet(const QStringList &list)
 {
     TextFormat plain = builtInFormat(EditorText::Plain, ColorSet::Dark);
@@ -76,24 +69,13 @@ ColorSet suitingSet(const QStringList &list)
     return isLight ? ColorSet::Light : ColorSet::Dark;
 }
 
-template <class Category>
-void readEntries(const QStringList &entries, int categories)
-{
-    for (int i = 0; i < categories; ++i) {
-        const Category category = Category(i);
-        readEntry(entries.value(i), needsColors(category), &textFormat(category));
-    }
-}
-
 } // namespace
 
 QStringList textFormatList()
 {
     QStringList list;
-    for (int i = 0; i < editorTextCount; ++i)
-        list << entryText(textFormat(EditorText(i)));
-    for (int i = 0; i < outputTextCount; ++i)
-        list << entryText(textFormat(OutputText(i)));
+    for (const TextFormat &format : textFormats())
+        list << entryText(format);
     return list;
 }
 
@@ -101,6 +83,6 @@ void readTextFormatList(const QStringList &list, int version)
 {
     const QStringList known = version > textFormatListVersion ? QStringList() : list;
     useColorSet(suitingSet(known));
-    readEntries<EditorText>(known, editorTextCount);
-    readEntries<OutputText>(known.mid(editorTextCount), outputTextCount);
+    for (int i = 0; i < textCount; ++i)
+        readEntry(known.value(i), needsColors(i), &textFormats()[size_t(i)]);
 }

@@ -65,30 +65,29 @@ QColor color(const char *name)
     return *name ? QColor(QLatin1String(name)) : QColor();
 }
 
-TextFormat formatOf(const FormatRow &row, ColorSet set)
+const FormatRow &rowOf(int index)
 {
-    const Colors &colors = set == ColorSet::Dark ? row.dark : row.light;
-    return {color(colors.foreground), color(colors.background), row.bold, row.italic};
+    return index < editorTextCount ? editorRows[index] : outputRows[index - editorTextCount];
 }
 
 } // namespace
 
-TextFormat builtInFormat(EditorText category, ColorSet set)
+TextFormat builtInFormat(int textIndex, ColorSet set)
 {
-    return formatOf(editorRows[size_t(category)], set);
+    const FormatRow &row = rowOf(textIndex);
+    const Colors &colors = set == ColorSet::Dark ? row.dark : row.light;
+    return {color(colors.foreground), color(colors.background), row.bold, row.italic};
 }
 
-TextFormat builtInFormat(OutputText category, ColorSet set)
+TextFormats builtInFormats(ColorSet set)
 {
-    return formatOf(outputRows[size_t(category)], set);
+    TextFormats formats;
+    for (int i = 0; i < textCount; ++i)
+        formats[size_t(i)] = builtInFormat(i, set);
+    return formats;
 }
 
-const char *textName(EditorText category)
+const char *textName(int textIndex)
 {
-    return editorRows[size_t(category)].name;
-}
-
-const char *textName(OutputText category)
-{
-    return outputRows[size_t(category)].name;
+    return rowOf(textIndex).name;
 }

@@ -5,9 +5,19 @@
 
 // What is built in for a category.
 
-TextFormat builtInFormat(EditorText category, ColorSet set);
-TextFormat builtInFormat(OutputText category, ColorSet set);
-
+TextFormats builtInFormats(ColorSet set);
+TextFormat builtInFormat(int textIndex, ColorSet set);
 // The name that the Preferences dialog shows.
-const char *textName(EditorText category);
-const char *textName(OutputText category);
+const char *textName(int textIndex);
+
+// The same for a category of the editor or of the output.
+template <class Category>
+TextFormat builtInFormat(Category category, ColorSet set)
+{
+    return builtInFormat(textIndex(category), set);
+}
+template <class Category>
+const char *textName(Category category)
+{
+    return textName(textIndex(category));
+}

@@ -4,31 +4,7 @@
 #include "preferences/colorsets.h"
 #include "preferences/preferences.h"
 
-#include <array>
-
 namespace {
-
-template <class Category, int count>
-std::array<TextFormat, count> builtInFormats(ColorSet set)
-{
-    std::array<TextFormat, count> formats;
-    for (int i = 0; i < count; ++i)
-        formats[size_t(i)] = builtInFormat(Category(i), set);
-    return formats;
-}
-
-// Each is filled at its first use.
-std::array<TextFormat, editorTextCount> &editorFormats()
-{
-    static auto formats = builtInFormats<EditorText, editorTextCount>(ColorSet::Dark);
-    return formats;
-}
-
-std::array<TextFormat, outputTextCount> &outputFormats()
-{
-    static auto formats = builtInFormats<OutputText, outputTextCount>(ColorSet::Dark);
-    return formats;
-}
 
 QFont fixedFont(const QString &family, int pointSize)
 {
@@ -70,28 +46,49 @@ QPalette withTextColors(QPalette palette, const TextFormat &plain, const TextFor
     return palette;
 }
 
+bool needsColors(int index)
+{
+    return index == textIndex(EditorText::Plain) || index == textIndex(EditorText::Selected) ||
+           index == textIndex(OutputText::Plain) || index == textIndex(OutputText::Selected);
+}
+
+TextFormats &textFormats()
+{
+    static TextFormats formats = builtInFormats(ColorSet::Dark);
+    return formats;
+}
+
 TextFormat &textFormat(EditorText category)
 {
-    return editorFormats()[size_t(category)];
+    return textFormats()[size_t(textIndex(category))];
 }
 
 TextFormat &textFormat(OutputText category)
 {
-    return outputFormats()[size_t(category)];
+    return textFormats()[size_t(textIndex(category))];
 }
 
 void useColorSet(ColorSet set)
 {
-    editorFormats() = builtInFormats<EditorText, editorTextCount>(set);
-    outputFormats() = builtInFormats<OutputText, outputTextCount>(set);
+    textFormats() = builtInFormats(set);
 }
 
 QFont editorFont()
 {
-    return fixedFont(preferences().textFont, preferences().textFontSize);
+    return editorFont(preferences());
+}
+
+QFont editorFont(const Preferences &values)
+{
+    return fixedFont(values.textFont, values.textFontSize);
 }
 
 QFont outputFont()
 {
-    return fixedFont(preferences().outputFont, preferences().outputFontSize);
+    return outputFont(preferences());
+}
+
+QFont outputFont(const Preferences &values)
+{
+    return fixedFont(values.outputFont, values.outputFontSize);
 }

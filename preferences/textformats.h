@@ -6,6 +6,10 @@
 #include <QPalette>
 #include <QTextCharFormat>
 
+#include <array>
+
+struct Preferences;
+
 // What a stretch of text looks like, fonts apart. An invalid colour leaves that of the plain text.
 struct TextFormat
 {
@@ -54,11 +58,29 @@ enum class OutputText { Plain, Selected, MatchingSelection, Errors, Warnings, Re
 const int editorTextCount = int(EditorText::PythonMelCommands) + 1;
 const int outputTextCount = int(OutputText::Results) + 1;
 
+// All categories in one row: those of the editor, then those of the output.
+const int textCount = editorTextCount + outputTextCount;
+inline int textIndex(EditorText category)
+{
+    return int(category);
+}
+inline int textIndex(OutputText category)
+{
+    return editorTextCount + int(category);
+}
+
+// Whether the category cannot leave a colour open: palettes are made of the plain and of the
+// selected text.
+bool needsColors(int textIndex);
+
+typedef std::array<TextFormat, size_t(textCount)> TextFormats;
+
 // The formats that are built in: for Maya's dark palette, and for those who read dark on light.
 enum class ColorSet { Dark, Light };
 
-// The current format; process-wide and changeable, of the dark set at first. Whoever has taken one
-// is not told of a change.
+// The current formats; process-wide and changeable, those of the dark set at first. Whoever has
+// taken one is not told of a change.
+TextFormats &textFormats();
 TextFormat &textFormat(EditorText category);
 TextFormat &textFormat(OutputText category);
 
@@ -66,6 +88,8 @@ TextFormat &textFormat(OutputText category);
 void useColorSet(ColorSet set);
 
 // The fonts that the preferences ask for, sizes in points; where the family is not installed,
-// another of fixed pitch.
+// another of fixed pitch. Without an argument: the current preferences.
 QFont editorFont();
+QFont editorFont(const Preferences &values);
 QFont outputFont();
+QFont outputFont(const Preferences &values);
