@@ -4,35 +4,24 @@
 #include <QSettings>
 #include <QVariant>
 
+#include <limits>
+
 namespace {
 
-// What a number may be, both ends included. Beyond it a file that was edited by hand would break
-// the editor: a tab of 0 columns, a history without end.
-struct Range
+struct RangeRow
 {
     const char *key;
-    int minimum;
-    int maximum;
+    NumberRange range;
 };
 
-const Range ranges[] = {
-    {"outputWindowBufferSize", 1, 10 * 1000 * 1000},
-    {"tabSize", 1, 64},
-    {"melTabSize", 1, 64},
-    {"pyTabSize", 1, 64},
-    {"textFontSize", 1, 400},
-    {"outputFontSize", 1, 400},
+const RangeRow rangeRows[] = {
+    {"outputWindowBufferSize", {1, 10 * 1000 * 1000}},
+    {"tabSize", {1, 64}},
+    {"melTabSize", {1, 64}},
+    {"pyTabSize", {1, 64}},
+    {"textFontSize", {1, 400}},
+    {"outputFontSize", {1, 400}},
 };
-
-// A key without a row takes any number.
-bool isInRange(const QString &key, int value)
-{
-    for (const Range &range : ranges) {
-        if (key == QLatin1String(range.key))
-            return value >= range.minimum && value <= range.maximum;
-    }
-    return true;
-}
 
 // The file has texts; toBool() would take any that is not "false" or "0" for true.
 void take(const QString &, const QVariant &stored, bool &value)
@@ -46,7 +35,8 @@ void take(const QString &key, const QVariant &stored, int &value)
 {
     bool isNumber = false;
     const int number = stored.toInt(&isNumber);
-    if (isNumber && isInRange(key, number))
+    const NumberRange range = numberRange(key);
+    if (isNumber && number >= range.minimum && number <= range.maximum)
         value = number;
 }
 
@@ -76,6 +66,15 @@ void read(QSettings &settings, const char *group, const char *key, Type &value)
 QString builtInFontFamily()
 {
     return QLatin1String("DejaVu Sans Mono");
+}
+
+NumberRange numberRange(const QString &key)
+{
+    for (const RangeRow &row : rangeRows) {
+        if (key == QLatin1String(row.key))
+            return row.range;
+    }
+    return {std::numeric_limits<int>::min(), std::numeric_limits<int>::max()};
 }
 
 Preferences &preferences()

@@ -20,6 +20,17 @@ struct Preferences
 // One instance, changed by the menus too; it holds the defaults until settings are read.
 Preferences &preferences();
 
+// What a number may be, both ends included. Beyond it a settings file that was edited by hand, or
+// a slip in the dialog, would break the editor: a tab of 0 columns, a history without end.
+struct NumberRange
+{
+    int minimum;
+    int maximum;
+};
+
+// A key that needs no bounds may be any number.
+NumberRange numberRange(const QString &key);
+
 // Keys that are missing, empty, of another type or out of range take their defaults, whatever the
 // values were before.
 void readPreferences(QSettings &settings);
