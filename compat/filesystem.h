@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+class QFile;
+
+// What Qt does not do on a file system, or does differently from version to version. Where a system
+// has no such notion (owners, hard links), the functions say so and succeed.
+namespace compat {
+
+// Creates an empty file with the permissions of any new file. Fails where there is something of
+// that name.
+bool createFile(const QString &path, QString *errorMessage);
+
+// Where a symbolic link leads, one step; empty for anything else. ".." in it is left to the system,
+// which knows what it is in a linked folder.
+QString linkTarget(const QString &path);
+
+// Whether the open file is known by another name too, as hard links are.
+bool hasOtherNames(const QFile &file);
+
+// Gives the one open file the owner, the permissions and the attributes of the other; false when
+// some of them cannot be given.
+bool takeAfter(const QFile &file, const QFile &model);
+
+// Waits until the disk has what was written to the open file; some failures show only then.
+bool flushToDisk(const QFile &file, QString *errorMessage);
+
+// Moves the file `by` to `path` in one step, whether or not there is a file already.
+bool replaceFile(const QString &path, const QString &by, QString *errorMessage);
+
+} // namespace compat

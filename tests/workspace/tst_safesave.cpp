@@ -1,0 +1,310 @@
+// SPDX-License-Identifier: MIT
+#include "workspace/safesave.h"
+
+#include "tests/support/scratchdir.h"
+#include "tests/support/skip.h"
+#include "tests/support/testmain.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <csignal>
+#include <sys/mount.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <sys/xattr.h>
+#include <unistd.h>
+
+namespace {
+
+const QByteArray oldText = QByteArray("the old text\n").repeated(3000);
+const QByteArray newText = QByteArray("the new text, which is longer\n").repeated(3000);
+
+struct stat statusOf(const QString &path)
+{
+    struct stat status = {};
+    stat(QFile::encodeName(path).constData(), &status);
+    return status;
+}
+
+bool addName(const QString &path, const QString &name)
+{
+    return link(QFile::encodeName(path).constData(), QFile::encodeName(name).constData()) == 0;
+}
+
+// While it lives, no file can grow beyond the size.
+class FileSizeLimit
+{
+public:
+    explicit FileSizeLimit(rlim_t bytes)
+    {
+        signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &m_before);
+        const rlimit limit = {bytes, m_before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FileSizeLimit() { setrlimit(RLIMIT_FSIZE, &m_before); }
+
+private:
+    rlimit m_before;
+};
+
+// While it lives, the program has no more rights than others when it was started by root.
+class OrdinaryUser
+{
+public:
+    OrdinaryUser() : m_before(geteuid())
+    {
+        if (m_before == 0)
+            m_changed = seteuid(nobody) == 0;
+    }
+    ~OrdinaryUser()
+    {
+        if (m_changed && seteuid(m_before) != 0)
+            abort();
+    }
+    static const uid_t nobody = 65534;
+
+private:
+    uid_t m_before;
+    bool m_changed = false;
+};
+
+// Saves the two texts by turns until it is killed.
+pid_t startSaving(const QString &path)
+{
+    const pid_t child = fork();
+    if (child != 0)
+        return child;
+    QString error;
+    while (writeFileSafely(path, newText, &error) && writeFileSafely(path, oldText, &error))
+        continue;
+    _exit(1);
+}
+
+QStringList namesIn(const ScratchDir &dir)
+{
+    return QDir(dir.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+}
+
+} // namespace
+
+class TestSafeSave : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void newFilesHaveOrdinaryPermissions();
+    void killedProgramsLeaveOneOfTheTexts();
+    void noSizeLimitLosesTheOldText_data();
+    void noSizeLimitLosesTheOldText();
+    void noFullDiskLosesTheOldText();
+    void permissionsOwnersAndAttributesStay();
+    void linksLeadToTheSameFile();
+    void namesOfOneFileStayTogether();
+    void foldersThatRefuseFilesAreWrittenInPlace();
+    void writeProtectedFilesAreLeftAlone();
+    void onlyRegularFilesAreWritten();
+};
+
+void TestSafeSave::newFilesHaveOrdinaryPermissions()
+{
+    ScratchDir dir;
+    QString error;
+    QVERIFY2(writeFileSafely(dir.file("new"), newText, &error), qPrintable(error));
+    QCOMPARE(dir.read("new"), newText);
+    const QString ordinary = dir.write("ordinary", "");
+    QCOMPARE(statusOf(dir.file("new")).st_mode, statusOf(ordinary).st_mode);
+    QVERIFY(!writeFileSafely(dir.file("missing/new"), newText, &error));
+    QVERIFY(!error.isEmpty());
+}
+
+void TestSafeSave::killedProgramsLeaveOneOfTheTexts()
+{
+    ScratchDir dir;
+    const QString path = dir.write("a.mel", oldText);
+    int newTexts = 0;
+    for (int round = 0; round < 200; ++round) {
+        const pid_t child = startSaving(path);
+        usleep(useconds_t(500 + round * 37 % 5000));
+        kill(child, SIGKILL);
+        int status = 0;
+        waitpid(child, &status, 0);
+        QVERIFY(WIFSIGNALED(status));
+        const QByteArray bytes = dir.read("a.mel");
+        newTexts += bytes == newText ? 1 : 0;
+        QVERIFY2(bytes == newText || bytes == oldText, qPrintable(QString::number(bytes.size())));
+    }
+    QVERIFY(newTexts > 0); // the programs did save
+}
+
+void TestSafeSave::noSizeLimitLosesTheOldText_data()
+{
+    QTest::addColumn<bool>("inPlace");
+    QTest::newRow("replaced") << false;
+    QTest::newRow("in-place") << true;
+}
+
+void TestSafeSave::noSizeLimitLosesTheOldText()
+{
+    QFETCH(bool, inPlace);
+    ScratchDir dir;
+    const QString path = dir.write("a.mel", oldText);
+    if (inPlace)
+        QVERIFY(addName(path, dir.file("b.mel")));
+    const QStringList names = namesIn(dir);
+    for (int limit = 0; limit < newText.size(); limit += 1 + limit / 3) {
+        QString error;
+        bool written = true;
+        {
+            const FileSizeLimit guard(static_cast<rlim_t>(limit));
+            written = writeFileSafely(path, newText, &error);
+        }
+        QVERIFY(!written);
+        QVERIFY(!error.isEmpty());
+        QVERIFY2(dir.read("a.mel") == oldText, qPrintable(QString::number(limit)));
+        QCOMPARE(namesIn(dir), names);
+    }
+}
+
+void TestSafeSave::noFullDiskLosesTheOldText()
+{
+    ScratchDir dir;
+    const QByteArray mountPoint = QFile::encodeName(dir.path());
+    if (mount("none", mountPoint.constData(), "tmpfs", 0, "size=256k") != 0)
+        CORVANE_SKIP("no file system can be mounted");
+    const QString path = dir.write("a.mel", oldText);
+    bool wasWritten = false;
+    for (int filled = 256 * 1024; !wasWritten && filled > 0; filled -= 12 * 1024) {
+        QFile::remove(dir.file("filler"));
+        dir.write("filler", QByteArray(filled, 'x'));
+        QString error;
+        wasWritten = writeFileSafely(path, newText, &error);
+        const bool intact = dir.read("a.mel") == (wasWritten ? newText : oldText);
+        if (!intact || namesIn(dir).size() != 2 || error.isEmpty() != wasWritten)
+            break;
+    }
+    const bool leftAlone = namesIn(dir) == (QStringList() << "a.mel"
+                                                          << "filler");
+    const QByteArray text = dir.read("a.mel");
+    umount2(mountPoint.constData(), MNT_DETACH);
+    QVERIFY(leftAlone);
+    QVERIFY(wasWritten);
+    QCOMPARE(text, newText);
+}
+
+void TestSafeSave::permissionsOwnersAndAttributesStay()
+{
+    ScratchDir dir;
+    const QString path = dir.write("a.mel", oldText);
+    const QByteArray name = QFile::encodeName(path);
+    QCOMPARE(chmod(name.constData(), 0750), 0);
+    const bool givenAway = chown(name.constData(), OrdinaryUser::nobody, 7) == 0;
+    const bool tagged = setxattr(name.constData(), "user.tag", "x", 1, 0) == 0;
+    const struct stat before = statusOf(path);
+    QString error;
+    QVERIFY2(writeFileSafely(path, newText, &error), qPrintable(error));
+    QCOMPARE(dir.read("a.mel"), newText);
+    const struct stat after = statusOf(path);
+    QCOMPARE(int(after.st_mode), int(before.st_mode));
+    QCOMPARE(int(after.st_uid), int(before.st_uid));
+    QCOMPARE(int(after.st_gid), int(before.st_gid));
+    QVERIFY(after.st_ino != before.st_ino); // replaced
+    QCOMPARE(int(getxattr(name.constData(), "user.tag", nullptr, 0)), tagged ? 1 : -1);
+    if (!givenAway)
+        return;
+
+    // A user who cannot give a file away: the group is not hers.
+    QCOMPARE(chmod(QFile::encodeName(dir.path()).constData(), 0777), 0);
+    const OrdinaryUser user;
+    QVERIFY2(writeFileSafely(path, oldText, &error), qPrintable(error));
+    QCOMPARE(dir.read("a.mel"), oldText);
+    QCOMPARE(int(statusOf(path).st_gid), 7);
+    QVERIFY(statusOf(path).st_ino == after.st_ino);
+    QCOMPARE(namesIn(dir), QStringList() << "a.mel");
+}
+
+void TestSafeSave::linksLeadToTheSameFile()
+{
+    ScratchDir dir;
+    QDir(dir.path()).mkpath("real/deep");
+    const QString target = dir.write("real/a.mel", oldText);
+    QVERIFY(QFile::link("real/deep", dir.file("folder")));
+    QVERIFY(QFile::link("../a.mel", dir.file("real/deep/first"))); // up from where the folder is
+    QVERIFY(QFile::link("folder/first", dir.file("second")));
+    QString error;
+    QVERIFY2(writeFileSafely(dir.file("second"), newText, &error), qPrintable(error));
+    QVERIFY(QFileInfo(dir.file("second")).isSymLink());
+    QVERIFY(QFileInfo(dir.file("real/deep/first")).isSymLink());
+    QVERIFY(!QFileInfo(target).isSymLink());
+    QCOMPARE(dir.read("real/a.mel"), newText);
+
+    QVERIFY(QFile::link("real/nothing-yet", dir.file("dangling")));
+    QVERIFY2(writeFileSafely(dir.file("dangling"), newText, &error), qPrintable(error));
+    QCOMPARE(dir.read("real/nothing-yet"), newText);
+
+    QVERIFY(QFile::link("circle", dir.file("circle")));
+    QVERIFY(!writeFileSafely(dir.file("circle"), newText, &error));
+    QVERIFY(!error.isEmpty());
+}
+
+void TestSafeSave::namesOfOneFileStayTogether()
+{
+    ScratchDir dir;
+    const QString path = dir.write("a.mel", oldText);
+    QVERIFY(addName(path, dir.file("b.mel")));
+    QString error;
+    QVERIFY2(writeFileSafely(path, newText, &error), qPrintable(error));
+    QCOMPARE(dir.read("b.mel"), newText);
+    QVERIFY2(writeFileSafely(path, "short", &error), qPrintable(error));
+    QCOMPARE(dir.read("b.mel"), QByteArray("short"));
+}
+
+void TestSafeSave::foldersThatRefuseFilesAreWrittenInPlace()
+{
+    ScratchDir dir;
+    const QString path = dir.write("a.mel", oldText);
+    QVERIFY(QFile::setPermissions(path, QFile::Permissions(0x6666)));
+    const QByteArray folder = QFile::encodeName(dir.path());
+    QCOMPARE(chmod(folder.constData(), 0555), 0);
+    QString error;
+    {
+        const OrdinaryUser user;
+        QVERIFY2(writeFileSafely(path, newText, &error), qPrintable(error));
+        QCOMPARE(dir.read("a.mel"), newText);
+        QVERIFY(!writeFileSafely(dir.file("new"), newText, &error));
+        QVERIFY(!error.isEmpty());
+    }
+    QCOMPARE(chmod(folder.constData(), 0755), 0);
+}
+
+void TestSafeSave::writeProtectedFilesAreLeftAlone()
+{
+    ScratchDir dir;
+    const QString path = dir.write("a.mel", oldText);
+    QCOMPARE(chmod(QFile::encodeName(path).constData(), 0444), 0);
+    QCOMPARE(chmod(QFile::encodeName(dir.path()).constData(), 0777), 0);
+    QString error;
+    const OrdinaryUser user;
+    QVERIFY(!writeFileSafely(path, newText, &error));
+    QVERIFY(!error.isEmpty());
+    QCOMPARE(dir.read("a.mel"), oldText);
+}
+
+void TestSafeSave::onlyRegularFilesAreWritten()
+{
+    ScratchDir dir;
+    const QString pipe = dir.file("pipe");
+    QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    const QStringList paths = QStringList() << dir.path() << pipe << "/dev/null";
+    for (const QString &path : paths) {
+        QString error;
+        QVERIFY(!writeFileSafely(path, newText, &error)); // a pipe nobody reads would wait
+        QCOMPARE(error, QString("This is not a regular file"));
+    }
+}
+
+CORVANE_TEST_MAIN(TestSafeSave)
+#include "tst_safesave.moc"
