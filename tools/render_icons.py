@@ -73,10 +73,15 @@ TOOL_BAR = {
     "refresh": icon("refresh-cw"),
 }
 
-# The gutter and the outline.
-SMALL = {
+# The gutter, whose bar of icons is 14 pixels wide.
+GUTTER = {
     "error": icon("circle-x", RED),
     "warning": icon("triangle-alert", AMBER),
+    "info": icon("info", BLUE),
+}
+
+# The outline.
+SMALL = {
     "todo": icon("list-todo", BLUE),
     "result": icon("corner-down-right", GREEN),
     "class": icon("box", AMBER),
@@ -100,6 +105,7 @@ APPLICATION = icon("bird", TEAL)
 # size, icons
 EDITOR_SETS = [
     (20, TOOL_BAR),
+    (14, GUTTER),
     (16, SMALL),
     (16, {"corvane": APPLICATION}),
     (32, {"corvane32": APPLICATION}),
