@@ -25,14 +25,30 @@ QPixmap pixmap(const QString &path)
     return result;
 }
 
+QString twinOf(QString path)
+{
+    return path.insert(path.lastIndexOf(QLatin1Char('.')), QLatin1String("@2x"));
+}
+
 } // namespace
+
+QImage image(const QString &path)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 6, 0)
+    if (qApp->devicePixelRatio() > 1) {
+        QImage sharp(twinOf(path), "PNG");
+        sharp.setDevicePixelRatio(2);
+        return sharp;
+    }
+#endif
+    return QImage(path, "PNG");
+}
 
 QIcon icon(const QString &path)
 {
     QIcon result;
     result.addPixmap(pixmap(path));
-    QString twin = path;
-    twin.insert(twin.lastIndexOf(QLatin1Char('.')), QLatin1String("@2x"));
+    const QString twin = twinOf(path);
 #if QT_VERSION >= QT_VERSION_CHECK(5, 6, 0)
     if (qApp->devicePixelRatio() > 1 && QFile::exists(twin)) {
         QPixmap sharp = pixmap(twin);

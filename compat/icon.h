@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QIcon>
+#include <QImage>
 #include <QString>
 
 namespace compat {
@@ -9,5 +10,9 @@ namespace compat {
 // An icon with its twin of double size, "name@2x.png" beside "name.png", where there is one. PNG
 // only; an icon without pixels when there is no such file. Needs the application object.
 QIcon icon(const QString &path);
+
+// A picture to be painted at its own size: the twin, with its ratio of pixels, on a display that
+// has them.
+QImage image(const QString &path);
 
 } // namespace compat

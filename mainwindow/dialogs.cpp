@@ -5,7 +5,7 @@
 #include "mainwindow/programnames.h"
 #include "workspace/choicebox.h"
 #include "workspace/edcodeview.h"
-#include "workspace/plaincodeedit.h"
+#include "editor/edcodeedit.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -92,6 +92,10 @@ void Kestrowl::connectCentralWidget()
     connect(m_central, SIGNAL(overwriteModeChanged()), SLOT(updateInsertOverwriteStatus()));
     connect(m_central, SIGNAL(cursorStatusChanged(int, int, int)),
             SLOT(updateCursorStatus(int, int, int)));
+    connect(m_central, SIGNAL(quickHelpSelected(QString, bool)),
+            SLOT(updateAndShowQuickHelp(QString, bool)));
+    connect(m_central, SIGNAL(commandDocumentationSelected(QString, bool)),
+            SIGNAL(commandHelpRequested(QString, bool)));
     connect(m_central, SIGNAL(tabSaveSelected()), SLOT(save()));
     connect(m_central, SIGNAL(tabSaveAsSelected()), SLOT(saveAs()));
     connect(m_central, SIGNAL(activeBufferNameChanged(QString)), SLOT(setTitleBufferName(QString)));
@@ -175,6 +179,7 @@ void Kestrowl::updatePreferences()
     m_output->setLineLimit(preferences().outputWindowBufferSize);
     m_output->setTabWidth(preferences().tabSize); // columns
     m_output->applyColors();
+    m_central->updateTabsAndSpaces();
     m_central->updateFontAndColors();
     m_central->updateHiddenCharacters();
     overrideScriptEditorButton(preferences().overrideScriptEditor);

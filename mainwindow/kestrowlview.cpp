@@ -8,7 +8,7 @@
 #include "preferences/preferences.h"
 #include "workspace/edcentralwidget.h"
 #include "workspace/edcodeview.h"
-#include "workspace/plaincodeedit.h"
+#include "editor/edcodeedit.h"
 
 #include <QAction>
 #include <QDockWidget>

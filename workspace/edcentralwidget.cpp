@@ -2,7 +2,7 @@
 #include "workspace/edcentralwidget.h"
 
 #include "workspace/edcodeview.h"
-#include "workspace/plaincodeedit.h"
+#include "editor/edcodeedit.h"
 #include "workspace/saveprompt.h"
 
 #include <QInputDialog>
@@ -122,6 +122,10 @@ void EdCentralWidget::connectView()
     connect(m_view, SIGNAL(fileRenamed(QString, QString)), SIGNAL(fileRenamed(QString, QString)));
     connect(m_view, SIGNAL(overwriteModeChanged()), SIGNAL(overwriteModeChanged()));
     connect(m_view, SIGNAL(fileDropped(QString)), SIGNAL(fileDropped(QString)));
+    connect(m_view, SIGNAL(quickHelpSelected(QString, bool)),
+            SIGNAL(quickHelpSelected(QString, bool)));
+    connect(m_view, SIGNAL(commandDocumentationSelected(QString, bool)),
+            SIGNAL(commandDocumentationSelected(QString, bool)));
 }
 
 void EdCentralWidget::save()
@@ -294,20 +298,22 @@ void EdCentralWidget::focusBuffer(int bufferIndex)
         m_view->setCodeEditFocus();
 }
 
+void EdCentralWidget::updateTabsAndSpaces()
+{
+    if (m_view)
+        m_view->codeEdit()->updateTabsAndSpaces();
+}
+
 void EdCentralWidget::updateFontAndColors()
 {
-    if (!m_view)
-        return;
-    m_view->codeEdit()->applyFontAndColors();
-    m_view->highlightAgain();
+    if (m_view)
+        m_view->codeEdit()->updateFontAndColors();
 }
 
 void EdCentralWidget::updateHiddenCharacters()
 {
-    if (!m_view)
-        return;
-    m_view->codeEdit()->applyTextOption();
-    m_view->highlightAgain();
+    if (m_view)
+        m_view->codeEdit()->updateHiddenCharacters();
 }
 
 // The disabled hint lets mouse events through.

@@ -65,6 +65,7 @@ public slots:
     void focusBuffer(int bufferIndex);
 
     // Take changed preferences to the open document. Hidden characters include wrapping.
+    void updateTabsAndSpaces();
     void updateFontAndColors();
     void updateHiddenCharacters();
 
@@ -72,6 +73,8 @@ public slots:
     // opened.
 signals:
     void fileDropped(const QString &path);
+    void quickHelpSelected(const QString &text, bool ignoreWhenHidden);
+    void commandDocumentationSelected(const QString &command, bool python);
     void fileOpened(const QString &path);
     void fileClosed(const QString &path);
     void fileRenamed(const QString &oldPath, const QString &newPath);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "workspace/edcodeview.h"
 
-#include "editor/edhighlighter.h"
-#include "workspace/plaincodeedit.h"
+#include "editor/edcodeedit.h"
+#include "editor/editorlanguage.h"
 
 #include <QApplication>
 #include <QFile>
@@ -21,10 +21,22 @@ int languageOfFile(const QFileInfo &info)
     return suffix == QLatin1String("mel") ? EdCodeView::Mel : EdCodeView::Text;
 }
 
+int editorLanguage(int language)
+{
+    switch (language) {
+    case EdCodeView::Python:
+        return PythonLanguage;
+    case EdCodeView::Mel:
+        return MelLanguage;
+    default:
+        return TextLanguage;
+    }
+}
+
 } // namespace
 
 EdCodeView::EdCodeView(int bufferIndex, int language, QWidget *parent)
-    : QWidget(parent), m_codeEdit(new PlainCodeEdit(this)), m_bufferIndex(bufferIndex)
+    : QWidget(parent), m_codeEdit(new EdCodeEdit(this)), m_bufferIndex(bufferIndex)
 {
     setLanguage(language);
     QVBoxLayout *layout = new QVBoxLayout(this);
@@ -37,31 +49,17 @@ EdCodeView::EdCodeView(int bufferIndex, int language, QWidget *parent)
     connect(m_codeEdit, SIGNAL(selectionChanged()), SIGNAL(cursorStatusChanged()));
     connect(m_codeEdit, SIGNAL(overwriteModeChanged()), SIGNAL(overwriteModeChanged()));
     connect(m_codeEdit, SIGNAL(fileDropped(QString)), SIGNAL(fileDropped(QString)));
+    connect(m_codeEdit, SIGNAL(quickHelpSelected(QString, bool)),
+            SIGNAL(quickHelpSelected(QString, bool)));
+    connect(m_codeEdit, SIGNAL(commandDocumentationSelected(QString, bool)),
+            SIGNAL(commandDocumentationSelected(QString, bool)));
 }
-
-EdCodeView::~EdCodeView() = default;
 
 void EdCodeView::setLanguage(int language)
 {
-    if (language == m_language)
-        return;
     m_language = language;
-    m_highlighter.reset(); // takes its colours off the document
-    if (language == Mel)
-        m_highlighter = std::make_unique<EdHighlighterMel>(m_codeEdit->document());
-    else if (language == Python)
-        m_highlighter = std::make_unique<EdHighlighterPython>(m_codeEdit->document());
-    // At once: by itself a highlighter waits for the event loop.
-    if (m_highlighter)
-        m_highlighter->rehighlight();
-}
-
-void EdCodeView::highlightAgain()
-{
-    if (!m_highlighter)
-        return;
-    m_highlighter->readFormats();
-    m_highlighter->rehighlight();
+    m_codeEdit->setLanguage(editorLanguage(language));
+    m_codeEdit->updateTabsAndSpaces();
 }
 
 bool EdCodeView::load(const QFileInfo &info)
@@ -77,7 +75,7 @@ bool EdCodeView::load(const QFileInfo &info)
     m_fileInfo = info;
     // Before the text comes, so that it is scanned once.
     setLanguage(languageOfFile(info));
-    m_codeEdit->setPlainText(m_fileFormat.text);
+    m_codeEdit->setText(m_fileFormat.text);
     m_codeEdit->document()->setModified(false);
     return true;
 }

@@ -6,10 +6,7 @@
 #include <QFileInfo>
 #include <QWidget>
 
-#include <memory>
-
-class EdHighlighter;
-class PlainCodeEdit;
+class EdCodeEdit;
 
 // One open document: its text widget, the file behind it, and its language. A buffer is a document
 // that was never given a file. The central widget owns it; asking whether changes may be lost is
@@ -24,7 +21,6 @@ public:
 
     // A buffer index of -1 is for a view that will be given a file.
     EdCodeView(int bufferIndex, int language, QWidget *parent = nullptr);
-    ~EdCodeView() override;
 
     // Replaces the document by the file's. A file that cannot be read is reported to the user and
     // leaves the document as it was; the result is false.
@@ -37,16 +33,13 @@ public:
     // changed. Buffers have no file and are left alone.
     void rename(const QString &newName);
 
-    PlainCodeEdit *codeEdit() const { return m_codeEdit; }
+    EdCodeEdit *codeEdit() const { return m_codeEdit; }
     QFileInfo fileInfo() const { return m_fileInfo; }
     // 0 or more, -1 for a file.
     int bufferIndex() const { return m_bufferIndex; }
     bool isBuffer() const { return m_bufferIndex >= 0; }
     bool isModified() const;
     int language() const { return m_language; }
-    // Takes colours and the marks of white space from the preferences; all blocks are scanned
-    // again.
-    void highlightAgain();
     // The whole text, lines ending in "\n".
     QString text() const;
     // The selection as the text widget reports it: U+2029 between lines. Empty without one.
@@ -68,12 +61,13 @@ signals:
     void cursorStatusChanged();
     void overwriteModeChanged();
     void fileDropped(const QString &path);
+    void quickHelpSelected(const QString &text, bool ignoreWhenHidden);
+    void commandDocumentationSelected(const QString &command, bool python);
 
 private:
     void setLanguage(int language);
 
-    PlainCodeEdit *m_codeEdit;
-    std::unique_ptr<EdHighlighter> m_highlighter; // none for plain text
+    EdCodeEdit *m_codeEdit;
     QFileInfo m_fileInfo;
     TextFile m_fileFormat; // of the file as it was read; its text is brought up to date for writing
     int m_bufferIndex;

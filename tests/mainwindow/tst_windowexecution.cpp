@@ -36,7 +36,7 @@ private:
     QSignalSpy m_python;
 };
 
-void select(PlainCodeEdit *edit, int from, int to)
+void select(EdCodeEdit *edit, int from, int to)
 {
     QTextCursor cursor = edit->textCursor();
     cursor.setPosition(from);
@@ -50,7 +50,7 @@ class SaveCounter : public QObject
     Q_OBJECT
 
 public:
-    explicit SaveCounter(PlainCodeEdit *edit) : m_document(edit->document())
+    explicit SaveCounter(EdCodeEdit *edit) : m_document(edit->document())
     {
         m_document->setModified(true);
         connect(m_document, SIGNAL(modificationChanged(bool)), SLOT(count(bool)));

@@ -6,7 +6,7 @@
 #include "tests/support/scratchdir.h"
 #include "workspace/edcentralwidget.h"
 #include "workspace/edcodeview.h"
-#include "workspace/plaincodeedit.h"
+#include "editor/edcodeedit.h"
 
 #include <QAction>
 #include <QApplication>
@@ -19,7 +19,7 @@ struct WindowFixture
 
     WindowFixture() : window(dir.path(), dir.path()) {}
 
-    PlainCodeEdit *edit() const { return window.central()->currentCodeView()->codeEdit(); }
+    EdCodeEdit *edit() const { return window.central()->currentCodeView()->codeEdit(); }
     QAction *action(Action id) const { return window.action(id); }
 
     void showActive()

@@ -5,7 +5,7 @@
 #include "tests/support/testmain.h"
 #include "workspace/edcentralwidget.h"
 #include "workspace/edcodeview.h"
-#include "workspace/plaincodeedit.h"
+#include "editor/edcodeedit.h"
 
 #include <QApplication>
 #include <QDragEnterEvent>
@@ -35,7 +35,6 @@ private slots:
     void renamingNeverOverwrites();
     void reloadingAsksWhenModified();
     void tabsBecomeSpaces();
-    void tabKeyFillsToTheNextStop();
     void droppedFilesAreReported();
     void namesAndCursorAreReported();
     void doubleClickOnNothingAsksForABuffer();
@@ -216,25 +215,12 @@ void TestEdCentralWidget::tabsBecomeSpaces()
 {
     EdCentralWidget central;
     central.newMelBuffer();
-    PlainCodeEdit *edit = central.currentCodeView()->codeEdit();
+    EdCodeEdit *edit = central.currentCodeView()->codeEdit();
     edit->setPlainText("\ta\n a\tb\t\nno tab");
     central.convertTabsToSpaces();
     QCOMPARE(edit->text(), QString("    a\n a  b   \nno tab"));
     central.undo();
     QCOMPARE(edit->text(), QString("\ta\n a\tb\t\nno tab"));
-}
-
-void TestEdCentralWidget::tabKeyFillsToTheNextStop()
-{
-    EdCentralWidget central;
-    central.newMelBuffer();
-    PlainCodeEdit *edit = central.currentCodeView()->codeEdit();
-    QTest::keyClicks(edit, "ab");
-    QTest::keyClick(edit, Qt::Key_Tab);
-    QCOMPARE(edit->text(), QString("ab  "));
-    preferences().insertSpaces = false;
-    QTest::keyClick(edit, Qt::Key_Tab);
-    QCOMPARE(edit->text(), QString("ab  \t"));
 }
 
 void TestEdCentralWidget::droppedFilesAreReported()

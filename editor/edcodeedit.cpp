@@ -1,0 +1,266 @@
+// SPDX-License-Identifier: MIT
+#include "editor/edcodeedit.h"
+
+#include "analysis/baseparser.h"
+#include "compat/icon.h"
+#include "compat/text.h"
+#include "editor/edcodeeditlinenumbers.h"
+#include "editor/edcompleter.h"
+#include "editor/edhighlighter.h"
+#include "editor/editorlanguage.h"
+#include "preferences/preferences.h"
+#include "preferences/textformats.h"
+#include "resources/resources.h"
+
+#include <QFocusEvent>
+#include <QScrollBar>
+#include <QTextBlock>
+#include <QTextOption>
+
+#include <algorithm>
+
+namespace {
+
+bool overwriteFlag = false; // for all editors
+
+std::unique_ptr<EdHighlighter> highlighterFor(int language, QTextDocument *document)
+{
+    if (language == PythonLanguage)
+        return std::make_unique<EdHighlighterPython>(document);
+    if (language == MelLanguage)
+        return std::make_unique<EdHighlighterMel>(document);
+    return nullptr;
+}
+
+} // namespace
+
+EdCodeEdit::EdCodeEdit(QWidget *parent)
+    : QPlainTextEdit(parent), m_lineNumbers(new EdCodeEditLineNumbers(this)),
+      m_completer(new EdCompleter(this))
+{
+    initResources();
+    m_errorImage = compat::image(QLatin1String(":/icons/error.png"));
+    m_warningImage = compat::image(QLatin1String(":/icons/warning.png"));
+    m_infoImage = compat::image(QLatin1String(":/icons/info.png"));
+    setFocusPolicy(Qt::WheelFocus);
+    setOverwriteMode(overwriteFlag);
+    updateFontAndColors();
+
+    connect(document(), SIGNAL(blockCountChanged(int)), SLOT(updateLineNumberWidth()));
+    connect(this, SIGNAL(updateRequest(QRect, int)), SLOT(updateLineNumbers(QRect, int)));
+    connect(this, SIGNAL(cursorPositionChanged()), SLOT(updateExtraSelections()));
+    connect(this, SIGNAL(selectionChanged()), SLOT(updateExtraSelections()));
+    connect(verticalScrollBar(), SIGNAL(valueChanged(int)), SLOT(updateExtraSelections()));
+    connect(m_completer, SIGNAL(activated(QString, int)), SLOT(completeCode(QString, int)));
+    connect(document(), SIGNAL(contentsChange(int, int, int)),
+            SLOT(onContentsChange(int, int, int)));
+    updateLineNumberWidth();
+    updateExtraSelections();
+}
+
+EdCodeEdit::~EdCodeEdit() = default;
+
+void EdCodeEdit::setLanguage(int language)
+{
+    if (language == m_language)
+        return;
+    m_language = language;
+    m_highlighter.reset(); // takes its colours off the document
+    m_highlighter = highlighterFor(language, document());
+    // At once: by itself a highlighter waits for the event loop.
+    if (m_highlighter)
+        m_highlighter->rehighlight();
+}
+
+// Blocks keep the characters that toPlainText() replaces.
+QString EdCodeEdit::text() const
+{
+    QString joined;
+    joined.reserve(document()->characterCount());
+    joined += document()->begin().text();
+    for (QTextBlock block = document()->begin().next(); block.isValid(); block = block.next())
+        joined += QLatin1Char('\n') + block.text();
+    return joined;
+}
+
+void EdCodeEdit::setText(const QString &text)
+{
+    clearDiagnostics(); // rather than moving and dropping them one by one
+    setPlainText(text);
+}
+
+int EdCodeEdit::currentLine() const
+{
+    return textCursor().blockNumber() + 1;
+}
+
+void EdCodeEdit::goToLine(int line)
+{
+    const QTextBlock block = document()->findBlockByNumber(line - 1);
+    if (block.isValid())
+        setTextCursor(QTextCursor(block));
+}
+
+void EdCodeEdit::setCursorSelection(int position, int anchor)
+{
+    const int last = document()->characterCount() - 1;
+    QTextCursor cursor = textCursor();
+    cursor.setPosition(std::clamp(anchor, 0, last));
+    cursor.setPosition(std::clamp(position, 0, last), QTextCursor::KeepAnchor);
+    setTextCursor(cursor);
+    centerCursor();
+}
+
+void EdCodeEdit::setCursorPosition(int position)
+{
+    setCursorSelection(position, position);
+}
+
+void EdCodeEdit::clearSelection()
+{
+    QTextCursor cursor = textCursor();
+    cursor.clearSelection();
+    setTextCursor(cursor);
+}
+
+void EdCodeEdit::scrollToTop()
+{
+    verticalScrollBar()->setValue(verticalScrollBar()->minimum());
+}
+
+void EdCodeEdit::setModified(bool modified)
+{
+    document()->setModified(modified);
+}
+
+void EdCodeEdit::clearText()
+{
+    QTextCursor cursor(document());
+    cursor.select(QTextCursor::Document);
+    cursor.removeSelectedText();
+}
+
+void EdCodeEdit::updateFontAndColors()
+{
+    setFont(editorFont());
+    setPalette(
+        withTextColors(palette(), textFormat(EditorText::Plain), textFormat(EditorText::Selected)));
+    updateHiddenCharacters();
+    updateLineNumberWidth();
+    m_lineNumbers->update();
+    updateExtraSelections();
+}
+
+// What the language's own values are for; those of the others do not matter then.
+void EdCodeEdit::updateTabsAndSpaces()
+{
+    const Preferences &chosen = preferences();
+    if (m_language == MelLanguage && !chosen.melUseDefaults) {
+        m_tabSize = chosen.melTabSize;
+        m_replaceTabs = chosen.melInsertSpaces;
+        m_autoIndent = chosen.melAutoIndent;
+    } else if (m_language == PythonLanguage && !chosen.pyUseDefaults) {
+        m_tabSize = chosen.pyTabSize;
+        m_replaceTabs = chosen.pyInsertSpaces;
+        m_autoIndent = chosen.pyAutoIndent;
+    } else {
+        m_tabSize = chosen.tabSize;
+        m_replaceTabs = chosen.insertSpaces;
+        m_autoIndent = chosen.autoIndent;
+    }
+    applyTextOption();
+}
+
+// The marks' colours are the highlighter's work.
+void EdCodeEdit::updateHiddenCharacters()
+{
+    applyTextOption();
+    if (!m_highlighter)
+        return;
+    m_highlighter->readFormats();
+    m_highlighter->rehighlight();
+}
+
+// Deliberate: between words only, so that a name is never torn; a longer one is scrolled to.
+void EdCodeEdit::applyTextOption()
+{
+    const bool wraps = preferences().wordWrapEnabled;
+    setWordWrapMode(QTextOption::WordWrap);
+    setLineWrapMode(wraps ? WidgetWidth : NoWrap);
+    QTextOption option = document()->defaultTextOption();
+    QTextOption::Flags flags;
+    if (preferences().showTabsAndSpaces)
+        flags |= QTextOption::ShowTabsAndSpaces;
+    if (preferences().showEndOfLine)
+        flags |= QTextOption::ShowLineAndParagraphSeparators;
+    option.setFlags(flags);
+    option.setWrapMode(wraps ? QTextOption::WordWrap : QTextOption::NoWrap);
+    const int blank = compat::textWidth(QFontMetrics(font()), QLatin1String(" "));
+    compat::setTabStop(option, m_tabSize * blank);
+    document()->setDefaultTextOption(option);
+}
+
+void EdCodeEdit::setTabSize(int tabSize)
+{
+    m_tabSize = std::max(tabSize, 1);
+    applyTextOption();
+}
+
+void EdCodeEdit::setReplaceTabsWithSpaces(bool replaceTabs)
+{
+    m_replaceTabs = replaceTabs;
+}
+
+void EdCodeEdit::setAutoIndent(bool autoIndent)
+{
+    m_autoIndent = autoIndent;
+}
+
+bool EdCodeEdit::isOverwriting()
+{
+    return overwriteFlag;
+}
+
+void EdCodeEdit::toggleOverwriteMode()
+{
+    overwriteFlag = !overwriteFlag;
+    setOverwriteMode(overwriteFlag);
+    emit overwriteModeChanged();
+}
+
+void EdCodeEdit::updateCompleter()
+{
+    m_completer->begin(EdCompleter::OnLetters, m_language);
+}
+
+void EdCodeEdit::completeCode(const QString &text, int prefixLength)
+{
+    QTextCursor cursor = textCursor();
+    cursor.clearSelection();
+    cursor.setPosition(std::max(cursor.position() - prefixLength, 0), QTextCursor::KeepAnchor);
+    cursor.insertText(text);
+    setTextCursor(cursor);
+}
+
+void EdCodeEdit::moveToOtherView()
+{
+    emit moveToOtherViewSelected();
+}
+
+void EdCodeEdit::quickHelp()
+{
+    QString text = textCursor().selectedText();
+    emit quickHelpSelected(text.replace(QChar::ParagraphSeparator, QLatin1Char('\n')), false);
+}
+
+void EdCodeEdit::commandDocumentation()
+{
+    emit commandDocumentationSelected(textCursor().selectedText().trimmed(),
+                                      m_language == PythonLanguage);
+}
+
+void EdCodeEdit::focusInEvent(QFocusEvent *event)
+{
+    QPlainTextEdit::focusInEvent(event);
+    emit gainedFocus();
+}

@@ -1,0 +1,195 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "editor/diagnosticmarks.h"
+#include "editor/extraselections.h"
+
+#include <QImage>
+#include <QPlainTextEdit>
+
+#include <memory>
+
+class BaseParser;
+class EdCodeEditLineNumbers;
+class EdCompleter;
+class EdHighlighter;
+
+// The text widget of every document: plain text with the keys, indentation, marks and gutter that
+// scripts want. Owned by its code view, which tells it the language and what the parsers found.
+// Here is what needs the widget; the work on the text is done by the units beside it. Knows no
+// file. Positions are 0-based UTF-16 units of the document, whose lines are one unit apart.
+class EdCodeEdit : public QPlainTextEdit
+{
+    Q_OBJECT
+
+public:
+    explicit EdCodeEdit(QWidget *parent = nullptr);
+    ~EdCodeEdit() override;
+
+    // An EditorLanguage; 0 before it is set. A change replaces the highlighter.
+    int language() const { return m_language; }
+    void setLanguage(int language);
+    // Null for plain text.
+    EdHighlighter *highlighter() const { return m_highlighter.get(); }
+    EdCompleter *completer() const { return m_completer; }
+
+    int tabSize() const { return m_tabSize; } // columns
+    bool replacesTabsWithSpaces() const { return m_replaceTabs; }
+    bool isAutoIndenting() const { return m_autoIndent; }
+
+    // The lines joined by "\n", with every other character as it stands: toPlainText() would turn
+    // no-break spaces into spaces.
+    QString text() const;
+    // Replaces the document; cannot be undone. Lines end in "\n".
+    void setText(const QString &text);
+
+    // Counted from 1.
+    int currentLine() const;
+    // Puts the caret at the start of a line, counted from 1; nothing when there is none.
+    void goToLine(int line);
+    // Both bring the caret to the middle of the view; positions outside become the nearest inside.
+    void setCursorSelection(int position, int anchor);
+    void setCursorPosition(int position);
+    void clearSelection();
+    void scrollToTop();
+
+    // Shows what a parser of the text, as it is now, has found.
+    void setDiagnostics(const BaseParser &parser);
+    void clearDiagnostics();
+    // Messages by 0-based line.
+    const QMap<int, QString> &errorLines() const { return m_errors.lines(); }
+    const QMap<int, QString> &warningLines() const { return m_warnings.lines(); }
+    const QMap<int, QString> &infoLines() const { return m_infos.lines(); }
+    const DiagnosticMarks &errors() const { return m_errors; }
+    const DiagnosticMarks &warnings() const { return m_warnings; }
+    const DiagnosticMarks &infos() const { return m_infos; }
+
+    // One flag for all editors: each applies it when it is told, with setOverwriteMode().
+    static bool isOverwriting();
+
+    // For the gutter: its width in pixels, and what it shows.
+    int lineNumberWidth() const;
+    void paintLineNumbers(QWidget *gutter, const QPaintEvent &event);
+
+signals:
+    void gainedFocus(bool multiBlockOnly = false);
+    // The flag for all editors has changed.
+    void overwriteModeChanged();
+    void findReplaceMessageChanged(const QString &message);
+    void moveToOtherViewSelected();
+    void executeSelected();
+    void quickHelpSelected(const QString &text, bool ignoreWhenHidden);
+    // Once for each local file that was dropped; the path is absolute.
+    void fileDropped(const QString &path);
+    void previousTabSelected();
+    void nextTabSelected();
+    // For whoever can open Maya's documentation, the page of a command.
+    void commandDocumentationSelected(const QString &command, bool python);
+
+public slots:
+    void setModified(bool modified = true);
+    // One step to undo.
+    void clearText();
+    // These take what the preferences say now.
+    void updateFontAndColors();
+    void updateTabsAndSpaces();
+    void updateHiddenCharacters();
+
+    void setTabSize(int tabSize);
+    void setReplaceTabsWithSpaces(bool replaceTabs = true);
+    void setAutoIndent(bool autoIndent = true);
+
+    // To the first character of the line that is not blank, or, from there, to the line's start;
+    // with Ctrl to the document's. Shift selects.
+    void home(bool shiftKey, bool ctrlKey);
+    void duplicateText();
+    void deleteLines();
+    void increaseIndent();
+    void decreaseIndent();
+    void convertTabsToSpaces();
+
+    void toggleOverwriteMode();
+    // Tells the popup that the text before the caret has changed.
+    void updateCompleter();
+    void completeCode(const QString &text, int prefixLength);
+    void onContentsChange(int position, int charsRemoved, int charsAdded);
+    void moveToOtherView();
+    void quickHelp();
+    void commandDocumentation();
+
+    void updateLineNumberWidth();
+    void updateLineNumbers(const QRect &rect, int dy);
+    void updateExtraSelections();
+    // Each adds its kind to the extra selections; only updateExtraSelections() shows them.
+    void highlightErrors();
+    void highlightCurrentLine();
+    void highlightMatchedSelection();
+    void matchParenthesis();
+
+protected:
+    bool event(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dragMoveEvent(QDragMoveEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+    QMimeData *createMimeDataFromSelection() const override;
+    void insertFromMimeData(const QMimeData *source) override;
+
+private:
+    // What a step did with a key: left it to the next step, took it, or took it in a way that
+    // changes what can be completed.
+    enum class Key { Left, Taken, Typed };
+    typedef Key (EdCodeEdit::*KeyStep)(QKeyEvent *event);
+    static const KeyStep keySteps[];
+
+    Key hideToolTip(QKeyEvent *event);
+    Key keypadEnterExecutes(QKeyEvent *event);
+    Key plainReturnForShiftReturn(QKeyEvent *event);
+    Key leaveKeyToPopup(QKeyEvent *event);
+    Key returnKey(QKeyEvent *event);
+    Key leaveSearchKeys(QKeyEvent *event);
+    Key helpKeys(QKeyEvent *event);
+    Key tabKeys(QKeyEvent *event);
+    Key insertKey(QKeyEvent *event);
+    Key homeKey(QKeyEvent *event);
+    Key electricBrace(QKeyEvent *event);
+    Key openingBracket(QKeyEvent *event);
+    Key commandKeys(QKeyEvent *event);
+    Key otherKey(QKeyEvent *event);
+
+    void pressInstead(int key, Qt::KeyboardModifiers modifiers);
+    void hidePopupFor(const QKeyEvent &event);
+    Key beginCompletion(const QKeyEvent &event, bool wordStartsHere);
+    QChar characterBefore(int position) const;
+
+    void applyTextOption();
+    void applyDiagnostics();
+    bool showDiagnosticToolTip(const QPoint &place, const QPoint &globalPlace);
+    void widenToVariable();
+    void dragSelection();
+    QTextBlock lastVisibleBlock() const;
+    void paintLine(QPainter *painter, int line, int top, int width) const;
+
+    EdCodeEditLineNumbers *m_lineNumbers;
+    EdCompleter *m_completer;
+    int m_language = 0;
+    int m_tabSize = 4;
+    bool m_replaceTabs = true;
+    bool m_autoIndent = true;
+    bool m_extraSelectionsEnabled = true;
+    ExtraSelections m_extraSelections;
+    QImage m_errorImage;
+    QImage m_warningImage;
+    QImage m_infoImage;
+    DiagnosticMarks m_errors;
+    DiagnosticMarks m_warnings;
+    DiagnosticMarks m_infos;
+    int m_blockCount = 1;  // as of the last change of the text
+    int m_marginWidth = 0; // pixels that the view leaves to the gutter
+    std::unique_ptr<EdHighlighter> m_highlighter;
+};

@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: MIT
+#include "editor/extraselections.h"
+
+#include "editor/diagnosticmarks.h"
+#include "preferences/textformats.h"
+
+#include <QTextBlock>
+#include <QTextCursor>
+
+#include <algorithm>
+
+namespace {
+
+bool isWordUnit(QChar unit)
+{
+    return unit.isLetterOrNumber() || unit.isMark() || unit == QLatin1Char('_');
+}
+
+bool isWord(const QString &text)
+{
+    return !text.isEmpty() && std::all_of(text.begin(), text.end(), isWordUnit);
+}
+
+bool standsAlone(const QString &line, int start, int length)
+{
+    const int end = start + length;
+    return (start == 0 || !isWordUnit(line.at(start - 1))) &&
+           (end == line.size() || !isWordUnit(line.at(end)));
+}
+
+QTextCursor cursorOver(const QTextBlock &block, int start, int length)
+{
+    QTextCursor cursor(block);
+    cursor.setPosition(block.position() + start);
+    cursor.setPosition(block.position() + start + length, QTextCursor::KeepAnchor);
+    return cursor;
+}
+
+QTextEdit::ExtraSelection selectionOver(const QTextCursor &cursor, const QTextCharFormat &format)
+{
+    QTextEdit::ExtraSelection selection;
+    selection.cursor = cursor;
+    selection.format = format;
+    return selection;
+}
+
+void addWord(const QString &word, const QTextBlock &block, const QTextCharFormat &format,
+             ExtraSelections *selections)
+{
+    const QString line = block.text();
+    const int length = int(word.size());
+    for (int at = int(line.indexOf(word)); at >= 0; at = int(line.indexOf(word, at + length))) {
+        if (standsAlone(line, at, length))
+            *selections << selectionOver(cursorOver(block, at, length), format);
+    }
+}
+
+void addUnderlines(const DiagnosticMarks &marks, OutputText category, int firstLine, int lastLine,
+                   ExtraSelections *selections)
+{
+    QTextCharFormat format;
+    format.setUnderlineStyle(QTextCharFormat::WaveUnderline);
+    format.setUnderlineColor(textFormat(category).foreground);
+    for (const EdDiagnosticMark &mark : marks.all()) {
+        if (mark.line < firstLine || mark.line > lastLine)
+            continue;
+        QTextCursor cursor = mark.characters;
+        cursor.setPosition(mark.start);
+        cursor.setPosition(mark.end, QTextCursor::KeepAnchor);
+        *selections << selectionOver(cursor, format);
+    }
+}
+
+} // namespace
+
+void addCurrentLine(const QTextCursor &caret, ExtraSelections *selections)
+{
+    QTextCharFormat format;
+    format.setBackground(textFormat(EditorText::CurrentLine).background);
+    format.setProperty(QTextFormat::FullWidthSelection, true);
+    QTextCursor line = caret;
+    line.clearSelection();
+    *selections << selectionOver(line, format);
+}
+
+void addMatchedSelections(const QTextCursor &caret, const QTextBlock &first, const QTextBlock &last,
+                          ExtraSelections *selections)
+{
+    const QTextBlock line = caret.document()->findBlock(caret.selectionStart());
+    if (!caret.hasSelection() || line.length() > longLine || !line.contains(caret.selectionEnd()))
+        return;
+    const QString word = caret.selectedText();
+    const int start = caret.selectionStart() - line.position();
+    if (!isWord(word) || !standsAlone(line.text(), start, int(word.size())))
+        return;
+    const QTextCharFormat format = textFormat(EditorText::MatchingSelection).charFormat();
+    for (QTextBlock block = first; block.isValid(); block = block.next()) {
+        if (block.length() <= longLine)
+            addWord(word, block, format, selections);
+        if (block == last)
+            break;
+    }
+}
+
+void addErrorUnderlines(const DiagnosticMarks &errors, const DiagnosticMarks &warnings,
+                        const DiagnosticMarks &notes, int firstLine, int lastLine,
+                        ExtraSelections *selections)
+{
+    addUnderlines(notes, OutputText::Results, firstLine, lastLine, selections);
+    addUnderlines(warnings, OutputText::Warnings, firstLine, lastLine, selections);
+    addUnderlines(errors, OutputText::Errors, firstLine, lastLine, selections);
+}
+
+void addMatchingBrackets(const QTextCursor &, ExtraSelections *) {}

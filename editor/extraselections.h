@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QList>
+#include <QTextEdit>
+
+class DiagnosticMarks;
+class QTextBlock;
+class QTextCursor;
+
+// What an editor marks beside its selection. Each function adds one kind to a list, of which later
+// entries are painted over earlier ones, and takes time by what is visible, not by the document.
+// Lines of more than longLine UTF-16 units get no marks inside them: on such a line Qt alone is
+// slow enough.
+typedef QList<QTextEdit::ExtraSelection> ExtraSelections;
+
+const int longLine = 20000;
+
+// The caret's line over the whole width.
+void addCurrentLine(const QTextCursor &caret, ExtraSelections *selections);
+// Whole words equal to the selected one in the blocks from `first` to `last`; nothing when the
+// selection is not a word.
+void addMatchedSelections(const QTextCursor &caret, const QTextBlock &first, const QTextBlock &last,
+                          ExtraSelections *selections);
+// The bracket before the caret and its partner; nothing when it has none or something is selected.
+void addMatchingBrackets(const QTextCursor &caret, ExtraSelections *selections);
+// Wavy lines under the marks whose line is one of those, 0-based, both ends included.
+void addErrorUnderlines(const DiagnosticMarks &errors, const DiagnosticMarks &warnings,
+                        const DiagnosticMarks &notes, int firstLine, int lastLine,
+                        ExtraSelections *selections);
