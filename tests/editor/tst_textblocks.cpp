@@ -1,0 +1,154 @@
+// SPDX-License-Identifier: MIT
+#include "editor/textblocks.h"
+#include "tests/editor/scriptedit.h"
+#include "tests/support/testmain.h"
+
+class TextBlocksTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void bracketsMatch_data();
+    void bracketsMatch();
+    void onlyStoredBracketsMatch();
+    void openBracketsAreFound_data();
+    void openBracketsAreFound();
+    void statementsBeginWhereTheirParenthesesDo_data();
+    void statementsBeginWhereTheirParenthesesDo();
+    void blocksWithoutDataAreAllCode();
+    void returnTrimsTheDataThatNobodyElseRenews();
+};
+
+namespace {
+
+void row(const char *tag, const char *given, const char *expected)
+{
+    QTest::newRow(tag) << QString::fromLatin1(given) << QString::fromLatin1(expected);
+}
+
+void addColumns()
+{
+    QTest::addColumn<QString>("given");
+    QTest::addColumn<QString>("expected");
+}
+
+TextPlace placeOf(const QTextCursor &cursor)
+{
+    return {cursor.block(), cursor.positionInBlock()};
+}
+
+// With the caret moved there; empty for no place.
+QString drawingAt(const TextPlace &place)
+{
+    if (!place.isValid())
+        return QString();
+    QTextCursor cursor(place.block);
+    cursor.setPosition(place.block.position() + place.column);
+    return drawing(cursor);
+}
+
+} // namespace
+
+// The caret stands before the bracket, in the result before the one that matches.
+void TextBlocksTest::bracketsMatch_data()
+{
+    addColumns();
+    row("forwards-over-lines", "a|{\n{}\n}", "a{\n{}\n|}");
+    row("backwards-over-lines", "a{\n{}\n|}", "a|{\n{}\n}");
+    row("other-kinds-do-not-count", "|(]{)", "(]{|)");
+    row("by-column-behind-a-string", "(a) \"\" |(b) + (c)", "(a) \"\" (b|) + (c)");
+    row("by-column-not-as-stored", "((a)(b)|)", "|((a)(b))");
+    row("brackets-in-strings-do-not-count", "f|(\")\" /* ) */ )", "f(\")\" /* ) */ |)");
+    row("no-match-forwards", "|(\n(", "");
+    row("no-match-backwards", ")\n|)", "");
+    row("bracket-in-a-string", "\"|(\" )", "");
+    row("no-bracket", "|a()", "");
+}
+
+void TextBlocksTest::bracketsMatch()
+{
+    QFETCH(QString, given);
+    QFETCH(QString, expected);
+    const ScriptEdit script(MelLanguage, given);
+    QCOMPARE(drawingAt(matchingBracket(placeOf(script.cursor))), expected);
+}
+
+void TextBlocksTest::onlyStoredBracketsMatch()
+{
+    const ScriptEdit script(TextLanguage, QString::fromLatin1("|()"));
+    QVERIFY(!matchingBracket(placeOf(script.cursor)).isValid());
+}
+
+// The caret stands before the bracket that is open at the line's end.
+void TextBlocksTest::openBracketsAreFound_data()
+{
+    addColumns();
+    row("none", "f(a)[b]{c}", "");
+    row("last-of-several", "f(a, [b, c", "f(a, |[b, c");
+    row("closed-ones-are-passed-over", "f(a, [b], g()", "f|(a, [b], g()");
+    row("kinds-are-counted-apart", "f(a]", "f|(a]");
+    row("closers-of-lines-above", ") f(", ") f|(");
+    row("brace", "{a, (b)", "|{a, (b)");
+}
+
+void TextBlocksTest::openBracketsAreFound()
+{
+    QFETCH(QString, given);
+    QFETCH(QString, expected);
+    const ScriptEdit script(PythonLanguage, given + QLatin1Char('|'));
+    const QTextBlock line = script.document.begin();
+    const int column = unclosedOpener(line, true);
+    QCOMPARE(column < 0 ? QString() : drawingAt({line, column}), expected);
+    if (given.contains(QLatin1Char('{')))
+        QCOMPARE(unclosedOpener(line, false), -1);
+}
+
+// The caret stands where the code ends, in the result at the start of the line that is found.
+void TextBlocksTest::statementsBeginWhereTheirParenthesesDo_data()
+{
+    addColumns();
+    row("no-parenthesis", "a(\nb|", "a(\n|b");
+    row("parenthesis-in-the-line", "a\nif (b) |{", "a\n|if (b) {");
+    row("lines-above", "a\nif (b,\nc(d)) |{ e(); }", "a\n|if (b,\nc(d)) { e(); }");
+    row("one-up-from-a-lone-condition", "if // a\n (b,\nc)|", "|if // a\n (b,\nc)");
+    row("first-line-has-none-above", "(b)|", "|(b)");
+    row("code-before-the-line", "if (a,\nb)\n// c\n|{", "|if (a,\nb)\n// c\n{");
+    row("no-code-before", "// a\n|{", "// a\n|{");
+    row("unmatched", "a\nb)|", "a\n|b)");
+    row("strings-are-cut-out", "f(\na \"{\" + \"(\" )|{ {", "|f(\na \"{\" + \"(\" ){ {");
+}
+
+void TextBlocksTest::statementsBeginWhereTheirParenthesesDo()
+{
+    QFETCH(QString, given);
+    QFETCH(QString, expected);
+    const ScriptEdit script(MelLanguage, given);
+    QCOMPARE(drawingAt({statementStart(placeOf(script.cursor)), 0}), expected);
+}
+
+void TextBlocksTest::blocksWithoutDataAreAllCode()
+{
+    const ScriptEdit script(TextLanguage, QString::fromLatin1(" a // b |\n\n \n"));
+    const QTextBlock first = script.document.begin();
+    const QTextBlock last = script.document.lastBlock();
+    QCOMPARE(codeOf(first), QString::fromLatin1("a // b"));
+    QCOMPARE(nearestWithCode(last), first);
+    QCOMPARE(nearestNonEmpty(last), last.previous());
+    QVERIFY(!nearestNonEmpty(first.previous()).isValid());
+}
+
+// As while highlighting is suspended.
+void TextBlocksTest::returnTrimsTheDataThatNobodyElseRenews()
+{
+    ScriptEdit script(MelLanguage, QString::fromLatin1("f(a)| (b)\n(c)"));
+    script.highlighter->setDocument(nullptr);
+    breakLine(script.cursor, MelLanguage, IndentStyle());
+    const QTextBlock first = script.document.begin();
+    QCOMPARE(codeOf(first), QString::fromLatin1("f(a)"));
+    QCOMPARE(lastBracket({first, 100}).column, 3);
+    QCOMPARE(codeOf(first.next()), QString());
+    QCOMPARE(lastBracket(endOf(first.next().next())).column, 2);
+}
+
+CORVANE_TEST_MAIN(TextBlocksTest)
+#include "tst_textblocks.moc"
