@@ -3,6 +3,7 @@
 
 #include "editor/edcodeedit.h"
 #include "editor/editorlanguage.h"
+#include "workspace/textfile.h"
 
 #include <QApplication>
 #include <QFile>
@@ -66,7 +67,8 @@ bool EdCodeView::load(const QFileInfo &info)
 {
     const QString path = info.absoluteFilePath();
     QString reason;
-    if (!readTextFile(path, &m_fileFormat, &reason)) {
+    TextFile file;
+    if (!readTextFile(path, &file, &reason)) {
         QMessageBox::warning(this, tr("File Read Error"),
                              tr("Cannot read file %1:\n%2.").arg(path, reason));
         return false;
@@ -75,7 +77,9 @@ bool EdCodeView::load(const QFileInfo &info)
     m_fileInfo = info;
     // Before the text comes, so that it is scanned once.
     setLanguage(languageOfFile(info));
-    m_codeEdit->setText(m_fileFormat.text);
+    m_encoding = file.encoding;
+    m_codeEdit->setText(file.text);
+    m_lineEnds.mark(m_codeEdit->document(), file.text);
     m_codeEdit->document()->setModified(false);
     return true;
 }
@@ -86,9 +90,9 @@ bool EdCodeView::write(const QString &path)
         return false;
     // Set first, so that clearing it is always a change that titles and lists hear of.
     m_codeEdit->document()->setModified(true);
-    m_fileFormat.text = text();
+    const TextFile file = {m_lineEnds.text(*m_codeEdit->document()), m_encoding};
     QString reason;
-    if (!writeTextFile(path, m_fileFormat, &reason)) {
+    if (!writeTextFile(path, file, &reason)) {
         QMessageBox::warning(this, tr("Error"), tr("Cannot write file %1:\n%2.").arg(path, reason));
         return false;
     }

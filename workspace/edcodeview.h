@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "workspace/textfile.h"
+#include "workspace/lineends.h"
+#include "workspace/textencoding.h"
 
 #include <QFileInfo>
 #include <QWidget>
@@ -69,7 +70,8 @@ private:
 
     EdCodeEdit *m_codeEdit;
     QFileInfo m_fileInfo;
-    TextFile m_fileFormat; // of the file as it was read; its text is brought up to date for writing
+    TextEncoding m_encoding = TextEncoding::Utf8; // as the file was read
+    LineEnds m_lineEnds;
     int m_bufferIndex;
     int m_language = Text;
 };

@@ -1,79 +1,76 @@
 // SPDX-License-Identifier: MIT
 #include "workspace/textfile.h"
 
+#include "workspace/lineends.h"
+#include "workspace/safesave.h"
+
 #include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
 
 namespace {
 
-const char utf8Mark[] = "\xEF\xBB\xBF";
-const int utf8MarkSize = 3;
+const qint64 mostMegabytes = 256;
 
 QString translated(const char *text)
 {
     return QCoreApplication::translate("TextFile", text);
 }
 
-// By the first line end; a text of one line has none, and "\n" is as good.
-bool usesCarriageReturns(const QByteArray &bytes)
+// Empty for what can be read, and for what is not there. Opening a pipe would wait for its writer.
+QString whyNotRead(const QFileInfo &info)
 {
-    const int lineEnd = bytes.indexOf('\n');
-    return lineEnd > 0 && bytes.at(lineEnd - 1) == '\r';
+    if (info.isDir())
+        return translated("This is a folder");
+    if (info.exists() && !info.isFile())
+        return translated("This is not a regular file");
+    if (info.size() > mostMegabytes * 1024 * 1024)
+        return translated("The file is larger than %1 MB").arg(mostMegabytes);
+    return QString();
+}
+
+// Stray surrogates cannot be shown.
+QString described(const QString &text, int position)
+{
+    const QChar first = text.at(position);
+    const bool isPair = first.isHighSurrogate() && position + 1 < text.size() &&
+                        text.at(position + 1).isLowSurrogate();
+    const uint codePoint =
+        isPair ? QChar::surrogateToUcs4(first, text.at(position + 1)) : first.unicode();
+    const QString number =
+        QLatin1String("U+") +
+        QString::number(codePoint, 16).toUpper().rightJustified(4, QLatin1Char('0'));
+    if (!isPair && (first.isHighSurrogate() || first.isLowSurrogate()))
+        return number;
+    return QString::fromLatin1("'%1' (%2)").arg(text.mid(position, isPair ? 2 : 1), number);
 }
 
 } // namespace
 
-bool decodeText(const QByteArray &bytes, TextFile *file)
-{
-    TextFile decoded;
-    decoded.byteOrderMark = bytes.startsWith(utf8Mark);
-    const QByteArray body = decoded.byteOrderMark ? bytes.mid(utf8MarkSize) : bytes;
-    decoded.text = QString::fromUtf8(body.constData(), int(body.size()));
-    // The one test that is the same on every Qt version, whose decoders report errors differently.
-    if (decoded.text.toUtf8() != body)
-        return false;
-    decoded.carriageReturns = usesCarriageReturns(body);
-    decoded.text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
-    *file = decoded;
-    return true;
-}
-
-QByteArray encodeText(const TextFile &file)
-{
-    QString text = file.text;
-    if (file.carriageReturns)
-        text.replace(QLatin1Char('\n'), QLatin1String("\r\n"));
-    return (file.byteOrderMark ? QByteArray(utf8Mark) : QByteArray()) + text.toUtf8();
-}
-
 bool readTextFile(const QString &path, TextFile *file, QString *errorMessage)
 {
-    QFile source(path);
-    if (!source.open(QIODevice::ReadOnly)) {
-        *errorMessage = source.errorString();
+    *errorMessage = whyNotRead(QFileInfo(path));
+    if (!errorMessage->isEmpty())
         return false;
-    }
-    const QByteArray bytes = source.readAll();
+    QFile source(path);
+    const QByteArray bytes = source.open(QIODevice::ReadOnly) ? source.readAll() : QByteArray();
     // A failure on the way leaves what was read before it.
     if (source.error() != QFile::NoError) {
         *errorMessage = source.errorString();
         return false;
     }
-    if (!decodeText(bytes, file)) {
-        *errorMessage = translated("The file is not UTF-8 text");
-        return false;
-    }
+    file->encoding = decodeText(bytes, &file->text);
     return true;
 }
 
 bool writeTextFile(const QString &path, const TextFile &file, QString *errorMessage)
 {
-    const QByteArray bytes = encodeText(file);
-    QFile target(path);
-    // Unbuffered errors such as a full disk may show only when the file is flushed.
-    const bool written =
-        target.open(QIODevice::WriteOnly) && target.write(bytes) == bytes.size() && target.flush();
-    if (!written)
-        *errorMessage = target.errorString();
-    return written;
+    QByteArray bytes;
+    const int missing = encodeText(file.text, file.encoding, &bytes);
+    if (missing < 0)
+        return writeFileSafely(path, bytes, errorMessage);
+    *errorMessage = translated("Line %1 has the character %2, which is not in %3")
+                        .arg(QString::number(lineNumber(file.text, missing)),
+                             described(file.text, missing), encodingName(file.encoding));
+    return false;
 }

@@ -1,26 +1,21 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QByteArray>
+#include "workspace/textencoding.h"
+
 #include <QString>
 
-// The text of a file together with what is needed to write it back unchanged: its line ends and
-// its byte-order mark. Lines of the text end in "\n". A file that mixes line ends takes the kind of
-// its first line.
+// The text of a file, with its line ends as they are, and the encoding to write it back in.
+// Read and written without a change it gives the same bytes.
 struct TextFile
 {
     QString text;
-    bool carriageReturns = false; // lines end in "\r\n"
-    bool byteOrderMark = false;   // that of UTF-8 stands first
+    TextEncoding encoding = TextEncoding::Utf8;
 };
 
-// Decodes UTF-8. Returns false for bytes that are not valid UTF-8: written back, they would differ.
-// `file` is unchanged then.
-bool decodeText(const QByteArray &bytes, TextFile *file);
-// The bytes of the whole file, mark included.
-QByteArray encodeText(const TextFile &file);
-
-// On failure these return false and put the reason into errorMessage; a failed read leaves file
-// unchanged. A failed write may leave a file that is cut short.
+// On failure these return false and put the reason into errorMessage.
+//
+// Only regular files of up to 256 MB are read; `file` is unchanged when it fails.
 bool readTextFile(const QString &path, TextFile *file, QString *errorMessage);
+// A failed write, as of a text that the encoding does not hold, leaves the file as it was.
 bool writeTextFile(const QString &path, const TextFile &file, QString *errorMessage);
