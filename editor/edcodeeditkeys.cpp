@@ -138,7 +138,7 @@ EdCodeEdit::Key EdCodeEdit::leaveKeyToPopup(QKeyEvent *event)
     case Qt::Key_Enter:
     case Qt::Key_Up:
     case Qt::Key_Down:
-        event->ignore();
+        QApplication::sendEvent(m_completer, event);
         return Key::Taken;
     default:
         return Key::Left;

@@ -4,6 +4,8 @@
 #include "editor/editorlanguage.h"
 #include "preferences/preferences.h"
 
+#include <QKeyEvent>
+
 namespace {
 
 bool isSwitchedOn(EdCompleter::Trigger trigger, int language)
@@ -40,4 +42,11 @@ void EdCompleter::begin(Trigger trigger, int language)
 {
     if (isSwitchedOn(trigger, language))
         emit requested(trigger);
+}
+
+// What the popup has no use for must not come back to the editor, which has handed it over.
+void EdCompleter::keyPressEvent(QKeyEvent *event)
+{
+    QListWidget::keyPressEvent(event);
+    event->accept();
 }

@@ -25,4 +25,7 @@ signals:
     void requested(int trigger);
     // The user has chosen a completion; `prefixLength` UTF-16 units before the caret are replaced.
     void activated(const QString &text, int prefixLength);
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
 };
