@@ -2,6 +2,7 @@
 // The keys of an editor.
 #include "editor/edcodeedit.h"
 
+#include "analysis/wordunits.h"
 #include "editor/edcompleter.h"
 #include "editor/editorlanguage.h"
 #include "preferences/preferences.h"
@@ -21,16 +22,10 @@ bool isReturn(const QKeyEvent &event)
     return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
 }
 
+// What begins a name.
 bool isLetter(QChar character)
 {
-    return (character >= QLatin1Char('a') && character <= QLatin1Char('z')) ||
-           (character >= QLatin1Char('A') && character <= QLatin1Char('Z')) ||
-           character == QLatin1Char('_');
-}
-
-bool isWordCharacter(QChar character)
-{
-    return isLetter(character) || (character >= QLatin1Char('0') && character <= QLatin1Char('9'));
+    return isNameUnit(character.unicode()) && !character.isDigit();
 }
 
 // Those behind which there is nothing that could be completed.
@@ -252,7 +247,7 @@ EdCodeEdit::Key EdCodeEdit::commandKeys(QKeyEvent *event)
 EdCodeEdit::Key EdCodeEdit::otherKey(QKeyEvent *event)
 {
     const int position = textCursor().position();
-    const bool wordStartsHere = position == 0 || !isWordCharacter(characterBefore(position));
+    const bool wordStartsHere = position == 0 || !isNameUnit(characterBefore(position).unicode());
     if (m_completer->isVisible())
         hidePopupFor(*event);
     QPlainTextEdit::keyPressEvent(event);

@@ -2,6 +2,7 @@
 // The mouse, the clipboard and what is dragged over an editor.
 #include "editor/edcodeedit.h"
 
+#include "analysis/wordunits.h"
 #include "editor/edcompleter.h"
 #include "editor/editorlanguage.h"
 #include "preferences/preferences.h"
@@ -22,25 +23,27 @@ namespace {
 
 const char fileList[] = "text/uri-list";
 
-bool isVariableCharacter(QChar character)
+bool isName(const QString &text)
 {
-    return character < QChar(0x80) &&
-           (character.isLetterOrNumber() || character == QLatin1Char('_'));
-}
-
-bool isVariable(const QString &text)
-{
-    return !text.isEmpty() && std::all_of(text.begin(), text.end(), isVariableCharacter);
+    const auto belongs = [](QChar character) { return isNameUnit(character.unicode()); };
+    return !text.isEmpty() && std::all_of(text.begin(), text.end(), belongs);
 }
 
 // Deliberate: without the letters from B to Y, so that only one of these before a "$" keeps it
 // out of the selection.
 bool bindsDollar(QChar character)
 {
-    return (character >= QLatin1Char('a') && character <= QLatin1Char('z')) ||
-           character == QLatin1Char('A') || character == QLatin1Char('Z') ||
-           (character >= QLatin1Char('0') && character <= QLatin1Char('9')) ||
-           character == QLatin1Char('_');
+    return isNameUnit(character.unicode()) &&
+           !(character > QLatin1Char('A') && character < QLatin1Char('Z'));
+}
+
+// Where the word of any script that begins there ends.
+int wordEnd(const QString &line, int start)
+{
+    int end = start;
+    while (end < line.size() && isWordUnit(line.constData(), int(line.size()), end))
+        ++end;
+    return end;
 }
 
 // Columns of a line.
@@ -56,13 +59,10 @@ Range withDollar(const QString &line, Range word)
 {
     const QString text = line.mid(word.start, word.end - word.start);
     if (text == QLatin1String("$")) {
-        int end = word.end;
-        while (end < line.size() &&
-               (line.at(end).isLetterOrNumber() || line.at(end) == QLatin1Char('_')))
-            ++end;
-        if (isVariable(line.mid(word.end, end - word.end)))
+        const int end = wordEnd(line, word.end);
+        if (isName(line.mid(word.end, end - word.end)))
             word.end = end;
-    } else if (isVariable(text) && word.start > 0 && line.at(word.start - 1) == QLatin1Char('$') &&
+    } else if (isName(text) && word.start > 0 && line.at(word.start - 1) == QLatin1Char('$') &&
                (word.start == 1 || !bindsDollar(line.at(word.start - 2)))) {
         --word.start;
     }

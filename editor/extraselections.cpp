@@ -1,31 +1,34 @@
 // SPDX-License-Identifier: MIT
 #include "editor/extraselections.h"
 
+#include "analysis/wordunits.h"
 #include "editor/diagnosticmarks.h"
 #include "preferences/textformats.h"
 
 #include <QTextBlock>
 #include <QTextCursor>
 
-#include <algorithm>
-
 namespace {
 
-bool isWordUnit(QChar unit)
+bool isWordAt(const QString &text, int index)
 {
-    return unit.isLetterOrNumber() || unit.isMark() || unit == QLatin1Char('_');
+    return isWordUnit(text.constData(), int(text.size()), index);
 }
 
 bool isWord(const QString &text)
 {
-    return !text.isEmpty() && std::all_of(text.begin(), text.end(), isWordUnit);
+    for (int i = 0; i < text.size(); ++i) {
+        if (!isWordAt(text, i))
+            return false;
+    }
+    return !text.isEmpty();
 }
 
 bool standsAlone(const QString &line, int start, int length)
 {
     const int end = start + length;
-    return (start == 0 || !isWordUnit(line.at(start - 1))) &&
-           (end == line.size() || !isWordUnit(line.at(end)));
+    return (start == 0 || !isWordAt(line, start - 1)) &&
+           (end == line.size() || !isWordAt(line, end));
 }
 
 QTextCursor cursorOver(const QTextBlock &block, int start, int length)
