@@ -8,6 +8,7 @@
 #include "editor/edcompleter.h"
 #include "editor/edhighlighter.h"
 #include "editor/editorlanguage.h"
+#include "editor/lineedits.h"
 #include "preferences/preferences.h"
 #include "preferences/textformats.h"
 #include "resources/resources.h"
@@ -214,6 +215,66 @@ void EdCodeEdit::setReplaceTabsWithSpaces(bool replaceTabs)
 void EdCodeEdit::setAutoIndent(bool autoIndent)
 {
     m_autoIndent = autoIndent;
+}
+
+IndentStyle EdCodeEdit::indentStyle() const
+{
+    const Preferences &chosen = preferences();
+    IndentStyle style;
+    style.tabSize = m_tabSize;
+    style.replaceTabs = m_replaceTabs;
+    style.autoIndent = m_autoIndent;
+    style.smartIndent =
+        m_language == MelLanguage ? chosen.melSmartIndent : chosen.pythonSmartIndent;
+    style.insertClosingBrace = chosen.melInsertClosingCurly;
+    return style;
+}
+
+void EdCodeEdit::home(bool shiftKey, bool ctrlKey)
+{
+    QTextCursor cursor = textCursor();
+    cursor.setPosition(ctrlKey ? 0 : homePosition(cursor),
+                       shiftKey ? QTextCursor::KeepAnchor : QTextCursor::MoveAnchor);
+    setTextCursor(cursor);
+}
+
+void EdCodeEdit::duplicateText()
+{
+    QTextCursor cursor = textCursor();
+    ::duplicateText(cursor);
+    setTextCursor(cursor);
+}
+
+void EdCodeEdit::deleteLines()
+{
+    QTextCursor cursor = textCursor();
+    ::deleteLines(cursor);
+    setTextCursor(cursor);
+}
+
+void EdCodeEdit::increaseIndent()
+{
+    QTextCursor cursor = textCursor();
+    ::increaseIndent(cursor, indentStyle());
+    setTextCursor(cursor);
+}
+
+void EdCodeEdit::decreaseIndent()
+{
+    QTextCursor cursor = textCursor();
+    ::decreaseIndent(cursor, indentStyle());
+    setTextCursor(cursor);
+}
+
+void EdCodeEdit::convertTabsToSpaces()
+{
+    const int vertical = verticalScrollBar()->value();
+    const int horizontal = horizontalScrollBar()->value();
+    QTextCursor cursor = textCursor();
+    ::convertTabsToSpaces(cursor, indentStyle());
+    setTextCursor(cursor); // which scrolls to the caret
+    verticalScrollBar()->setValue(vertical);
+    horizontalScrollBar()->setValue(horizontal);
 }
 
 bool EdCodeEdit::isOverwriting()

@@ -3,6 +3,7 @@
 
 #include "editor/diagnosticmarks.h"
 #include "editor/extraselections.h"
+#include "editor/indentstyle.h"
 
 #include <QImage>
 #include <QPlainTextEdit>
@@ -167,6 +168,8 @@ private:
     Key beginCompletion(const QKeyEvent &event, bool wordStartsHere);
     QChar characterBefore(int position) const;
 
+    // As set for this editor and, for what has no field here, as preferred.
+    IndentStyle indentStyle() const;
     void applyTextOption();
     void applyDiagnostics();
     bool showDiagnosticToolTip(const QPoint &place, const QPoint &globalPlace);

@@ -5,11 +5,12 @@
 #include "analysis/wordunits.h"
 #include "editor/edcompleter.h"
 #include "editor/editorlanguage.h"
+#include "editor/linebreak.h"
+#include "editor/melindent.h"
 #include "preferences/preferences.h"
 
 #include <QApplication>
 #include <QKeyEvent>
-#include <QTextBlock>
 #include <QToolTip>
 
 namespace {
@@ -33,22 +34,6 @@ bool endsCompletion(QChar character)
 {
     return character == QLatin1Char('.') || character == QLatin1Char(' ') ||
            character == QLatin1Char('\t') || character == QChar(QChar::ParagraphSeparator);
-}
-
-// With tab stops every four columns, by the columns that are there so far:
-//
-// a[tab]bc[tab]d
-// a   bc  d
-QString withoutTabs(const QString &line, int tabSize)
-{
-    QString filled;
-    for (QChar character : line) {
-        if (character == QLatin1Char('\t'))
-            filled += QString(tabSize - filled.length() % tabSize, QLatin1Char(' '));
-        else
-            filled += character;
-    }
-    return filled;
 }
 
 } // namespace
@@ -149,8 +134,9 @@ EdCodeEdit::Key EdCodeEdit::returnKey(QKeyEvent *event)
         event->ignore();
         return Key::Taken;
     }
-    insertPlainText(QLatin1String("\n"));
-    ensureCursorVisible();
+    QTextCursor cursor = textCursor();
+    breakLine(cursor, m_language, indentStyle());
+    setTextCursor(cursor);
     return Key::Typed;
 }
 
@@ -189,7 +175,6 @@ EdCodeEdit::Key EdCodeEdit::tabKeys(QKeyEvent *event)
         increaseIndent();
     else
         decreaseIndent();
-    ensureCursorVisible();
     return Key::Typed;
 }
 
@@ -211,9 +196,17 @@ EdCodeEdit::Key EdCodeEdit::homeKey(QKeyEvent *event)
     return Key::Typed;
 }
 
-EdCodeEdit::Key EdCodeEdit::electricBrace(QKeyEvent *)
+EdCodeEdit::Key EdCodeEdit::electricBrace(QKeyEvent *event)
 {
-    return Key::Left;
+    const QString typed = event->text();
+    if (m_language != MelLanguage || (typed != QLatin1String("{") && typed != QLatin1String("}")))
+        return Key::Left;
+    QTextCursor cursor = textCursor();
+    if (typeMelBrace(cursor, typed.at(0), indentStyle()))
+        setTextCursor(cursor);
+    else
+        QPlainTextEdit::keyPressEvent(event);
+    return Key::Typed;
 }
 
 EdCodeEdit::Key EdCodeEdit::openingBracket(QKeyEvent *event)
@@ -281,40 +274,4 @@ EdCodeEdit::Key EdCodeEdit::beginCompletion(const QKeyEvent &event, bool wordSta
 QChar EdCodeEdit::characterBefore(int position) const
 {
     return document()->characterAt(position - 1);
-}
-
-void EdCodeEdit::home(bool shiftKey, bool ctrlKey)
-{
-    QTextCursor cursor = textCursor();
-    const QTextCursor::MoveMode mode = shiftKey ? QTextCursor::KeepAnchor : QTextCursor::MoveAnchor;
-    cursor.movePosition(ctrlKey ? QTextCursor::Start : QTextCursor::StartOfBlock, mode);
-    setTextCursor(cursor);
-}
-
-void EdCodeEdit::duplicateText() {}
-
-void EdCodeEdit::deleteLines() {}
-
-void EdCodeEdit::increaseIndent()
-{
-    insertPlainText(m_replaceTabs ? QString(m_tabSize - textCursor().positionInBlock() % m_tabSize,
-                                            QLatin1Char(' '))
-                                  : QString(QLatin1Char('\t')));
-}
-
-void EdCodeEdit::decreaseIndent() {}
-
-void EdCodeEdit::convertTabsToSpaces()
-{
-    QTextCursor cursor(document());
-    cursor.beginEditBlock();
-    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
-        if (!block.text().contains(QLatin1Char('\t')))
-            continue; // an edit that changes nothing would still be one to undo
-        const QString filled = withoutTabs(block.text(), m_tabSize);
-        cursor.setPosition(block.position());
-        cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
-        cursor.insertText(filled);
-    }
-    cursor.endEditBlock();
 }

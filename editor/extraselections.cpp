@@ -3,6 +3,7 @@
 
 #include "analysis/wordunits.h"
 #include "editor/diagnosticmarks.h"
+#include "editor/textblocks.h"
 #include "preferences/textformats.h"
 
 #include <QTextBlock>
@@ -105,6 +106,20 @@ void addMatchedSelections(const QTextCursor &caret, const QTextBlock &first, con
     }
 }
 
+void addMatchingBrackets(const QTextCursor &caret, ExtraSelections *selections)
+{
+    const QTextBlock line = caret.block();
+    const int column = caret.positionInBlock() - 1;
+    if (caret.hasSelection() || column < 0 || line.length() > longLine)
+        return;
+    const TextPlace match = matchingBracket({line, column});
+    if (!match.isValid())
+        return;
+    const QTextCharFormat format = textFormat(EditorText::BraceMatching).charFormat();
+    *selections << selectionOver(cursorOver(line, column, 1), format)
+                << selectionOver(cursorOver(match.block, match.column, 1), format);
+}
+
 void addErrorUnderlines(const DiagnosticMarks &errors, const DiagnosticMarks &warnings,
                         const DiagnosticMarks &notes, int firstLine, int lastLine,
                         ExtraSelections *selections)
@@ -113,5 +128,3 @@ void addErrorUnderlines(const DiagnosticMarks &errors, const DiagnosticMarks &wa
     addUnderlines(warnings, OutputText::Warnings, firstLine, lastLine, selections);
     addUnderlines(errors, OutputText::Errors, firstLine, lastLine, selections);
 }
-
-void addMatchingBrackets(const QTextCursor &, ExtraSelections *) {}

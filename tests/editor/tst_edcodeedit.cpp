@@ -148,7 +148,7 @@ void TestEdCodeEdit::shiftReturnNeverInsertsALineSeparator()
         QTest::keyClick(&edit, Qt::Key_Return, Qt::ShiftModifier);
         QCOMPARE(edit.blockCount(), 2);
         QVERIFY(!edit.text().contains(QChar(QChar::LineSeparator)));
-        QVERIFY(edit.text().startsWith("    a\n"));
+        QVERIFY(edit.text().startsWith("    a\n    "));
     }
 }
 
