@@ -1,0 +1,196 @@
+// SPDX-License-Identifier: MIT
+#include "analysis/baseparser.h"
+#include "editor/edcodeedit.h"
+#include "editor/editorlanguage.h"
+#include "preferences/preferences.h"
+#include "preferences/textformats.h"
+#include "tests/support/testmain.h"
+
+#include <QTextBlock>
+
+namespace {
+
+class FakeParser : public BaseParser
+{
+public:
+    void parse(const QString &, const QString &) override {}
+};
+
+QString lines(const QString &line, int count)
+{
+    QStringList lines;
+    for (int i = 0; i < count; ++i)
+        lines << line;
+    return lines.join("\n");
+}
+
+} // namespace
+
+// What an editor marks, by the formats of its extra selections.
+class TestExtraSelections : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+
+    void theCurrentLineIsMarkedAlone();
+    void bracketsFindTheirPartner_data();
+    void bracketsFindTheirPartner();
+    void equalWordsAreMarked_data();
+    void equalWordsAreMarked();
+    void onlyVisibleWordsAreMarked();
+    void diagnosticsAreUnderlinedNearTheView();
+    void longLinesGoWithout();
+
+private:
+    // "start-end" of the selections in this background; those of the underlines for an invalid one.
+    QStringList places(const QColor &background) const;
+    void select(int position, int anchor) { m_edit->setCursorSelection(position, anchor); }
+
+    std::unique_ptr<EdCodeEdit> m_edit;
+};
+
+void TestExtraSelections::init()
+{
+    preferences() = Preferences();
+    m_edit.reset(new EdCodeEdit);
+    m_edit->resize(500, 300);
+    m_edit->setLanguage(MelLanguage);
+    m_edit->show();
+}
+
+QStringList TestExtraSelections::places(const QColor &background) const
+{
+    QStringList places;
+    const QList<QTextEdit::ExtraSelection> selections = m_edit->extraSelections();
+    for (const QTextEdit::ExtraSelection &each : selections) {
+        const bool isUnderline = each.format.underlineStyle() == QTextCharFormat::WaveUnderline;
+        if (background.isValid() ? each.format.background().color() == background : isUnderline)
+            places << QString("%1-%2")
+                          .arg(each.cursor.selectionStart())
+                          .arg(each.cursor.selectionEnd());
+    }
+    return places;
+}
+
+void TestExtraSelections::theCurrentLineIsMarkedAlone()
+{
+    const QColor ground = textFormat(EditorText::CurrentLine).background;
+    m_edit->setText("one\ntwo\nthree");
+    select(5, 5);
+    QCOMPARE(places(ground), QStringList() << "5-5");
+    select(9, 2);
+    QCOMPARE(places(ground), QStringList() << "9-9");
+    const QTextEdit::ExtraSelection line = m_edit->extraSelections().value(0);
+    QVERIFY(line.format.boolProperty(QTextFormat::FullWidthSelection));
+    m_edit->setReadOnly(true);
+    m_edit->updateExtraSelections();
+    QCOMPARE(places(ground), QStringList());
+}
+
+void TestExtraSelections::bracketsFindTheirPartner_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("caret");
+    QTest::addColumn<QStringList>("marked");
+
+    const QStringList none;
+    QTest::newRow("opener") << "f(a[0])" << 2
+                            << (QStringList() << "1-2"
+                                              << "6-7");
+    QTest::newRow("closer") << "f(a[0])" << 6
+                            << (QStringList() << "5-6"
+                                              << "3-4");
+    QTest::newRow("only-before-the-caret") << "f(a)" << 1 << none;
+    QTest::newRow("across-lines") << "{\n{}\n}" << 6
+                                  << (QStringList() << "5-6"
+                                                    << "0-1");
+    QTest::newRow("other-kinds-do-not-count") << "(])" << 1
+                                              << (QStringList() << "0-1"
+                                                                << "2-3");
+    QTest::newRow("string-and-comment") << "(\")\" /*)*/ )" << 1
+                                        << (QStringList() << "0-1"
+                                                          << "11-12");
+    QTest::newRow("none-in-a-string") << "\"()\"" << 2 << none;
+    QTest::newRow("without-partner") << "((a)" << 1 << none;
+}
+
+void TestExtraSelections::bracketsFindTheirPartner()
+{
+    QFETCH(QString, text);
+    QFETCH(int, caret);
+    QFETCH(QStringList, marked);
+    const QColor ground = textFormat(EditorText::BraceMatching).background;
+    m_edit->setText(text);
+    select(caret, caret);
+    QCOMPARE(places(ground), marked);
+    select(caret, caret - 1);
+    QCOMPARE(places(ground), QStringList());
+}
+
+void TestExtraSelections::equalWordsAreMarked_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("anchor");
+    QTest::addColumn<int>("caret");
+    QTest::addColumn<QStringList>("marked");
+
+    const QStringList none;
+    QTest::newRow("all") << "ab $ab\nab_ xab -ab" << 0 << 2
+                         << (QStringList() << "0-2"
+                                           << "4-6"
+                                           << "16-18");
+    QTest::newRow("part-of-a-word") << "abc ab" << 0 << 2 << none;
+    QTest::newRow("no-word") << "a-b a-b" << 0 << 3 << none;
+    QTest::newRow("over-lines") << "ab\nab" << 0 << 5 << none;
+    QTest::newRow("beyond-ascii") << QString::fromUtf8("\xc3\xa4 \xc3\xa4z \xc3\xa4") << 0 << 1
+                                  << (QStringList() << "0-1"
+                                                    << "5-6");
+}
+
+void TestExtraSelections::equalWordsAreMarked()
+{
+    QFETCH(QString, text);
+    QFETCH(int, anchor);
+    QFETCH(int, caret);
+    QFETCH(QStringList, marked);
+    m_edit->setText(text);
+    select(caret, anchor);
+    QCOMPARE(places(textFormat(EditorText::MatchingSelection).background), marked);
+}
+
+void TestExtraSelections::onlyVisibleWordsAreMarked()
+{
+    m_edit->setText(lines("word", 5000));
+    select(0, 4);
+    const int marked = int(places(textFormat(EditorText::MatchingSelection).background).size());
+    QVERIFY(marked > 5 && marked < 100);
+}
+
+void TestExtraSelections::diagnosticsAreUnderlinedNearTheView()
+{
+    m_edit->setText(lines("word", 5000));
+    FakeParser parser;
+    for (int line = 0; line < 5000; line += 2)
+        parser.addError("e", line * 5, line * 5 + 4);
+    m_edit->setDiagnostics(parser);
+    const QStringList atTop = places(QColor());
+    QVERIFY(atTop.contains("0-4") && atTop.size() < 100);
+    m_edit->goToLine(4000);
+    QVERIFY(places(QColor()).contains("19990-19994"));
+    QVERIFY(!places(QColor()).contains("0-4"));
+}
+
+void TestExtraSelections::longLinesGoWithout()
+{
+    m_edit->setText("word word (" + QString(30000, 'x') + ")\nword");
+    select(0, 4);
+    QVERIFY(places(textFormat(EditorText::MatchingSelection).background).isEmpty());
+    select(11, 11);
+    QVERIFY(places(textFormat(EditorText::BraceMatching).background).isEmpty());
+    QCOMPARE(int(places(textFormat(EditorText::CurrentLine).background).size()), 1);
+}
+
+CORVANE_TEST_MAIN(TestExtraSelections)
+#include "tst_extraselections.moc"
