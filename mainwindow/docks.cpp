@@ -20,11 +20,10 @@ struct DockRow
     const char *objectName;
     const char *toggleKeys;
     Qt::DockWidgetArea area;
-    int flag; // of visibleDockFlags()
+    int flag; // 2 is formerDockFlag
     bool initiallyVisible;
 };
 
-// Flag 2 belonged to a dock that is gone; settings files may still hold it.
 // clang-format off
 const DockRow dockRows[] = {
     // dock           title            object name         toggle keys     area                     flag  initially visible
@@ -79,11 +78,30 @@ DockArray<QDockWidget *> createDocks(QMainWindow *window, QMenu *viewMenu,
     return docks;
 }
 
+int dockFlag(Dock dock)
+{
+    for (const DockRow &row : dockRows) {
+        if (row.dock == dock)
+            return row.flag;
+    }
+    return 0;
+}
+
 int visibleDockFlags(const DockArray<QDockWidget *> &docks)
 {
     int flags = 0;
     for (const DockRow &row : dockRows) {
         if (!isPutAway(docks[row.dock]))
+            flags |= row.flag;
+    }
+    return flags;
+}
+
+int floatingDockFlags(const DockArray<QDockWidget *> &docks)
+{
+    int flags = 0;
+    for (const DockRow &row : dockRows) {
+        if (docks[row.dock]->isFloating())
             flags |= row.flag;
     }
     return flags;

@@ -35,5 +35,11 @@ private:
 DockArray<QDockWidget *> createDocks(QMainWindow *window, QMenu *viewMenu,
                                      const DockArray<QWidget *> &contents);
 
-// The docks that are not hidden, one bit each, in the numbers that settings files have for them.
+// The bit of a dock in the numbers that settings files have for sets of them.
+int dockFlag(Dock dock);
+// That of a dock which is gone; settings files may still hold it, and it is kept as it is.
+const int formerDockFlag = 2;
+
+// The bits of the docks that are not hidden, and of those that float, hidden or not.
 int visibleDockFlags(const DockArray<QDockWidget *> &docks);
+int floatingDockFlags(const DockArray<QDockWidget *> &docks);

@@ -4,14 +4,11 @@
 #include "analysis/edoutlineview.h"
 #include "analysis/edquickhelpview.h"
 #include "compat/icon.h"
-#include "mainwindow/filenames.h"
 #include "mainwindow/menus.h"
 #include "mainwindow/programnames.h"
 #include "mainwindow/shortcuts.h"
 #include "mainwindow/toolbars.h"
-#include "mainwindow/visibility.h"
 #include "output/edoutputview.h"
-#include "preferences/preferences.h"
 #include "resources/resources.h"
 #include "workspace/edbufferview.h"
 #include "workspace/edcentralwidget.h"
@@ -24,9 +21,7 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMenuBar>
-#include <QSettings>
 #include <QShowEvent>
-#include <QStatusBar>
 #include <QToolBar>
 
 namespace {
@@ -136,59 +131,6 @@ void Kestrowl::connectOtherDocks()
 {
     connect(m_docks[Dock::Output], SIGNAL(visibilityChanged(bool)),
             SLOT(outputViewVisibleChange(bool)));
-}
-
-QString Kestrowl::settingsPath() const
-{
-    return joinedPath(m_preferencesDirectory, QLatin1String(CORVANE_BASE_NAME ".ini"));
-}
-
-void Kestrowl::readSettings()
-{
-    QSettings settings(settingsPath(), QSettings::IniFormat);
-    readPreferences(settings);
-    // Only now: which directory it is depends on the user of Maya, not on the list of defaults.
-    if (preferences().projectDir.isEmpty())
-        preferences().projectDir = m_scriptDirectory;
-    applyToggles();
-    updatePreferences();
-    m_explorer->setProjectDirectory(preferences().projectDir);
-}
-
-void Kestrowl::writeSettings()
-{
-    QSettings settings(settingsPath(), QSettings::IniFormat);
-    writePreferences(settings);
-    settings.sync();
-}
-
-// The switches as the settings file has them, without telling anyone. Maya's other switches keep
-// their state in Maya.
-void Kestrowl::applyToggles()
-{
-    suppressStackWindow(preferences().suppressStackWindow, true);
-    showTabsAndSpaces(preferences().showTabsAndSpaces);
-    showEndOfLine(preferences().showEndOfLine);
-    wordWrap(preferences().wordWrapEnabled);
-}
-
-void Kestrowl::updatePreferences()
-{
-    setToolbarVisible(preferences().toolbar);
-    setShown(statusBar(), preferences().statusBar);
-    m_output->setLineLimit(preferences().outputWindowBufferSize);
-    m_output->setTabWidth(preferences().tabSize); // columns
-    m_output->applyColors();
-    m_central->updateTabsAndSpaces();
-    m_central->updateFontAndColors();
-    m_central->updateHiddenCharacters();
-    overrideScriptEditorButton(preferences().overrideScriptEditor);
-}
-
-void Kestrowl::updatePreferencesAndWrite()
-{
-    updatePreferences();
-    writeSettings();
 }
 
 // Shown again, a window may lie behind Maya's.

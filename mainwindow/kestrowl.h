@@ -4,6 +4,7 @@
 #include "mainwindow/actions.h"
 #include "mainwindow/docks.h"
 #include "mainwindow/statuslabels.h"
+#include "mainwindow/windowsettings.h"
 
 #include <QByteArray>
 #include <QList>
@@ -43,9 +44,10 @@ public:
     EdOutputView *outputView() const { return m_output; }
     QDockWidget *dock(Dock dock) const { return m_docks[dock]; }
 
-    // The settings file, in the user's preference directory; writing it asks nothing and reports no
-    // failure.
+    // The settings file and that of the colours, in the user's preference directory. Writing saves
+    // the buffers too; it asks nothing, and reports a failure in the status bar.
     QString settingsPath() const;
+    QString colorsPath() const;
     void writeSettings();
 
 public slots:
@@ -178,7 +180,14 @@ private:
     void connectProject();
     void connectOtherDocks();
     void readSettings();
+    void applyWindowSettings(const WindowSettings &stored);
+    void restoreDocks(const WindowSettings &stored);
+    void arrangeDocks(const WindowSettings &stored);
     void applyToggles();
+    WindowSettings windowSettings();
+    Panes shownPanes() const;
+    void reportDamage(const QString &message);
+    void updateToolBars();
     void saveBeforeExecuting();
     void setOutputVisible(bool visible);
     void hideFloatingDocks();
@@ -207,7 +216,9 @@ private:
 
     DockArray<QDockWidget *> m_docks;
     DockArray<QByteArray> m_dockGeometry; // as of the last change of a dock's place
-    int m_visibleDocks = 0;               // as visibleDockFlags() has them
+    int m_visibleDocks = 0;               // as visibleDockFlags() has them, and formerDockFlag
     QList<QDockWidget *> m_docksPutAway;  // floating ones, while the window is hidden
-    bool m_ignoresDocks = false;          // while they are hidden and shown with it
+    QByteArray m_hiddenState;             // saveState() before they were; else empty
+    bool m_ignoresDocks = false;          // while they are hidden, shown and restored
+    QString m_license;                    // as it was read
 };

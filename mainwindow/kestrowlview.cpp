@@ -3,6 +3,7 @@
 #include "mainwindow/kestrowl.h"
 
 #include "compat/icon.h"
+#include "mainwindow/flagscope.h"
 #include "mainwindow/visibility.h"
 #include "output/edoutputview.h"
 #include "preferences/preferences.h"
@@ -167,30 +168,32 @@ void Kestrowl::dockLocationChange()
 // and what their signals say meanwhile is no choice of the user's.
 void Kestrowl::hideFloatingDocks()
 {
-    m_ignoresDocks = true;
     for (QDockWidget *dock : m_docks) {
-        if (!dock->isFloating() || dock->isHidden())
-            continue;
-        m_docksPutAway << dock;
-        dock->hide();
+        if (dock->isFloating() && !dock->isHidden())
+            m_docksPutAway << dock;
     }
-    m_ignoresDocks = false;
+    if (m_docksPutAway.isEmpty())
+        return;
+    m_hiddenState = saveState();
+    const FlagScope ignoring(&m_ignoresDocks);
+    for (QDockWidget *dock : m_docksPutAway)
+        dock->hide();
 }
 
 void Kestrowl::showFloatingDocks()
 {
-    m_ignoresDocks = true;
+    const FlagScope ignoring(&m_ignoresDocks);
     for (QDockWidget *dock : m_docksPutAway)
         dock->show();
     m_docksPutAway.clear();
-    m_ignoresDocks = false;
+    m_hiddenState.clear();
 }
 
 void Kestrowl::updateVisibleDocks()
 {
     if (m_ignoresDocks)
         return;
-    m_visibleDocks = visibleDockFlags(m_docks);
+    m_visibleDocks = visibleDockFlags(m_docks) | (m_visibleDocks & formerDockFlag);
 }
 
 // All of them: moving one dock moves others.

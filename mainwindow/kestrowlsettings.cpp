@@ -1,0 +1,171 @@
+// SPDX-License-Identifier: MIT
+// The window and its files of settings: what is read when it is made, and written on demand.
+#include "mainwindow/kestrowl.h"
+
+#include "mainwindow/filenames.h"
+#include "mainwindow/flagscope.h"
+#include "mainwindow/inifile.h"
+#include "mainwindow/programnames.h"
+#include "mainwindow/visibility.h"
+#include "output/edoutputview.h"
+#include "preferences/preferences.h"
+#include "workspace/edcentralwidget.h"
+#include "workspace/edexplorerview.h"
+
+#include <QDockWidget>
+#include <QStatusBar>
+#include <QToolBar>
+
+QString Kestrowl::settingsPath() const
+{
+    return joinedPath(m_preferencesDirectory, QLatin1String(CORVANE_BASE_NAME ".ini"));
+}
+
+QString Kestrowl::colorsPath() const
+{
+    return joinedPath(m_preferencesDirectory, QLatin1String(CORVANE_BASE_NAME "Colors.ini"));
+}
+
+void Kestrowl::readSettings()
+{
+    reportDamage(readIniFile(settingsPath(), [this](QSettings &settings) {
+        applyWindowSettings(readWindowSettings(settings));
+        readPreferences(settings);
+    }));
+    reportDamage(readIniFile(colorsPath(), readColors));
+    // Only now: which directory it is depends on the user of Maya, not on the list of defaults.
+    if (preferences().projectDir.isEmpty())
+        preferences().projectDir = m_scriptDirectory;
+    applyToggles();
+    updatePreferences();
+    m_explorer->setProjectDirectory(preferences().projectDir);
+}
+
+void Kestrowl::writeSettings()
+{
+    const WindowSettings window = windowSettings();
+    QString failure = writeIniFile(settingsPath(), [&window](QSettings &settings) {
+        writeWindowSettings(settings, window);
+        writePreferences(settings);
+    });
+    if (failure.isEmpty())
+        failure = writeIniFile(colorsPath(), writeColors);
+    if (!failure.isEmpty())
+        setStatusText(tr("The settings are not saved: %1").arg(failure));
+}
+
+// No dialog: Maya is starting, perhaps with nobody in front of it.
+void Kestrowl::reportDamage(const QString &message)
+{
+    if (message.isEmpty())
+        return;
+    setStatusText(message);
+    appendOutputText(QString::fromLatin1("// Warning: %1 //\n").arg(message));
+}
+
+void Kestrowl::applyWindowSettings(const WindowSettings &stored)
+{
+    m_license = stored.license;
+    m_dockGeometry = stored.dockGeometry;
+    m_visibleDocks = stored.visibleDocks;
+    if (!stored.geometry.isEmpty())
+        restoreGeometry(stored.geometry);
+    // What floats becomes a window, which would flash up before it is put away.
+    for (QDockWidget *dock : m_docks)
+        dock->setAttribute(Qt::WA_DontShowOnScreen);
+    restoreDocks(stored);
+    updateVisibleDocks();
+    hideFloatingDocks();
+    for (QDockWidget *dock : m_docks)
+        dock->setAttribute(Qt::WA_DontShowOnScreen, false);
+}
+
+void Kestrowl::restoreDocks(const WindowSettings &stored)
+{
+    const FlagScope ignoring(&m_ignoresDocks);
+    const bool wasHidden = !stored.visible && !stored.hiddenState.isEmpty();
+    const QByteArray &state = wasHidden ? stored.hiddenState : stored.windowState;
+    if (state.isEmpty() || !restoreState(state))
+        arrangeDocks(stored);
+    if (stored.panes == Panes::Editor)
+        showEditor();
+    else if (stored.panes == Panes::History)
+        showOutput();
+}
+
+// For when there is no state that this version of Qt understands.
+void Kestrowl::arrangeDocks(const WindowSettings &stored)
+{
+    const bool isKnown = stored.panes != Panes::Both || stored.visibleDocks != 0;
+    const int visible = isKnown ? stored.visibleDocks : initialDocks;
+    for (int i = 0; i < dockCount; ++i) {
+        const Dock id = static_cast<Dock>(i);
+        setShown(m_docks[id], (visible & dockFlag(id)) != 0);
+        if ((stored.floatingDocks & dockFlag(id)) == 0)
+            continue;
+        m_docks[id]->setFloating(true);
+        m_docks[id]->restoreGeometry(stored.dockGeometry[id]);
+    }
+}
+
+WindowSettings Kestrowl::windowSettings()
+{
+    saveDockWidgetGeometry();
+    WindowSettings window;
+    window.license = m_license;
+    window.geometry = saveGeometry();
+    window.windowState = saveState();
+    window.dockGeometry = m_dockGeometry;
+    window.panes = shownPanes();
+    window.visibleDocks = m_visibleDocks;
+    window.floatingDocks = floatingDockFlags(m_docks);
+    window.hiddenState = m_hiddenState;
+    window.visible = isVisible();
+    return window;
+}
+
+Panes Kestrowl::shownPanes() const
+{
+    if (isPutAway(m_central))
+        return Panes::History;
+    return m_visibleDocks & dockFlag(Dock::Output) ? Panes::Both : Panes::Editor;
+}
+
+// The switches as the settings file has them, without telling anyone. Maya's other switches keep
+// their state in Maya.
+void Kestrowl::applyToggles()
+{
+    suppressStackWindow(preferences().suppressStackWindow, true);
+    showTabsAndSpaces(preferences().showTabsAndSpaces);
+    showEndOfLine(preferences().showEndOfLine);
+    wordWrap(preferences().wordWrapEnabled);
+}
+
+void Kestrowl::updatePreferences()
+{
+    updateToolBars();
+    setShown(statusBar(), preferences().statusBar);
+    m_output->setLineLimit(preferences().outputWindowBufferSize);
+    m_output->setTabWidth(preferences().tabSize); // columns
+    m_output->applyColors();
+    m_central->updateTabsAndSpaces();
+    m_central->updateFontAndColors();
+    m_central->updateHiddenCharacters();
+    overrideScriptEditorButton(preferences().overrideScriptEditor);
+}
+
+// Single tool bars may have been hidden by hand: switched on, all come back only when none is left.
+void Kestrowl::updateToolBars()
+{
+    bool anyIsShown = false;
+    for (const QToolBar *toolBar : m_toolBars)
+        anyIsShown = anyIsShown || !isPutAway(toolBar);
+    if (anyIsShown != preferences().toolbar)
+        setToolbarVisible(preferences().toolbar);
+}
+
+void Kestrowl::updatePreferencesAndWrite()
+{
+    updatePreferences();
+    writeSettings();
+}
