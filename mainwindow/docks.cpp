@@ -106,3 +106,11 @@ int floatingDockFlags(const DockArray<QDockWidget *> &docks)
     }
     return flags;
 }
+
+void setDocksVisible(const DockArray<QDockWidget *> &docks, int flags, bool visible)
+{
+    for (const DockRow &row : dockRows) {
+        if (flags & row.flag)
+            setShown(docks[row.dock], visible);
+    }
+}

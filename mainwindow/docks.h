@@ -43,3 +43,6 @@ const int formerDockFlag = 2;
 // The bits of the docks that are not hidden, and of those that float, hidden or not.
 int visibleDockFlags(const DockArray<QDockWidget *> &docks);
 int floatingDockFlags(const DockArray<QDockWidget *> &docks);
+
+// Shows or hides the docks whose bits are set.
+void setDocksVisible(const DockArray<QDockWidget *> &docks, int flags, bool visible);

@@ -112,6 +112,7 @@ QString readIniFile(const QString &path, const std::function<void(QSettings &)> 
         return QString();
     QSettings settings(path, QSettings::IniFormat);
     use(settings);
+    settings.allKeys(); // which looks at what was not asked for, too
     return settings.status() == QSettings::FormatError ? damageMessage(path) : QString();
 }
 

@@ -216,8 +216,8 @@ private:
 
     DockArray<QDockWidget *> m_docks;
     DockArray<QByteArray> m_dockGeometry; // as of the last change of a dock's place
-    int m_visibleDocks = 0;               // as visibleDockFlags() has them, and formerDockFlag
-    QList<QDockWidget *> m_docksPutAway;  // floating ones, while the window is hidden
+    int m_visibleDocks = 0;               // with those put away and formerDockFlag
+    int m_docksPutAway = 0;               // floating ones, while the window is hidden
     QByteArray m_hiddenState;             // saveState() before they were; else empty
     bool m_ignoresDocks = false;          // while they are hidden, shown and restored
     QString m_license;                    // as it was read

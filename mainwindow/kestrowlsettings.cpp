@@ -98,9 +98,10 @@ void Kestrowl::arrangeDocks(const WindowSettings &stored)
 {
     const bool isKnown = stored.panes != Panes::Both || stored.visibleDocks != 0;
     const int visible = isKnown ? stored.visibleDocks : initialDocks;
+    setDocksVisible(m_docks, visible, true);
+    setDocksVisible(m_docks, ~visible, false);
     for (int i = 0; i < dockCount; ++i) {
         const Dock id = static_cast<Dock>(i);
-        setShown(m_docks[id], (visible & dockFlag(id)) != 0);
         if ((stored.floatingDocks & dockFlag(id)) == 0)
             continue;
         m_docks[id]->setFloating(true);

@@ -168,24 +168,20 @@ void Kestrowl::dockLocationChange()
 // and what their signals say meanwhile is no choice of the user's.
 void Kestrowl::hideFloatingDocks()
 {
-    for (QDockWidget *dock : m_docks) {
-        if (dock->isFloating() && !dock->isHidden())
-            m_docksPutAway << dock;
-    }
-    if (m_docksPutAway.isEmpty())
+    const int floating = visibleDockFlags(m_docks) & floatingDockFlags(m_docks);
+    if (floating == 0)
         return;
+    m_docksPutAway = floating;
     m_hiddenState = saveState();
     const FlagScope ignoring(&m_ignoresDocks);
-    for (QDockWidget *dock : m_docksPutAway)
-        dock->hide();
+    setDocksVisible(m_docks, floating, false);
 }
 
 void Kestrowl::showFloatingDocks()
 {
     const FlagScope ignoring(&m_ignoresDocks);
-    for (QDockWidget *dock : m_docksPutAway)
-        dock->show();
-    m_docksPutAway.clear();
+    setDocksVisible(m_docks, m_docksPutAway, true);
+    m_docksPutAway = 0;
     m_hiddenState.clear();
 }
 
@@ -193,7 +189,7 @@ void Kestrowl::updateVisibleDocks()
 {
     if (m_ignoresDocks)
         return;
-    m_visibleDocks = visibleDockFlags(m_docks) | (m_visibleDocks & formerDockFlag);
+    m_visibleDocks = visibleDockFlags(m_docks) | m_docksPutAway | (m_visibleDocks & formerDockFlag);
 }
 
 // All of them: moving one dock moves others.

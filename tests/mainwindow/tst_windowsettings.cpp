@@ -1,0 +1,438 @@
+// SPDX-License-Identifier: MIT
+#include "output/edoutputview.h"
+#include "preferences/colorlist.h"
+#include "preferences/preferences.h"
+#include "preferences/textformats.h"
+#include "tests/mainwindow/windowfixture.h"
+#include "tests/support/testmain.h"
+
+#include <QDir>
+#include <QDockWidget>
+#include <QFile>
+#include <QSettings>
+#include <QSignalSpy>
+#include <QStatusBar>
+#include <QToolBar>
+
+#include <memory>
+
+namespace {
+
+// A key of the file with its value after a first start; null for what depends on the machine.
+struct Key
+{
+    const char *name;
+    const char *value;
+};
+
+const Key windowKeys[] = {
+    {"mainwindow/version", "1"},
+    {"mainwindow/license", ""},
+    {"mainwindow/windowGeometry", nullptr},
+    {"mainwindow/windowState", nullptr},
+    {"mainwindow/outputGeometry", nullptr},
+    {"mainwindow/buffersGeometry", nullptr},
+    {"mainwindow/documentsGeometry", nullptr},
+    {"mainwindow/outlineGeometry", nullptr},
+    {"mainwindow/projectGeometry", nullptr},
+    {"mainwindow/quickHelpGeometry", nullptr},
+    {"mainwindow/editorState", "0"},
+    {"mainwindow/dockState", "0"},
+    {"mainwindow/hiddenState", ""},
+    {"mainwindow/visible", "false"},
+    {"mainwindow/floatingDockState", "0"},
+    {"project/projectDir", nullptr},
+    {"fonts/textFont", nullptr},
+    {"fonts/outputFont", nullptr},
+};
+
+const char settingsName[] = "corvaneEditor.ini";
+const char colorsName[] = "corvaneEditorColors.ini";
+
+// The values of a file, as texts.
+QString valueIn(const QString &path, const char *key)
+{
+    return QSettings(path, QSettings::IniFormat).value(QLatin1String(key)).toString();
+}
+
+void setValueIn(const QString &path, const char *key, const QVariant &value)
+{
+    QSettings(path, QSettings::IniFormat).setValue(QLatin1String(key), value);
+}
+
+// As if another version of Qt had written the state: what is left is in the other keys.
+void forgetStates(const QString &path)
+{
+    QSettings settings(path, QSettings::IniFormat);
+    settings.remove("mainwindow/windowStateChecksum");
+    settings.remove("mainwindow/hiddenStateChecksum");
+}
+
+// The window of one run after the other, in the same directory.
+class Runs
+{
+public:
+    Runs() { restart(); }
+    ~Runs() { preferences() = Preferences(); }
+
+    Kestrowl &window() { return *m_window; }
+    QDockWidget &dock(Dock dock) { return *m_window->dock(dock); }
+    QString settingsPath() const { return m_dir.file(settingsName); }
+    const ScratchDir &dir() const { return m_dir; }
+
+    void restart()
+    {
+        m_window.reset();
+        preferences() = Preferences();
+        useColorSet(ColorSet::Dark);
+        m_window.reset(new Kestrowl(m_dir.path(), m_dir.path()));
+    }
+
+    // What the file holds is what the next window sees.
+    void restartWith(const QByteArray &settings)
+    {
+        m_dir.write(settingsName, settings);
+        restart();
+    }
+
+private:
+    ScratchDir m_dir;
+    std::unique_ptr<Kestrowl> m_window;
+};
+
+} // namespace
+
+class WindowSettingsTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void cleanup() { useColorSet(ColorSet::Dark); }
+    void aFirstWriteHasEveryKeyWithItsDefault();
+    void aSeparatorBehindTheDirectoryChangesNothing();
+    void keysOfOthersStay();
+    void docksComeBack_data();
+    void docksComeBack();
+    void panesComeBack_data();
+    void panesComeBack();
+    void geometryComesBack();
+    void aWindowOffEveryScreenComesBack();
+    void togglesAndToolBarsComeBack();
+    void colorsComeBack();
+    void dockStateIsWrittenForOnePaneOnly();
+    void oddNumbersTakeTheirDefaults();
+    void onlyWholeBytesAreApplied();
+    void settingsAreReadWithoutTellingMaya();
+    void damagedFilesAreKeptAside_data();
+    void damagedFilesAreKeptAside();
+    void ofABrokenFileTheRestIsRead();
+    void someDamagedFilesAreKept();
+    void aFailedWriteIsSaid();
+};
+
+void WindowSettingsTest::aFirstWriteHasEveryKeyWithItsDefault()
+{
+    Runs runs;
+    QVERIFY(!QFile::exists(runs.settingsPath()));
+    runs.window().writeSettings();
+    QSettings settings(runs.settingsPath(), QSettings::IniFormat);
+    for (const Key &key : windowKeys) {
+        QVERIFY2(settings.contains(key.name), key.name);
+        if (key.value)
+            QCOMPARE(settings.value(key.name).toString(), QString(key.value));
+    }
+    QCOMPARE(settings.value("project/projectDir").toString(), runs.dir().path());
+    QSettings colors(runs.window().colorsPath(), QSettings::IniFormat);
+    QCOMPARE(colors.value("colors/version").toInt(), textFormatListVersion);
+    QCOMPARE(colors.value("colors/format").toStringList(), textFormatList());
+}
+
+void WindowSettingsTest::aSeparatorBehindTheDirectoryChangesNothing()
+{
+    ScratchDir dir;
+    const Kestrowl without(dir.path(), dir.path());
+    const Kestrowl with(dir.path() + "/", dir.path() + "/");
+    QCOMPARE(with.settingsPath(), without.settingsPath());
+    QCOMPARE(with.settingsPath(), dir.file(settingsName));
+    QCOMPARE(with.colorsPath(), without.colorsPath());
+    QCOMPARE(with.colorsPath(), dir.file(colorsName));
+}
+
+void WindowSettingsTest::keysOfOthersStay()
+{
+    Runs runs;
+    runs.restartWith("[mainwindow]\nlicense=a key\nwidth=3\n[other]\nkey=\"x, y\"\n");
+    runs.window().writeSettings();
+    QCOMPARE(valueIn(runs.settingsPath(), "mainwindow/license"), QString("a key"));
+    QCOMPARE(valueIn(runs.settingsPath(), "mainwindow/width"), QString("3"));
+    QCOMPARE(valueIn(runs.settingsPath(), "other/key"), QString("x, y"));
+}
+
+void WindowSettingsTest::docksComeBack_data()
+{
+    QTest::addColumn<bool>("shown");
+    QTest::addColumn<bool>("stateUsable");
+
+    QTest::newRow("written-while-shown") << true << true;
+    QTest::newRow("written-while-hidden") << false << true;
+    QTest::newRow("from-another-qt") << true << false;
+    QTest::newRow("hidden-and-from-another-qt") << false << false;
+}
+
+void WindowSettingsTest::docksComeBack()
+{
+    QFETCH(bool, shown);
+    QFETCH(bool, stateUsable);
+    Runs runs;
+    runs.window().show();
+    runs.dock(Dock::Outline).hide();
+    runs.dock(Dock::QuickHelp).show();
+    runs.window().tabifyDockWidget(&runs.dock(Dock::Documents), &runs.dock(Dock::Buffers));
+    runs.dock(Dock::Project).setFloating(true);
+    runs.dock(Dock::Project).setGeometry(90, 120, 230, 310);
+    runs.window().setEditorVisible(false); // with both panes the docks are not in numbers
+    runs.window().setVisible(shown);
+    runs.window().writeSettings();
+    if (!stateUsable)
+        forgetStates(runs.settingsPath());
+
+    for (int i = 0; i < 2; ++i) {
+        runs.restart();
+        QVERIFY(!runs.dock(Dock::Project).isVisible()); // not before its window
+        // A window that nobody looked at must not forget.
+        runs.window().writeSettings();
+        if (!stateUsable)
+            forgetStates(runs.settingsPath());
+    }
+    runs.window().show();
+    QVERIFY(!runs.dock(Dock::Outline).isVisible());
+    QVERIFY(runs.dock(Dock::QuickHelp).isVisible());
+    QVERIFY(runs.dock(Dock::Project).isVisible());
+    QVERIFY(runs.dock(Dock::Project).isFloating());
+    QCOMPARE(runs.dock(Dock::Project).geometry(), QRect(90, 120, 230, 310));
+    QVERIFY(!runs.dock(Dock::Buffers).isFloating());
+    QCOMPARE(runs.window().tabifiedDockWidgets(&runs.dock(Dock::Documents)).isEmpty(),
+             !stateUsable);
+}
+
+void WindowSettingsTest::panesComeBack_data()
+{
+    QTest::addColumn<int>("action");
+    QTest::addColumn<QString>("stored");
+    QTest::addColumn<bool>("editor");
+    QTest::addColumn<bool>("history");
+
+    QTest::newRow("both") << int(Action::ShowBoth) << "0" << true << true;
+    QTest::newRow("editor") << int(Action::ShowEditor) << "1" << true << false;
+    QTest::newRow("history") << int(Action::ShowHistory) << "2" << false << true;
+}
+
+void WindowSettingsTest::panesComeBack()
+{
+    QFETCH(int, action);
+    QFETCH(QString, stored);
+    QFETCH(bool, editor);
+    QFETCH(bool, history);
+    Runs runs;
+    runs.window().show();
+    runs.window().action(static_cast<Action>(action))->trigger();
+    runs.window().writeSettings();
+    QCOMPARE(valueIn(runs.settingsPath(), "mainwindow/editorState"), stored);
+    runs.restart();
+    runs.window().show();
+    QCOMPARE(runs.window().central()->isVisible(), editor);
+    QCOMPARE(runs.dock(Dock::Output).isVisible(), history);
+    QCOMPARE(runs.window().action(Action::CodeEditor)->isChecked(), editor);
+}
+
+void WindowSettingsTest::geometryComesBack()
+{
+    Runs runs;
+    runs.window().setGeometry(40, 50, 640, 480);
+    runs.window().writeSettings();
+    runs.restart();
+    QCOMPARE(runs.window().geometry(), QRect(40, 50, 640, 480));
+}
+
+void WindowSettingsTest::aWindowOffEveryScreenComesBack()
+{
+    Runs runs;
+    runs.window().setGeometry(90000, 90000, 640, 480);
+    runs.dock(Dock::Outline).setFloating(true);
+    runs.dock(Dock::Outline).setGeometry(-90000, 90000, 200, 300);
+    runs.window().writeSettings();
+    runs.restart();
+    // No screen is that large.
+    const QRect anyScreen(0, 0, 20000, 20000);
+    QVERIFY(runs.window().geometry().intersects(anyScreen));
+    QVERIFY(runs.dock(Dock::Outline).isFloating());
+    QVERIFY(runs.dock(Dock::Outline).geometry().intersects(anyScreen));
+}
+
+void WindowSettingsTest::togglesAndToolBarsComeBack()
+{
+    Runs runs;
+    runs.window().action(Action::WordWrap)->trigger();
+    runs.window().action(Action::ShowTabsAndSpaces)->trigger();
+    runs.window().action(Action::SuppressStackWindow)->trigger();
+    runs.window().action(Action::ShowEndOfLine)->trigger();
+    runs.window().findChild<QToolBar *>("cleartoolbar")->hide();
+    runs.window().writeSettings();
+    runs.restart();
+    QVERIFY(runs.window().action(Action::WordWrap)->isChecked());
+    QVERIFY(runs.window().action(Action::ShowTabsAndSpaces)->isChecked());
+    QVERIFY(!runs.window().action(Action::SuppressStackWindow)->isChecked());
+    QVERIFY(!runs.window().action(Action::ShowEndOfLine)->isChecked());
+    runs.window().show();
+    QVERIFY(!runs.window().findChild<QToolBar *>("cleartoolbar")->isVisible());
+    QVERIFY(runs.window().findChild<QToolBar *>("filetoolbar")->isVisible());
+}
+
+void WindowSettingsTest::colorsComeBack()
+{
+    Runs runs;
+    useColorSet(ColorSet::Light);
+    textFormat(OutputText::Errors).bold = true;
+    const QStringList light = textFormatList();
+    runs.window().updatePreferencesAndWrite();
+    runs.restart();
+    QCOMPARE(textFormatList(), light);
+    QCOMPARE(runs.window().outputView()->palette().color(QPalette::Base),
+             textFormat(OutputText::Plain).background);
+}
+
+void WindowSettingsTest::dockStateIsWrittenForOnePaneOnly()
+{
+    Runs runs;
+    // 2 is no dock's any more, and is kept; 64 shows Quick Help.
+    runs.restartWith("[mainwindow]\neditorState=2\ndockState=74\n");
+    QVERIFY(!runs.dock(Dock::QuickHelp).isHidden());
+    QVERIFY(runs.dock(Dock::Project).isHidden());
+    runs.window().writeSettings();
+    QCOMPARE(valueIn(runs.settingsPath(), "mainwindow/dockState"), QString("74"));
+    runs.window().showBoth();
+    runs.window().writeSettings();
+    QCOMPARE(valueIn(runs.settingsPath(), "mainwindow/dockState"), QString("0"));
+    // The 0 hides nothing.
+    forgetStates(runs.settingsPath());
+    runs.restart();
+    runs.window().show();
+    QVERIFY(runs.dock(Dock::Project).isVisible());
+    QVERIFY(runs.dock(Dock::Output).isVisible());
+}
+
+void WindowSettingsTest::oddNumbersTakeTheirDefaults()
+{
+    Runs runs;
+    runs.restartWith("[mainwindow]\neditorState=3\ndockState=128\nfloatingDockState=-1\n"
+                     "visible=1\nversion=x\n[tabs]\nopenTabs=\nactiveView=x\n");
+    for (QDockWidget *dock : runs.window().findChildren<QDockWidget *>()) {
+        QCOMPARE(dock->isHidden(), dock == &runs.dock(Dock::QuickHelp));
+        QVERIFY(!dock->isFloating());
+    }
+    runs.window().writeSettings();
+    QCOMPARE(valueIn(runs.settingsPath(), "mainwindow/editorState"), QString("0"));
+    QCOMPARE(valueIn(runs.settingsPath(), "mainwindow/version"), QString("1"));
+}
+
+void WindowSettingsTest::onlyWholeBytesAreApplied()
+{
+    Runs runs;
+    const QByteArray initial = runs.window().saveState();
+    runs.dock(Dock::Outline).hide();
+    runs.window().writeSettings();
+    QByteArray bytes = runs.window().saveState();
+    bytes[bytes.size() / 2] = char(bytes.at(bytes.size() / 2) ^ 1);
+    setValueIn(runs.settingsPath(), "mainwindow/windowState", bytes);
+    runs.restart();
+    QVERIFY(!runs.dock(Dock::Outline).isHidden());
+    QCOMPARE(runs.window().saveState(), initial);
+}
+
+void WindowSettingsTest::settingsAreReadWithoutTellingMaya()
+{
+    // Nobody can listen while the constructor reads; a later write must not tell either.
+    Runs runs;
+    QSignalSpy told(&runs.window(), SIGNAL(suppressStackWindowEnabled(bool)));
+    runs.window().updatePreferencesAndWrite();
+    QCOMPARE(int(told.size()), 0);
+}
+
+void WindowSettingsTest::damagedFilesAreKeptAside_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+
+    QTest::newRow("binary") << QByteArray("\x7f"
+                                          "ELF\0\1\2[mainwindow]\neditorState=2\n",
+                                          36);
+    QTest::newRow("object") << QByteArray("[mainwindow]\neditorState=2\nlicense=@Variant(\\0)\n");
+    QTest::newRow("too-large") << QByteArray("[mainwindow]\neditorState=2\n") +
+                                      QByteArray(17 * 1024 * 1024, ';');
+    QTest::newRow("directory") << QByteArray();
+}
+
+void WindowSettingsTest::damagedFilesAreKeptAside()
+{
+    QFETCH(QByteArray, bytes);
+    Runs runs;
+    if (bytes.isEmpty()) {
+        QDir().mkdir(runs.settingsPath());
+        runs.restart();
+    } else {
+        runs.restartWith(bytes);
+    }
+    QVERIFY(!QFile::exists(runs.settingsPath()));
+    if (!bytes.isEmpty())
+        QVERIFY(runs.dir().read("corvaneEditor.ini.damaged-1") == bytes);
+    QVERIFY(QFile::exists(runs.dir().file("corvaneEditor.ini.damaged-1")));
+    const QString message = runs.window().statusBar()->currentMessage();
+    QVERIFY2(message.contains("corvaneEditor.ini.damaged-1"), qPrintable(message));
+    runs.window().show();
+    QVERIFY(runs.window().outputView()->toPlainText().contains(message));
+    QVERIFY(runs.window().central()->isVisible());
+
+    runs.window().writeSettings();
+    QCOMPARE(valueIn(runs.settingsPath(), "mainwindow/version"), QString("1"));
+    runs.restart();
+    QCOMPARE(runs.window().statusBar()->currentMessage(), QString());
+}
+
+void WindowSettingsTest::ofABrokenFileTheRestIsRead()
+{
+    Runs runs;
+    runs.restartWith("[tabsandspaces]\ntabSize=2\nno sign of equality\nmelTabSize=3\n");
+    QCOMPARE(preferences().tabSize, 2);
+    QCOMPARE(preferences().melTabSize, 3);
+    QVERIFY(runs.dir().read("corvaneEditor.ini.damaged-1").startsWith("[tabsandspaces]"));
+    runs.dir().write(colorsName, "nothing of the kind");
+    runs.restart();
+    QVERIFY(QFile::exists(runs.dir().file("corvaneEditorColors.ini.damaged-1")));
+}
+
+void WindowSettingsTest::someDamagedFilesAreKept()
+{
+    Runs runs;
+    for (int i = 1; i <= 7; ++i)
+        runs.restartWith("broken " + QByteArray::number(i));
+    QCOMPARE(runs.dir().read("corvaneEditor.ini.damaged-1"), QByteArray("broken 1"));
+    QCOMPARE(runs.dir().read("corvaneEditor.ini.damaged-5"), QByteArray("broken 5"));
+    QVERIFY(!QFile::exists(runs.dir().file("corvaneEditor.ini.damaged-6")));
+    QVERIFY(runs.window().statusBar()->currentMessage().contains("damaged"));
+    runs.window().writeSettings();
+    QCOMPARE(valueIn(runs.settingsPath(), "mainwindow/version"), QString("1"));
+}
+
+void WindowSettingsTest::aFailedWriteIsSaid()
+{
+    ScratchDir dir;
+    dir.write("file", "no directory");
+    Kestrowl window(dir.path(), dir.file("file"));
+    QCOMPARE(window.statusBar()->currentMessage(), QString());
+    window.writeSettings();
+    const QString message = window.statusBar()->currentMessage();
+    QVERIFY2(message.contains("not saved"), qPrintable(message));
+    QCOMPARE(dir.read("file"), QByteArray("no directory"));
+}
+
+CORVANE_TEST_MAIN(WindowSettingsTest)
+#include "tst_windowsettings.moc"
