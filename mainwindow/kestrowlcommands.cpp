@@ -6,6 +6,7 @@
 #include "mainwindow/programnames.h"
 #include "output/edoutputview.h"
 #include "preferences/preferences.h"
+#include "preferences/preferencesdialog.h"
 #include "workspace/edcentralwidget.h"
 #include "workspace/edcodeview.h"
 #include "workspace/edexplorerview.h"
@@ -180,7 +181,16 @@ void Kestrowl::showFindReplaceDialog()
 
 void Kestrowl::showPreferencesDialog()
 {
-    setStatusText(tr("The Preferences dialog is not part of this version."));
+    PreferencesDialog *dialog = findChild<PreferencesDialog *>();
+    if (!dialog) {
+        dialog = new PreferencesDialog(this);
+        dialog->setAttribute(Qt::WA_DeleteOnClose);
+        connect(dialog, SIGNAL(applied()), SLOT(updatePreferencesAndWrite()));
+    }
+    // Not exec(): Maya may quit and take the window with it while the dialog is open.
+    dialog->open();
+    dialog->raise();
+    dialog->activateWindow();
 }
 
 void Kestrowl::replace(const QString &text)

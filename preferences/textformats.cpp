@@ -52,6 +52,12 @@ bool needsColors(int index)
            index == textIndex(OutputText::Plain) || index == textIndex(OutputText::Selected);
 }
 
+const TextFormat &plainFormat(const TextFormats &formats, int index)
+{
+    const bool isEditor = index < editorTextCount;
+    return formats[size_t(isEditor ? textIndex(EditorText::Plain) : textIndex(OutputText::Plain))];
+}
+
 TextFormats &textFormats()
 {
     static TextFormats formats = builtInFormats(ColorSet::Dark);

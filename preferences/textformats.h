@@ -60,11 +60,11 @@ const int outputTextCount = int(OutputText::Results) + 1;
 
 // All categories in one row: those of the editor, then those of the output.
 const int textCount = editorTextCount + outputTextCount;
-inline int textIndex(EditorText category)
+constexpr int textIndex(EditorText category)
 {
     return int(category);
 }
-inline int textIndex(OutputText category)
+constexpr int textIndex(OutputText category)
 {
     return editorTextCount + int(category);
 }
@@ -74,6 +74,9 @@ inline int textIndex(OutputText category)
 bool needsColors(int textIndex);
 
 typedef std::array<TextFormat, size_t(textCount)> TextFormats;
+
+// The format that has the colours which the category leaves open: that of the plain text around it.
+const TextFormat &plainFormat(const TextFormats &formats, int textIndex);
 
 // The formats that are built in: for Maya's dark palette, and for those who read dark on light.
 enum class ColorSet { Dark, Light };

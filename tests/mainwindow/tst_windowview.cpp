@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "output/edoutputview.h"
+#include "preferences/preferencesdialog.h"
 #include "tests/mainwindow/windowfixture.h"
 #include "tests/support/testmain.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QClipboard>
 #include <QDockWidget>
 #include <QFile>
@@ -12,6 +14,7 @@
 #include <QLabel>
 #include <QSettings>
 #include <QSignalSpy>
+#include <QSpinBox>
 #include <QStatusBar>
 #include <QToolBar>
 
@@ -52,6 +55,7 @@ private slots:
     void statusLabelsFollowTheCaret();
     void helpActionsAskForTheirPages();
     void preferencesReachTheWindow();
+    void thePreferencesDialogChangesWindowAndFile();
     void settingsAreReadAndWritten();
     void closingHides();
     void deletingAShownWindowIsQuiet();
@@ -260,6 +264,30 @@ void TestWindowView::preferencesReachTheWindow()
     QCOMPARE(overridden.last().first().toBool(), false);
     QCOMPARE(fixture.window.outputView()->maximumBlockCount(), 3);
     QVERIFY(QSettings(fixture.window.settingsPath(), QSettings::IniFormat).allKeys().size() > 40);
+}
+
+void TestWindowView::thePreferencesDialogChangesWindowAndFile()
+{
+    WindowFixture fixture;
+    fixture.showActive();
+    fixture.newBuffer(0, "\t1");
+    fixture.action(Action::Preferences)->trigger();
+    fixture.action(Action::Preferences)->trigger(); // still one dialog
+    const QList<PreferencesDialog *> dialogs = fixture.window.findChildren<PreferencesDialog *>();
+    QCOMPARE(int(dialogs.size()), 1);
+    PreferencesDialog *dialog = dialogs.first();
+    QVERIFY(dialog->isVisible());
+    QCOMPARE(dialog->windowModality(), Qt::WindowModal);
+    dialog->findChild<QSpinBox *>("textFontSize")->setValue(17);
+    dialog->findChild<QCheckBox *>("statusBar")->setChecked(false);
+    QVERIFY(fixture.edit()->font().pointSize() != 17);
+    dialog->accept();
+    QVERIFY(!dialog->isVisible());
+    QCOMPARE(fixture.edit()->font().pointSize(), 17);
+    QVERIFY(!fixture.window.statusBar()->isVisible());
+    const QSettings settings(fixture.window.settingsPath(), QSettings::IniFormat);
+    QCOMPARE(settings.value("fonts/textFontSize").toInt(), 17);
+    preferences() = Preferences();
 }
 
 void TestWindowView::settingsAreReadAndWritten()

@@ -3,6 +3,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QColorDialog>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QLineEdit>
@@ -74,7 +75,9 @@ void ModalAnswer::enterInput(QDialog *dialog)
         if (QLineEdit *name = files->findChild<QLineEdit *>(QString::fromLatin1("fileNameEdit")))
             name->clear();
         files->selectFile(m_input);
-    } else if (input && input->inputMode() == QInputDialog::IntInput)
+    } else if (QColorDialog *colors = qobject_cast<QColorDialog *>(dialog))
+        colors->setCurrentColor(QColor(m_input));
+    else if (input && input->inputMode() == QInputDialog::IntInput)
         input->setIntValue(m_input.toInt());
     else if (input)
         input->setTextValue(m_input);

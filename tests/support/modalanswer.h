@@ -17,7 +17,8 @@ public:
     // Clicks the button of this text, or closes the dialog for a text that no button has.
     explicit ModalAnswer(const QString &button);
 
-    // What is entered before: the text of an input dialog, the number, the path of a file dialog.
+    // What is entered before: the text of an input dialog, the number, the path of a file dialog,
+    // the name of a colour.
     void enter(const QString &input) { m_input = input; }
 
     bool wasAsked() const { return !m_title.isNull(); }

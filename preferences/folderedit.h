@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QWidget>
+
+class QLineEdit;
+
+// A line for the path of a folder, with a button to choose it. The path has "/" as its separators;
+// the line shows those of the platform. The folder need not exist.
+class FolderEdit : public QWidget
+{
+    Q_OBJECT
+    Q_PROPERTY(QString path READ path WRITE setPath NOTIFY pathChanged USER true)
+
+public:
+    explicit FolderEdit(QWidget *parent = nullptr);
+
+    QString path() const;
+    void setPath(const QString &path);
+
+    // What the line says while it is empty.
+    void setPlaceholderText(const QString &text);
+
+public slots:
+    // Asks for a folder, beginning at the present one.
+    void browse();
+
+signals:
+    void pathChanged();
+
+private:
+    QLineEdit *m_line;
+};

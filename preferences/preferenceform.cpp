@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: MIT
+#include "preferences/preferenceform.h"
+
+#include "preferences/folderedit.h"
+#include "preferences/fontfamilybox.h"
+#include "preferences/modulenamesedit.h"
+
+#include <QCheckBox>
+#include <QFormLayout>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QMetaProperty>
+#include <QSpinBox>
+
+namespace {
+
+QWidget *createCheckBox(const PreferenceRow &row)
+{
+    return new QCheckBox(QString::fromUtf8(row.label));
+}
+
+QWidget *createSpinBox(const PreferenceRow &row)
+{
+    const NumberRange range = numberRange(QLatin1String(row.key));
+    QSpinBox *box = new QSpinBox;
+    box->setRange(range.minimum, range.maximum);
+    box->setAlignment(Qt::AlignRight);
+    return box;
+}
+
+QWidget *createFolderEdit(const PreferenceRow &)
+{
+    FolderEdit *edit = new FolderEdit;
+    edit->setPlaceholderText(PreferenceForm::tr("The user script folder"));
+    return edit;
+}
+
+template <class Editor>
+QWidget *createEditor(const PreferenceRow &)
+{
+    return new Editor;
+}
+
+struct KindRow
+{
+    QWidget *(*create)(const PreferenceRow &row);
+    const char *changeSignal;
+};
+
+// In the order of ControlKind.
+const KindRow kindRows[] = {
+    {createCheckBox, SIGNAL(toggled(bool))},
+    {createSpinBox, SIGNAL(valueChanged(int))},
+    {createFolderEdit, SIGNAL(pathChanged())},
+    {createEditor<FontFamilyBox>, SIGNAL(familyChanged())},
+    {createEditor<ModuleNamesEdit>, SIGNAL(namesChanged())},
+};
+
+QMetaProperty valueProperty(const QWidget *editor)
+{
+    return editor->metaObject()->userProperty();
+}
+
+} // namespace
+
+PreferenceForm::PreferenceForm(PreferencePage page, QWidget *parent) : QWidget(parent)
+{
+    QGridLayout *grid = new QGridLayout(this);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setColumnStretch(0, 1);
+    grid->setColumnStretch(1, 1);
+    for (const PreferenceSection *section : sectionsOf(page)) {
+        const int row = section->place == SectionPlace::Right ? grid->rowCount() - 1 //
+                                                              : grid->rowCount();
+        const int column = section->place == SectionPlace::Right ? 1 : 0;
+        const int columns = section->place == SectionPlace::Whole ? 2 : 1;
+        grid->addWidget(createSection(*section), row, column, 1, columns);
+    }
+}
+
+QWidget *PreferenceForm::createSection(const PreferenceSection &section)
+{
+    QGroupBox *box = new QGroupBox(QString::fromUtf8(section.title), this);
+    QFormLayout *layout = new QFormLayout(box);
+    layout->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
+    layout->setFormAlignment(Qt::AlignLeft | Qt::AlignTop);
+    for (const PreferenceRow *row : rowsOf(section))
+        addControl(*row, layout);
+    return box;
+}
+
+void PreferenceForm::addControl(const PreferenceRow &row, QFormLayout *layout)
+{
+    const KindRow &kind = kindRows[int(row.kind)];
+    QWidget *editor = kind.create(row);
+    editor->setObjectName(QLatin1String(row.key));
+    if (row.kind == ControlKind::Check)
+        layout->addRow(editor);
+    else
+        layout->addRow(QString::fromUtf8(row.label), editor);
+    connect(editor, kind.changeSignal, this, SLOT(reportChange()));
+    m_controls.push_back({&row, editor, layout->labelForField(editor)});
+}
+
+void PreferenceForm::fill(const Preferences &values)
+{
+    m_isFilling = true;
+    for (const Control &control : m_controls)
+        valueProperty(control.editor).write(control.editor, valueOf(*control.row, values));
+    m_isFilling = false;
+}
+
+void PreferenceForm::take(Preferences &values) const
+{
+    for (const Control &control : m_controls)
+        setValue(*control.row, values, valueProperty(control.editor).read(control.editor));
+}
+
+void PreferenceForm::updateEnabled(const Preferences &values)
+{
+    for (const Control &control : m_controls) {
+        const bool isEnabled = !control.row->isEnabled || control.row->isEnabled(values);
+        control.editor->setEnabled(isEnabled);
+        if (control.label)
+            control.label->setEnabled(isEnabled);
+    }
+}
+
+bool PreferenceForm::check()
+{
+    for (ModuleNamesEdit *edit : findChildren<ModuleNamesEdit *>()) {
+        if (!edit->checkNames()) {
+            edit->setFocus();
+            return false;
+        }
+    }
+    return true;
+}
+
+void PreferenceForm::reportChange()
+{
+    if (!m_isFilling)
+        emit changed();
+}

@@ -1,0 +1,432 @@
+// SPDX-License-Identifier: MIT
+#include "preferences/categorylist.h"
+#include "preferences/colorbutton.h"
+#include "preferences/colorsets.h"
+#include "preferences/formatpreview.h"
+#include "preferences/preferencesdialog.h"
+#include "tests/preferences/othervalue.h"
+#include "tests/support/modalanswer.h"
+#include "tests/support/testmain.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMetaProperty>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QSignalSpy>
+#include <QSpinBox>
+
+namespace {
+
+const QDialogButtonBox::StandardButton okButton = QDialogButtonBox::Ok;
+const QDialogButtonBox::StandardButton applyButton = QDialogButtonBox::Apply;
+
+struct Fixture
+{
+    PreferencesDialog dialog;
+    QSignalSpy applied;
+
+    Fixture() : applied(&dialog, SIGNAL(applied())) { dialog.show(); }
+
+    template <class Widget>
+    Widget *find(const char *name) const
+    {
+        return dialog.findChild<Widget *>(QLatin1String(name));
+    }
+    QVariant shown(const char *key) const
+    {
+        const QWidget *control = find<QWidget>(key);
+        return control->metaObject()->userProperty().read(control);
+    }
+    // As the user does it: the control tells of the change.
+    void set(const char *key, const QVariant &value)
+    {
+        QWidget *control = find<QWidget>(key);
+        control->metaObject()->userProperty().write(control, value);
+    }
+    QPushButton *button(QDialogButtonBox::StandardButton which) const
+    {
+        return dialog.findChild<QDialogButtonBox *>()->button(which);
+    }
+    void showPage(PreferencePage page)
+    {
+        pages()->setCurrentRow(int(page));
+        QApplication::processEvents(); // its layout too
+    }
+    QListWidget *pages() const
+    {
+        for (QListWidget *list : dialog.findChildren<QListWidget *>()) {
+            if (!qobject_cast<CategoryList *>(list))
+                return list;
+        }
+        return nullptr;
+    }
+    void chooseCategory(int textIndex)
+    {
+        const QString name = QLatin1String(textName(textIndex));
+        // The output's categories stand behind those of the editor, some under the same name.
+        const QList<QListWidgetItem *> items =
+            dialog.findChild<CategoryList *>()->findItems(name, Qt::MatchExactly);
+        items.first()->listWidget()->setCurrentItem(textIndex < editorTextCount ? items.first()
+                                                                                : items.last());
+    }
+};
+
+// What Tab stops at, in its order, beginning with the list of pages.
+QList<QWidget *> focusOrder(const Fixture &fixture)
+{
+    QList<QWidget *> widgets;
+    QWidget *widget = fixture.pages();
+    do {
+        if (widget->isVisible() && widget->focusPolicy() & Qt::TabFocus && !widget->focusProxy())
+            widgets << widget;
+        widget = widget->nextInFocusChain();
+    } while (widget != fixture.pages());
+    return widgets;
+}
+
+QString textOf(const QWidget *widget)
+{
+    if (const QAbstractButton *button = qobject_cast<const QAbstractButton *>(widget))
+        return button->text();
+    if (const QLabel *label = qobject_cast<const QLabel *>(widget))
+        return label->buddy() ? label->text() : QString();
+    return QString();
+}
+
+} // namespace
+
+class PreferencesDialogTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void everyControlShowsAndAppliesItsValue();
+    void applyTellsOnlyOfChanges();
+    void cancelGivesUpWhatWasNotApplied();
+    void keysAcceptAndCancel();
+    void restoredDefaultsWaitToBeApplied();
+    void controlsWithoutEffectAreDisabled_data();
+    void controlsWithoutEffectAreDisabled();
+    void namesThatCannotBeImportedKeepTheDialogOpen();
+    void aFamilyThatIsNotInstalledIsKept();
+    void formatsAreEditedByCategory();
+    void aColorIsChosenInADialog();
+    void plainTextKeepsItsColors();
+    void theSampleFollowsFontAndColors();
+    void theLastPageIsShownAgain();
+    void tabFollowsTheVisualOrder();
+    void mnemonicsAreUniqueOnEveryPage();
+    void pagesFitASmallScreenWithoutScrolling();
+};
+
+void PreferencesDialogTest::init()
+{
+    preferences() = Preferences();
+    useColorSet(ColorSet::Dark);
+}
+
+void PreferencesDialogTest::everyControlShowsAndAppliesItsValue()
+{
+    Fixture fixture;
+    for (int page = 0; page < preferencePageCount; ++page) {
+        for (const PreferenceRow *row : rowsOf(PreferencePage(page))) {
+            const QVariant before = valueOf(*row, preferences());
+            const QVariant after = otherValue(*row, before);
+            QVERIFY2(fixture.shown(row->key) == before, row->key);
+            fixture.set(row->key, after);
+            QVERIFY2(valueOf(*row, preferences()) == before, row->key);
+            fixture.button(applyButton)->click();
+            QVERIFY2(valueOf(*row, preferences()) == after, row->key);
+            QVERIFY2(fixture.shown(row->key) == after, row->key);
+        }
+    }
+}
+
+void PreferencesDialogTest::applyTellsOnlyOfChanges()
+{
+    Fixture fixture;
+    QVERIFY(!fixture.button(applyButton)->isEnabled());
+    fixture.set("tabSize", 2);
+    QVERIFY(fixture.button(applyButton)->isEnabled());
+    fixture.set("tabSize", 4);
+    QVERIFY(!fixture.button(applyButton)->isEnabled());
+    fixture.set("tabSize", 3);
+    fixture.button(applyButton)->click();
+    QVERIFY(!fixture.button(applyButton)->isEnabled());
+    QVERIFY(fixture.dialog.isVisible());
+    fixture.button(okButton)->click();
+    QVERIFY(!fixture.dialog.isVisible());
+    QCOMPARE(int(fixture.applied.count()), 1);
+}
+
+void PreferencesDialogTest::cancelGivesUpWhatWasNotApplied()
+{
+    Fixture fixture;
+    fixture.set("tabSize", 3);
+    fixture.button(applyButton)->click();
+    // What menus switch meanwhile is none of the dialog's business.
+    preferences().wordWrapEnabled = true;
+    fixture.set("tabSize", 7);
+    fixture.set("lockTabs", true);
+    fixture.button(QDialogButtonBox::Cancel)->click();
+    QVERIFY(!fixture.dialog.isVisible());
+    QCOMPARE(preferences().tabSize, 3);
+    QCOMPARE(preferences().lockTabs, false);
+    QCOMPARE(preferences().wordWrapEnabled, true);
+}
+
+void PreferencesDialogTest::keysAcceptAndCancel()
+{
+    Fixture cancelled;
+    cancelled.set("tabSize", 7);
+    QTest::keyClick(cancelled.find<QWidget>("tabSize"), Qt::Key_Escape);
+    QVERIFY(!cancelled.dialog.isVisible());
+    QCOMPARE(preferences().tabSize, 4);
+
+    Fixture accepted;
+    accepted.set("tabSize", 7);
+    preferences().wordWrapEnabled = true;
+    QTest::keyClick(accepted.find<QWidget>("tabSize"), Qt::Key_Return);
+    QVERIFY(!accepted.dialog.isVisible());
+    QCOMPARE(preferences().tabSize, 7);
+    QCOMPARE(preferences().wordWrapEnabled, true);
+}
+
+void PreferencesDialogTest::restoredDefaultsWaitToBeApplied()
+{
+    preferences().tabSize = 2;
+    preferences().lockTabs = true;
+    useColorSet(ColorSet::Light);
+    Fixture fixture;
+    fixture.showPage(PreferencePage::Editing);
+    fixture.dialog.restorePage();
+    QCOMPARE(fixture.shown("tabSize").toInt(), 4);
+    QCOMPARE(fixture.shown("lockTabs").toBool(), true);
+    QCOMPARE(preferences().tabSize, 2);
+    fixture.dialog.restoreAll();
+    fixture.button(okButton)->click();
+    QCOMPARE(preferences().tabSize, 4);
+    QCOMPARE(preferences().lockTabs, false);
+    QVERIFY(textFormats() == builtInFormats(ColorSet::Dark));
+}
+
+void PreferencesDialogTest::controlsWithoutEffectAreDisabled_data()
+{
+    QTest::addColumn<QByteArray>("off"); // switches that are turned, by their keys
+    QTest::addColumn<QByteArray>("control");
+    QTest::addColumn<bool>("isEnabled");
+
+    const auto add = [](const char *tag, const char *turned, const char *control, bool isEnabled) {
+        QTest::newRow(tag) << QByteArray(turned) << QByteArray(control) << isEnabled;
+    };
+    add("mel-follows-general", "", "melTabSize", false);
+    add("mel-has-its-own", "melUseDefaults", "melTabSize", true);
+    add("python-follows-general", "melUseDefaults", "pyAutoIndent", false);
+    add("python-has-its-own", "pyUseDefaults", "pyAutoIndent", true);
+    add("smart-with-general-auto-indent", "", "melSmartIndent", true);
+    add("smart-without-general-auto-indent", "autoIndent", "melSmartIndent", false);
+    add("smart-with-own-auto-indent", "autoIndent melUseDefaults", "melSmartIndent", true);
+    add("smart-without-own-auto-indent", "pyUseDefaults pyAutoIndent", "pythonSmartIndent", false);
+    add("no-tab-bars-to-lock", "tabBar", "lockTabs", false);
+}
+
+void PreferencesDialogTest::controlsWithoutEffectAreDisabled()
+{
+    QFETCH(QByteArray, off);
+    QFETCH(QByteArray, control);
+
+    Fixture fixture;
+    for (const QByteArray &key : off.split(' ')) {
+        if (!key.isEmpty())
+            fixture.set(key, false);
+    }
+    QTEST(fixture.find<QWidget>(control)->isEnabled(), "isEnabled");
+}
+
+void PreferencesDialogTest::namesThatCannotBeImportedKeepTheDialogOpen()
+{
+    Fixture fixture;
+    fixture.set("pythonForcedImports", "os; 1st; a b");
+    fixture.button(okButton)->click();
+    QVERIFY(fixture.dialog.isVisible());
+    QCOMPARE(fixture.pages()->currentRow(), int(PreferencePage::Completion));
+    QCOMPARE(int(fixture.applied.count()), 0);
+    const QWidget *edit = fixture.find<QWidget>("pythonForcedImports");
+    const QLabel *complaint = edit->findChild<QLabel *>();
+    QVERIFY(complaint->isVisible());
+    QVERIFY2(complaint->text().endsWith(QLatin1String("1st; a b")), qPrintable(complaint->text()));
+
+    fixture.set("pythonForcedImports", "os");
+    QVERIFY(!complaint->isVisible());
+    fixture.button(okButton)->click();
+    QVERIFY(!fixture.dialog.isVisible());
+    QCOMPARE(preferences().pythonForcedImports, QString::fromLatin1("os"));
+}
+
+void PreferencesDialogTest::aFamilyThatIsNotInstalledIsKept()
+{
+    preferences().textFont = QLatin1String("No Such Family");
+    Fixture fixture;
+    QComboBox *families = fixture.find<QComboBox>("textFont");
+    QCOMPARE(families->currentText(), QString::fromLatin1("No Such Family (not installed)"));
+    fixture.set("textFontSize", 12);
+    fixture.button(applyButton)->click();
+    QCOMPARE(preferences().textFont, QString::fromLatin1("No Such Family"));
+
+    families->setCurrentIndex(1); // an installed one
+    fixture.button(okButton)->click();
+    QCOMPARE(preferences().textFont, families->currentText());
+}
+
+void PreferencesDialogTest::formatsAreEditedByCategory()
+{
+    Fixture fixture;
+    fixture.chooseCategory(textIndex(OutputText::Errors));
+    fixture.find<QCheckBox>("bold")->click();
+    fixture.chooseCategory(textIndex(EditorText::MelKeywords));
+    QVERIFY(fixture.find<QCheckBox>("bold")->isChecked());
+    fixture.find<QCheckBox>("foreground")->click();
+    QVERIFY(!fixture.find<QWidget>("foregroundColor")->isEnabled());
+    fixture.find<QCheckBox>("italic")->click();
+    QVERIFY(!textFormat(EditorText::MelKeywords).italic);
+    fixture.button(okButton)->click();
+
+    TextFormats expected = builtInFormats(ColorSet::Dark);
+    expected[size_t(textIndex(OutputText::Errors))].bold = true;
+    expected[size_t(textIndex(EditorText::MelKeywords))].italic = true;
+    expected[size_t(textIndex(EditorText::MelKeywords))].foreground = QColor();
+    QVERIFY(textFormats() == expected);
+}
+
+void PreferencesDialogTest::aColorIsChosenInADialog()
+{
+    Fixture fixture;
+    fixture.showPage(PreferencePage::Colors);
+    fixture.chooseCategory(textIndex(EditorText::MelKeywords));
+    fixture.find<QCheckBox>("background")->click();
+    // Left open, it was offered as the plain text's, and that is what the dialog begins with.
+    ModalAnswer refused(QString::fromLatin1("Cancel"));
+    fixture.find<ColorButton>("foregroundColor")->click();
+    QVERIFY(refused.wasAsked());
+    ModalAnswer answer(QString::fromLatin1("OK"));
+    answer.enter(QString::fromLatin1("#123456"));
+    fixture.find<ColorButton>("backgroundColor")->click();
+    QVERIFY(answer.wasAsked());
+    fixture.button(okButton)->click();
+    QCOMPARE(textFormat(EditorText::MelKeywords).background.name(), QString::fromLatin1("#123456"));
+    QVERIFY(textFormat(EditorText::MelKeywords).foreground ==
+            builtInFormat(EditorText::MelKeywords, ColorSet::Dark).foreground);
+}
+
+void PreferencesDialogTest::plainTextKeepsItsColors()
+{
+    Fixture fixture;
+    fixture.chooseCategory(textIndex(OutputText::Plain));
+    QVERIFY(!fixture.find<QWidget>("foreground")->isEnabled());
+    QVERIFY(fixture.find<QWidget>("foregroundColor")->isEnabled());
+    fixture.chooseCategory(textIndex(OutputText::Results));
+    QVERIFY(fixture.find<QWidget>("foreground")->isEnabled());
+}
+
+void PreferencesDialogTest::theSampleFollowsFontAndColors()
+{
+    Fixture fixture;
+    fixture.showPage(PreferencePage::Colors);
+    const FormatPreview *preview = nullptr;
+    for (const FormatPreview *each : fixture.dialog.findChildren<FormatPreview *>())
+        preview = each->isVisible() ? each : preview;
+    QVERIFY(preview->toPlainText().contains(QLatin1String(">ij = I:oO(0xB81l);")));
+    fixture.set("textFontSize", 17);
+    QCOMPARE(preview->font().pointSize(), 17);
+    for (QPushButton *button : fixture.dialog.findChildren<QPushButton *>()) {
+        if (button->text().contains(QLatin1String("Li&ght")))
+            button->click();
+    }
+    QVERIFY(preview->palette().color(QPalette::Base) ==
+            builtInFormat(EditorText::Plain, ColorSet::Light).background);
+    fixture.chooseCategory(textIndex(OutputText::Errors));
+    QVERIFY(preview->toPlainText().contains(QLatin1String("// Error: ")));
+    QCOMPARE(preview->font().pointSize(), 9);
+}
+
+void PreferencesDialogTest::theLastPageIsShownAgain()
+{
+    {
+        Fixture fixture;
+        fixture.showPage(PreferencePage::Outline);
+        QVERIFY(fixture.find<QWidget>("melHideProcsInOutline")->isVisible());
+    }
+    Fixture again;
+    QCOMPARE(again.pages()->currentRow(), int(PreferencePage::Outline));
+    QVERIFY(again.find<QWidget>("melHideProcsInOutline")->isVisible());
+}
+
+// From the top down, and up again only to the right.
+void PreferencesDialogTest::tabFollowsTheVisualOrder()
+{
+    Fixture fixture;
+    fixture.dialog.resize(1200, 1000); // nothing needs scrolling
+    for (int page = 0; page < preferencePageCount; ++page) {
+        fixture.showPage(PreferencePage(page));
+        QPoint last;
+        const QList<QWidget *> order = focusOrder(fixture);
+        for (QWidget *widget : order) {
+            const QPoint place = widget->mapTo(&fixture.dialog, QPoint());
+            const QString at = QLatin1String(pageName(PreferencePage(page))) + QLatin1String(": ") +
+                               widget->objectName() + textOf(widget);
+            QVERIFY2(place.y() >= last.y() || place.x() > last.x(), qPrintable(at));
+            last = place;
+        }
+        for (const PreferenceRow *row : rowsOf(PreferencePage(page))) {
+            QWidget *control = fixture.find<QWidget>(row->key);
+            control->setEnabled(true);
+            QWidget *stop = control;
+            while (stop->focusProxy())
+                stop = stop->focusProxy();
+            QVERIFY2(order.contains(stop), row->key);
+        }
+    }
+}
+
+void PreferencesDialogTest::mnemonicsAreUniqueOnEveryPage()
+{
+    Fixture fixture;
+    for (int page = 0; page < preferencePageCount; ++page) {
+        fixture.showPage(PreferencePage(page));
+        QStringList keys;
+        for (const QWidget *widget : fixture.dialog.findChildren<QWidget *>()) {
+            const QString key = QKeySequence::mnemonic(textOf(widget)).toString();
+            if (!widget->isVisible() || key.isEmpty())
+                continue;
+            QVERIFY2(!keys.contains(key), qPrintable(textOf(widget)));
+            keys << key;
+        }
+        QVERIFY2(keys.size() > rowsOf(PreferencePage(page)).size(), pageName(PreferencePage(page)));
+    }
+}
+
+void PreferencesDialogTest::pagesFitASmallScreenWithoutScrolling()
+{
+    const QFont usual = QApplication::font();
+    QFont font = usual;
+    font.setPointSize(9);
+    QApplication::setFont(font);
+    Fixture fixture;
+    QApplication::setFont(usual);
+    for (const QScrollArea *page : fixture.dialog.findChildren<QScrollArea *>()) {
+        // The list of pages, the buttons and the frame of a window need room as well.
+        const QSize size = page->widget() ? page->widget()->sizeHint() : QSize();
+        QVERIFY2(size.width() <= 1280 - 280 && size.height() <= 720 - 120,
+                 qPrintable(QString::fromLatin1("%1 x %2").arg(size.width()).arg(size.height())));
+    }
+}
+
+CORVANE_TEST_MAIN(PreferencesDialogTest)
+#include "tst_preferencesdialog.moc"
