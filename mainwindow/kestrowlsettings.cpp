@@ -33,12 +33,8 @@ void Kestrowl::readSettings()
         readPreferences(settings);
     }));
     reportDamage(readIniFile(colorsPath(), readColors));
-    // Only now: which directory it is depends on the user of Maya, not on the list of defaults.
-    if (preferences().projectDir.isEmpty())
-        preferences().projectDir = m_scriptDirectory;
     applyToggles();
     updatePreferences();
-    m_explorer->setProjectDirectory(preferences().projectDir);
 }
 
 void Kestrowl::writeSettings()
@@ -152,6 +148,10 @@ void Kestrowl::updatePreferences()
     m_central->updateTabsAndSpaces();
     m_central->updateFontAndColors();
     m_central->updateHiddenCharacters();
+    // Only here: which directory it is depends on the user of Maya, not on the list of defaults.
+    if (preferences().projectDir.isEmpty())
+        preferences().projectDir = m_scriptDirectory;
+    m_explorer->setProjectDirectory(preferences().projectDir);
     overrideScriptEditorButton(preferences().overrideScriptEditor);
 }
 

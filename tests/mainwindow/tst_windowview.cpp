@@ -7,8 +7,10 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
+#include <QDir>
 #include <QDockWidget>
 #include <QFile>
+#include <QFileSystemModel>
 #include <QIcon>
 #include <QImage>
 #include <QLabel>
@@ -17,6 +19,7 @@
 #include <QSpinBox>
 #include <QStatusBar>
 #include <QToolBar>
+#include <QTreeView>
 
 namespace {
 
@@ -56,6 +59,7 @@ private slots:
     void helpActionsAskForTheirPages();
     void preferencesReachTheWindow();
     void thePreferencesDialogChangesWindowAndFile();
+    void theProjectFolderFollowsThePreferences();
     void settingsAreReadAndWritten();
     void closingHides();
     void deletingAShownWindowIsQuiet();
@@ -288,6 +292,29 @@ void TestWindowView::thePreferencesDialogChangesWindowAndFile()
     const QSettings settings(fixture.window.settingsPath(), QSettings::IniFormat);
     QCOMPARE(settings.value("fonts/textFontSize").toInt(), 17);
     preferences() = Preferences();
+}
+
+void TestWindowView::theProjectFolderFollowsThePreferences()
+{
+    WindowFixture fixture;
+    QVERIFY(QDir(fixture.dir.path()).mkdir("project"));
+    fixture.window.show();
+    const QTreeView *tree = qobject_cast<QTreeView *>(fixture.window.dock(Dock::Project)->widget());
+    for (int i = 0; i < 200 && !tree->model(); ++i)
+        QTest::qWait(5);
+    const QFileSystemModel *files = qobject_cast<const QFileSystemModel *>(tree->model());
+    QVERIFY(files);
+    QCOMPARE(files->rootPath(), QDir(fixture.dir.path()).absolutePath());
+
+    preferences().projectDir = QDir(fixture.dir.path()).absoluteFilePath("project");
+    fixture.window.updatePreferences();
+    QCOMPARE(files->rootPath(), preferences().projectDir);
+    QCOMPARE(files->filePath(tree->rootIndex()), preferences().projectDir);
+    // As the dialog leaves it to restore the default.
+    preferences().projectDir.clear();
+    fixture.window.updatePreferences();
+    QCOMPARE(files->rootPath(), QDir(fixture.dir.path()).absolutePath());
+    QCOMPARE(preferences().projectDir, files->rootPath());
 }
 
 void TestWindowView::settingsAreReadAndWritten()
