@@ -68,9 +68,6 @@ void EdCodeEdit::setLanguage(int language)
     m_language = language;
     m_highlighter.reset(); // takes its colours off the document
     m_highlighter = highlighterFor(language, document());
-    // At once: by itself a highlighter waits for the event loop.
-    if (m_highlighter)
-        m_highlighter->rehighlight();
 }
 
 // Blocks keep the characters that toPlainText() replaces.
@@ -179,7 +176,7 @@ void EdCodeEdit::updateHiddenCharacters()
     if (!m_highlighter)
         return;
     m_highlighter->readFormats();
-    m_highlighter->rehighlight();
+    m_highlighter->highlightAgain();
 }
 
 // Deliberate: between words only, so that a name is never torn; a longer one is scrolled to.

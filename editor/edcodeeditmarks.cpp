@@ -5,6 +5,7 @@
 #include "analysis/baseparser.h"
 #include "compat/text.h"
 #include "editor/edcodeeditlinenumbers.h"
+#include "editor/edhighlighter.h"
 #include "preferences/textformats.h"
 
 #include <QHelpEvent>
@@ -81,6 +82,16 @@ void EdCodeEdit::resizeEvent(QResizeEvent *event)
     const QRect inside = contentsRect();
     m_lineNumbers->setGeometry(inside.left(), inside.top(), lineNumberWidth(), inside.height());
     updateExtraSelections(); // other lines are visible now
+}
+
+// Whichever way lines come into view, they are painted.
+void EdCodeEdit::paintEvent(QPaintEvent *event)
+{
+    if (m_highlighter && m_highlighter->isPending()) {
+        const int lines = viewport()->height() / QFontMetrics(font()).lineSpacing() + 1;
+        m_highlighter->highlightVisible(firstVisibleBlock(), lines);
+    }
+    QPlainTextEdit::paintEvent(event);
 }
 
 void EdCodeEdit::paintLineNumbers(QWidget *gutter, const QPaintEvent &event)

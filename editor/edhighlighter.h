@@ -2,7 +2,9 @@
 #pragma once
 
 #include "editor/linescan.h"
+#include "editor/waitingblocks.h"
 
+#include <QBasicTimer>
 #include <QSyntaxHighlighter>
 #include <QTextCharFormat>
 
@@ -13,6 +15,10 @@ class LineScanner;
 
 // Colours a document as its language's scanner says, and keeps in each block what is code. Knows no
 // language itself. Belongs to the code view, which replaces it when the language changes.
+//
+// Nobody waits for it: in one turn of the event loop it highlights no more than takes a few
+// milliseconds, beginning with what has been edited. The rest waits for the turns to come, and ends
+// up as if all had been done at once.
 class EdHighlighter : public QSyntaxHighlighter
 {
     Q_OBJECT
@@ -22,6 +28,19 @@ public:
 
     // Takes the formats of the preferences; the caller highlights again.
     void readFormats();
+
+    // All blocks, of which a first slice at once. QSyntaxHighlighter::rehighlight() waits for all.
+    void highlightAgain();
+
+    // Lets blocks that are seen not wait for those above them. What the latter leave open is not
+    // known yet, so the colours may change once more.
+    void highlightVisible(const QTextBlock &first, int count);
+
+    // Whether some blocks still wait.
+    bool isPending() const { return !m_waiting.isEmpty(); }
+
+    // Does at once what is left.
+    void finish();
 
     // While it is on, no highlighter of the process looks at a block: colours and block data stay
     // as they are until the next highlighting.
@@ -34,12 +53,26 @@ protected:
 
     // One block, when its text or the state of the block above has changed.
     void highlightBlock(const QString &text) override;
+    void timerEvent(QTimerEvent *event) override;
+
+private slots:
+    void noteChange(int from, int charsRemoved, int charsAdded);
 
 private:
+    using QSyntaxHighlighter::setDocument; // it stays with its document
+    void takeOver(QTextDocument *document);
+    void highlightFrom(const QTextBlock &block);
+    void highlightSlice();
+    void keepFormats();
     void keepBlockData();
     void applyFormats();
     void dimWhiteSpace(const QString &text);
 
+    WaitingBlocks m_waiting;
+    int m_budget;             // what may still be done in this turn
+    bool m_isBounded = false; // by the budget
+    QTextBlock m_left;        // what a slice has come to when its budget was spent
+    QBasicTimer m_turn;       // runs out when the event loop comes round
     std::unique_ptr<LineScanner> m_scanner;
     LineScan m_scan;                        // of the block at hand; a member for its room
     std::vector<QTextCharFormat> m_formats; // by category, made once: highlighting needs them often

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
+#include "compat/layoutformats.h"
 #include "editor/edhighlighter.h"
 #include "editor/edtextblockdata.h"
 #include "preferences/preferences.h"
-#include "tests/support/layoutformats.h"
 #include "tests/support/testmain.h"
 
+#include <QCoreApplication>
+#include <QPlainTextDocumentLayout>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
@@ -17,11 +19,52 @@ private slots:
     void blocksHoldWhatIsCode();
     void laterBlocksAreScannedOnlyWhenTheStateChanges();
     void anyEditLeavesTheDataOfAFreshDocument();
+    void noTurnOfTheEventLoopIsLong_data();
+    void noTurnOfTheEventLoopIsLong();
+    void theSeenPageDoesNotWait();
+    void editsBetweenSlicesLeaveWhatAFreshDocumentHas_data();
+    void editsBetweenSlicesLeaveWhatAFreshDocumentHas();
+    void attachingAnewForgetsTheOtherLanguage();
+    void aDeletedHighlighterLeavesNothingToBeDone();
     void suspensionStopsEverything();
+    void suspensionKeepsColoursOfWhatIsEdited();
     void hiddenWhiteSpaceIsDimmedWhileShown();
 };
 
 namespace {
+
+// Longer than what is highlighted in one turn.
+const int manyLines = 5000;
+
+// As a text edit for code has it.
+class CodeDocument : public QTextDocument
+{
+public:
+    explicit CodeDocument(const QString &text = QString())
+    {
+        setDocumentLayout(new QPlainTextDocumentLayout(this));
+        setPlainText(text);
+    }
+};
+
+QString lines(int count, const char *line = "f(\"a\"); // b")
+{
+    return (QString::fromLatin1(line) + QLatin1Char('\n')).repeated(count);
+}
+
+// A sequence that is the same in every run.
+class Numbers
+{
+public:
+    int below(int range)
+    {
+        m_seed = m_seed * 1103515245u + 12345u;
+        return int((m_seed >> 8) % uint(range));
+    }
+
+private:
+    uint m_seed = 1;
+};
 
 // Counts the blocks it is asked for.
 class CountingHighlighter : public EdHighlighterMel
@@ -55,6 +98,94 @@ QString summary(const QTextDocument &document)
     return text;
 }
 
+QString formatSummary(const QTextDocument &document)
+{
+    QString text;
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        for (const QTextLayout::FormatRange &range : compat::layoutFormats(block)) {
+            text += QString::fromLatin1("%1+%2%3 ")
+                        .arg(range.start)
+                        .arg(range.length)
+                        .arg(range.format.foreground().color().name());
+        }
+        text += QLatin1Char('|');
+    }
+    return text;
+}
+
+template <typename Highlighter>
+QString freshSummary(const QString &plainText)
+{
+    CodeDocument fresh(plainText);
+    Highlighter highlighter(&fresh);
+    highlighter.rehighlight();
+    return summary(fresh) + formatSummary(fresh);
+}
+
+void editAnywhere(QTextDocument &document, Numbers &numbers, const QStringList &pieces)
+{
+    QTextCursor cursor(&document);
+    const int last = document.characterCount() - 1;
+    cursor.setPosition(numbers.below(last + 1));
+    if (numbers.below(4) == 0)
+        cursor.setPosition(numbers.below(last + 1), QTextCursor::KeepAnchor);
+    cursor.insertText(pieces[numbers.below(pieces.size())]);
+}
+
+void editAtTheTop(QTextDocument &document, Numbers &numbers, const QStringList &pieces)
+{
+    QTextCursor(&document).insertText(pieces[numbers.below(pieces.size())]);
+}
+
+// Every line, in one edit block, as converting tabs does.
+void indentEverything(QTextDocument &document)
+{
+    QTextCursor cursor(&document);
+    cursor.beginEditBlock();
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        cursor.setPosition(block.position());
+        cursor.insertText(QLatin1String("\t"));
+    }
+    cursor.endEditBlock();
+}
+
+void edit(QTextDocument &document, Numbers &numbers, const QStringList &pieces)
+{
+    switch (numbers.below(8)) {
+    case 0:
+    case 1:
+        return document.undo();
+    case 2:
+        return document.redo();
+    case 3:
+        return editAtTheTop(document, numbers, pieces);
+    case 4:
+        return indentEverything(document);
+    default:
+        return editAnywhere(document, numbers, pieces);
+    }
+}
+
+template <typename Highlighter>
+void compareAfterEdits(const QStringList &pieces)
+{
+    CodeDocument edited(lines(manyLines, pieces[0].toLatin1()));
+    Highlighter highlighter(&edited);
+    Numbers numbers;
+    for (int round = 0; round < 12; ++round) {
+        for (int i = numbers.below(4); i >= 0; --i) {
+            edit(edited, numbers, pieces);
+            for (int turns = numbers.below(3); turns > 0; --turns)
+                QCoreApplication::processEvents();
+            const QTextBlock seen = edited.findBlockByNumber(numbers.below(edited.blockCount()));
+            highlighter.highlightVisible(seen, 50);
+        }
+        highlighter.finish();
+        QVERIFY(summary(edited) + formatSummary(edited) ==
+                freshSummary<Highlighter>(edited.toPlainText()));
+    }
+}
+
 } // namespace
 
 void EdHighlighterTest::blocksHoldWhatIsCode()
@@ -84,36 +215,131 @@ void EdHighlighterTest::laterBlocksAreScannedOnlyWhenTheStateChanges()
 
 void EdHighlighterTest::anyEditLeavesTheDataOfAFreshDocument()
 {
-    QTextDocument edited;
-    edited.documentLayout();
+    CodeDocument edited;
     EdHighlighterPython highlighter(&edited);
     edited.setPlainText(QString::fromLatin1("a = [1]\n'''\n(x)\n'''\n{y} # z\n"));
     const char *const pieces[] = {"'''", "\n", "\\\n", "(", "]", "\"", "#", "x y"};
-    uint seed = 1;
-    const auto next = [&seed](int range) {
-        seed = seed * 1103515245u + 12345u;
-        return int((seed >> 16) % uint(range));
-    };
+    Numbers numbers;
     for (int round = 0; round < 300; ++round) {
         QTextCursor cursor(&edited);
         const int last = edited.characterCount() - 1;
-        cursor.setPosition(next(last + 1));
-        cursor.setPosition(qMin(last, cursor.position() + next(4)), QTextCursor::KeepAnchor);
-        cursor.insertText(QString::fromLatin1(pieces[next(8)]));
-        QTextDocument fresh;
-        fresh.setPlainText(edited.toPlainText());
-        EdHighlighterPython again(&fresh);
-        again.rehighlight();
-        QCOMPARE(summary(edited), summary(fresh));
+        cursor.setPosition(numbers.below(last + 1));
+        cursor.setPosition(qMin(last, cursor.position() + numbers.below(4)),
+                           QTextCursor::KeepAnchor);
+        cursor.insertText(QString::fromLatin1(pieces[numbers.below(8)]));
+        QCOMPARE(summary(edited) + formatSummary(edited),
+                 freshSummary<EdHighlighterPython>(edited.toPlainText()));
     }
+}
+
+void EdHighlighterTest::noTurnOfTheEventLoopIsLong_data()
+{
+    QTest::addColumn<QString>("change");
+    QTest::newRow("open-a-comment") << "/*";
+    QTest::newRow("paste") << lines(20000);
+    QTest::newRow("load") << QString();
+}
+
+void EdHighlighterTest::noTurnOfTheEventLoopIsLong()
+{
+    QFETCH(QString, change);
+    const int lineCount = 100000;
+    CodeDocument document(lines(lineCount));
+    CountingHighlighter highlighter(&document);
+    highlighter.finish();
+    highlighter.visits = 0;
+    if (change.isEmpty())
+        document.setPlainText(lines(lineCount));
+    else
+        QTextCursor(&document).insertText(change);
+    int total = highlighter.visits;
+    int longest = total;
+    QVERIFY(total > 100); // a page need not wait
+    while (highlighter.isPending()) {
+        highlighter.visits = 0;
+        QCoreApplication::processEvents();
+        total += highlighter.visits;
+        longest = qMax(longest, highlighter.visits);
+    }
+    QVERIFY2(longest < manyLines, qPrintable(QString::number(longest)));
+    // A slice's last block is looked at again; no other is.
+    QVERIFY2(total < document.blockCount() * 1.01, qPrintable(QString::number(total)));
+}
+
+void EdHighlighterTest::theSeenPageDoesNotWait()
+{
+    CodeDocument document(lines(20 * manyLines));
+    CountingHighlighter highlighter(&document);
+    QVERIFY(EdTextBlockData::of(document.begin()));
+    const QTextBlock seen = document.findBlockByNumber(10 * manyLines);
+    highlighter.highlightVisible(seen, 50);
+    QVERIFY(EdTextBlockData::of(seen));
+    QVERIFY(!compat::layoutFormats(document.findBlockByNumber(10 * manyLines + 49)).isEmpty());
+    QVERIFY(highlighter.isPending());
+    highlighter.visits = 0;
+    highlighter.highlightVisible(seen, 50);
+    QCOMPARE(highlighter.visits, 0);
+}
+
+void EdHighlighterTest::editsBetweenSlicesLeaveWhatAFreshDocumentHas_data()
+{
+    QTest::addColumn<bool>("isMel");
+    QTest::addColumn<QStringList>("pieces"); // the first is what the document consists of
+    const QString many = lines(manyLines, "{ \"b\"; ] // c");
+    QTest::newRow("mel") << true
+                         << (QStringList() << "f(\"a\") /* b */ c;"
+                                           << "/*"
+                                           << "*/"
+                                           << "\""
+                                           << "x"
+                                           << "\\\n"
+                                           << QString() << many);
+    QTest::newRow("python") << false
+                            << (QStringList() << "f('a', \"\"\"b\"\"\") # c"
+                                              << "'''"
+                                              << "\"\"\""
+                                              << "#"
+                                              << "\n"
+                                              << QString() << many);
+}
+
+void EdHighlighterTest::editsBetweenSlicesLeaveWhatAFreshDocumentHas()
+{
+    QFETCH(bool, isMel);
+    QFETCH(QStringList, pieces);
+    if (isMel)
+        compareAfterEdits<EdHighlighterMel>(pieces);
+    else
+        compareAfterEdits<EdHighlighterPython>(pieces);
+}
+
+void EdHighlighterTest::attachingAnewForgetsTheOtherLanguage()
+{
+    CodeDocument document(lines(manyLines, "# /* '''"));
+    {
+        EdHighlighterMel mel(&document);
+        mel.finish();
+    }
+    EdHighlighterPython python(&document);
+    python.finish();
+    QVERIFY(summary(document) + formatSummary(document) ==
+            freshSummary<EdHighlighterPython>(document.toPlainText()));
+}
+
+void EdHighlighterTest::aDeletedHighlighterLeavesNothingToBeDone()
+{
+    CodeDocument document(lines(manyLines));
+    delete new EdHighlighterMel(&document);
+    QCoreApplication::processEvents();
+    QVERIFY(formatSummary(document).count(QLatin1Char('+')) == 0);
 }
 
 void EdHighlighterTest::suspensionStopsEverything()
 {
     QTextDocument document;
     document.setPlainText(QString::fromLatin1("f(1);"));
-    CountingHighlighter highlighter(&document);
     EdHighlighter::setSuspended(true);
+    CountingHighlighter highlighter(&document);
     highlighter.rehighlight();
     EdHighlighter::setSuspended(false);
     QVERIFY(highlighter.visits > 0);
@@ -122,12 +348,31 @@ void EdHighlighterTest::suspensionStopsEverything()
     QVERIFY(EdTextBlockData::of(document.begin()));
 }
 
+void EdHighlighterTest::suspensionKeepsColoursOfWhatIsEdited()
+{
+    CodeDocument document(QString::fromLatin1("f(1);"));
+    EdHighlighterMel highlighter(&document);
+    highlighter.finish();
+    const QString before = formatSummary(document);
+    EdHighlighter::setSuspended(true);
+    QTextCursor cursor(document.begin());
+    cursor.movePosition(QTextCursor::EndOfBlock);
+    cursor.insertText(QLatin1String("2"));
+    highlighter.finish();
+    highlighter.rehighlight();
+    EdHighlighter::setSuspended(false);
+    QCOMPARE(formatSummary(document), before);
+    highlighter.finish();
+    QCOMPARE(summary(document) + formatSummary(document),
+             freshSummary<EdHighlighterMel>(document.toPlainText()));
+}
+
 void EdHighlighterTest::hiddenWhiteSpaceIsDimmedWhileShown()
 {
     const QColor dim = textFormat(EditorText::HiddenWhitespace).foreground;
     const auto dimmed = [&dim](const QTextDocument &document) {
         int count = 0;
-        for (const QTextLayout::FormatRange &range : layoutFormats(document.begin())) {
+        for (const QTextLayout::FormatRange &range : compat::layoutFormats(document.begin())) {
             if (range.format.foreground().color() == dim)
                 count += range.length;
         }

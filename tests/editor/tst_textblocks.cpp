@@ -141,7 +141,7 @@ void TextBlocksTest::blocksWithoutDataAreAllCode()
 void TextBlocksTest::returnTrimsTheDataThatNobodyElseRenews()
 {
     ScriptEdit script(MelLanguage, QString::fromLatin1("f(a)| (b)\n(c)"));
-    script.highlighter->setDocument(nullptr);
+    script.highlighter.reset();
     breakLine(script.cursor, MelLanguage, IndentStyle());
     const QTextBlock first = script.document.begin();
     QCOMPARE(codeOf(first), QString::fromLatin1("f(a)"));

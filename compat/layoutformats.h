@@ -5,7 +5,9 @@
 #include <QTextLayout>
 #include <QtGlobal>
 
-// What a highlighter has applied to the block.
+namespace compat {
+
+// What a highlighter has laid over the block's text; a QList or a QVector.
 inline auto layoutFormats(const QTextBlock &block)
 {
 #if QT_VERSION >= QT_VERSION_CHECK(5, 6, 0)
@@ -14,3 +16,5 @@ inline auto layoutFormats(const QTextBlock &block)
     return block.layout()->additionalFormats();
 #endif
 }
+
+} // namespace compat
