@@ -10,6 +10,7 @@
 #include "editor/editorlanguage.h"
 #include "editor/lineedits.h"
 #include "preferences/preferences.h"
+#include "preferences/textcolors.h"
 #include "preferences/textformats.h"
 #include "resources/resources.h"
 
@@ -141,8 +142,7 @@ void EdCodeEdit::clearText()
 void EdCodeEdit::updateFontAndColors()
 {
     setFont(editorFont());
-    setPalette(
-        withTextColors(palette(), textFormat(EditorText::Plain), textFormat(EditorText::Selected)));
+    setTextColors(this, textFormat(EditorText::Plain), textFormat(EditorText::Selected));
     updateHiddenCharacters();
     updateLineNumberWidth();
     m_lineNumbers->update();

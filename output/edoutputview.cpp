@@ -2,6 +2,7 @@
 #include "output/edoutputview.h"
 
 #include "compat/text.h"
+#include "preferences/textcolors.h"
 #include "preferences/textformats.h"
 
 #include <QApplication>
@@ -147,8 +148,7 @@ void EdOutputView::applyColors()
 {
     setFont(outputFont());
     applyTextOption(); // tab stops go by the font
-    setPalette(
-        withTextColors(palette(), textFormat(OutputText::Plain), textFormat(OutputText::Selected)));
+    setTextColors(this, textFormat(OutputText::Plain), textFormat(OutputText::Selected));
     updateExtraSelections();
 }
 

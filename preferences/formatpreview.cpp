@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "preferences/formatpreview.h"
 
+#include "preferences/textcolors.h"
+
 #include <QApplication>
 #include <QFontMetrics>
 #include <QTextCursor>
@@ -119,7 +121,7 @@ TextFormats FormatPreview::prepared(TextFormats formats, int plainText, const QF
 {
     TextFormat &plain = formats[size_t(plainText)];
     clear();
-    setPalette(withTextColors(palette(), plain, plain));
+    setTextColors(this, plain, plain);
     setFont(font);
     // It is the widget's ground now; pieces of plain text would cover that of the current line.
     plain.background = QColor();

@@ -37,15 +37,6 @@ bool operator==(const TextFormat &a, const TextFormat &b)
            a.italic == b.italic;
 }
 
-QPalette withTextColors(QPalette palette, const TextFormat &plain, const TextFormat &selected)
-{
-    palette.setColor(QPalette::Text, plain.foreground);
-    palette.setColor(QPalette::Base, plain.background);
-    palette.setColor(QPalette::HighlightedText, selected.foreground);
-    palette.setColor(QPalette::Highlight, selected.background);
-    return palette;
-}
-
 bool needsColors(int index)
 {
     return index == textIndex(EditorText::Plain) || index == textIndex(EditorText::Selected) ||

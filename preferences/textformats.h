@@ -3,7 +3,6 @@
 
 #include <QColor>
 #include <QFont>
-#include <QPalette>
 #include <QTextCharFormat>
 
 #include <array>
@@ -23,9 +22,6 @@ struct TextFormat
 };
 
 bool operator==(const TextFormat &a, const TextFormat &b);
-
-// The palette with these colours for a text widget's ground, text and selection.
-QPalette withTextColors(QPalette palette, const TextFormat &plain, const TextFormat &selected);
 
 // What the editor tells apart. The index is a category's identity wherever colours are listed, so
 // new ones go to the end.

@@ -1,8 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "preferences/colorlist.h"
 #include "preferences/colorsets.h"
+#include "preferences/textcolors.h"
 #include "preferences/textformats.h"
 #include "tests/support/testmain.h"
+
+#include <QApplication>
+#include <QImage>
+#include <QPlainTextEdit>
 
 #include <cmath>
 
@@ -77,6 +82,7 @@ private slots:
     void shortListsAreFilledUp();
     void longListsAreCut();
     void versionsDecideWhatIsRead();
+    void theGroundChangesUnderAStyleSheet();
 };
 
 void ColorsTest::categoriesKeepTheirIndexAndName()
@@ -196,6 +202,22 @@ void ColorsTest::versionsDecideWhatIsRead()
     QCOMPARE(textFormatList(), dark);
     readTextFormatList(list, 0);
     QCOMPARE(textFormatList(), list);
+}
+
+// As Maya has one.
+void ColorsTest::theGroundChangesUnderAStyleSheet()
+{
+    qApp->setStyleSheet(QLatin1String("QMenuBar { padding: 1px; }"));
+    QPlainTextEdit edit;
+    edit.show();
+    for (ColorSet set : {ColorSet::Dark, ColorSet::Light}) {
+        const TextFormat plain = builtInFormat(EditorText::Plain, set);
+        setTextColors(&edit, plain, builtInFormat(EditorText::Selected, set));
+        QImage picture(edit.size(), QImage::Format_RGB32);
+        edit.render(&picture);
+        QCOMPARE(QColor(picture.pixel(edit.rect().center())).name(), plain.background.name());
+    }
+    qApp->setStyleSheet(QString());
 }
 
 CORVANE_TEST_MAIN(ColorsTest)
