@@ -362,9 +362,7 @@ void WindowSettingsTest::damagedFilesAreKeptAside_data()
 {
     QTest::addColumn<QByteArray>("bytes");
 
-    QTest::newRow("binary") << QByteArray("\x7f"
-                                          "ELF\0\1\2[mainwindow]\neditorState=2\n",
-                                          36);
+    QTest::newRow("binary") << QByteArray("\177ELF\0\1\2[mainwindow]\neditorState=2\n", 34);
     QTest::newRow("object") << QByteArray("[mainwindow]\neditorState=2\nlicense=@Variant(\\0)\n");
     QTest::newRow("too-large") << QByteArray("[mainwindow]\neditorState=2\n") +
                                       QByteArray(17 * 1024 * 1024, ';');
