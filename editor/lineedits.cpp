@@ -6,8 +6,6 @@
 #include <QTextBlock>
 #include <QTextDocument>
 
-#include <algorithm>
-
 namespace {
 
 const QLatin1Char space(' ');

@@ -47,7 +47,7 @@ bool breaksBehindBrace(const QTextBlock &line)
 
 // if (a) {
 //     |
-// }            goes to the line of its own only when nothing else would stand before it
+// }            only when the line break leaves nothing else to stand there
 MelNewLine betweenBraces(const QTextBlock &line, const IndentStyle &style)
 {
     const TextPlace brace{line.previous(), endOf(line.previous()).column - 1};
@@ -88,10 +88,8 @@ std::optional<QString> behindClosedBlock(const QTextBlock &above)
 {
     const TextPlace brace = matchingBracket(lastBracket(endOf(above)));
     const QTextBlock start = brace.isValid() ? statementStart(brace) : QTextBlock();
-    if (start != brace.block)
-        return indentationOf(nearestNonEmpty(start));
-    const QTextBlock balanced = balancedLine(above);
-    return balanced.isValid() ? std::optional<QString>(indentationOf(balanced)) : std::nullopt;
+    const QTextBlock line = start == brace.block ? balancedLine(above) : nearestNonEmpty(start);
+    return line.isValid() ? std::optional<QString>(indentationOf(line)) : std::nullopt;
 }
 
 // if (a)

@@ -41,6 +41,8 @@ void closingBraceRows()
         "if (a &&\n    b)\n  {\n    |\n}");
     row("condition-on-a-line-of-its-own", "", "if\n  (a)\n  {|", "if\n  (a)\n  {\n    |\n}");
     row("nothing-above-the-condition", "", "\n  (a) {|", "\n  (a) {\n      |\n  }");
+    row("braces-in-strings-before-it", "", "f(\na \"{\" + \"(\" ) {|",
+        "f(\na \"{\" + \"(\" ) {\n    |\n}");
     row("brace-behind-else", "", "  else {|", "  else {\n      |\n  }");
     row("brackets-match-by-column", "", "f (a)(\n  b (c) + (d)) {|",
         "f (a)(\n  b (c) + (d)) {\n    |\n}");
@@ -60,6 +62,7 @@ void behindBraceRows()
         "  if (a) {\n  } else {\n    }\n  |");
     row("behind-block-on-one-line", "", "  a { b; }|", "  a { b; }\n  |");
     row("comment-lines-are-passed-over", "", " a\n  // {\n{\n}|", " a\n  // {\n{\n}\n |");
+    row("nothing-above-the-closed-block", "", "\n  (a) {\n }|", "\n  (a) {\n }\n |");
     row("stray-closing-brace-copies", "", "a;\n  }|", "a;\n  }\n  |");
 }
 
