@@ -237,7 +237,8 @@ void TestEdCodeEdit::keysWhilePopupIsVisible()
     put(*window.edit, text, int(text.size()));
     window.show();
     EdCompleter *popup = window.edit->completer();
-    popup->addItems(QStringList() << "one" << "two");
+    popup->addItems(QStringList() << "one"
+                                  << "two");
     popup->setCurrentRow(0);
     popup->show();
     QTest::keyClick(window.edit, Qt::Key(key));

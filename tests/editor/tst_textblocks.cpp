@@ -11,10 +11,6 @@ private slots:
     void bracketsMatch_data();
     void bracketsMatch();
     void onlyStoredBracketsMatch();
-    void openBracketsAreFound_data();
-    void openBracketsAreFound();
-    void statementsBeginWhereTheirParenthesesDo_data();
-    void statementsBeginWhereTheirParenthesesDo();
     void blocksWithoutDataAreAllCode();
     void returnTrimsTheDataThatNobodyElseRenews();
 };
@@ -24,12 +20,6 @@ namespace {
 void row(const char *tag, const char *given, const char *expected)
 {
     QTest::newRow(tag) << QString::fromLatin1(given) << QString::fromLatin1(expected);
-}
-
-void addColumns()
-{
-    QTest::addColumn<QString>("given");
-    QTest::addColumn<QString>("expected");
 }
 
 TextPlace placeOf(const QTextCursor &cursor)
@@ -52,7 +42,8 @@ QString drawingAt(const TextPlace &place)
 // The caret stands before the bracket, in the result before the one that matches.
 void TextBlocksTest::bracketsMatch_data()
 {
-    addColumns();
+    QTest::addColumn<QString>("given");
+    QTest::addColumn<QString>("expected");
     row("forwards-over-lines", "a|{\n{}\n}", "a{\n{}\n|}");
     row("backwards-over-lines", "a{\n{}\n|}", "a|{\n{}\n}");
     row("other-kinds-do-not-count", "|(]{)", "(]{|)");
@@ -77,53 +68,6 @@ void TextBlocksTest::onlyStoredBracketsMatch()
 {
     const ScriptEdit script(TextLanguage, QString::fromLatin1("|()"));
     QVERIFY(!matchingBracket(placeOf(script.cursor)).isValid());
-}
-
-// The caret stands before the bracket that is open at the line's end.
-void TextBlocksTest::openBracketsAreFound_data()
-{
-    addColumns();
-    row("none", "f(a)[b]{c}", "");
-    row("last-of-several", "f(a, [b, c", "f(a, |[b, c");
-    row("closed-ones-are-passed-over", "f(a, [b], g()", "f|(a, [b], g()");
-    row("kinds-are-counted-apart", "f(a]", "f|(a]");
-    row("closers-of-lines-above", ") f(", ") f|(");
-    row("brace", "{a, (b)", "|{a, (b)");
-}
-
-void TextBlocksTest::openBracketsAreFound()
-{
-    QFETCH(QString, given);
-    QFETCH(QString, expected);
-    const ScriptEdit script(PythonLanguage, given + QLatin1Char('|'));
-    const QTextBlock line = script.document.begin();
-    const int column = unclosedOpener(line, true);
-    QCOMPARE(column < 0 ? QString() : drawingAt({line, column}), expected);
-    if (given.contains(QLatin1Char('{')))
-        QCOMPARE(unclosedOpener(line, false), -1);
-}
-
-// The caret stands where the code ends, in the result at the start of the line that is found.
-void TextBlocksTest::statementsBeginWhereTheirParenthesesDo_data()
-{
-    addColumns();
-    row("no-parenthesis", "a(\nb|", "a(\n|b");
-    row("parenthesis-in-the-line", "a\nif (b) |{", "a\n|if (b) {");
-    row("lines-above", "a\nif (b,\nc(d)) |{ e(); }", "a\n|if (b,\nc(d)) { e(); }");
-    row("one-up-from-a-lone-condition", "if // a\n (b,\nc)|", "|if // a\n (b,\nc)");
-    row("first-line-has-none-above", "(b)|", "|(b)");
-    row("code-before-the-line", "if (a,\nb)\n// c\n|{", "|if (a,\nb)\n// c\n{");
-    row("no-code-before", "// a\n|{", "// a\n|{");
-    row("unmatched", "a\nb)|", "a\n|b)");
-    row("strings-are-cut-out", "f(\na \"{\" + \"(\" )|{ {", "|f(\na \"{\" + \"(\" ){ {");
-}
-
-void TextBlocksTest::statementsBeginWhereTheirParenthesesDo()
-{
-    QFETCH(QString, given);
-    QFETCH(QString, expected);
-    const ScriptEdit script(MelLanguage, given);
-    QCOMPARE(drawingAt({statementStart(placeOf(script.cursor)), 0}), expected);
 }
 
 void TextBlocksTest::blocksWithoutDataAreAllCode()
