@@ -16,6 +16,7 @@ FolderEdit::FolderEdit(QWidget *parent) : QWidget(parent), m_line(new QLineEdit(
     layout->addWidget(m_line);
     layout->addWidget(button);
     setFocusProxy(m_line);
+    setFocusPolicy(m_line->focusPolicy()); // a label leads to nothing that takes no focus
     connect(m_line, SIGNAL(textChanged(QString)), SIGNAL(pathChanged()));
     connect(button, SIGNAL(clicked()), SLOT(browse()));
 }

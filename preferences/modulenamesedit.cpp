@@ -30,6 +30,7 @@ ModuleNamesEdit::ModuleNamesEdit(QWidget *parent)
     m_complaint->setWordWrap(true);
     m_complaint->hide();
     setFocusProxy(m_line);
+    setFocusPolicy(m_line->focusPolicy()); // a label leads to nothing that takes no focus
     connect(m_line, SIGNAL(textChanged(QString)), SLOT(clearMark()));
     connect(m_line, SIGNAL(textChanged(QString)), SIGNAL(namesChanged()));
 }

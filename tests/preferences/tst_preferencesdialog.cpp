@@ -122,7 +122,7 @@ private slots:
     void theSampleFollowsFontAndColors();
     void theLastPageIsShownAgain();
     void tabFollowsTheVisualOrder();
-    void mnemonicsAreUniqueOnEveryPage();
+    void mnemonicsAreUniqueAndLeadSomewhere();
     void pagesFitASmallScreenWithoutScrolling();
 };
 
@@ -395,7 +395,7 @@ void PreferencesDialogTest::tabFollowsTheVisualOrder()
     }
 }
 
-void PreferencesDialogTest::mnemonicsAreUniqueOnEveryPage()
+void PreferencesDialogTest::mnemonicsAreUniqueAndLeadSomewhere()
 {
     Fixture fixture;
     for (int page = 0; page < preferencePageCount; ++page) {
@@ -407,6 +407,9 @@ void PreferencesDialogTest::mnemonicsAreUniqueOnEveryPage()
                 continue;
             QVERIFY2(!keys.contains(key), qPrintable(textOf(widget)));
             keys << key;
+            const QLabel *label = qobject_cast<const QLabel *>(widget);
+            QVERIFY2(!label || label->buddy()->focusPolicy() != Qt::NoFocus,
+                     qPrintable(textOf(label)));
         }
         QVERIFY2(keys.size() > rowsOf(PreferencePage(page)).size(), pageName(PreferencePage(page)));
     }
