@@ -85,6 +85,7 @@ QString EdCodeEdit::text() const
 void EdCodeEdit::setText(const QString &text)
 {
     clearDiagnostics(); // rather than moving and dropping them one by one
+    m_longLineSaid = false;
     setPlainText(text);
 }
 

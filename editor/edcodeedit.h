@@ -86,6 +86,8 @@ signals:
     void nextTabSelected();
     // For whoever can open Maya's documentation, the page of a command.
     void commandDocumentationSelected(const QString &command, bool python);
+    // The caret has come to a line that is too long for colours and marks; once for each text.
+    void longLineReached();
 
 public slots:
     void setModified(bool modified = true);
@@ -193,7 +195,8 @@ private:
     DiagnosticMarks m_errors;
     DiagnosticMarks m_warnings;
     DiagnosticMarks m_infos;
-    int m_blockCount = 1;  // as of the last change of the text
+    int m_blockCount = 1; // as of the last change of the text
+    bool m_longLineSaid = false;
     int m_marginWidth = 0; // pixels that the view leaves to the gutter
     std::unique_ptr<EdHighlighter> m_highlighter;
 };

@@ -6,6 +6,7 @@
 #include "compat/text.h"
 #include "editor/edcodeeditlinenumbers.h"
 #include "editor/edhighlighter.h"
+#include "editor/longlines.h"
 #include "preferences/textformats.h"
 
 #include <QHelpEvent>
@@ -170,6 +171,10 @@ void EdCodeEdit::updateExtraSelections()
     matchParenthesis();
     highlightErrors();
     setExtraSelections(m_extraSelections);
+    if (textCursor().block().length() > longLine && !m_longLineSaid) {
+        m_longLineSaid = true;
+        emit longLineReached();
+    }
 }
 
 void EdCodeEdit::highlightCurrentLine()

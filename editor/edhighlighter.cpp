@@ -4,6 +4,7 @@
 #include "bridge/melnametable.h"
 #include "compat/layoutformats.h"
 #include "editor/edtextblockdata.h"
+#include "editor/longlines.h"
 #include "editor/melscanner.h"
 #include "editor/pythonscanner.h"
 #include "preferences/preferences.h"
@@ -142,6 +143,8 @@ void EdHighlighter::highlightBlock(const QString &text)
     // When this differs from before, Qt goes on with the next block.
     setCurrentBlockState(m_scan.state);
     keepBlockData();
+    if (text.size() > longLine)
+        return;
     applyFormats();
     if (preferences().showTabsAndSpaces)
         dimWhiteSpace(text);

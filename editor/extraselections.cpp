@@ -3,6 +3,7 @@
 
 #include "analysis/wordunits.h"
 #include "editor/diagnosticmarks.h"
+#include "editor/longlines.h"
 #include "editor/textblocks.h"
 #include "preferences/textformats.h"
 

@@ -10,11 +10,7 @@ class QTextCursor;
 
 // What an editor marks beside its selection. Each function adds one kind to a list, of which later
 // entries are painted over earlier ones, and takes time by what is visible, not by the document.
-// Lines of more than longLine UTF-16 units get no marks inside them: on such a line Qt alone is
-// slow enough.
 typedef QList<QTextEdit::ExtraSelection> ExtraSelections;
-
-const int longLine = 20000;
 
 // The caret's line over the whole width.
 void addCurrentLine(const QTextCursor &caret, ExtraSelections *selections);

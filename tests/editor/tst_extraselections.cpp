@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "analysis/baseparser.h"
+#include "compat/layoutformats.h"
 #include "editor/edcodeedit.h"
 #include "editor/editorlanguage.h"
+#include "editor/edtextblockdata.h"
 #include "preferences/preferences.h"
 #include "preferences/textformats.h"
 #include "tests/support/testmain.h"
 
+#include <QSignalSpy>
 #include <QTextBlock>
 
 namespace {
@@ -184,12 +187,18 @@ void TestExtraSelections::diagnosticsAreUnderlinedNearTheView()
 
 void TestExtraSelections::longLinesGoWithout()
 {
-    m_edit->setText("word word (" + QString(30000, 'x') + ")\nword");
+    QSignalSpy said(m_edit.get(), SIGNAL(longLineReached()));
+    m_edit->setText("word 12 word (" + QString(30000, 'x') + ")\nword");
     select(0, 4);
     QVERIFY(places(textFormat(EditorText::MatchingSelection).background).isEmpty());
-    select(11, 11);
+    select(14, 14);
     QVERIFY(places(textFormat(EditorText::BraceMatching).background).isEmpty());
     QCOMPARE(int(places(textFormat(EditorText::CurrentLine).background).size()), 1);
+    QCOMPARE(int(said.size()), 1);
+    // What is code is known all the same.
+    const QTextBlock line = m_edit->document()->begin();
+    QVERIFY(compat::layoutFormats(line).isEmpty());
+    QCOMPARE(int(EdTextBlockData::of(line)->brackets.size()), 2);
 }
 
 CORVANE_TEST_MAIN(TestExtraSelections)
