@@ -35,11 +35,12 @@ Content readContent(const QString &path, QByteArray *bytes, QString *errorMessag
     if (!info.isFile() || info.size() > sizeLimit)
         return Content::Damaged;
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
+    if (file.open(QIODevice::ReadOnly))
+        *bytes = file.readAll();
+    if (file.error() != QFile::NoError) {
         *errorMessage = file.errorString();
         return Content::Unreadable;
     }
-    *bytes = file.readAll();
     return isIniText(*bytes) ? Content::Ini : Content::Damaged;
 }
 
@@ -85,13 +86,16 @@ QByteArray changedBytes(const QString &path, const QByteArray &old,
     QTemporaryFile copy(path + QLatin1String(".XXXXXX"));
     if (!copy.open() || !write(copy, old))
         return QByteArray();
-    QSettings settings(copy.fileName(), QSettings::IniFormat);
+    // Asked before it is closed: some versions give it a name only then. From here on QSettings may
+    // put another file there.
+    const QString name = copy.fileName();
+    copy.close();
+    QSettings settings(name, QSettings::IniFormat);
     set(settings);
     settings.sync();
     if (settings.status() == QSettings::AccessError)
         return QByteArray();
-    // Read through its name: QSettings may have put another file there.
-    QFile changed(copy.fileName());
+    QFile changed(name);
     return changed.open(QIODevice::ReadOnly) ? changed.readAll() : QByteArray();
 }
 

@@ -13,7 +13,7 @@ struct WorkspaceState;
 // settings file.
 enum class Panes { Both, Editor, History };
 
-const int initialDocks = 61; // all but Quick Help, as dockFlags() counts them
+const int initialDocks = 61; // all but Quick Help, by dockFlag()
 
 // What the settings file keeps of the window, apart from preferences. The bytes are Qt's own.
 struct WindowSettings
@@ -23,7 +23,7 @@ struct WindowSettings
     QByteArray windowState; // of QMainWindow::saveState(): tool bars and docks
     DockArray<QByteArray> dockGeometry;
     Panes panes = Panes::Both;
-    int visibleDocks = initialDocks; // these two: as dockFlags() counts them
+    int visibleDocks = initialDocks; // sets of docks by dockFlag(), as the next
     int floatingDocks = 0;
     QByteArray hiddenState; // windowState before floating docks were hidden with the window
     bool visible = false;   // whether the window was shown; if not, hiddenState is what counts
