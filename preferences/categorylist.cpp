@@ -76,7 +76,7 @@ void CategoryList::showFormats(const TextFormats &formats)
         const QVariant index = item(row)->data(indexRole);
         if (!index.isValid())
             continue;
-        showFormat(item(row), formats[size_t(index.toInt())], plainFormat(formats, index.toInt()));
+        showFormat(item(row), formats[index.toInt()], plainFormat(formats, index.toInt()));
     }
 }
 

@@ -74,8 +74,8 @@ ColorSet suitingSet(const QStringList &list)
 QStringList textFormatList()
 {
     QStringList list;
-    for (const TextFormat &format : textFormats())
-        list << entryText(format);
+    for (int i = 0; i < textCount; ++i)
+        list << entryText(textFormats()[i]);
     return list;
 }
 
@@ -84,5 +84,5 @@ void readTextFormatList(const QStringList &list, int version)
     const QStringList known = version > textFormatListVersion ? QStringList() : list;
     useColorSet(suitingSet(known));
     for (int i = 0; i < textCount; ++i)
-        readEntry(known.value(i), needsColors(i), &textFormats()[size_t(i)]);
+        readEntry(known.value(i), needsColors(i), &textFormats()[i]);
 }

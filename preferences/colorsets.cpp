@@ -83,7 +83,7 @@ TextFormats builtInFormats(ColorSet set)
 {
     TextFormats formats;
     for (int i = 0; i < textCount; ++i)
-        formats[size_t(i)] = builtInFormat(i, set);
+        formats[i] = builtInFormat(i, set);
     return formats;
 }
 

@@ -60,8 +60,8 @@ const OutputPiece outputSample[] = {
 void insertGutter(QTextCursor &cursor, const TextFormats &formats)
 {
     const QString number = QString::fromLatin1("%1 ").arg(cursor.blockNumber() + 1, 3);
-    cursor.insertText(number, formats[size_t(textIndex(E::LineNumbers))].charFormat());
-    cursor.insertText(QLatin1String("  "), formats[size_t(textIndex(E::ErrorBar))].charFormat());
+    cursor.insertText(number, formats[E::LineNumbers].charFormat());
+    cursor.insertText(QLatin1String("  "), formats[E::ErrorBar].charFormat());
     cursor.insertText(QLatin1String(" "), QTextCharFormat());
 }
 
@@ -102,7 +102,7 @@ void FormatPreview::showEditor(const TextFormats &given, const QFont &font)
             cursor.setBlockFormat(QTextBlockFormat()); // that of the line above came along
             insertGutter(cursor, formats);
         }
-        insertPiece(cursor, formats[size_t(textIndex(piece.category))], piece.text);
+        insertPiece(cursor, formats[piece.category], piece.text);
     }
     moveCursor(QTextCursor::Start); // which scrolls there
 }
@@ -112,14 +112,14 @@ void FormatPreview::showOutput(const TextFormats &given, const QFont &font)
     const TextFormats formats = prepared(given, textIndex(O::Plain), font);
     QTextCursor cursor(document());
     for (const OutputPiece &piece : outputSample)
-        insertPiece(cursor, formats[size_t(textIndex(piece.category))], piece.text);
+        insertPiece(cursor, formats[piece.category], piece.text);
     moveCursor(QTextCursor::Start);
 }
 
 // Empties the text, and returns the formats for pieces of it.
 TextFormats FormatPreview::prepared(TextFormats formats, int plainText, const QFont &font)
 {
-    TextFormat &plain = formats[size_t(plainText)];
+    TextFormat &plain = formats[plainText];
     clear();
     setTextColors(this, plain, plain);
     setFont(font);

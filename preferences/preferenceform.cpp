@@ -69,12 +69,12 @@ PreferenceForm::PreferenceForm(PreferencePage page, QWidget *parent) : QWidget(p
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setColumnStretch(0, 1);
     grid->setColumnStretch(1, 1);
+    int row = 0;
     for (const PreferenceSection *section : sectionsOf(page)) {
-        const int row = section->place == SectionPlace::Right ? grid->rowCount() - 1 //
-                                                              : grid->rowCount();
-        const int column = section->place == SectionPlace::Right ? 1 : 0;
+        const bool isRight = section->place == SectionPlace::Right; // beside the one before
         const int columns = section->place == SectionPlace::Whole ? 2 : 1;
-        grid->addWidget(createSection(*section), row, column, 1, columns);
+        row += isRight ? 0 : 1;
+        grid->addWidget(createSection(*section), row, isRight ? 1 : 0, 1, columns);
     }
 }
 

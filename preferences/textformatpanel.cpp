@@ -11,13 +11,6 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-namespace {
-
-// The sample is worth as much room as the list.
-const int previewRow = 2;
-
-} // namespace
-
 TextFormatPanel::TextFormatPanel(QWidget *parent)
     : QWidget(parent), m_formats(textFormats()), m_editorFont(editorFont()),
       m_outputFont(outputFont())
@@ -31,9 +24,10 @@ TextFormatPanel::TextFormatPanel(QWidget *parent)
     layout->addWidget(m_categories, 1, 0);
     layout->addWidget(createControls(), 1, 1);
     m_preview = new FormatPreview(this);
-    layout->addWidget(m_preview, previewRow, 0, 1, 2);
+    layout->addWidget(m_preview, 2, 0, 1, 2);
+    // The sample is worth as much room as the list.
     layout->setRowStretch(1, 1);
-    layout->setRowStretch(previewRow, 1);
+    layout->setRowStretch(2, 1);
     layout->setColumnStretch(0, 1);
     connect(m_categories, SIGNAL(categoryChanged()), SLOT(showCategory()));
     connect(m_edit, SIGNAL(changed()), SLOT(takeFormat()));
@@ -91,7 +85,7 @@ void TextFormatPanel::loadColors(ColorSet set)
 
 void TextFormatPanel::takeFormat()
 {
-    m_formats[size_t(m_categories->category())] = m_edit->format();
+    m_formats[m_categories->category()] = m_edit->format();
     m_categories->showFormats(m_formats);
     updatePreview();
     emit changed();
@@ -100,8 +94,7 @@ void TextFormatPanel::takeFormat()
 void TextFormatPanel::showCategory()
 {
     const int category = m_categories->category();
-    m_edit->setFormat(m_formats[size_t(category)], plainFormat(m_formats, category),
-                      needsColors(category));
+    m_edit->setFormat(m_formats[category], plainFormat(m_formats, category), needsColors(category));
     updatePreview();
 }
 

@@ -46,7 +46,7 @@ bool needsColors(int index)
 const TextFormat &plainFormat(const TextFormats &formats, int index)
 {
     const bool isEditor = index < editorTextCount;
-    return formats[size_t(isEditor ? textIndex(EditorText::Plain) : textIndex(OutputText::Plain))];
+    return isEditor ? formats[EditorText::Plain] : formats[OutputText::Plain];
 }
 
 TextFormats &textFormats()
@@ -57,12 +57,12 @@ TextFormats &textFormats()
 
 TextFormat &textFormat(EditorText category)
 {
-    return textFormats()[size_t(textIndex(category))];
+    return textFormats()[category];
 }
 
 TextFormat &textFormat(OutputText category)
 {
-    return textFormats()[size_t(textIndex(category))];
+    return textFormats()[category];
 }
 
 void useColorSet(ColorSet set)

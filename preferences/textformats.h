@@ -69,7 +69,22 @@ constexpr int textIndex(OutputText category)
 // selected text.
 bool needsColors(int textIndex);
 
-typedef std::array<TextFormat, size_t(textCount)> TextFormats;
+// A format for every category.
+class TextFormats
+{
+public:
+    TextFormat &operator[](int textIndex) { return m_formats[size_t(textIndex)]; }
+    const TextFormat &operator[](int textIndex) const { return m_formats[size_t(textIndex)]; }
+    TextFormat &operator[](EditorText category) { return (*this)[textIndex(category)]; }
+    const TextFormat &operator[](EditorText category) const { return (*this)[textIndex(category)]; }
+    TextFormat &operator[](OutputText category) { return (*this)[textIndex(category)]; }
+    const TextFormat &operator[](OutputText category) const { return (*this)[textIndex(category)]; }
+
+    bool operator==(const TextFormats &other) const { return m_formats == other.m_formats; }
+
+private:
+    std::array<TextFormat, size_t(textCount)> m_formats;
+};
 
 // The format that has the colours which the category leaves open: that of the plain text around it.
 const TextFormat &plainFormat(const TextFormats &formats, int textIndex);

@@ -299,9 +299,9 @@ void PreferencesDialogTest::formatsAreEditedByCategory()
     fixture.button(okButton)->click();
 
     TextFormats expected = builtInFormats(ColorSet::Dark);
-    expected[size_t(textIndex(OutputText::Errors))].bold = true;
-    expected[size_t(textIndex(EditorText::MelKeywords))].italic = true;
-    expected[size_t(textIndex(EditorText::MelKeywords))].foreground = QColor();
+    expected[OutputText::Errors].bold = true;
+    expected[EditorText::MelKeywords].italic = true;
+    expected[EditorText::MelKeywords].foreground = QColor();
     QVERIFY(textFormats() == expected);
 }
 
