@@ -82,11 +82,18 @@ QString EdCodeEdit::text() const
     return joined;
 }
 
+// Clearing, a document forgets its cursors until it is empty. Those of the selections must not go
+// in between, as they would when the view scrolls: it would remember them afterwards.
 void EdCodeEdit::setText(const QString &text)
 {
     clearDiagnostics(); // rather than moving and dropping them one by one
     m_longLineSaid = false;
+    m_extraSelectionsEnabled = false;
+    m_extraSelections.clear();
+    setExtraSelections(m_extraSelections);
     setPlainText(text);
+    m_extraSelectionsEnabled = true;
+    updateExtraSelections();
 }
 
 int EdCodeEdit::currentLine() const

@@ -41,7 +41,8 @@ public:
     // The lines joined by "\n", with every other character as it stands: toPlainText() would turn
     // no-break spaces into spaces.
     QString text() const;
-    // Replaces the document; cannot be undone. Lines end in "\n".
+    // Replaces the document; cannot be undone. Rather than setPlainText(), which may crash when the
+    // view is scrolled.
     void setText(const QString &text);
 
     // Counted from 1.
