@@ -41,6 +41,7 @@ Kestrowl::Kestrowl(const QString &userScriptDirectory, const QString &userPrefer
     // The order matters: icons need resources, docks the View menu, connections both ends, and
     // settings everything that they set.
     initResources();
+    makeBufferDirectory();
     setObjectName(QLatin1String("Kestrowl"));
     setWindowIcon(compat::icon(iconPath("corvane")));
     setCentralWidget(m_central);

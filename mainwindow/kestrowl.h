@@ -72,7 +72,7 @@ public slots:
     void closeEditor();
     void save();
     void saveAs();
-    // All files; buffers are left alone.
+    // Files and buffers.
     void saveAll();
     // Asks whether documents shall be saved with the settings, if any has changes.
     void saveSettings();
@@ -179,6 +179,7 @@ private:
     void connectBuffers();
     void connectProject();
     void connectOtherDocks();
+    void makeBufferDirectory();
     void readSettings();
     void applyWindowSettings(const WindowSettings &stored);
     void restoreDocks(const WindowSettings &stored);

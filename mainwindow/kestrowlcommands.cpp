@@ -110,9 +110,6 @@ void Kestrowl::saveSettings()
         return;
     if (answer == SaveStateAnswer::SaveAll)
         saveAll();
-    // Saving all leaves buffers alone, but here the user has asked for them too.
-    if (answer == SaveStateAnswer::SaveAll && m_central->hasUnsavedContent())
-        save();
     writeSettings();
 }
 

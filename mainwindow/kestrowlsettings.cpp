@@ -10,8 +10,10 @@
 #include "output/edoutputview.h"
 #include "preferences/preferences.h"
 #include "workspace/edcentralwidget.h"
+#include "workspace/edcodeview.h"
 #include "workspace/edexplorerview.h"
 
+#include <QDir>
 #include <QDockWidget>
 #include <QStatusBar>
 #include <QToolBar>
@@ -24,6 +26,14 @@ QString Kestrowl::settingsPath() const
 QString Kestrowl::colorsPath() const
 {
     return joinedPath(m_preferencesDirectory, QLatin1String(CORVANE_BASE_NAME "Colors.ini"));
+}
+
+void Kestrowl::makeBufferDirectory()
+{
+    const QString path =
+        joinedPath(m_preferencesDirectory, QLatin1String(CORVANE_BASE_NAME "Temp"));
+    QDir().mkpath(path);
+    EdCodeView::setBufferDirectory(QDir(path));
 }
 
 void Kestrowl::readSettings()

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "workspace/edcentralwidget.h"
 
-#include "workspace/edcodeview.h"
 #include "editor/edcodeedit.h"
+#include "preferences/preferences.h"
+#include "workspace/choicebox.h"
+#include "workspace/edcodeview.h"
 #include "workspace/saveprompt.h"
+#include "workspace/tabentry.h"
 
 #include <QInputDialog>
 #include <QLabel>
@@ -12,6 +15,8 @@
 #include <QMouseEvent>
 #include <QTextCursor>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 EdCentralWidget::EdCentralWidget(QWidget *parent) : QWidget(parent), m_hint(new QLabel(this))
 {
@@ -46,7 +51,7 @@ void EdCentralWidget::newPythonBuffer()
 
 void EdCentralWidget::addBuffer(int language, const QString &label)
 {
-    if (!nothingIsLost())
+    if (!mayBeReplaced())
         return;
     const int index = m_nextBufferIndex++;
     m_bufferLabel = label; // before the view is shown, which reports the name
@@ -63,8 +68,8 @@ void EdCentralWidget::openFile(const QString &path)
     }
     // Loaded before the open document is asked about: a file that cannot be read takes nothing
     // away.
-    EdCodeView *view = new EdCodeView(-1, EdCodeView::Text, this);
-    if (!view->load(info) || !nothingIsLost()) {
+    EdCodeView *view = new EdCodeView(EdCodeView::AwaitsFile, EdCodeView::Text, this);
+    if (!view->load(info, false, -1) || !mayBeReplaced()) {
         delete view;
         return;
     }
@@ -72,16 +77,37 @@ void EdCentralWidget::openFile(const QString &path)
     emit fileOpened(info.absoluteFilePath());
 }
 
-// True when the document may be taken away: it has no changes, or the user saved or gave them up.
-bool EdCentralWidget::nothingIsLost()
+// True when nothing of the document is lost, or the user has given it up. There is one document at
+// a time, and a buffer that another one replaces is gone, even if its own file has all of it.
+bool EdCentralWidget::mayBeReplaced()
 {
-    if (!hasUnsavedContent())
+    if (!m_view || (m_view->isBuffer() ? m_view->text().isEmpty() : !m_view->isModified()))
         return true;
     const SaveAnswer answer = askToSave(this, documentName());
-    if (answer == SaveAnswer::Save)
-        save();
+    if (answer == SaveAnswer::Save && m_view->isBuffer())
+        emit tabSaveAsSelected();
+    else if (answer == SaveAnswer::Save)
+        m_view->save();
     // Saving may have failed, or the dialog for a name was cancelled.
-    return answer == SaveAnswer::Discard || (answer == SaveAnswer::Save && !m_view->isModified());
+    return answer == SaveAnswer::Discard ||
+           (answer == SaveAnswer::Save && !m_view->isBuffer() && !m_view->isModified());
+}
+
+// Closing a buffer is meant to delete it.
+bool EdCentralWidget::mayBeClosed()
+{
+    if (!m_view->isBuffer())
+        return mayBeReplaced();
+    return !preferences().confirmCloseTemporaryBuffer || confirmDelete();
+}
+
+bool EdCentralWidget::confirmDelete()
+{
+    if (m_view->text().isEmpty())
+        return true;
+    const QString question =
+        tr("Delete buffer '%1'?\n\nUnsaved contents will be lost.").arg(m_bufferLabel);
+    return askChoice(this, tr("Delete"), question, QStringList() << tr("Yes") << tr("No")) == 0;
 }
 
 // The old document is reported closed before the new one is reported open.
@@ -108,6 +134,7 @@ void EdCentralWidget::retireView()
     view->hide();
     // The call may come from the view itself, which dropped a file.
     view->deleteLater();
+    view->removeBufferFile();
     if (view->isBuffer())
         emit bufferDeleted(view->bufferIndex());
     else
@@ -130,12 +157,8 @@ void EdCentralWidget::connectView()
 
 void EdCentralWidget::save()
 {
-    if (!m_view)
-        return;
-    if (m_view->isBuffer())
-        emit tabSaveAsSelected();
-    else if (m_view->isModified())
-        m_view->write(m_view->fileInfo().absoluteFilePath());
+    if (m_view)
+        m_view->save();
 }
 
 void EdCentralWidget::saveAs(const QString &path)
@@ -145,7 +168,7 @@ void EdCentralWidget::saveAs(const QString &path)
     // What the document was; writing makes it the new file's.
     const int oldIndex = m_view->bufferIndex();
     const QString oldPath = m_view->fileInfo().absoluteFilePath();
-    if (!m_view->write(path))
+    if (!m_view->write(path, false))
         return;
     if (oldIndex >= 0)
         emit bufferDeleted(oldIndex);
@@ -155,11 +178,15 @@ void EdCentralWidget::saveAs(const QString &path)
     reportName();
 }
 
-// Buffers have no file to be saved to, and executing must not ask for one.
 void EdCentralWidget::saveAll()
 {
-    if (m_view && !m_view->isBuffer())
-        save();
+    save();
+}
+
+void EdCentralWidget::saveBuffers()
+{
+    if (m_view && m_view->isBuffer())
+        m_view->save();
 }
 
 void EdCentralWidget::rename()
@@ -204,46 +231,87 @@ void EdCentralWidget::reloadFromDisk()
         QMessageBox::question(window(), tr("Reload"), question,
                               QMessageBox::Yes | QMessageBox::No) != QMessageBox::Yes)
         return;
-    m_view->load(m_view->fileInfo());
+    m_view->load(m_view->fileInfo(), false, -1);
+}
+
+WorkspaceState EdCentralWidget::state() const
+{
+    WorkspaceState state;
+    if (!m_view)
+        return state;
+    state.openTabs << TabEntry::of(*m_view, 0, m_bufferLabel).text();
+    state.indexA = 0;
+    return state;
+}
+
+// An index of -1 for pane 0 is how lists of a single pane were written: all are its documents.
+void EdCentralWidget::restore(const WorkspaceState &state)
+{
+    const bool hasPanes = state.indexA != -1;
+    const int pane = hasPanes && state.activeView == 1 ? 1 : 0;
+    QList<TabEntry> entries; // of the active pane
+    for (const QString &text : state.openTabs) {
+        const std::optional<TabEntry> entry = TabEntry::parse(text);
+        if (entry && (!hasPanes || entry->pane == pane))
+            entries << *entry;
+    }
+    const int current = hasPanes && pane == 0 ? state.indexA : state.indexB;
+    if (!entries.isEmpty())
+        openEntry(entries.at(std::clamp(current, 0, int(entries.size()) - 1)));
+}
+
+void EdCentralWidget::openEntry(const TabEntry &entry)
+{
+    const int index = m_nextBufferIndex++;
+    EdCodeView *view = new EdCodeView(EdCodeView::AwaitsFile, EdCodeView::Text, this);
+    if (!entry.open(view, index) || !mayBeReplaced()) {
+        delete view;
+        return;
+    }
+    m_bufferLabel = entry.label;
+    showView(view);
+    if (view->isBuffer())
+        emit bufferCreated(index, entry.label, view->fileInfo());
+    else
+        emit fileOpened(view->fileInfo().absoluteFilePath());
 }
 
 void EdCentralWidget::undo()
 {
     if (m_view)
-        m_view->codeEdit()->undo();
+        m_view->undo();
 }
 
 void EdCentralWidget::redo()
 {
     if (m_view)
-        m_view->codeEdit()->redo();
+        m_view->redo();
 }
 
 void EdCentralWidget::cut()
 {
     if (m_view)
-        m_view->codeEdit()->cut();
+        m_view->cut();
 }
 
 void EdCentralWidget::copy()
 {
     if (m_view)
-        m_view->codeEdit()->copy();
+        m_view->copy();
 }
 
 void EdCentralWidget::paste()
 {
     if (m_view)
-        m_view->codeEdit()->paste();
+        m_view->paste();
 }
 
 void EdCentralWidget::selectAll()
 {
     if (m_view)
-        m_view->codeEdit()->selectAll();
+        m_view->selectAll();
 }
 
-// By the view, not by QPlainTextEdit::clear(), which cannot be undone.
 void EdCentralWidget::clearText()
 {
     if (m_view)
@@ -253,18 +321,18 @@ void EdCentralWidget::clearText()
 void EdCentralWidget::convertTabsToSpaces()
 {
     if (m_view)
-        m_view->codeEdit()->convertTabsToSpaces();
+        m_view->convertTabsToSpaces();
 }
 
 void EdCentralWidget::replace(const QString &text)
 {
     if (m_view)
-        m_view->codeEdit()->insertPlainText(text);
+        m_view->replace(text);
 }
 
 void EdCentralWidget::closeActive()
 {
-    if (!m_view || !nothingIsLost())
+    if (!m_view || !mayBeClosed())
         return;
     retireView();
     m_hint->show();
@@ -307,13 +375,13 @@ void EdCentralWidget::updateTabsAndSpaces()
 void EdCentralWidget::updateFontAndColors()
 {
     if (m_view)
-        m_view->codeEdit()->updateFontAndColors();
+        m_view->updateFontAndColors();
 }
 
 void EdCentralWidget::updateHiddenCharacters()
 {
     if (m_view)
-        m_view->codeEdit()->updateHiddenCharacters();
+        m_view->updateHiddenCharacters();
 }
 
 // The disabled hint lets mouse events through.
@@ -336,7 +404,9 @@ void EdCentralWidget::reportCursor()
 
 void EdCentralWidget::reportName()
 {
-    emit activeBufferNameChanged(documentName() + QLatin1String(hasUnsavedContent() ? "*" : ""));
+    // A buffer is never in a file that the user knows, so the mark would say nothing.
+    const bool isMarked = hasUnsavedContent() && !m_view->isBuffer();
+    emit activeBufferNameChanged(documentName() + QLatin1String(isMarked ? "*" : ""));
 }
 
 bool EdCentralWidget::isCurrentFile(const QString &path) const

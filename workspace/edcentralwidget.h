@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "workspace/workspacestate.h"
+
 #include <QFileInfo>
 #include <QString>
 #include <QWidget>
 
 class EdCodeView;
 class QLabel;
+struct TabEntry;
 
 // The centre of the window: the open document, or a hint when there is none. The window talks to
 // documents only through this widget. It owns the document's view; opening another one replaces it,
@@ -23,6 +26,11 @@ public:
     // Whether there is text that is in no file yet.
     bool hasUnsavedContent() const;
 
+    // What is open, and opens it again: of several documents the one that was current. Damaged
+    // entries are left out.
+    WorkspaceState state() const;
+    void restore(const WorkspaceState &state);
+
 public slots:
     void newBuffer();
     void newMelBuffer();
@@ -31,11 +39,12 @@ public slots:
     // and leaves everything as it was.
     void openFile(const QString &path);
 
-    // A buffer has no file: tabSaveAsSelected() asks for one.
+    // To the document's file; a buffer stays one.
     void save();
     // Nothing for an empty path.
     void saveAs(const QString &path);
     void saveAll();
+    void saveBuffers();
     // Asks for the new name. Buffers change their label, files their name on disk.
     void rename();
     // These two do nothing unless the open document is the one meant.
@@ -56,7 +65,8 @@ public slots:
     // Puts the text in the place of the selection, or at the caret.
     void replace(const QString &text);
 
-    // Close asks about changes, and does nothing when the user cancels.
+    // Close asks about changes, and does nothing when the user cancels. A closed buffer's file is
+    // deleted.
     void closeActive();
     void closeAll();
     void closeAllButCurrent();
@@ -89,7 +99,8 @@ signals:
     void overwriteModeChanged();
     // Line and column are 0-based, the selection in UTF-16 units; all 0 without a document.
     void cursorStatusChanged(int line, int column, int sel);
-    // Label or path, with "*" behind it while there are changes; empty without a document.
+    // A buffer's label, or a file's path with "*" behind it while there are changes; empty without
+    // a document.
     void activeBufferNameChanged(const QString &name);
 
 protected:
@@ -101,10 +112,13 @@ private slots:
 
 private:
     void addBuffer(int language, const QString &label);
+    void openEntry(const TabEntry &entry);
     void showView(EdCodeView *view);
     void retireView();
     void connectView();
-    bool nothingIsLost();
+    bool mayBeReplaced();
+    bool mayBeClosed();
+    bool confirmDelete();
     bool isCurrentFile(const QString &path) const;
     bool isCurrentBuffer(int bufferIndex) const;
     QString documentName() const;

@@ -13,13 +13,10 @@
 
 namespace {
 
-// Case-sensitive: "MEL" and "PY" are plain text.
-int languageOfFile(const QFileInfo &info)
+QDir &sharedBufferDirectory()
 {
-    const QString suffix = info.suffix();
-    if (suffix == QLatin1String("py") || suffix == QLatin1String("pyw"))
-        return EdCodeView::Python;
-    return suffix == QLatin1String("mel") ? EdCodeView::Mel : EdCodeView::Text;
+    static QDir directory;
+    return directory;
 }
 
 int editorLanguage(int language)
@@ -34,97 +31,168 @@ int editorLanguage(int language)
     }
 }
 
+// Case-sensitive: "MEL" and "PY" are plain text.
+int editorLanguageOfFile(const QFileInfo &info)
+{
+    const QString suffix = info.suffix();
+    if (suffix == QLatin1String("py") || suffix == QLatin1String("pyw"))
+        return PythonLanguage;
+    return suffix == QLatin1String("mel") ? MelLanguage : TextLanguage;
+}
+
+QString bufferFileName(int number, int language)
+{
+    const char *suffix = language == EdCodeView::Mel      ? "mel"
+                         : language == EdCodeView::Python ? "py"
+                                                          : "txt";
+    return QString::fromLatin1("corvaneEditorBuffer-%1.%2")
+        .arg(QString::number(number), QLatin1String(suffix));
+}
+
+// Not while a message is shown.
+bool writeWithWaitCursor(const QString &path, const TextFile &file, QString *errorMessage)
+{
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    const bool written = writeTextFile(path, file, errorMessage);
+    QApplication::restoreOverrideCursor();
+    return written;
+}
+
 } // namespace
 
 EdCodeView::EdCodeView(int bufferIndex, int language, QWidget *parent)
-    : QWidget(parent), m_codeEdit(new EdCodeEdit(this)), m_bufferIndex(bufferIndex)
+    : QWidget(parent), m_bufferIndex(bufferIndex), m_codeEdit(new EdCodeEdit(this))
 {
-    setLanguage(language);
+    m_codeEdit->setLanguage(editorLanguage(language));
     QVBoxLayout *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_codeEdit);
+    connectCodeEdit();
+    if (bufferIndex == AwaitsFile)
+        return;
+    forceModified(); // should there be no file for it, the buffer is not saved
+    createBufferFile();
+}
 
-    // The widget's signals are those of the document.
-    connect(m_codeEdit, SIGNAL(modificationChanged(bool)), SIGNAL(modificationChanged(bool)));
-    connect(m_codeEdit, SIGNAL(cursorPositionChanged()), SIGNAL(cursorStatusChanged()));
-    connect(m_codeEdit, SIGNAL(selectionChanged()), SIGNAL(cursorStatusChanged()));
-    connect(m_codeEdit, SIGNAL(overwriteModeChanged()), SIGNAL(overwriteModeChanged()));
-    connect(m_codeEdit, SIGNAL(fileDropped(QString)), SIGNAL(fileDropped(QString)));
-    connect(m_codeEdit, SIGNAL(quickHelpSelected(QString, bool)),
-            SIGNAL(quickHelpSelected(QString, bool)));
+void EdCodeView::connectCodeEdit()
+{
+    connect(m_codeEdit, SIGNAL(modificationChanged(bool)), SLOT(setModified(bool)));
+    connect(m_codeEdit, SIGNAL(gainedFocus()), SLOT(inFocus()));
+    connect(m_codeEdit, SIGNAL(overwriteModeChanged()), SLOT(onOverwriteModeChange()));
+    connect(m_codeEdit, SIGNAL(cursorPositionChanged()), SLOT(onCursorStatusChange()));
+    connect(m_codeEdit, SIGNAL(textChanged()), SLOT(onTextChange()));
+    connect(m_codeEdit, SIGNAL(selectionChanged()), SLOT(onCursorStatusChange()));
+    connect(m_codeEdit, SIGNAL(findReplaceMessageChanged(QString)),
+            SLOT(onFindReplaceMessageChange(QString)));
+    connect(m_codeEdit, SIGNAL(moveToOtherViewSelected()), SLOT(moveToOtherView()));
+    connect(m_codeEdit, SIGNAL(quickHelpSelected(QString, bool)), SLOT(quickHelp(QString, bool)));
+    connect(m_codeEdit, SIGNAL(fileDropped(QString)), SLOT(onFileDrop(QString)));
+    connect(m_codeEdit, SIGNAL(previousTabSelected()), SLOT(previousTab()));
+    connect(m_codeEdit, SIGNAL(nextTabSelected()), SLOT(nextTab()));
     connect(m_codeEdit, SIGNAL(commandDocumentationSelected(QString, bool)),
             SIGNAL(commandDocumentationSelected(QString, bool)));
 }
 
-void EdCodeView::setLanguage(int language)
+QDir EdCodeView::bufferDirectory()
 {
-    m_language = language;
-    m_codeEdit->setLanguage(editorLanguage(language));
-    m_codeEdit->updateTabsAndSpaces();
+    return sharedBufferDirectory();
 }
 
-bool EdCodeView::load(const QFileInfo &info)
+void EdCodeView::setBufferDirectory(const QDir &directory)
 {
+    sharedBufferDirectory() = directory;
+}
+
+bool EdCodeView::load(const QFileInfo &info, bool isBuffer, int bufferIndex)
+{
+    m_isBuffer = isBuffer;
+    m_bufferIndex = isBuffer ? bufferIndex : -1;
     const QString path = info.absoluteFilePath();
-    QString reason;
     TextFile file;
+    QString reason;
     if (!readTextFile(path, &file, &reason)) {
         QMessageBox::warning(this, tr("File Read Error"),
                              tr("Cannot read file %1:\n%2.").arg(path, reason));
         return false;
     }
-    m_bufferIndex = -1;
     m_fileInfo = info;
-    // Before the text comes, so that it is scanned once.
-    setLanguage(languageOfFile(info));
     m_encoding = file.encoding;
     m_codeEdit->setText(file.text);
     m_lineEnds.mark(m_codeEdit->document(), file.text);
     m_codeEdit->document()->setModified(false);
-    return true;
-}
-
-bool EdCodeView::write(const QString &path)
-{
-    if (path.isEmpty())
-        return false;
-    // Set first, so that clearing it is always a change that titles and lists hear of.
-    m_codeEdit->document()->setModified(true);
-    const TextFile file = {m_lineEnds.text(*m_codeEdit->document()), m_encoding};
-    QString reason;
-    if (!writeTextFile(path, file, &reason)) {
-        QMessageBox::warning(this, tr("Error"), tr("Cannot write file %1:\n%2.").arg(path, reason));
-        return false;
-    }
-    m_bufferIndex = -1;
-    m_fileInfo = QFileInfo(path); // afresh, with the new file's size and time
-    setLanguage(languageOfFile(m_fileInfo));
+    m_codeEdit->moveCursor(QTextCursor::Start);
+    updateLanguage();
     m_codeEdit->document()->setModified(false);
     return true;
 }
 
-void EdCodeView::rename(const QString &newName)
+bool EdCodeView::write(const QString &path, bool keepAsBuffer)
 {
-    if (isBuffer() || newName == m_fileInfo.fileName())
-        return;
-    const QString oldPath = m_fileInfo.absoluteFilePath();
-    const QFileInfo target(QString::fromLatin1("%1/%2").arg(m_fileInfo.absolutePath(), newName));
-    const QString newPath = target.absoluteFilePath();
-    // QFile::rename() would refuse as well, but not say why.
-    if (target.exists()) {
-        QMessageBox::warning(this, tr("Error"), tr("File already exists:\n%1").arg(newPath));
-        return;
+    if (path.isEmpty())
+        return false;
+    // Set first, so that clearing it is always a change that titles and lists hear of.
+    forceModified();
+    const TextFile file = {m_lineEnds.text(*m_codeEdit->document()), m_encoding};
+    QString reason;
+    if (!writeWithWaitCursor(path, file, &reason)) {
+        QMessageBox::warning(this, tr("Error"), tr("Cannot write file %1:\n%2.").arg(path, reason));
+        return false;
     }
-    if (!QFile::rename(oldPath, newPath))
-        return;
-    m_fileInfo = QFileInfo(newPath);
-    setLanguage(languageOfFile(m_fileInfo));
-    emit fileRenamed(oldPath, newPath);
+    if (!keepAsBuffer) {
+        // The user may have chosen the buffer's own file, which then has the text.
+        if (!isBufferFile(path))
+            removeBufferFile();
+        m_isBuffer = false;
+        m_fileInfo = QFileInfo(path); // afresh, with the new file's size and time
+        m_bufferIndex = -1;
+    }
+    updateLanguage();
+    m_codeEdit->document()->setModified(false);
+    return true;
 }
 
-bool EdCodeView::isModified() const
+bool EdCodeView::isBufferFile(const QString &path) const
 {
-    return m_codeEdit->document()->isModified();
+    return QFileInfo(path).canonicalFilePath() ==
+           QFileInfo(m_fileInfo.absoluteFilePath()).canonicalFilePath();
+}
+
+void EdCodeView::createBufferFile()
+{
+    const int mostBuffers = 100;
+    bool isFree = false;
+    for (int number = 0; number < mostBuffers && !isFree; ++number) {
+        m_fileInfo = QFileInfo(sharedBufferDirectory(), bufferFileName(number, language()));
+        isFree = !m_fileInfo.exists();
+    }
+    // Deliberate: when no name is free the buffer shares the last one, which its next saving takes.
+    if (isFree)
+        write(m_fileInfo.absoluteFilePath(), true);
+    m_codeEdit->updateTabsAndSpaces();
+}
+
+void EdCodeView::removeBufferFile()
+{
+    if (m_isBuffer)
+        QFile::remove(m_fileInfo.absoluteFilePath());
+}
+
+void EdCodeView::updateLanguage()
+{
+    m_codeEdit->setLanguage(editorLanguageOfFile(m_fileInfo));
+    m_codeEdit->updateTabsAndSpaces(); // each language has its own
+}
+
+int EdCodeView::language() const
+{
+    switch (m_codeEdit->language()) {
+    case PythonLanguage:
+        return Python;
+    case MelLanguage:
+        return Mel;
+    default:
+        return Text;
+    }
 }
 
 QString EdCodeView::text() const
@@ -142,11 +210,25 @@ QString EdCodeView::lineText() const
     return m_codeEdit->textCursor().block().text();
 }
 
+void EdCodeView::setModified(bool modified)
+{
+    m_modified = modified;
+    emit modificationChanged(modified);
+}
+
+void EdCodeView::forceModified()
+{
+    m_codeEdit->document()->setModified(true);
+}
+
 void EdCodeView::clearText()
 {
-    QTextCursor cursor(m_codeEdit->document());
-    cursor.select(QTextCursor::Document);
-    cursor.removeSelectedText();
+    m_codeEdit->clearText();
+}
+
+void EdCodeView::inFocus()
+{
+    emit gainedFocus();
 }
 
 void EdCodeView::setCodeEditFocus()
@@ -154,8 +236,148 @@ void EdCodeView::setCodeEditFocus()
     m_codeEdit->setFocus(Qt::OtherFocusReason);
 }
 
+void EdCodeView::save()
+{
+    if (m_modified)
+        write(m_fileInfo.absoluteFilePath(), m_isBuffer);
+}
+
+void EdCodeView::saveAs(const QString &path)
+{
+    write(path, false);
+}
+
+void EdCodeView::rename(const QString &newName)
+{
+    if (m_isBuffer || newName == m_fileInfo.fileName())
+        return;
+    const QString oldPath = m_fileInfo.absoluteFilePath();
+    const QFileInfo target(QString::fromLatin1("%1/%2").arg(m_fileInfo.absolutePath(), newName));
+    const QString newPath = target.absoluteFilePath();
+    // QFile::rename() would refuse as well, but not say why.
+    if (target.exists()) {
+        QMessageBox::warning(this, tr("Error"), tr("File already exists:\n%1").arg(newPath));
+        return;
+    }
+    if (!QFile::rename(oldPath, newPath))
+        return;
+    m_fileInfo = QFileInfo(newPath);
+    updateLanguage();
+    emit fileRenamed(oldPath, newPath);
+}
+
+void EdCodeView::undo()
+{
+    m_codeEdit->undo();
+}
+
+void EdCodeView::redo()
+{
+    m_codeEdit->redo();
+}
+
+void EdCodeView::cut()
+{
+    m_codeEdit->cut();
+}
+
+void EdCodeView::copy()
+{
+    m_codeEdit->copy();
+}
+
+void EdCodeView::paste()
+{
+    m_codeEdit->paste();
+}
+
+void EdCodeView::selectAll()
+{
+    m_codeEdit->selectAll();
+}
+
+void EdCodeView::updateFontAndColors()
+{
+    m_codeEdit->updateFontAndColors();
+}
+
+void EdCodeView::updateHiddenCharacters()
+{
+    m_codeEdit->updateHiddenCharacters();
+}
+
+void EdCodeView::convertTabsToSpaces()
+{
+    m_codeEdit->convertTabsToSpaces();
+}
+
+void EdCodeView::updateOverwriteMode()
+{
+    m_codeEdit->setOverwriteMode(EdCodeEdit::isOverwriting());
+}
+
+void EdCodeView::onOverwriteModeChange()
+{
+    emit overwriteModeChanged();
+}
+
+void EdCodeView::onCursorStatusChange()
+{
+    emit cursorStatusChanged();
+}
+
+void EdCodeView::onTextChange()
+{
+    emit textChanged();
+}
+
+void EdCodeView::setCursorPosition(int position)
+{
+    m_codeEdit->setCursorPosition(position);
+}
+
+void EdCodeView::setCursorSelection(int position, int anchor)
+{
+    m_codeEdit->setCursorSelection(position, anchor);
+}
+
+void EdCodeView::replace(const QString &text)
+{
+    m_codeEdit->insertPlainText(text);
+}
+
+void EdCodeView::onFindReplaceMessageChange(const QString &message)
+{
+    emit findReplaceMessageChanged(message);
+}
+
+void EdCodeView::moveToOtherView()
+{
+    emit moveToOtherViewSelected();
+}
+
+void EdCodeView::quickHelp(const QString &text, bool ignoreWhenHidden)
+{
+    emit quickHelpSelected(text, ignoreWhenHidden);
+}
+
+void EdCodeView::onFileDrop(const QString &path)
+{
+    emit fileDropped(path);
+}
+
+void EdCodeView::previousTab()
+{
+    emit previousTabSelected();
+}
+
+void EdCodeView::nextTab()
+{
+    emit nextTabSelected();
+}
+
 void EdCodeView::goToLine(int line)
 {
-    m_codeEdit->setTextCursor(QTextCursor(m_codeEdit->document()->findBlockByNumber(line - 1)));
+    m_codeEdit->goToLine(line);
     m_codeEdit->centerCursor();
 }

@@ -4,43 +4,53 @@
 #include "workspace/lineends.h"
 #include "workspace/textencoding.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QWidget>
 
 class EdCodeEdit;
 
-// One open document: its text widget, the file behind it, and its language. A buffer is a document
-// that was never given a file. The central widget owns it; asking whether changes may be lost is
-// the central widget's business, not this one's.
+// One open document: its text widget and the file behind it. A buffer is a document that the user
+// never gave a file; it has one all the same, in the buffer directory, so that it survives the
+// program. Asking whether changes may be lost is the business of the view's owner.
 class EdCodeView : public QWidget
 {
     Q_OBJECT
 
 public:
-    // What language() reports.
+    // What the constructor takes and language() returns; the editor has other numbers.
     enum Language { Text = 0, Python = 1, Mel = 2 };
+    // The buffer index of a view that is about to be given a file.
+    enum { AwaitsFile = -9999 };
 
-    // A buffer index of -1 is for a view that will be given a file.
+    // Creates the buffer's file, unless the view awaits one.
     EdCodeView(int bufferIndex, int language, QWidget *parent = nullptr);
 
-    // Replaces the document by the file's. A file that cannot be read is reported to the user and
-    // leaves the document as it was; the result is false.
-    bool load(const QFileInfo &info);
-    // Writes the text and makes the document that file's. A failure is reported to the user, gives
-    // false, and leaves the document the old file's with changes. False for an empty path.
-    bool write(const QString &path);
-    // Renames the file on disk, inside its directory, and with it the language; changes stay
-    // unsaved. A name that is taken is reported to the user; after other failures nothing is
-    // changed. Buffers have no file and are left alone.
-    void rename(const QString &newName);
+    // One directory for all views; it must exist.
+    static QDir bufferDirectory();
+    static void setBufferDirectory(const QDir &directory);
+
+    // Replaces the document by the file's, which may be that of a buffer. A file that cannot be
+    // read is reported to the user; the text is then left alone and the result is false.
+    bool load(const QFileInfo &info, bool isBuffer, int bufferIndex);
+    // Writes the text. Without keepAsBuffer the document becomes that file's, and a buffer's own
+    // file is deleted. A failure is reported to the user, gives false, and leaves the old file's
+    // document with changes. False for an empty path.
+    bool write(const QString &path, bool keepAsBuffer);
+    // Takes the first free name in the buffer directory; when there are too many, the last.
+    void createBufferFile();
+    // Nothing for a file that is the user's.
+    void removeBufferFile();
+    // By the file's suffix.
+    void updateLanguage();
 
     EdCodeEdit *codeEdit() const { return m_codeEdit; }
     QFileInfo fileInfo() const { return m_fileInfo; }
-    // 0 or more, -1 for a file.
+    // 0 or more for a buffer, -1 for a file.
     int bufferIndex() const { return m_bufferIndex; }
-    bool isBuffer() const { return m_bufferIndex >= 0; }
-    bool isModified() const;
-    int language() const { return m_language; }
+    bool isBuffer() const { return m_isBuffer; }
+    bool isModified() const { return m_modified; }
+    int language() const;
     // The whole text, lines ending in "\n".
     QString text() const;
     // The selection as the text widget reports it: U+2029 between lines. Empty without one.
@@ -48,30 +58,75 @@ public:
     // The text of the caret's line.
     QString lineText() const;
 
+signals:
+    void fileRenamed(const QString &oldPath, const QString &newPath);
+    void modificationChanged(bool changed);
+    void gainedFocus();
+    void overwriteModeChanged();
+    void cursorStatusChanged();
+    void textChanged();
+    void findReplaceMessageChanged(const QString &message);
+    void moveToOtherViewSelected();
+    void quickHelpSelected(const QString &text, bool ignoreWhenHidden);
+    void fileDropped(const QString &path);
+    void previousTabSelected();
+    void nextTabSelected();
+    void commandDocumentationSelected(const QString &command, bool python);
+
 public slots:
+    // Follows the document's own flag, which forceModified() sets.
+    void setModified(bool modified = true);
+    void forceModified();
     // Removes all text as one step that can be undone.
     void clearText();
+    void inFocus();
     void setCodeEditFocus();
+    // To the document's file, a buffer to its own; nothing without changes.
+    void save();
+    // Makes the document that file's.
+    void saveAs(const QString &path);
+    // Renames the file on disk, inside its directory, and with it the language; changes stay
+    // unsaved. A name that is taken is reported to the user; after other failures nothing is
+    // changed. Buffers are left alone.
+    void rename(const QString &newName);
+    void undo();
+    void redo();
+    void cut();
+    void copy();
+    void paste();
+    void selectAll();
+    void updateFontAndColors();
+    void updateHiddenCharacters();
+    void convertTabsToSpaces();
+    // Takes the flag of all editors to this one.
+    void updateOverwriteMode();
+    void onOverwriteModeChange();
+    void onCursorStatusChange();
+    void onTextChange();
+    // Positions in the document; those outside become the nearest inside.
+    void setCursorPosition(int position);
+    void setCursorSelection(int position, int anchor);
+    // Puts the text in the place of the selection, or at the caret.
+    void replace(const QString &text);
+    void onFindReplaceMessageChange(const QString &message);
+    void moveToOtherView();
+    void quickHelp(const QString &text, bool ignoreWhenHidden);
+    void onFileDrop(const QString &path);
+    void previousTab();
+    void nextTab();
     // Moves the caret to a line of the document, counted from 1, and that to the middle of the
     // view.
     void goToLine(int line);
 
-signals:
-    void fileRenamed(const QString &oldPath, const QString &newPath);
-    void modificationChanged(bool changed);
-    void cursorStatusChanged();
-    void overwriteModeChanged();
-    void fileDropped(const QString &path);
-    void quickHelpSelected(const QString &text, bool ignoreWhenHidden);
-    void commandDocumentationSelected(const QString &command, bool python);
-
 private:
-    void setLanguage(int language);
+    void connectCodeEdit();
+    bool isBufferFile(const QString &path) const;
 
+    int m_bufferIndex;
     EdCodeEdit *m_codeEdit;
     QFileInfo m_fileInfo;
+    bool m_modified = false;
+    bool m_isBuffer = true;
     TextEncoding m_encoding = TextEncoding::Utf8; // as the file was read
     LineEnds m_lineEnds;
-    int m_bufferIndex;
-    int m_language = Text;
 };

@@ -131,6 +131,7 @@ void TestWindowExecution::theLanguageChoosesTheSignal()
     fixture.window.executeAll();
     QCOMPARE(executed.python(), QStringList("print(1)"));
 
+    fixture.edit()->setPlainText(QString()); // replaced without a question
     fixture.window.central()->newBuffer();
     fixture.edit()->setPlainText("plain");
     fixture.window.executeAll();

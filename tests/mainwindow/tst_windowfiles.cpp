@@ -31,7 +31,7 @@ private slots:
     void docksListWhatIsOpen();
     void saveWritesTheFileAndClearsTheMark();
     void saveAsAsksForAName();
-    void savingABufferAsksForAName();
+    void savingABufferKeepsItABuffer();
     void saveStateAsksOnlyWithUnsavedContent_data();
     void saveStateAsksOnlyWithUnsavedContent();
     void goToLineOffersTheLinesOfTheDocument();
@@ -112,14 +112,17 @@ void TestWindowFiles::saveAsAsksForAName()
     QCOMPARE(entries(fixture.window, Dock::Buffers), QStringList());
 }
 
-void TestWindowFiles::savingABufferAsksForAName()
+void TestWindowFiles::savingABufferKeepsItABuffer()
 {
     WindowFixture fixture;
-    fixture.newBuffer(1, "print(1)");
+    fixture.newBuffer(1, "");
+    fixture.edit()->insertPlainText("print(1)");
     ModalAnswer answer("Cancel");
     fixture.action(Action::Save)->trigger();
-    QCOMPARE(answer.title(), QString("Save File"));
+    QVERIFY(!answer.wasAsked());
     QVERIFY(fixture.window.central()->currentCodeView()->isBuffer());
+    QCOMPARE(fixture.dir.read("corvaneEditorTemp/corvaneEditorBuffer-0.py"),
+             QByteArray("print(1)"));
 }
 
 void TestWindowFiles::saveStateAsksOnlyWithUnsavedContent_data()

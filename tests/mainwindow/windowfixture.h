@@ -28,11 +28,14 @@ struct WindowFixture
         QApplication::setActiveWindow(&window);
     }
 
-    // A new MEL (0) or Python (1) buffer holding the text, the caret at its start.
+    // A new MEL (0) or Python (1) buffer holding the text, the caret at its start. What was open
+    // goes without a question.
     void newBuffer(int type, const char *text)
     {
+        if (window.central()->currentCodeView())
+            edit()->setText(QString());
         window.newBuffer(type);
-        edit()->setPlainText(QString::fromUtf8(text));
+        edit()->setText(QString::fromUtf8(text));
         edit()->document()->setModified(false);
     }
 };

@@ -8,6 +8,7 @@
 #include "editor/edcodeedit.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QFile>
@@ -15,12 +16,34 @@
 #include <QSignalSpy>
 #include <QUrl>
 
+#include <memory>
+
+// Saves under a name when that is asked for, as the window does; without one the user cancelled.
+class SaverAs : public QObject
+{
+    Q_OBJECT
+
+public:
+    SaverAs(EdCentralWidget *central, const QString &path) : m_central(central), m_path(path)
+    {
+        connect(central, SIGNAL(tabSaveAsSelected()), SLOT(saveAs()));
+    }
+
+private slots:
+    void saveAs() { m_central->saveAs(m_path); }
+
+private:
+    EdCentralWidget *m_central;
+    QString m_path;
+};
+
 class TestEdCentralWidget : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void init() { preferences() = Preferences(); }
+    void init();
+    void cleanup() { m_buffers.reset(); }
 
     void theSuffixDecidesTheLanguage_data();
     void theSuffixDecidesTheLanguage();
@@ -38,7 +61,32 @@ private slots:
     void droppedFilesAreReported();
     void namesAndCursorAreReported();
     void doubleClickOnNothingAsksForABuffer();
+    void closingABufferDeletesIt_data();
+    void closingABufferDeletesIt();
+    void replacingABufferAsks_data();
+    void replacingABufferAsks();
+    void savingBuffersLeavesFilesAlone();
+    void restoringOpensWhatWasCurrent_data();
+    void restoringOpensWhatWasCurrent();
+    void stateAndRestoringAgree();
+
+private:
+    QStringList bufferFiles() const;
+
+    std::unique_ptr<ScratchDir> m_buffers;
 };
+
+void TestEdCentralWidget::init()
+{
+    preferences() = Preferences();
+    m_buffers = std::make_unique<ScratchDir>();
+    EdCodeView::setBufferDirectory(QDir(m_buffers->path()));
+}
+
+QStringList TestEdCentralWidget::bufferFiles() const
+{
+    return QDir(m_buffers->path()).entryList(QDir::Files | QDir::Hidden);
+}
 
 void TestEdCentralWidget::theSuffixDecidesTheLanguage_data()
 {
@@ -247,7 +295,7 @@ void TestEdCentralWidget::namesAndCursorAreReported()
     central.newPythonBuffer();
     QCOMPARE(names.last().first().toString(), QString("Python"));
     central.replace("ab\ncd");
-    QCOMPARE(names.last().first().toString(), QString("Python*"));
+    QCOMPARE(names.last().first().toString(), QString("Python")); // buffers are not marked
     QSignalSpy cursor(&central, SIGNAL(cursorStatusChanged(int, int, int)));
     central.selectAll();
     QCOMPARE(cursor.last(), QList<QVariant>() << 1 << 2 << 5);
@@ -260,6 +308,183 @@ void TestEdCentralWidget::doubleClickOnNothingAsksForABuffer()
     QSignalSpy asked(&central, SIGNAL(createNewBufferTriggered()));
     QTest::mouseDClick(&central, Qt::LeftButton);
     QCOMPARE(int(asked.size()), 1);
+}
+
+void TestEdCentralWidget::closingABufferDeletesIt_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("confirm");
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<bool>("asked");
+    QTest::addColumn<bool>("closed");
+
+    QTest::newRow("yes") << "x" << true << "Yes" << true << true;
+    QTest::newRow("no") << "x" << true << "No" << true << false;
+    QTest::newRow("escape") << "x" << true << "(no such button)" << true << false;
+    QTest::newRow("not-wanted") << "x" << false << "No" << false << true;
+    QTest::newRow("empty") << "" << true << "No" << false << true;
+}
+
+void TestEdCentralWidget::closingABufferDeletesIt()
+{
+    QFETCH(QString, text);
+    QFETCH(bool, confirm);
+    QFETCH(QString, button);
+    QFETCH(bool, asked);
+    QFETCH(bool, closed);
+    preferences().confirmCloseTemporaryBuffer = confirm;
+    EdCentralWidget central;
+    central.newMelBuffer();
+    central.replace(text);
+    central.saveBuffers();
+    QSignalSpy deleted(&central, SIGNAL(bufferDeleted(int)));
+    ModalAnswer answer(button);
+    central.closeActive();
+    QCOMPARE(answer.wasAsked(), asked);
+    if (asked) {
+        QCOMPARE(answer.title(), QString("Delete"));
+        QCOMPARE(answer.text(), QString("Delete buffer 'MEL'?\n\nUnsaved contents will be lost."));
+    }
+    QCOMPARE(int(deleted.size()), closed ? 1 : 0);
+    QCOMPARE(bufferFiles().isEmpty(), closed);
+    QCOMPARE(central.currentCodeView() == nullptr, closed);
+}
+
+void TestEdCentralWidget::replacingABufferAsks_data()
+{
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<bool>("savesAs");
+    QTest::addColumn<bool>("replaced");
+
+    QTest::newRow("save") << "Yes" << true << true;
+    QTest::newRow("save-without-a-name") << "Yes" << false << false;
+    QTest::newRow("discard") << "No" << false << true;
+    QTest::newRow("cancel") << "Cancel" << false << false;
+}
+
+// Even when the buffer's own file has all of its text: that goes with the buffer.
+void TestEdCentralWidget::replacingABufferAsks()
+{
+    QFETCH(QString, button);
+    QFETCH(bool, savesAs);
+    QFETCH(bool, replaced);
+    preferences().confirmCloseTemporaryBuffer = false;
+    ScratchDir dir;
+    EdCentralWidget central;
+    SaverAs saver(&central, savesAs ? dir.file("saved.mel") : QString());
+    central.newMelBuffer();
+    central.replace("kept");
+    central.saveBuffers();
+    ModalAnswer answer(button);
+    central.openFile(dir.write("a.mel", "other"));
+    QCOMPARE(answer.title(), QString("Save"));
+    QCOMPARE(central.currentCodeView()->text(), QString(replaced ? "other" : "kept"));
+    QCOMPARE(bufferFiles().isEmpty(), replaced);
+    QCOMPARE(dir.read("saved.mel"), QByteArray(savesAs ? "kept" : "(no such file)"));
+}
+
+void TestEdCentralWidget::savingBuffersLeavesFilesAlone()
+{
+    ScratchDir dir;
+    EdCentralWidget central;
+    central.openFile(dir.write("a.mel", "old"));
+    central.replace("new ");
+    central.saveBuffers();
+    QCOMPARE(dir.read("a.mel"), QByteArray("old"));
+    central.saveAll();
+    QCOMPARE(dir.read("a.mel"), QByteArray("new old"));
+
+    central.newMelBuffer();
+    central.replace("x");
+    central.save();
+    QCOMPARE(m_buffers->read("corvaneEditorBuffer-0.mel"), QByteArray("x"));
+    QVERIFY(central.currentCodeView()->isBuffer());
+}
+
+void TestEdCentralWidget::restoringOpensWhatWasCurrent_data()
+{
+    QTest::addColumn<QStringList>("entries"); // "%" is the directory
+    QTest::addColumn<int>("activeView");
+    QTest::addColumn<int>("indexA");
+    QTest::addColumn<int>("indexB");
+    QTest::addColumn<QString>("opened");
+    QTest::addColumn<int>("cursor");
+
+    const QString a = "0,%/a.mel,2,0,0";
+    const QString b = "0,%/b.py,9999,9999,0";
+    const QString c = "1,%/c.txt,-7,-7,1,A label";
+    const QStringList all = QStringList() << a << b << c;
+    QTest::newRow("first") << all << 0 << 0 << 0 << "a" << 2;
+    QTest::newRow("second") << all << 0 << 1 << 0 << "b" << 3;
+    QTest::newRow("other-pane") << all << 1 << 0 << 0 << "c" << 0;
+    QTest::newRow("single-pane-list") << all << 1 << -1 << 1 << "b" << 3;
+    QTest::newRow("index-too-large") << all << 0 << 99 << 0 << "b" << 3;
+    QTest::newRow("index-too-small") << all << 0 << -9 << 0 << "a" << 2;
+    QTest::newRow("pane-too-large") << all << 7 << 0 << 0 << "a" << 2;
+    QTest::newRow("pane-too-small") << all << -7 << 0 << 0 << "a" << 2;
+    const QStringList damaged = QStringList() << ""
+                                              << "0"
+                                              << ",,,,"
+                                              << "x,%/b.py,0,0,0"
+                                              << "0,%/b.py,0,0"
+                                              << "0,%/b.py,x,0,0"
+                                              << "0,%/b.py,0,,0"
+                                              << "0,%/b.py,0,0,1"
+                                              << "0,%/b.py,0,0,0x1"
+                                              << "0,,0,0,0";
+    QTest::newRow("damaged") << (damaged + QStringList(a)) << 0 << 0 << 0 << "a" << 2;
+    QTest::newRow("nothing") << damaged << 0 << 0 << 0 << "" << 0;
+}
+
+void TestEdCentralWidget::restoringOpensWhatWasCurrent()
+{
+    QFETCH(QStringList, entries);
+    QFETCH(int, activeView);
+    QFETCH(int, indexA);
+    QFETCH(int, indexB);
+    QFETCH(QString, opened);
+    QFETCH(int, cursor);
+    ScratchDir dir;
+    dir.write("a.mel", "abc");
+    dir.write("b.py", "abc");
+    dir.write("c.txt", "abc");
+    EdCentralWidget central;
+    const WorkspaceState state = {entries.replaceInStrings("%", dir.path()), activeView, indexA,
+                                  indexB};
+    central.restore(state);
+    const EdCodeView *view = central.currentCodeView();
+    QCOMPARE(view ? view->fileInfo().baseName() : QString(), opened);
+    QCOMPARE(view ? view->codeEdit()->textCursor().position() : 0, cursor);
+    QCOMPARE(view && view->isBuffer(), opened == "c");
+}
+
+void TestEdCentralWidget::stateAndRestoringAgree()
+{
+    ScratchDir dir;
+    WorkspaceState file;
+    WorkspaceState buffer;
+    {
+        EdCentralWidget central;
+        QVERIFY(central.state() == WorkspaceState());
+        central.openFile(dir.write("a.mel", "abc"));
+        central.currentCodeView()->setCursorPosition(2);
+        file = central.state();
+        central.newPythonBuffer();
+        central.replace("x\ny");
+        central.saveBuffers();
+        buffer = central.state();
+    }
+    QCOMPARE(file.openTabs, QStringList("0," + dir.file("a.mel") + ",2,0,0"));
+    QCOMPARE(buffer.openTabs,
+             QStringList("0," + m_buffers->path() + "/corvaneEditorBuffer-0.py,3,0,1,Python"));
+    EdCentralWidget central;
+    central.resize(400, 300);
+    central.show();
+    QSignalSpy created(&central, SIGNAL(bufferCreated(int, QString, QFileInfo)));
+    central.restore(buffer);
+    QVERIFY(central.state() == buffer);
+    QCOMPARE(central.currentCodeView()->text(), QString("x\ny"));
+    QCOMPARE(created.first().at(1).toString(), QString("Python"));
 }
 
 CORVANE_TEST_MAIN(TestEdCentralWidget)

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+class EdCodeView;
+
+// How one open document is kept in the list of open tabs, as a text of fields parted by commas.
+struct TabEntry
+{
+    int pane = 0;
+    QString path; // absolute
+    int cursorPosition = 0;
+    int scrollValue = 0;
+    bool isBuffer = false;
+    QString label; // of a buffer
+
+    // Of the document as it is now.
+    static TabEntry of(const EdCodeView &view, int pane, const QString &label);
+    // Nothing for a text that is damaged.
+    static std::optional<TabEntry> parse(const QString &text);
+
+    // Deliberate: a comma in path or label is not escaped. Such a text is damaged.
+    QString text() const;
+    // Loads the document into a view that awaits a file; false when that fails, which the user has
+    // then been told.
+    bool open(EdCodeView *view, int bufferIndex) const;
+};
