@@ -71,6 +71,17 @@ void scan(LineScanner &scanner, const QStringList &text)
     }
 }
 
+void highlightAll(QSyntaxHighlighter &highlighter)
+{
+    highlighter.rehighlight();
+}
+
+void highlightAll(EdHighlighter &highlighter)
+{
+    highlighter.highlightAgain();
+    highlighter.finish();
+}
+
 // A document with the layout of a text edit for code, and its highlighter.
 template <typename Highlighter>
 struct Highlighted
@@ -82,7 +93,7 @@ struct Highlighted
 
     void measure()
     {
-        time = std::min(time, bestTime(1, [this] { highlighter.rehighlight(); }));
+        time = std::min(time, bestTime(1, [this] { highlightAll(highlighter); }));
     }
 
     QTextDocument document;

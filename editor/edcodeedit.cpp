@@ -4,6 +4,7 @@
 #include "analysis/baseparser.h"
 #include "compat/icon.h"
 #include "compat/text.h"
+#include "editor/documentlayout.h"
 #include "editor/edcodeeditlinenumbers.h"
 #include "editor/edcompleter.h"
 #include "editor/edhighlighter.h"
@@ -34,6 +35,15 @@ std::unique_ptr<EdHighlighter> highlighterFor(int language, QTextDocument *docum
     return nullptr;
 }
 
+// Owned by the editor.
+QTextDocument *newDocument(QPlainTextEdit *editor)
+{
+    auto *document = new QTextDocument(editor);
+    document->setDocumentLayout(new DocumentLayout(document));
+    document->setDefaultFont(editor->font());
+    return document;
+}
+
 } // namespace
 
 EdCodeEdit::EdCodeEdit(QWidget *parent)
@@ -41,6 +51,7 @@ EdCodeEdit::EdCodeEdit(QWidget *parent)
       m_completer(new EdCompleter(this))
 {
     initResources();
+    setDocument(newDocument(this));
     m_errorImage = compat::image(QLatin1String(":/icons/error.png"));
     m_warningImage = compat::image(QLatin1String(":/icons/warning.png"));
     m_infoImage = compat::image(QLatin1String(":/icons/info.png"));

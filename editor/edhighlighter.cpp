@@ -2,7 +2,7 @@
 #include "editor/edhighlighter.h"
 
 #include "bridge/melnametable.h"
-#include "compat/layoutformats.h"
+#include "editor/blockformats.h"
 #include "editor/edtextblockdata.h"
 #include "editor/longlines.h"
 #include "editor/melscanner.h"
@@ -21,16 +21,10 @@ bool isSuspended = false; // for all highlighters
 const int workOfTurn = 100000;
 const int workOfBlock = 25; // whatever its length
 
-// What the text widget draws marks for.
-bool isBlank(QChar character)
-{
-    return character == QLatin1Char(' ') || character == QLatin1Char('\t');
-}
-
 } // namespace
 
 EdHighlighter::EdHighlighter(std::unique_ptr<LineScanner> scanner, QTextDocument *document)
-    : QSyntaxHighlighter(document), m_budget(workOfTurn), m_scanner(std::move(scanner))
+    : QSyntaxHighlighter(document), m_scanner(std::move(scanner))
 {
     readFormats();
     takeOver(document);
@@ -69,7 +63,8 @@ void EdHighlighter::noteChange(int from, int charsRemoved, int charsAdded)
         last = document()->lastBlock();
     if (first != last || isSuspended)
         m_waiting.add(first, last);
-    highlightFrom(first);
+    if (!isSuspended)
+        highlightFrom(first);
 }
 
 void EdHighlighter::highlightAgain()
@@ -86,7 +81,8 @@ void EdHighlighter::highlightVisible(const QTextBlock &first, int count)
         if (!WaitingBlocks::contains(block))
             continue;
         m_budget = workOfTurn;
-        highlightFrom(block);
+        if (!isSuspended)
+            highlightFrom(block);
         return;
     }
 }
@@ -116,77 +112,77 @@ void EdHighlighter::highlightSlice()
 }
 
 // And on, as long as blocks end in another state than before, or waited.
-void EdHighlighter::highlightFrom(const QTextBlock &block)
+void EdHighlighter::highlightFrom(const QTextBlock &first)
 {
-    if (isSuspended)
-        return;
-    m_left = QTextBlock();
-    m_isBounded = true;
-    rehighlightBlock(block);
-    m_isBounded = false;
-    if (m_left.isValid())
-        m_waiting.add(m_left, m_left);
-    m_turn.start(0, this);
+    if (!m_turn.isActive())
+        m_turn.start(0, this);
+    QTextBlock block = first;
+    bool isDirty = false;
+    bool goesOn = true;
+    for (; goesOn && block.isValid() && m_budget > 0; block = block.next()) {
+        const int oldState = block.userState();
+        isDirty |= highlight(block);
+        goesOn = block.userState() != oldState;
+    }
+    if (goesOn && block.isValid())
+        m_waiting.add(block, block);
+    const int end = block.isValid() ? block.position() : document()->characterCount();
+    // Once for all, since it has the page painted.
+    if (isDirty)
+        document()->markContentsDirty(first.position(), end - first.position());
 }
 
+// True when its formats are others now.
+bool EdHighlighter::highlight(const QTextBlock &block)
+{
+    const QString text = block.text();
+    m_budget -= workOfBlock + int(text.size());
+    examine(block, text);
+    return setBlockFormats(block, formats(text));
+}
+
+// For QSyntaxHighlighter's own functions, which do all at once.
 void EdHighlighter::highlightBlock(const QString &text)
 {
-    const bool isLeft = m_isBounded && m_budget <= 0;
-    if (isLeft)
-        m_left = currentBlock();
-    if (isLeft || isSuspended) {
-        keepFormats();
-        return;
+    compat::FormatRanges ranges;
+    if (isSuspended) {
+        ranges = compat::layoutFormats(currentBlock()); // Qt takes away what is not set anew
+    } else {
+        examine(currentBlock(), text);
+        ranges = formats(text);
     }
-    m_budget -= workOfBlock + int(text.size());
-    m_scanner->scan(text, previousBlockState(), m_scan);
-    // When this differs from before, Qt goes on with the next block.
-    setCurrentBlockState(m_scan.state);
-    keepBlockData();
-    if (text.size() > longLine)
-        return;
-    applyFormats();
-    if (preferences().showTabsAndSpaces)
-        dimWhiteSpace(text);
-}
-
-// Qt takes away what is not set anew.
-void EdHighlighter::keepFormats()
-{
-    for (const QTextLayout::FormatRange &range : compat::layoutFormats(currentBlock()))
+    for (const QTextLayout::FormatRange &range : ranges)
         setFormat(range.start, range.length, range.format);
 }
 
-// The block's data is filled anew rather than replaced: blocks are highlighted again and again.
-void EdHighlighter::keepBlockData()
+// Sets the block's state and data. The data is filled anew rather than replaced: blocks are
+// highlighted again and again.
+void EdHighlighter::examine(QTextBlock block, const QString &text)
 {
-    auto *data = static_cast<EdTextBlockData *>(currentBlockUserData());
+    m_scanner->scan(text, block.previous().userState(), m_scan);
+    block.setUserState(m_scan.state);
+    EdTextBlockData *data = EdTextBlockData::of(block);
     if (!data) {
         data = new EdTextBlockData;
-        setCurrentBlockUserData(data); // which the block owns from now on
+        block.setUserData(data); // which the block owns from now on
     }
     data->take(m_scan);
 }
 
-void EdHighlighter::applyFormats()
+// Of the text that was examined last.
+compat::FormatRanges EdHighlighter::formats(const QString &text) const
 {
+    compat::FormatRanges ranges;
+    if (text.size() > longLine)
+        return ranges;
+    ranges.reserve(int(m_scan.spans.size())); // each block keeps its own
     for (const FormatSpan &span : m_scan.spans)
-        setFormat(span.start, span.length, m_formats[size_t(span.category)]);
-}
-
-// The marks that stand for white space take their colour from it and the rest from what they lie
-// in.
-void EdHighlighter::dimWhiteSpace(const QString &text)
-{
-    // Last of all: it takes up the formats that are there.
-    const QBrush brush = m_formats[size_t(EditorText::HiddenWhitespace)].foreground();
-    for (int i = 0; i < text.size(); ++i) {
-        if (!isBlank(text[i]))
-            continue;
-        QTextCharFormat dimmed = format(i);
-        dimmed.setForeground(brush);
-        setFormat(i, 1, dimmed);
+        ranges << formatRange(span.start, span.length, m_formats[size_t(span.category)]);
+    if (preferences().showTabsAndSpaces) {
+        const QTextCharFormat &marks = m_formats[size_t(EditorText::HiddenWhitespace)];
+        ranges = withDimmedBlanks(ranges, text, marks.foreground());
     }
+    return ranges;
 }
 
 EdHighlighterMel::EdHighlighterMel(QTextDocument *document)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "compat/layoutformats.h"
 #include "editor/linescan.h"
 #include "editor/waitingblocks.h"
 
@@ -51,7 +52,6 @@ protected:
     // highlighter deletes it before the document.
     EdHighlighter(std::unique_ptr<LineScanner> scanner, QTextDocument *document);
 
-    // One block, when its text or the state of the block above has changed.
     void highlightBlock(const QString &text) override;
     void timerEvent(QTimerEvent *event) override;
 
@@ -61,18 +61,15 @@ private slots:
 private:
     using QSyntaxHighlighter::setDocument; // it stays with its document
     void takeOver(QTextDocument *document);
-    void highlightFrom(const QTextBlock &block);
     void highlightSlice();
-    void keepFormats();
-    void keepBlockData();
-    void applyFormats();
-    void dimWhiteSpace(const QString &text);
+    void highlightFrom(const QTextBlock &first);
+    bool highlight(const QTextBlock &block);
+    void examine(QTextBlock block, const QString &text);
+    compat::FormatRanges formats(const QString &text) const;
 
     WaitingBlocks m_waiting;
-    int m_budget;             // what may still be done in this turn
-    bool m_isBounded = false; // by the budget
-    QTextBlock m_left;        // what a slice has come to when its budget was spent
-    QBasicTimer m_turn;       // runs out when the event loop comes round
+    int m_budget = 0;   // what may still be done in this turn
+    QBasicTimer m_turn; // runs out when the event loop comes round
     std::unique_ptr<LineScanner> m_scanner;
     LineScan m_scan;                        // of the block at hand; a member for its room
     std::vector<QTextCharFormat> m_formats; // by category, made once: highlighting needs them often

@@ -11,7 +11,7 @@ class WaitingBlocks
 public:
     static bool contains(const QTextBlock &block) { return block.userState() == -1; }
 
-    bool isEmpty() const { return m_range.isNull(); }
+    bool isEmpty() const { return m_first.isNull(); }
 
     // Both included. Their block data stays, though it may be as old as their colours.
     void add(const QTextBlock &first, const QTextBlock &last);
@@ -21,7 +21,8 @@ public:
     QTextBlock first();
 
 private:
-    // From the uppermost to the lowest; between them may be some that do not wait. One range is
-    // enough: to look at a block is cheap beside highlighting it.
-    QTextCursor m_range;
+    // Null when none waits. Between the two may be some that do not: one range is enough, since to
+    // look at a block is cheap beside highlighting it.
+    QTextCursor m_first;
+    QTextCursor m_last;
 };
