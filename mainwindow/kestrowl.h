@@ -187,7 +187,7 @@ private:
     void applyToggles();
     WindowSettings windowSettings();
     Panes shownPanes() const;
-    void reportDamage(const QString &message);
+    void warnOf(const QString &problem);
     void updateToolBars();
     void saveBeforeExecuting();
     void setOutputVisible(bool visible);

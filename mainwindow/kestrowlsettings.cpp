@@ -12,11 +12,40 @@
 #include "workspace/edcentralwidget.h"
 #include "workspace/edcodeview.h"
 #include "workspace/edexplorerview.h"
+#include "workspace/tabentry.h"
+#include "workspace/workspacestate.h"
 
 #include <QDir>
 #include <QDockWidget>
+#include <QFileInfo>
 #include <QStatusBar>
 #include <QToolBar>
+
+#include <optional>
+
+namespace {
+
+// Takes the documents out whose files cannot be opened, and returns those files: a box about each
+// would hold up Maya's start.
+QStringList takeMissing(WorkspaceState *state)
+{
+    QStringList entries;
+    QStringList missing;
+    for (const QString &text : state->openTabs) {
+        const std::optional<TabEntry> entry = TabEntry::parse(text);
+        if (!entry)
+            continue;
+        const QFileInfo file(entry->path);
+        if (file.isFile() && file.isReadable())
+            entries << text;
+        else
+            missing << entry->path;
+    }
+    state->openTabs = entries;
+    return missing;
+}
+
+} // namespace
 
 QString Kestrowl::settingsPath() const
 {
@@ -36,23 +65,30 @@ void Kestrowl::makeBufferDirectory()
     EdCodeView::setBufferDirectory(QDir(path));
 }
 
+// Documents come last: they are shown in the colours, and as the preferences say.
 void Kestrowl::readSettings()
 {
-    reportDamage(readIniFile(settingsPath(), [this](QSettings &settings) {
+    WorkspaceState documents;
+    warnOf(readIniFile(settingsPath(), [this, &documents](QSettings &settings) {
         applyWindowSettings(readWindowSettings(settings));
         readPreferences(settings);
+        documents = readWorkspaceState(settings);
     }));
-    reportDamage(readIniFile(colorsPath(), readColors));
+    warnOf(readIniFile(colorsPath(), readColors));
     applyToggles();
     updatePreferences();
+    for (const QString &path : takeMissing(&documents))
+        warnOf(tr("%1 cannot be opened again.").arg(path));
+    m_central->restore(documents);
 }
 
 void Kestrowl::writeSettings()
 {
-    const WindowSettings window = windowSettings();
-    QString failure = writeIniFile(settingsPath(), [&window](QSettings &settings) {
-        writeWindowSettings(settings, window);
+    m_central->saveBuffers();
+    QString failure = writeIniFile(settingsPath(), [this](QSettings &settings) {
+        writeWindowSettings(settings, windowSettings());
         writePreferences(settings);
+        writeWorkspaceState(settings, m_central->state());
     });
     if (failure.isEmpty())
         failure = writeIniFile(colorsPath(), writeColors);
@@ -61,12 +97,12 @@ void Kestrowl::writeSettings()
 }
 
 // No dialog: Maya is starting, perhaps with nobody in front of it.
-void Kestrowl::reportDamage(const QString &message)
+void Kestrowl::warnOf(const QString &problem)
 {
-    if (message.isEmpty())
+    if (problem.isEmpty())
         return;
-    setStatusText(message);
-    appendOutputText(QString::fromLatin1("// Warning: %1 //\n").arg(message));
+    setStatusText(problem);
+    appendOutputText(QString::fromLatin1("// Warning: %1 //\n").arg(problem));
 }
 
 void Kestrowl::applyWindowSettings(const WindowSettings &stored)

@@ -50,6 +50,7 @@ const Group groups[] = {
                       "melTabSize=4 melInsertSpaces=true melAutoIndent=true pyUseDefaults=true "
                       "pyTabSize=4 pyInsertSpaces=true pyAutoIndent=true"},
     {"fonts", "textFont textFontSize=9 outputFont outputFontSize=9"},
+    {"tabs", "openTabs= activeView=0 indexA=-1 indexB=-1"},
 };
 
 // The keys in the file's current group without those that only guard others.
@@ -137,6 +138,10 @@ private slots:
     void aWindowOffEveryScreenComesBack();
     void togglesAndToolBarsComeBack();
     void colorsComeBack();
+    void buffersComeBack();
+    void filesComeBack();
+    void filesComeBackFromOddNumbers();
+    void aFileThatIsGoneIsSaid();
     void dockStateIsWrittenForOnePaneOnly();
     void oddNumbersTakeTheirDefaults();
     void onlyWholeBytesAreApplied();
@@ -323,6 +328,57 @@ void WindowSettingsTest::colorsComeBack()
     QCOMPARE(textFormatList(), light);
     QCOMPARE(runs.window().outputView()->palette().color(QPalette::Base),
              textFormat(OutputText::Plain).background);
+}
+
+void WindowSettingsTest::buffersComeBack()
+{
+    Runs runs;
+    runs.window().newBuffer(1);
+    runs.window().central()->currentCodeView()->codeEdit()->insertPlainText("print(1)");
+    runs.window().writeSettings();
+    runs.restart();
+    const EdCodeView *buffer = runs.window().central()->currentCodeView();
+    QVERIFY(buffer);
+    QVERIFY(buffer->isBuffer());
+    QCOMPARE(buffer->text(), QString("print(1)"));
+    QCOMPARE(buffer->language(), int(EdCodeView::Python));
+}
+
+void WindowSettingsTest::filesComeBack()
+{
+    Runs runs;
+    const QString path = runs.dir().write("a b; \"c\".mel", "print 1;");
+    runs.window().open(path);
+    runs.window().writeSettings();
+    runs.restart();
+    QVERIFY(runs.window().central()->currentCodeView());
+    QCOMPARE(runs.window().central()->currentCodeView()->fileInfo().absoluteFilePath(), path);
+}
+
+void WindowSettingsTest::filesComeBackFromOddNumbers()
+{
+    Runs runs;
+    const QString path = runs.dir().write("a.mel", "print 1;");
+    runs.window().open(path);
+    runs.window().writeSettings();
+    setValueIn(runs.settingsPath(), "tabs/activeView", "-7");
+    setValueIn(runs.settingsPath(), "tabs/indexA", "2147483647");
+    setValueIn(runs.settingsPath(), "tabs/indexB", "none");
+    runs.restart();
+    QVERIFY(runs.window().central()->currentCodeView());
+    QCOMPARE(runs.window().central()->currentCodeView()->fileInfo().absoluteFilePath(), path);
+}
+
+void WindowSettingsTest::aFileThatIsGoneIsSaid()
+{
+    Runs runs;
+    const QString path = runs.dir().write("a.mel", "print 1;");
+    runs.window().open(path);
+    runs.window().writeSettings();
+    QFile::remove(path);
+    runs.restart();
+    QVERIFY(!runs.window().central()->currentCodeView());
+    QVERIFY(runs.window().statusBar()->currentMessage().contains(path));
 }
 
 void WindowSettingsTest::dockStateIsWrittenForOnePaneOnly()
