@@ -169,8 +169,9 @@ bool takeAfter(const QFile &file, const QFile &model)
 bool flushToDisk(const QFile &file, QString *errorMessage)
 {
 #ifdef Q_OS_UNIX
-    // EINVAL: this file system has nothing to wait for.
-    const bool flushed = fsync(file.handle()) == 0 || errno == EINVAL;
+    // Not every file system has something to wait for.
+    const bool flushed =
+        fsync(file.handle()) == 0 || errno == EINVAL || errno == ENOTSUP || errno == ENOSYS;
 #else
     const bool flushed = _commit(file.handle()) == 0;
 #endif

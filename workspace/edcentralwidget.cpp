@@ -62,7 +62,8 @@ void EdCentralWidget::addBuffer(int language, const QString &label)
 void EdCentralWidget::openFile(const QString &path)
 {
     const QFileInfo info(path);
-    if (isCurrentFile(info.absoluteFilePath())) {
+    // Even a buffer's: replacing it would delete the file.
+    if (m_view && m_view->fileInfo().absoluteFilePath() == info.absoluteFilePath()) {
         m_view->setCodeEditFocus();
         return;
     }

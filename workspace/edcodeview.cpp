@@ -143,9 +143,10 @@ bool EdCodeView::write(const QString &path, bool keepAsBuffer)
         if (!isBufferFile(path))
             removeBufferFile();
         m_isBuffer = false;
-        m_fileInfo = QFileInfo(path); // afresh, with the new file's size and time
+        m_fileInfo = QFileInfo(path);
         m_bufferIndex = -1;
     }
+    m_fileInfo.refresh(); // it may have been asked before there was a file
     updateLanguage();
     m_codeEdit->document()->setModified(false);
     return true;

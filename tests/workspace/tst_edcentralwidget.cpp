@@ -380,6 +380,10 @@ void TestEdCentralWidget::replacingABufferAsks()
     QCOMPARE(answer.title(), QString("Save"));
     QCOMPARE(central.currentCodeView()->text(), QString(replaced ? "other" : "kept"));
     QCOMPARE(bufferFiles().isEmpty(), replaced);
+    if (!replaced) {
+        central.openFile(m_buffers->file("corvaneEditorBuffer-0.mel")); // its own, so only shown
+        QCOMPARE(central.currentCodeView()->text(), QString("kept"));
+    }
     QCOMPARE(dir.read("saved.mel"), QByteArray(savesAs ? "kept" : "(no such file)"));
 }
 
