@@ -7,14 +7,9 @@
 #include "workspace/edcodeview.h"
 #include "editor/edcodeedit.h"
 
-#include <QApplication>
 #include <QDir>
-#include <QDragEnterEvent>
-#include <QDropEvent>
 #include <QFile>
-#include <QMimeData>
 #include <QSignalSpy>
-#include <QUrl>
 
 #include <memory>
 
@@ -51,14 +46,10 @@ private slots:
     void changesAreNeverLostUnasked();
     void anOpenFileIsOnlyShown();
     void unreadableFilesLeaveTheDocument();
-    void unwritableFilesStayModified();
-    void noBreakSpacesAndLineEndsSurviveSaving();
     void savingAsMovesTheDocument();
     void renamingMovesTheFile();
     void renamingNeverOverwrites();
     void reloadingAsksWhenModified();
-    void tabsBecomeSpaces();
-    void droppedFilesAreReported();
     void namesAndCursorAreReported();
     void doubleClickOnNothingAsksForABuffer();
     void closingABufferDeletesIt_data();
@@ -168,31 +159,6 @@ void TestEdCentralWidget::unreadableFilesLeaveTheDocument()
     QCOMPARE(central.currentCodeView()->text(), QString("kept"));
 }
 
-void TestEdCentralWidget::unwritableFilesStayModified()
-{
-    ScratchDir dir;
-    EdCentralWidget central;
-    central.newMelBuffer();
-    QSignalSpy opened(&central, SIGNAL(fileOpened(QString)));
-    ModalAnswer answer("OK");
-    central.saveAs(dir.path());
-    QCOMPARE(answer.title(), QString("Error"));
-    QVERIFY(answer.text().startsWith(QString("Cannot write file %1:\n").arg(dir.path())));
-    QVERIFY(central.hasUnsavedContent());
-    QVERIFY(central.currentCodeView()->isBuffer());
-    QCOMPARE(int(opened.size()), 0);
-}
-
-void TestEdCentralWidget::noBreakSpacesAndLineEndsSurviveSaving()
-{
-    ScratchDir dir;
-    EdCentralWidget central;
-    central.openFile(dir.write("a.py", "a\xC2\xA0\r\n\tb\r\n"));
-    central.currentCodeView()->codeEdit()->insertPlainText("x\n");
-    central.save();
-    QCOMPARE(dir.read("a.py"), QByteArray("x\r\na\xC2\xA0\r\n\tb\r\n"));
-}
-
 void TestEdCentralWidget::savingAsMovesTheDocument()
 {
     ScratchDir dir;
@@ -254,38 +220,6 @@ void TestEdCentralWidget::reloadingAsksWhenModified()
     ModalAnswer yes("Yes");
     central.reloadFromDisk();
     QCOMPARE(central.currentCodeView()->text(), QString("two"));
-}
-
-void TestEdCentralWidget::tabsBecomeSpaces()
-{
-    EdCentralWidget central;
-    central.newMelBuffer();
-    EdCodeEdit *edit = central.currentCodeView()->codeEdit();
-    edit->setPlainText("\ta\n a\tb\t\nno tab");
-    central.convertTabsToSpaces();
-    QCOMPARE(edit->text(), QString("    a\n a  b   \nno tab"));
-    central.undo();
-    QCOMPARE(edit->text(), QString("\ta\n a\tb\t\nno tab"));
-}
-
-void TestEdCentralWidget::droppedFilesAreReported()
-{
-    ScratchDir dir;
-    EdCentralWidget central;
-    central.newMelBuffer();
-    central.show();
-    QMimeData data;
-    data.setUrls(QList<QUrl>() << QUrl::fromLocalFile(dir.write("a.mel", "x")));
-    QSignalSpy dropped(&central, SIGNAL(fileDropped(QString)));
-    QWidget *target = central.currentCodeView()->codeEdit()->viewport();
-    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(target, &enter);
-    QVERIFY(enter.isAccepted());
-    QDropEvent drop(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(target, &drop);
-    QCOMPARE(int(dropped.size()), 1);
-    QCOMPARE(dropped.first().first().toString(), dir.file("a.mel"));
-    QCOMPARE(central.currentCodeView()->text(), QString());
 }
 
 void TestEdCentralWidget::namesAndCursorAreReported()
