@@ -36,6 +36,7 @@ class TestExtraSelections : public QObject
 
 private slots:
     void init();
+    void cleanup() { m_edit.reset(); } // the application ends before this object
 
     void theCurrentLineIsMarkedAlone();
     void bracketsFindTheirPartner_data();
