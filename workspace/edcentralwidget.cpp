@@ -261,8 +261,12 @@ void EdCentralWidget::restore(const WorkspaceState &state)
         openEntry(entries.at(std::clamp(current, 0, int(entries.size()) - 1)));
 }
 
+// A file that is gone by now is not worth a message: Maya is starting, perhaps with nobody in front
+// of it.
 void EdCentralWidget::openEntry(const TabEntry &entry)
 {
+    if (!QFileInfo(entry.path).isFile())
+        return;
     const int index = m_nextBufferIndex++;
     EdCodeView *view = new EdCodeView(EdCodeView::AwaitsFile, EdCodeView::Text, this);
     if (!entry.open(view, index) || !mayBeReplaced()) {

@@ -27,7 +27,7 @@ public:
     bool hasUnsavedContent() const;
 
     // What is open, and opens it again: of several documents the one that was current. Damaged
-    // entries are left out.
+    // entries and files that are gone are left out.
     WorkspaceState state() const;
     void restore(const WorkspaceState &state);
 

@@ -371,6 +371,7 @@ void TestEdCentralWidget::restoringOpensWhatWasCurrent_data()
                                               << "0,%/b.py,0,0,0x1"
                                               << "0,,0,0,0";
     QTest::newRow("damaged") << (damaged + QStringList(a)) << 0 << 0 << 0 << "a" << 2;
+    QTest::newRow("file-is-gone") << QStringList("0,%/gone.mel,0,0,0") << 0 << 0 << 0 << "" << 0;
     QTest::newRow("nothing") << damaged << 0 << 0 << 0 << "" << 0;
 }
 
