@@ -4,6 +4,7 @@
 #include "preferences/preferences.h"
 #include "preferences/textformats.h"
 #include "tests/mainwindow/windowfixture.h"
+#include "tests/support/filesizelimit.h"
 #include "tests/support/testmain.h"
 
 #include <QDir>
@@ -150,6 +151,7 @@ private slots:
     void ofABrokenFileTheRestIsRead();
     void someDamagedFilesAreKept();
     void aFailedWriteIsSaid();
+    void aFullDiskLeavesTheOldFile();
 };
 
 void WindowSettingsTest::aFirstWriteHasEveryKeyWithItsDefault()
@@ -501,6 +503,27 @@ void WindowSettingsTest::aFailedWriteIsSaid()
     const QString message = window.statusBar()->currentMessage();
     QVERIFY2(message.contains("not saved"), qPrintable(message));
     QCOMPARE(dir.read("file"), QByteArray("no directory"));
+}
+
+void WindowSettingsTest::aFullDiskLeavesTheOldFile()
+{
+    Runs runs;
+    runs.window().writeSettings();
+    const QByteArray old = runs.dir().read(settingsName);
+    const int files = int(QDir(runs.dir().path()).entryList(QDir::Files).size());
+    preferences().tabSize = 7;
+    for (int bytes = 0; bytes < old.size(); bytes += 500) {
+        runs.window().setStatusText(QString());
+        {
+            const FileSizeLimit full(static_cast<rlim_t>(bytes));
+            runs.window().writeSettings();
+        }
+        QVERIFY(runs.window().statusBar()->currentMessage().contains("not saved"));
+        QCOMPARE(runs.dir().read(settingsName), old);
+        QCOMPARE(int(QDir(runs.dir().path()).entryList(QDir::Files).size()), files);
+    }
+    runs.window().writeSettings();
+    QCOMPARE(valueIn(runs.settingsPath(), "tabsandspaces/tabSize"), QString("7"));
 }
 
 CORVANE_TEST_MAIN(WindowSettingsTest)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "workspace/safesave.h"
 
+#include "tests/support/filesizelimit.h"
 #include "tests/support/scratchdir.h"
 #include "tests/support/skip.h"
 #include "tests/support/testmain.h"
@@ -11,7 +12,6 @@
 
 #include <csignal>
 #include <sys/mount.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <sys/xattr.h>
@@ -33,23 +33,6 @@ bool addName(const QString &path, const QString &name)
 {
     return link(QFile::encodeName(path).constData(), QFile::encodeName(name).constData()) == 0;
 }
-
-// While it lives, no file can grow beyond the size.
-class FileSizeLimit
-{
-public:
-    explicit FileSizeLimit(rlim_t bytes)
-    {
-        signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit limit = {bytes, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FileSizeLimit() { setrlimit(RLIMIT_FSIZE, &m_before); }
-
-private:
-    rlimit m_before;
-};
 
 // While it lives, the program has no more rights than others when it was started by root.
 class OrdinaryUser
