@@ -12,6 +12,9 @@
 
 namespace {
 
+// How far away a partner is looked for. Beside a bracket without one this is done at every key.
+const int linesOfMatch = 10000;
+
 bool isWordAt(const QString &text, int index)
 {
     return isWordUnit(text.constData(), int(text.size()), index);
@@ -113,7 +116,7 @@ void addMatchingBrackets(const QTextCursor &caret, ExtraSelections *selections)
     const int column = caret.positionInBlock() - 1;
     if (caret.hasSelection() || column < 0 || line.length() > longLine)
         return;
-    const TextPlace match = matchingBracket({line, column});
+    const TextPlace match = matchingBracket({line, column}, linesOfMatch);
     if (!match.isValid())
         return;
     const QTextCharFormat format = textFormat(EditorText::BraceMatching).charFormat();

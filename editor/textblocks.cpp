@@ -44,10 +44,12 @@ Brackets bracketsBefore(const TextPlace &place, const QTextBlock &block, std::st
     return found;
 }
 
-TextPlace closerBehind(const TextPlace &opener, std::string_view pair)
+TextPlace closerBehind(const TextPlace &opener, std::string_view pair, int mostLines)
 {
     int depth = 0;
-    for (QTextBlock block = opener.block; block.isValid(); block = block.next()) {
+    int lines = 0;
+    for (QTextBlock block = opener.block; block.isValid() && lines <= mostLines;
+         block = block.next(), ++lines) {
         for (const Bracket &bracket : bracketsOf(block, pair)) {
             if (block == opener.block && bracket.column <= opener.column)
                 continue;
@@ -112,23 +114,25 @@ QTextBlock nearestWithCode(QTextBlock block)
     return block;
 }
 
-TextPlace matchingBracket(const TextPlace &bracket)
+TextPlace matchingBracket(const TextPlace &bracket, int mostLines)
 {
     for (const Bracket &stored : bracketsOf(bracket.block, allKinds)) {
         if (stored.column != bracket.column)
             continue;
         const std::string_view pair = pairOf(stored.character);
         return stored.character == QLatin1Char(pair[0])
-                   ? closerBehind(bracket, pair)
-                   : openerBefore(bracket, QLatin1Char(pair[0]));
+                   ? closerBehind(bracket, pair, mostLines)
+                   : openerBefore(bracket, QLatin1Char(pair[0]), mostLines);
     }
     return TextPlace();
 }
 
-TextPlace openerBefore(const TextPlace &place, QChar opener)
+TextPlace openerBefore(const TextPlace &place, QChar opener, int mostLines)
 {
     int depth = 0;
-    for (QTextBlock block = place.block; block.isValid(); block = block.previous()) {
+    int lines = 0;
+    for (QTextBlock block = place.block; block.isValid() && lines <= mostLines;
+         block = block.previous(), ++lines) {
         const Brackets brackets = bracketsBefore(place, block, pairOf(opener));
         for (auto bracket = brackets.rbegin(); bracket != brackets.rend(); ++bracket) {
             if (bracket->character != opener)

@@ -3,6 +3,8 @@
 
 #include <QTextBlock>
 
+#include <limits>
+
 // What editing asks of the lines of a script, by the data that the highlighter keeps in each block.
 // A block without such data counts as all code and as having no brackets.
 
@@ -14,6 +16,8 @@ struct TextPlace
 
     bool isValid() const { return block.isValid(); }
 };
+
+const int allLines = std::numeric_limits<int>::max();
 
 // Behind the line's last character.
 TextPlace endOf(const QTextBlock &block);
@@ -27,10 +31,11 @@ QTextBlock nearestNonEmpty(QTextBlock block);
 QTextBlock nearestWithCode(QTextBlock block);
 
 // The other one of the pair, counting only brackets of the same kind. Invalid where no bracket was
-// found in code, or none that matches. Walks to the match; without one, to an end of the document.
-TextPlace matchingBracket(const TextPlace &bracket);
+// found in code, or none that matches. Walks to the match; without one, to an end of the document,
+// or over no more than `mostLines`.
+TextPlace matchingBracket(const TextPlace &bracket, int mostLines = allLines);
 // The opener that its closer, were it typed at the place, would match. Bounds as above.
-TextPlace openerBefore(const TextPlace &place, QChar opener);
+TextPlace openerBefore(const TextPlace &place, QChar opener, int mostLines = allLines);
 // The one in the line that is nearest before the place; invalid when there is none.
 TextPlace lastBracket(const TextPlace &end);
 // The column of the last bracket in the line that it leaves open; -1 when there is none.

@@ -3,6 +3,7 @@
 #include "compat/layoutformats.h"
 #include "editor/edcodeedit.h"
 #include "editor/editorlanguage.h"
+#include "editor/edhighlighter.h"
 #include "editor/edtextblockdata.h"
 #include "preferences/preferences.h"
 #include "preferences/textformats.h"
@@ -41,6 +42,7 @@ private slots:
     void theCurrentLineIsMarkedAlone();
     void bracketsFindTheirPartner_data();
     void bracketsFindTheirPartner();
+    void farPartnersAreNotLookedFor();
     void equalWordsAreMarked_data();
     void equalWordsAreMarked();
     void onlyVisibleWordsAreMarked();
@@ -131,6 +133,19 @@ void TestExtraSelections::bracketsFindTheirPartner()
     QCOMPARE(places(ground), marked);
     select(caret, caret - 1);
     QCOMPARE(places(ground), QStringList());
+}
+
+void TestExtraSelections::farPartnersAreNotLookedFor()
+{
+    const QColor ground = textFormat(EditorText::BraceMatching).background;
+    m_edit->setText("(\n" + lines("a", 5000) + "\n)");
+    m_edit->highlighter()->finish();
+    select(1, 1);
+    QCOMPARE(int(places(ground).size()), 2);
+    m_edit->setText("(\n" + lines("a", 20000) + "\n)");
+    m_edit->highlighter()->finish();
+    select(1, 1);
+    QCOMPARE(int(places(ground).size()), 0);
 }
 
 void TestExtraSelections::equalWordsAreMarked_data()
