@@ -15,7 +15,16 @@ int textWidth(const QFontMetrics &metrics, const QString &text)
 #endif
 }
 
-void setTabStop(QTextOption &option, int pixels)
+qreal blankWidth(const QFont &font)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 11, 0)
+    return QFontMetricsF(font).horizontalAdvance(QLatin1Char(' '));
+#else
+    return QFontMetricsF(font).width(QLatin1Char(' '));
+#endif
+}
+
+void setTabStop(QTextOption &option, qreal pixels)
 {
 #if QT_VERSION >= QT_VERSION_CHECK(5, 10, 0)
     option.setTabStopDistance(pixels);

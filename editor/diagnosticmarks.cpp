@@ -11,6 +11,8 @@
 
 namespace {
 
+const int mostFollowed = 1000; // marks of a list
+
 // The cursor over the mark's characters: what is inserted before or behind them stays outside.
 QTextCursor cursorOver(int start, int end, QTextDocument *document)
 {
@@ -21,11 +23,39 @@ QTextCursor cursorOver(int start, int end, QTextDocument *document)
     return cursor;
 }
 
-// Whether none of the mark's characters was taken away and nothing was put between them.
-bool isWhole(const EdDiagnosticMark &mark)
+// What is left of a mark of which the change from `position` to `limit` covers an end or both. It
+// may gather several edits, as when lines are indented, and then spans what lies between them.
+// False when nothing is left.
+bool follow(EdDiagnosticMark &mark, int position, int limit, int delta)
 {
-    return mark.end > mark.start &&
-           mark.characters.position() - mark.characters.anchor() == mark.end - mark.start;
+    if (!mark.characters.isNull()) {
+        mark.start = mark.characters.anchor();
+        mark.end = mark.characters.position();
+    } else {
+        mark.start = std::min(mark.start, position);
+        mark.end = mark.end > limit ? mark.end + delta : position;
+    }
+    return mark.end > mark.start;
+}
+
+enum class Fate { Kept, Followed, Dropped };
+
+// Followed: the line has to be looked up again.
+Fate shifted(EdDiagnosticMark &mark, int position, int limit, int delta)
+{
+    const bool removes = limit > position;
+    if (mark.start >= limit && !(removes && mark.end == limit)) {
+        mark.start += delta;
+        mark.end += delta;
+        return Fate::Kept;
+    }
+    if (mark.end <= position)
+        return Fate::Kept;
+    if (mark.start < position && mark.end > limit) {
+        mark.end += delta;
+        return Fate::Kept;
+    }
+    return follow(mark, position, limit, delta) ? Fate::Followed : Fate::Dropped;
 }
 
 } // namespace
@@ -33,12 +63,14 @@ bool isWhole(const EdDiagnosticMark &mark)
 void DiagnosticMarks::set(const DiagnosticList &diagnostics, QTextDocument *document)
 {
     clear();
+    m_document = document;
     const int last = document->characterCount() - 1;
     for (int i = 0; i < diagnostics.count(); ++i) {
         const int end = diagnostics.ends.at(i) < 0 ? last : std::min(diagnostics.ends.at(i), last);
         const int start = std::min(diagnostics.starts.at(i), end);
         m_marks.push_back({start, end, document->findBlock(start).blockNumber(),
-                           diagnostics.messages.at(i), cursorOver(start, end, document)});
+                           diagnostics.messages.at(i),
+                           i < mostFollowed ? cursorOver(start, end, document) : QTextCursor()});
     }
 }
 
@@ -57,8 +89,11 @@ void DiagnosticMarks::shift(int position, int charsRemoved, int charsAdded, int 
         // All lines that came or went are above a mark behind the change.
         if (mark.start >= limit)
             mark.line += addedLines;
-        if (dropOrMove(mark, position, limit, delta))
+        const Fate fate = shifted(mark, position, limit, delta);
+        if (fate == Fate::Dropped)
             continue;
+        if (fate == Fate::Followed)
+            m_linesAreOld = updateLine(mark) || m_linesAreOld;
         if (&mark != &m_marks[kept])
             m_marks[kept] = std::move(mark);
         ++kept;
@@ -67,29 +102,12 @@ void DiagnosticMarks::shift(int position, int charsRemoved, int charsAdded, int 
     m_marks.erase(m_marks.begin() + std::ptrdiff_t(kept), m_marks.end());
 }
 
-// True when the mark is to be dropped. A change may gather several edits, as when lines are
-// indented, and then spans what lies between them: characters that are all still there keep their
-// mark.
-bool DiagnosticMarks::dropOrMove(EdDiagnosticMark &mark, int position, int limit, int delta) const
+// True when it is another line now.
+bool DiagnosticMarks::updateLine(EdDiagnosticMark &mark) const
 {
-    const bool startsInside = mark.start >= position && mark.start < limit;
-    if (startsInside && isWhole(mark)) {
-        mark.start = mark.characters.anchor();
-        mark.end = mark.characters.position();
-        const int line = mark.characters.document()->findBlock(mark.start).blockNumber();
-        m_linesAreOld = m_linesAreOld || line != mark.line;
-        mark.line = line;
-        return false;
-    }
-    const bool endsBehind = mark.end > limit;
-    if (!endsBehind && limit > position && mark.end > position && mark.start >= position)
-        return true;
-    // An empty mark at the change's end goes with its start, not by its end.
-    if (endsBehind || mark.start >= limit)
-        mark.end += delta;
-    if (mark.start >= limit)
-        mark.start += delta;
-    return false;
+    const int old = mark.line;
+    mark.line = m_document->findBlock(mark.start).blockNumber();
+    return mark.line != old;
 }
 
 const EdDiagnosticMark *DiagnosticMarks::at(int position) const
@@ -110,4 +128,15 @@ const QMap<int, QString> &DiagnosticMarks::lines() const
         m_linesAreOld = false;
     }
     return m_lines;
+}
+
+std::vector<int> DiagnosticMarks::linesBetween(int first, int last) const
+{
+    std::vector<int> lines;
+    for (const EdDiagnosticMark &mark : m_marks) {
+        if (mark.line >= first && mark.line <= last)
+            lines.push_back(mark.line);
+    }
+    std::sort(lines.begin(), lines.end());
+    return lines;
 }

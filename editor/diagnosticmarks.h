@@ -17,7 +17,8 @@ struct EdDiagnosticMark
     int end;
     int line; // 0-based, of the start
     QString message;
-    // The characters that were marked, wherever they go.
+    // Follows the characters through every single edit; null for marks beyond the first thousand,
+    // since each costs every edit of the document a little.
     QTextCursor characters;
 };
 
@@ -37,11 +38,18 @@ public:
     // Null when no mark lies there.
     const EdDiagnosticMark *at(int position) const;
     const std::vector<EdDiagnosticMark> &all() const { return m_marks; }
-    // Message by line; of two on a line the later one in the list.
+    // Null before they are set.
+    QTextDocument *document() const { return m_document; }
+    // Message by line; of two on a line the later one in the list. To look at a few lines of many
+    // marks, the next one is quicker.
     const QMap<int, QString> &lines() const;
+    // Those with a mark from `first` to `last`, both included, in ascending order.
+    std::vector<int> linesBetween(int first, int last) const;
 
 private:
-    bool dropOrMove(EdDiagnosticMark &mark, int position, int limit, int delta) const;
+    bool updateLine(EdDiagnosticMark &mark) const;
+
+    QTextDocument *m_document = nullptr; // that of the marks
 
     std::vector<EdDiagnosticMark> m_marks;
     mutable QMap<int, QString> m_lines; // made when asked for

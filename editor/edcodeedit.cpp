@@ -79,6 +79,7 @@ void EdCodeEdit::setLanguage(int language)
         return;
     m_language = language;
     m_highlighter.reset(); // takes its colours off the document
+    clearBlockData();
     m_highlighter = highlighterFor(language, document());
 }
 
@@ -95,6 +96,15 @@ QString EdCodeEdit::text() const
 
 // Clearing, a document forgets its cursors until it is empty. Those of the selections must not go
 // in between, as they would when the view scrolls: it would remember them afterwards.
+// Nobody would keep it up to date.
+void EdCodeEdit::clearBlockData()
+{
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+        block.setUserData(nullptr);
+        block.setUserState(-1);
+    }
+}
+
 void EdCodeEdit::setText(const QString &text)
 {
     clearDiagnostics(); // rather than moving and dropping them one by one
@@ -114,7 +124,7 @@ int EdCodeEdit::currentLine() const
 
 void EdCodeEdit::goToLine(int line)
 {
-    const QTextBlock block = document()->findBlockByNumber(line - 1);
+    const QTextBlock block = document()->findBlockByNumber(std::max(line - 1, 0));
     if (block.isValid())
         setTextCursor(QTextCursor(block));
 }
@@ -168,7 +178,7 @@ void EdCodeEdit::updateFontAndColors()
     updateExtraSelections();
 }
 
-// What the language's own values are for; those of the others do not matter then.
+// MEL and Python may have values of their own; everything else follows the general ones.
 void EdCodeEdit::updateTabsAndSpaces()
 {
     const Preferences &chosen = preferences();
@@ -212,8 +222,7 @@ void EdCodeEdit::applyTextOption()
         flags |= QTextOption::ShowLineAndParagraphSeparators;
     option.setFlags(flags);
     option.setWrapMode(wraps ? QTextOption::WordWrap : QTextOption::NoWrap);
-    const int blank = compat::textWidth(QFontMetrics(font()), QLatin1String(" "));
-    compat::setTabStop(option, m_tabSize * blank);
+    compat::setTabStop(option, m_tabSize * compat::blankWidth(font()));
     document()->setDefaultTextOption(option);
 }
 
@@ -237,7 +246,7 @@ IndentStyle EdCodeEdit::indentStyle() const
 {
     const Preferences &chosen = preferences();
     IndentStyle style;
-    style.tabSize = m_tabSize;
+    style.tabSize = std::max(m_tabSize, 1);
     style.replaceTabs = m_replaceTabs;
     style.autoIndent = m_autoIndent;
     style.smartIndent =
@@ -249,46 +258,54 @@ IndentStyle EdCodeEdit::indentStyle() const
 void EdCodeEdit::home(bool shiftKey, bool ctrlKey)
 {
     QTextCursor cursor = textCursor();
-    cursor.setPosition(ctrlKey ? 0 : homePosition(cursor),
-                       shiftKey ? QTextCursor::KeepAnchor : QTextCursor::MoveAnchor);
+    // Of a wrapped line first to the start of the caret's row.
+    QTextCursor row = cursor;
+    row.movePosition(QTextCursor::StartOfLine);
+    int target = homePosition(cursor);
+    if (ctrlKey)
+        target = 0;
+    else if (!row.atBlockStart() && row.position() != cursor.position())
+        target = row.position();
+    cursor.setPosition(target, shiftKey ? QTextCursor::KeepAnchor : QTextCursor::MoveAnchor);
+    setTextCursor(cursor);
+}
+
+template <typename Edit>
+void EdCodeEdit::editAtCaret(Edit edit)
+{
+    if (isReadOnly())
+        return;
+    QTextCursor cursor = textCursor();
+    edit(cursor);
     setTextCursor(cursor);
 }
 
 void EdCodeEdit::duplicateText()
 {
-    QTextCursor cursor = textCursor();
-    ::duplicateText(cursor);
-    setTextCursor(cursor);
+    editAtCaret([](QTextCursor &cursor) { ::duplicateText(cursor); });
 }
 
 void EdCodeEdit::deleteLines()
 {
-    QTextCursor cursor = textCursor();
-    ::deleteLines(cursor);
-    setTextCursor(cursor);
+    editAtCaret([](QTextCursor &cursor) { ::deleteLines(cursor); });
 }
 
 void EdCodeEdit::increaseIndent()
 {
-    QTextCursor cursor = textCursor();
-    ::increaseIndent(cursor, indentStyle());
-    setTextCursor(cursor);
+    editAtCaret([this](QTextCursor &cursor) { ::increaseIndent(cursor, indentStyle()); });
 }
 
 void EdCodeEdit::decreaseIndent()
 {
-    QTextCursor cursor = textCursor();
-    ::decreaseIndent(cursor, indentStyle());
-    setTextCursor(cursor);
+    editAtCaret([this](QTextCursor &cursor) { ::decreaseIndent(cursor, indentStyle()); });
 }
 
 void EdCodeEdit::convertTabsToSpaces()
 {
     const int vertical = verticalScrollBar()->value();
     const int horizontal = horizontalScrollBar()->value();
-    QTextCursor cursor = textCursor();
-    ::convertTabsToSpaces(cursor, indentStyle());
-    setTextCursor(cursor); // which scrolls to the caret
+    // Which scrolls to the caret.
+    editAtCaret([this](QTextCursor &cursor) { ::convertTabsToSpaces(cursor, indentStyle()); });
     verticalScrollBar()->setValue(vertical);
     horizontalScrollBar()->setValue(horizontal);
 }
@@ -307,16 +324,16 @@ void EdCodeEdit::toggleOverwriteMode()
 
 void EdCodeEdit::updateCompleter()
 {
-    m_completer->begin(EdCompleter::OnLetters, m_language);
+    m_completer->updateCompletions();
 }
 
 void EdCodeEdit::completeCode(const QString &text, int prefixLength)
 {
-    QTextCursor cursor = textCursor();
-    cursor.clearSelection();
-    cursor.setPosition(std::max(cursor.position() - prefixLength, 0), QTextCursor::KeepAnchor);
-    cursor.insertText(text);
-    setTextCursor(cursor);
+    editAtCaret([&text, prefixLength](QTextCursor &cursor) {
+        cursor.clearSelection();
+        cursor.setPosition(std::max(cursor.position() - prefixLength, 0), QTextCursor::KeepAnchor);
+        cursor.insertText(text);
+    });
 }
 
 void EdCodeEdit::moveToOtherView()

@@ -47,7 +47,7 @@ public:
 
     // Counted from 1.
     int currentLine() const;
-    // Puts the caret at the start of a line, counted from 1; nothing when there is none.
+    // Puts the caret at the start of a line, counted from 1; nothing beyond the last.
     void goToLine(int line);
     // Both bring the caret to the middle of the view; positions outside become the nearest inside.
     void setCursorSelection(int position, int anchor);
@@ -94,14 +94,13 @@ public slots:
     void setModified(bool modified = true);
     // One step to undo.
     void clearText();
-    // These take what the preferences say now.
+    // Like the other two with "update" and what the preferences have: takes what they say now.
     void updateFontAndColors();
-    void updateTabsAndSpaces();
-    void updateHiddenCharacters();
-
-    void setTabSize(int tabSize);
+    void setTabSize(int tabSize); // columns, at least 1
     void setReplaceTabsWithSpaces(bool replaceTabs = true);
     void setAutoIndent(bool autoIndent = true);
+    // The preferences of the editor's language.
+    void updateTabsAndSpaces();
 
     // To the first character of the line that is not blank, or, from there, to the line's start;
     // with Ctrl to the document's. Shift selects.
@@ -110,6 +109,8 @@ public slots:
     void deleteLines();
     void increaseIndent();
     void decreaseIndent();
+    // Wrapping is one of their preferences.
+    void updateHiddenCharacters();
     void convertTabsToSpaces();
 
     void toggleOverwriteMode();
@@ -136,6 +137,7 @@ protected:
     void focusInEvent(QFocusEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
@@ -174,13 +176,19 @@ private:
 
     // As set for this editor and, for what has no field here, as preferred.
     IndentStyle indentStyle() const;
+    // Lets the function edit with the caret's cursor, which then becomes the caret; not in a
+    // read-only text.
+    template <typename Edit>
+    void editAtCaret(Edit edit);
+    void clearBlockData();
     void applyTextOption();
     void applyDiagnostics();
-    bool showDiagnosticToolTip(const QPoint &place, const QPoint &globalPlace);
+    QString messageAt(const QPoint &place) const;
     void widenToVariable();
     void dragSelection();
     QTextBlock lastVisibleBlock() const;
-    void paintLine(QPainter *painter, int line, int top, int width) const;
+    typedef QMap<int, const QImage *> Icons; // by 0-based line
+    Icons iconsBetween(int first, int last) const;
 
     EdCodeEditLineNumbers *m_lineNumbers;
     EdCompleter *m_completer;
@@ -197,6 +205,7 @@ private:
     DiagnosticMarks m_warnings;
     DiagnosticMarks m_infos;
     int m_blockCount = 1; // as of the last change of the text
+    QPoint m_middlePress; // where the middle button went down
     bool m_longLineSaid = false;
     int m_marginWidth = 0; // pixels that the view leaves to the gutter
     std::unique_ptr<EdHighlighter> m_highlighter;

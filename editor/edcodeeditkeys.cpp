@@ -58,10 +58,6 @@ const EdCodeEdit::KeyStep EdCodeEdit::keySteps[] = {
 
 void EdCodeEdit::keyPressEvent(QKeyEvent *event)
 {
-    if (isReadOnly()) {
-        QPlainTextEdit::keyPressEvent(event);
-        return;
-    }
     Key outcome = Key::Left;
     for (KeyStep step : keySteps) {
         outcome = (this->*step)(event);
@@ -134,6 +130,8 @@ EdCodeEdit::Key EdCodeEdit::returnKey(QKeyEvent *event)
         event->ignore();
         return Key::Taken;
     }
+    if (isReadOnly())
+        return Key::Left;
     QTextCursor cursor = textCursor();
     breakLine(cursor, m_language, indentStyle());
     setTextCursor(cursor);
@@ -199,7 +197,8 @@ EdCodeEdit::Key EdCodeEdit::homeKey(QKeyEvent *event)
 EdCodeEdit::Key EdCodeEdit::electricBrace(QKeyEvent *event)
 {
     const QString typed = event->text();
-    if (m_language != MelLanguage || (typed != QLatin1String("{") && typed != QLatin1String("}")))
+    if (isReadOnly() || m_language != MelLanguage ||
+        (typed != QLatin1String("{") && typed != QLatin1String("}")))
         return Key::Left;
     QTextCursor cursor = textCursor();
     if (typeMelBrace(cursor, typed.at(0), indentStyle()))
@@ -222,7 +221,7 @@ EdCodeEdit::Key EdCodeEdit::commandKeys(QKeyEvent *event)
 {
     if (!(event->modifiers() & Qt::ControlModifier))
         return Key::Left;
-    if (event->key() == Qt::Key_Space) {
+    if (event->key() == Qt::Key_Space && !isReadOnly()) {
         m_completer->begin(EdCompleter::OnDemand, m_language);
         return Key::Taken;
     }
@@ -244,6 +243,8 @@ EdCodeEdit::Key EdCodeEdit::otherKey(QKeyEvent *event)
     if (m_completer->isVisible())
         hidePopupFor(*event);
     QPlainTextEdit::keyPressEvent(event);
+    if (isReadOnly())
+        return Key::Taken;
     return m_completer->isVisible() ? Key::Typed : beginCompletion(*event, wordStartsHere);
 }
 

@@ -10,6 +10,7 @@
 #include "preferences/textformats.h"
 
 #include <QHelpEvent>
+#include <QKeyEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QTextBlock>
@@ -47,6 +48,14 @@ QColor inkOf(EditorText category)
 {
     const QColor ink = textFormat(category).foreground;
     return ink.isValid() ? ink : textFormat(EditorText::Plain).foreground;
+}
+
+// Keys with Ctrl alone that keyPressEvent() takes and that are no shortcuts of the window.
+bool isOwnShortcut(const QKeyEvent &event)
+{
+    const int key = event.key();
+    return (event.modifiers() & ~Qt::KeypadModifier) == Qt::ControlModifier &&
+           (key == Qt::Key_D || key == Qt::Key_L || key == Qt::Key_Space);
 }
 
 } // namespace
@@ -102,31 +111,37 @@ void EdCodeEdit::paintLineNumbers(QWidget *gutter, const QPaintEvent &event)
     painter.setFont(font());
     painter.setPen(inkOf(EditorText::LineNumbers));
     painter.fillRect(dirty, groundOf(EditorText::LineNumbers));
+    const int numberHeight = QFontMetrics(font()).height();
     painter.fillRect(dirty & QRect(0, dirty.top(), errorBarWidth, dirty.height()),
                      groundOf(EditorText::ErrorBar));
 
     QTextBlock block = firstVisibleBlock();
+    const Icons icons = iconsBetween(block.blockNumber(), lastVisibleBlock().blockNumber());
     qreal top = blockBoundingGeometry(block).translated(contentOffset()).top();
     for (int line = block.blockNumber(); block.isValid() && top <= dirty.bottom(); ++line) {
         const qreal bottom = top + blockBoundingRect(block).height();
-        if (block.isVisible() && bottom >= dirty.top())
-            paintLine(&painter, line, int(top), gutter->width());
+        if (block.isVisible() && bottom >= dirty.top()) {
+            painter.drawText(-numberMargin, int(top), gutter->width(), numberHeight, Qt::AlignRight,
+                             QString::number(line + 1));
+            if (const QImage *icon = icons.value(line))
+                painter.drawImage(0, int(top), *icon);
+        }
         top = bottom;
         block = block.next();
     }
 }
 
 // An error is shown before a warning, and that before a note.
-void EdCodeEdit::paintLine(QPainter *painter, int line, int top, int width) const
+EdCodeEdit::Icons EdCodeEdit::iconsBetween(int first, int last) const
 {
-    painter->drawText(-numberMargin, top, width, QFontMetrics(font()).height(), Qt::AlignRight,
-                      QString::number(line + 1));
-    if (errorLines().contains(line))
-        painter->drawImage(0, top, m_errorImage);
-    else if (warningLines().contains(line))
-        painter->drawImage(0, top, m_warningImage);
-    else if (infoLines().contains(line))
-        painter->drawImage(0, top, m_infoImage);
+    const std::pair<const DiagnosticMarks *, const QImage *> kinds[] = {
+        {&m_infos, &m_infoImage}, {&m_warnings, &m_warningImage}, {&m_errors, &m_errorImage}};
+    Icons icons;
+    for (const auto &[marks, image] : kinds) {
+        for (int line : marks->linesBetween(first, last))
+            icons.insert(line, image);
+    }
+    return icons;
 }
 
 void EdCodeEdit::setDiagnostics(const BaseParser &parser)
@@ -159,8 +174,7 @@ void EdCodeEdit::onContentsChange(int position, int charsRemoved, int charsAdded
         marks->shift(position, charsRemoved, charsAdded, addedLines);
 }
 
-// The caret may have moved by an edit that left it where it is in the document's eyes; whatever
-// the reason, all kinds are made anew: there are never more than what is visible.
+// All kinds are made anew at every call; only what is visible is marked.
 void EdCodeEdit::updateExtraSelections()
 {
     m_extraSelections.clear();
@@ -171,7 +185,7 @@ void EdCodeEdit::updateExtraSelections()
     matchParenthesis();
     highlightErrors();
     setExtraSelections(m_extraSelections);
-    if (textCursor().block().length() > longLine && !m_longLineSaid) {
+    if (!m_longLineSaid && isLong(textCursor().block())) {
         m_longLineSaid = true;
         emit longLineReached();
     }
@@ -217,9 +231,17 @@ QTextBlock EdCodeEdit::lastVisibleBlock() const
 
 bool EdCodeEdit::event(QEvent *event)
 {
+    // An action of the host with the same keys would take them.
+    if (event->type() == QEvent::ShortcutOverride &&
+        isOwnShortcut(*static_cast<QKeyEvent *>(event))) {
+        event->accept();
+        return true;
+    }
     if (event->type() == QEvent::ToolTip) {
         const QHelpEvent *help = static_cast<QHelpEvent *>(event);
-        if (showDiagnosticToolTip(help->pos(), help->globalPos())) {
+        const QString message = messageAt(help->pos());
+        if (!message.isEmpty()) {
+            QToolTip::showText(help->globalPos(), message, this);
             event->ignore();
             return true;
         }
@@ -227,18 +249,18 @@ bool EdCodeEdit::event(QEvent *event)
     return QPlainTextEdit::event(event);
 }
 
-// The place is one of the editor, whose text begins behind the gutter.
-bool EdCodeEdit::showDiagnosticToolTip(const QPoint &place, const QPoint &globalPlace)
+// The place is one of the editor, whose text begins behind the gutter. In the gutter it is the
+// line that has a message, by its icon.
+QString EdCodeEdit::messageAt(const QPoint &place) const
 {
-    QPoint inText = place;
-    if (inText.x() >= lineNumberWidth())
-        inText.rx() -= lineNumberWidth();
-    const int position = cursorForPosition(inText).position();
+    const bool inGutter = place.x() < lineNumberWidth();
+    const QPoint inText(inGutter ? place.x() : place.x() - lineNumberWidth(), place.y());
+    const QTextCursor cursor = cursorForPosition(inText);
     for (const DiagnosticMarks *marks : {&m_errors, &m_warnings, &m_infos}) {
-        if (const EdDiagnosticMark *mark = marks->at(position)) {
-            QToolTip::showText(globalPlace, mark->message, this);
-            return true;
-        }
+        if (inGutter && marks->lines().contains(cursor.blockNumber()))
+            return marks->lines().value(cursor.blockNumber());
+        if (const EdDiagnosticMark *mark = marks->at(cursor.position()))
+            return mark->message;
     }
-    return false;
+    return QString();
 }

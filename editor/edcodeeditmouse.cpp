@@ -7,6 +7,7 @@
 #include "editor/editorlanguage.h"
 #include "preferences/preferences.h"
 
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QDrag>
 #include <QDropEvent>
@@ -96,13 +97,21 @@ void EdCodeEdit::widenToVariable()
     setTextCursor(cursor);
 }
 
+void EdCodeEdit::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::MiddleButton)
+        m_middlePress = event->pos();
+    QPlainTextEdit::mousePressEvent(event);
+}
+
+// A click of the middle button, which pastes on some systems, is seldom without a little movement.
 void EdCodeEdit::mouseMoveEvent(QMouseEvent *event)
 {
     m_completer->hide();
-    if ((event->buttons() & Qt::MiddleButton) && textCursor().hasSelection())
-        dragSelection();
-    else
+    if (!(event->buttons() & Qt::MiddleButton) || !textCursor().hasSelection())
         QPlainTextEdit::mouseMoveEvent(event);
+    else if ((event->pos() - m_middlePress).manhattanLength() >= QApplication::startDragDistance())
+        dragSelection();
 }
 
 // As Maya's own Script Editor does it: what is dragged onto a shelf becomes a button there.
@@ -116,11 +125,13 @@ void EdCodeEdit::dragSelection()
 void EdCodeEdit::contextMenuEvent(QContextMenuEvent *event)
 {
     QMenu menu(this);
+    const bool edits = !isReadOnly();
     const bool selected = textCursor().hasSelection();
-    menu.addAction(tr("Undo"), this, SLOT(undo()))->setEnabled(document()->isUndoAvailable());
-    menu.addAction(tr("Redo"), this, SLOT(redo()))->setEnabled(document()->isRedoAvailable());
+    const QTextDocument &text = *document();
+    menu.addAction(tr("Undo"), this, SLOT(undo()))->setEnabled(edits && text.isUndoAvailable());
+    menu.addAction(tr("Redo"), this, SLOT(redo()))->setEnabled(edits && text.isRedoAvailable());
     menu.addSeparator();
-    menu.addAction(tr("Cut"), this, SLOT(cut()))->setEnabled(selected);
+    menu.addAction(tr("Cut"), this, SLOT(cut()))->setEnabled(edits && selected);
     menu.addAction(tr("Copy"), this, SLOT(copy()))->setEnabled(selected);
     menu.addAction(tr("Paste"), this, SLOT(paste()))->setEnabled(canPaste());
     menu.addAction(tr("Select All"), this, SLOT(selectAll()));
@@ -154,7 +165,9 @@ void EdCodeEdit::dropEvent(QDropEvent *event)
         QPlainTextEdit::dropEvent(event);
         return;
     }
-    event->acceptProposedAction();
+    // Were it a move, the other program might delete the file.
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
     const QList<QUrl> urls = event->mimeData()->urls();
     for (const QUrl &url : urls) {
         const QFileInfo info(url.toLocalFile());
@@ -173,7 +186,7 @@ QMimeData *EdCodeEdit::createMimeDataFromSelection() const
 
 void EdCodeEdit::insertFromMimeData(const QMimeData *source)
 {
-    if (source->hasText())
+    if (source->hasText() && !isReadOnly())
         insertPlainText(source->text());
     ensureCursorVisible();
 }

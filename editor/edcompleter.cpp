@@ -44,6 +44,11 @@ void EdCompleter::begin(Trigger trigger, int language)
         emit requested(trigger);
 }
 
+void EdCompleter::updateCompletions()
+{
+    emit updateRequested();
+}
+
 // What the popup has no use for must not come back to the editor, which has handed it over.
 void EdCompleter::keyPressEvent(QKeyEvent *event)
 {

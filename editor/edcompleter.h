@@ -16,13 +16,16 @@ public:
 
     explicit EdCompleter(QWidget *editor);
 
-    // Asks for completions unless the preferences switch this trigger off for the editor's
-    // language, which is one of EdCodeEdit's numbers.
+    // Asks for completions unless the preferences switch this trigger off for the language, which
+    // is an EditorLanguage.
     void begin(Trigger trigger, int language);
+    // While it is visible: the text before the caret is another one now.
+    void updateCompletions();
 
 signals:
     // `trigger` is a Trigger.
     void requested(int trigger);
+    void updateRequested();
     // The user has chosen a completion; `prefixLength` UTF-16 units before the caret are replaced.
     void activated(const QString &text, int prefixLength);
 

@@ -15,7 +15,7 @@
 class LineScanner;
 
 // Colours a document as its language's scanner says, and keeps in each block what is code. Knows no
-// language itself. Belongs to the code view, which replaces it when the language changes.
+// language itself. Belongs to the editor, which replaces it when the language changes.
 //
 // Nobody waits for it: in one turn of the event loop it highlights no more than takes a few
 // milliseconds, beginning with what has been edited. The rest waits for the turns to come, and ends

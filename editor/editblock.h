@@ -3,7 +3,7 @@
 
 #include <QTextCursor>
 
-// Makes the edits of its life one step to undo. While it lasts highlighters see none of them.
+// Makes the edits of its life one step to undo. While it lasts, highlighters see none of them.
 class EditBlock
 {
 public:

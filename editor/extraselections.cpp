@@ -20,13 +20,15 @@ bool isWordAt(const QString &text, int index)
     return isWordUnit(text.constData(), int(text.size()), index);
 }
 
+// A name, or a variable of MEL: $name.
 bool isWord(const QString &text)
 {
-    for (int i = 0; i < text.size(); ++i) {
+    const int start = text.startsWith(QLatin1Char('$')) ? 1 : 0;
+    for (int i = start; i < text.size(); ++i) {
         if (!isWordAt(text, i))
             return false;
     }
-    return !text.isEmpty();
+    return text.size() > start;
 }
 
 bool standsAlone(const QString &line, int start, int length)
@@ -66,14 +68,17 @@ void addWord(const QString &word, const QTextBlock &block, const QTextCharFormat
 void addUnderlines(const DiagnosticMarks &marks, OutputText category, int firstLine, int lastLine,
                    ExtraSelections *selections)
 {
+    QTextDocument *document = marks.document();
     QTextCharFormat format;
     format.setUnderlineStyle(QTextCharFormat::WaveUnderline);
     format.setUnderlineColor(textFormat(category).foreground);
     for (const EdDiagnosticMark &mark : marks.all()) {
         if (mark.line < firstLine || mark.line > lastLine)
             continue;
-        QTextCursor cursor = mark.characters;
+        QTextCursor cursor(document);
         cursor.setPosition(mark.start);
+        if (isLong(cursor.block()))
+            continue;
         cursor.setPosition(mark.end, QTextCursor::KeepAnchor);
         *selections << selectionOver(cursor, format);
     }
@@ -84,7 +89,9 @@ void addUnderlines(const DiagnosticMarks &marks, OutputText category, int firstL
 void addCurrentLine(const QTextCursor &caret, ExtraSelections *selections)
 {
     QTextCharFormat format;
-    format.setBackground(textFormat(EditorText::CurrentLine).background);
+    const QColor ground = textFormat(EditorText::CurrentLine).background;
+    if (ground.isValid()) // set all the same it would be black
+        format.setBackground(ground);
     format.setProperty(QTextFormat::FullWidthSelection, true);
     QTextCursor line = caret;
     line.clearSelection();
@@ -95,7 +102,7 @@ void addMatchedSelections(const QTextCursor &caret, const QTextBlock &first, con
                           ExtraSelections *selections)
 {
     const QTextBlock line = caret.document()->findBlock(caret.selectionStart());
-    if (!caret.hasSelection() || line.length() > longLine || !line.contains(caret.selectionEnd()))
+    if (!caret.hasSelection() || isLong(line) || !line.contains(caret.selectionEnd()))
         return;
     const QString word = caret.selectedText();
     const int start = caret.selectionStart() - line.position();
@@ -103,7 +110,7 @@ void addMatchedSelections(const QTextCursor &caret, const QTextBlock &first, con
         return;
     const QTextCharFormat format = textFormat(EditorText::MatchingSelection).charFormat();
     for (QTextBlock block = first; block.isValid(); block = block.next()) {
-        if (block.length() <= longLine)
+        if (!isLong(block))
             addWord(word, block, format, selections);
         if (block == last)
             break;
@@ -114,7 +121,7 @@ void addMatchingBrackets(const QTextCursor &caret, ExtraSelections *selections)
 {
     const QTextBlock line = caret.block();
     const int column = caret.positionInBlock() - 1;
-    if (caret.hasSelection() || column < 0 || line.length() > longLine)
+    if (caret.hasSelection() || column < 0 || isLong(line))
         return;
     const TextPlace match = matchingBracket({line, column}, linesOfMatch);
     if (!match.isValid())

@@ -9,7 +9,8 @@ class QTextBlock;
 class QTextCursor;
 
 // What an editor marks beside its selection. Each function adds one kind to a list, of which later
-// entries are painted over earlier ones, and takes time by what is visible, not by the document.
+// entries are painted over earlier ones. The time that takes does not grow with the document, but
+// for that of underlines, which grows a little with the number of marks.
 typedef QList<QTextEdit::ExtraSelection> ExtraSelections;
 
 // The caret's line over the whole width.
@@ -18,7 +19,8 @@ void addCurrentLine(const QTextCursor &caret, ExtraSelections *selections);
 // selection is not a word.
 void addMatchedSelections(const QTextCursor &caret, const QTextBlock &first, const QTextBlock &last,
                           ExtraSelections *selections);
-// The bracket before the caret and its partner; nothing when it has none or something is selected.
+// The bracket before the caret and its partner; nothing when it has none within some thousand lines
+// or something is selected.
 void addMatchingBrackets(const QTextCursor &caret, ExtraSelections *selections);
 // Wavy lines under the marks whose line is one of those, 0-based, both ends included.
 void addErrorUnderlines(const DiagnosticMarks &errors, const DiagnosticMarks &warnings,

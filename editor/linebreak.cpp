@@ -19,7 +19,7 @@ void trimData(const QTextBlock &block, int column)
     if (!data)
         return;
     const QString before = block.text().left(column).trimmed();
-    if (before.isEmpty() || data->codeText(block).startsWith(before))
+    if (before.isEmpty() || codeOf(block).startsWith(before))
         data->setCodeText(before);
     const auto isBehind = [column](const Bracket &bracket) { return bracket.column >= column; };
     data->brackets.erase(std::remove_if(data->brackets.begin(), data->brackets.end(), isBehind),

@@ -6,7 +6,12 @@
 #include <QTextBlock>
 #include <QTextDocument>
 
+#include <vector>
+
 namespace {
+
+// Of one line. With more than these it is replaced at once, at the cost of the marks between them.
+const size_t mostTabEdits = 100;
 
 const QLatin1Char space(' ');
 const QLatin1Char tab('\t');
@@ -116,27 +121,58 @@ void unindentCaretLine(QTextCursor &cursor, const IndentStyle &style)
     unindentLine(lineCursor, line, beyondStop > 0 ? beyondStop : style.tabSize, style.replaceTabs);
 }
 
-QString withoutTabs(const QString &text, int column, const IndentStyle &style)
+// Tabs side by side, and the blanks that fill them.
+struct TabRun
+{
+    int start;
+    int end;
+    int blanks;
+};
+
+std::vector<TabRun> tabRuns(const QString &line, const IndentStyle &style)
+{
+    std::vector<TabRun> runs;
+    int column = 0;
+    for (int i = 0; i < line.size(); ++i) {
+        if (line.at(i) != tab) {
+            ++column;
+            continue;
+        }
+        if (runs.empty() || runs.back().end != i)
+            runs.push_back({i, i, 0});
+        const int stop = style.nextTabStop(column);
+        runs.back().blanks += stop - column;
+        runs.back().end = i + 1;
+        column = stop;
+    }
+    return runs;
+}
+
+QString withoutTabs(const QString &line, const std::vector<TabRun> &runs)
 {
     QString filled;
-    for (QChar character : text) {
-        const int size = character == tab ? style.nextTabStop(column) - column : 1;
-        filled += character == tab ? QString(size, space) : QString(character);
-        column += size;
+    int end = runs.front().start;
+    for (const TabRun &run : runs) {
+        filled += line.mid(end, run.start - end) + QString(run.blanks, space);
+        end = run.end;
     }
     return filled;
 }
 
-// One edit for each line that holds tabs, not for each tab: a line may hold any number of them.
+// From the right, so that the places of the others stay.
 void fillTabs(QTextCursor &cursor, const QTextBlock &block, const IndentStyle &style)
 {
     const QString line = block.text();
-    const int first = int(line.indexOf(tab));
-    if (first < 0)
+    const std::vector<TabRun> runs = tabRuns(line, style);
+    if (runs.size() > mostTabEdits) {
+        select(cursor, block.position() + runs.front().start, block.position() + runs.back().end);
+        cursor.insertText(withoutTabs(line, runs));
         return;
-    const int end = int(line.lastIndexOf(tab)) + 1;
-    select(cursor, block.position() + first, block.position() + end);
-    cursor.insertText(withoutTabs(line.mid(first, end - first), first, style));
+    }
+    for (auto run = runs.rbegin(); run != runs.rend(); ++run) {
+        select(cursor, block.position() + run->start, block.position() + run->end);
+        cursor.insertText(QString(run->blanks, space));
+    }
 }
 
 // A place that survives edits of its line that keep visual columns.

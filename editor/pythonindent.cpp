@@ -21,8 +21,8 @@ QString openersIndentation(const QTextBlock &above)
 
 } // namespace
 
-// Only the line right above counts: below a blank line or a comment its indentation is copied, with
-// its own characters.
+// Only the line right above counts: below a blank line or a comment that line's indentation is
+// copied, with its own characters.
 QString pythonIndentation(const QTextBlock &line, const IndentStyle &style)
 {
     if (!style.autoIndent)

@@ -140,7 +140,7 @@ void EdOutputView::applyTextOption()
 {
     QTextOption option = document()->defaultTextOption();
     option.setWrapMode(QTextOption::NoWrap);
-    compat::setTabStop(option, m_tabWidth * compat::textWidth(fontMetrics(), QLatin1String(" ")));
+    compat::setTabStop(option, m_tabWidth * compat::blankWidth(font()));
     document()->setDefaultTextOption(option);
 }
 

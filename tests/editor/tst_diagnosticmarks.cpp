@@ -75,6 +75,7 @@ private slots:
     void editsMoveOrDropMarks_data();
     void editsMoveOrDropMarks();
     void gatheredEditsKeepWhatTheyDidNotTouch();
+    void gatheredEditsReachIntoMarks();
     void undoneRemovalDoesNotInventMarks();
     void theLaterMarkOfALineWins();
     void listsMayReachBeyondTheText();
@@ -114,6 +115,12 @@ void TestDiagnosticMarks::editsMoveOrDropMarks_data()
                                          << "";
     QTest::newRow("removed-inside") << 9 << 11 << ""
                                     << "1:tee";
+    QTest::newRow("head-removed") << 2 << 10 << ""
+                                  << "0:ree";
+    QTest::newRow("tail-removed") << 11 << 16 << ""
+                                  << "1:thr";
+    QTest::newRow("tail-replaced") << 11 << 16 << "xyz"
+                                   << "1:thr";
     QTest::newRow("everything-removed") << 0 << 18 << ""
                                         << "";
 }
@@ -161,6 +168,24 @@ void TestDiagnosticMarks::gatheredEditsKeepWhatTheyDidNotTouch()
     cursor.endEditBlock();
     QCOMPARE(text.shown(), QString("1:a 3:ccc 4:dd"));
     QCOMPARE(text.marks().lines().keys(), QList<int>() << 1 << 3 << 4);
+    QVERIFY(text.marks().linesBetween(2, 4) == (std::vector<int>{3, 4}));
+}
+
+// A mark over several lines grows by what is put between its characters.
+void TestDiagnosticMarks::gatheredEditsReachIntoMarks()
+{
+    MarkedText text("aaa\nbbb\nccc");
+    text.mark(1, 10);
+    text.mark(1, 6);
+    QTextCursor cursor(text.document());
+    cursor.beginEditBlock();
+    for (int line = 0; line < 3; ++line) {
+        cursor.setPosition(text.document()->findBlockByNumber(line).position());
+        cursor.insertText("  ");
+    }
+    cursor.endEditBlock();
+    const QChar eol(QChar::ParagraphSeparator);
+    QCOMPARE(text.shown(), QString("0:aa%1  bbb%1  cc 0:aa%1  bb").arg(eol));
 }
 
 void TestDiagnosticMarks::undoneRemovalDoesNotInventMarks()

@@ -87,6 +87,7 @@ private slots:
 
     void doubleClickTakesVariables_data();
     void doubleClickTakesVariables();
+    void homeGoesByRowsOfAWrappedLine();
     void droppedFilesAreReportedOnce();
     void clipboardHasLineFeeds();
 };
@@ -205,7 +206,18 @@ void TestEdCodeEdit::readOnlyTextStaysAsItIs()
         QTest::keyClick(&edit, key);
     QTest::keyClick(&edit, Qt::Key_D, Qt::ControlModifier);
     QTest::keyClick(&edit, Qt::Key_L, Qt::ControlModifier);
+    edit.convertTabsToSpaces();
+    edit.selectAll();
+    edit.copy();
+    edit.paste();
     QCOMPARE(edit.text(), QString("    a\n\tb"));
+    // What edits nothing works.
+    edit.setCursorPosition(5);
+    QTest::keyClick(&edit, Qt::Key_Home);
+    QCOMPARE(edit.textCursor().position(), 4);
+    QSignalSpy help(&edit, SIGNAL(quickHelpSelected(QString, bool)));
+    QTest::keyClick(&edit, Qt::Key_F4);
+    QCOMPARE(int(help.size()), 1);
 }
 
 void TestEdCodeEdit::keysWhilePopupIsVisible_data()
@@ -237,6 +249,7 @@ void TestEdCodeEdit::keysWhilePopupIsVisible()
     put(*window.edit, text, int(text.size()));
     window.show();
     EdCompleter *popup = window.edit->completer();
+    QSignalSpy updates(popup, SIGNAL(updateRequested()));
     popup->addItems(QStringList() << "one"
                                   << "two");
     popup->setCurrentRow(0);
@@ -245,6 +258,7 @@ void TestEdCodeEdit::keysWhilePopupIsVisible()
     QCOMPARE(window.edit->text(), after);
     QCOMPARE(popup->isVisible(), staysVisible);
     QCOMPARE(popup->currentRow(), row);
+    QCOMPARE(!updates.isEmpty(), staysVisible && after != text);
     QCOMPARE(window.keys, QList<int>());
 }
 
@@ -357,9 +371,8 @@ void TestEdCodeEdit::placesOutsideBecomeTheNearest()
     put(edit, "one\ntwo", 5);
     QCOMPARE(edit.currentLine(), 2);
     edit.goToLine(3);
-    edit.goToLine(0);
     QCOMPARE(edit.currentLine(), 2);
-    edit.goToLine(1);
+    edit.goToLine(0);
     QCOMPARE(edit.textCursor().position(), 0);
     edit.setCursorSelection(99, -5);
     QCOMPARE(edit.textCursor().position(), 7);
@@ -403,6 +416,23 @@ void TestEdCodeEdit::doubleClickTakesVariables()
     QVERIFY(!doubleClick(text).contains("$") || column == 0);
 }
 
+void TestEdCodeEdit::homeGoesByRowsOfAWrappedLine()
+{
+    preferences().wordWrapEnabled = true;
+    EdCodeEdit edit;
+    edit.resize(300, 200);
+    put(edit, "  " + QString("word ").repeated(40), 150);
+    edit.show();
+    QTest::keyClick(&edit, Qt::Key_Home);
+    const int row = edit.textCursor().position();
+    QVERIFY(row > 2 && row < 150);
+    QTest::keyClick(&edit, Qt::Key_Home);
+    QCOMPARE(edit.textCursor().position(), 2);
+    QTest::keyClick(&edit, Qt::Key_Home, Qt::ShiftModifier);
+    QCOMPARE(edit.textCursor().position(), 0);
+    QCOMPARE(edit.textCursor().anchor(), 2);
+}
+
 void TestEdCodeEdit::droppedFilesAreReportedOnce()
 {
     ScratchDir dir;
@@ -416,8 +446,11 @@ void TestEdCodeEdit::droppedFilesAreReportedOnce()
     QSignalSpy dropped(&edit, SIGNAL(fileDropped(QString)));
     QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
     QVERIFY(isAccepted(enter, edit.viewport()));
-    QDropEvent drop(QPoint(5, 5), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+    QDropEvent drop(QPoint(5, 5), Qt::CopyAction | Qt::MoveAction, &files, Qt::LeftButton,
+                    Qt::ShiftModifier);
+    drop.setDropAction(Qt::MoveAction);
     QVERIFY(isAccepted(drop, edit.viewport()));
+    QCOMPARE(drop.dropAction(), Qt::CopyAction);
     QCOMPARE(int(dropped.size()), 2);
     QCOMPARE(dropped.at(0).first().toString(), dir.file("a.mel"));
     QCOMPARE(dropped.at(1).first().toString(), dir.file("c d.py"));

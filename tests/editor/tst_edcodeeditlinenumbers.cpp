@@ -204,6 +204,14 @@ void TestLineNumbers::markedTextTellsItsMessage()
     };
     QCOMPARE(toolTipAt(1), QString("the note"));
     QCOMPARE(toolTipAt(5), QString("the error"));
+    // Over an icon it is the line's own message that counts.
+    parser.addWarning("of the line", 12, 13);
+    edit->setText("one two\n    x");
+    edit->setDiagnostics(parser);
+    const QPoint icon(5, topOf(*edit, 1) + 5);
+    QHelpEvent help(QEvent::ToolTip, icon, edit->mapToGlobal(icon));
+    QCoreApplication::sendEvent(edit.get(), &help);
+    QCOMPARE(QToolTip::text(), QString("of the line"));
     edit->clearDiagnostics();
     QToolTip::hideText();
     QCOMPARE(edit->errors().at(5), static_cast<const EdDiagnosticMark *>(nullptr));
