@@ -94,8 +94,6 @@ QString EdCodeEdit::text() const
     return joined;
 }
 
-// Clearing, a document forgets its cursors until it is empty. Those of the selections must not go
-// in between, as they would when the view scrolls: it would remember them afterwards.
 // Nobody would keep it up to date.
 void EdCodeEdit::clearBlockData()
 {
@@ -109,12 +107,7 @@ void EdCodeEdit::setText(const QString &text)
 {
     clearDiagnostics(); // rather than moving and dropping them one by one
     m_longLineSaid = false;
-    m_extraSelectionsEnabled = false;
-    m_extraSelections.clear();
-    setExtraSelections(m_extraSelections);
     setPlainText(text);
-    m_extraSelectionsEnabled = true;
-    updateExtraSelections();
 }
 
 int EdCodeEdit::currentLine() const

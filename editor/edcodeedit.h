@@ -41,8 +41,7 @@ public:
     // The lines joined by "\n", with every other character as it stands: toPlainText() would turn
     // no-break spaces into spaces.
     QString text() const;
-    // Replaces the document; cannot be undone. Rather than setPlainText(), which may crash when the
-    // view is scrolled.
+    // Replaces the document; cannot be undone.
     void setText(const QString &text);
 
     // Counted from 1.
@@ -147,6 +146,9 @@ protected:
     QMimeData *createMimeDataFromSelection() const override;
     void insertFromMimeData(const QMimeData *source) override;
 
+private slots:
+    void forgetMarkedText();
+
 private:
     // What a step did with a key: left it to the next step, took it, or took it in a way that
     // changes what can be completed.
@@ -206,6 +208,7 @@ private:
     DiagnosticMarks m_infos;
     int m_blockCount = 1; // as of the last change of the text
     QPoint m_middlePress; // where the middle button went down
+    bool m_marksText = false; // the extra selections are those of a text that is not empty
     bool m_longLineSaid = false;
     int m_marginWidth = 0; // pixels that the view leaves to the gutter
     std::unique_ptr<EdHighlighter> m_highlighter;

@@ -177,6 +177,13 @@ void EdCodeEdit::onContentsChange(int position, int charsRemoved, int charsAdded
 // All kinds are made anew at every call; only what is visible is marked.
 void EdCodeEdit::updateExtraSelections()
 {
+    // While it is cleared, which scrolls the view, a document has put its cursors aside, and takes
+    // up again even those that went meanwhile. So the old selections stay for the moment.
+    if (m_marksText && document()->isEmpty()) {
+        QMetaObject::invokeMethod(this, "forgetMarkedText", Qt::QueuedConnection);
+        return;
+    }
+    m_marksText = !document()->isEmpty();
     m_extraSelections.clear();
     if (!m_extraSelectionsEnabled)
         return;
@@ -189,6 +196,12 @@ void EdCodeEdit::updateExtraSelections()
         m_longLineSaid = true;
         emit longLineReached();
     }
+}
+
+void EdCodeEdit::forgetMarkedText()
+{
+    m_marksText = false;
+    updateExtraSelections();
 }
 
 void EdCodeEdit::highlightCurrentLine()

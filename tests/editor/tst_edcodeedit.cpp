@@ -83,6 +83,7 @@ private slots:
 
     void indentationSettingsFollowTheLanguage();
     void textIsTakenAsItStands();
+    void scrolledTextIsReplaced();
     void placesOutsideBecomeTheNearest();
 
     void doubleClickTakesVariables_data();
@@ -363,6 +364,28 @@ void TestEdCodeEdit::textIsTakenAsItStands()
     QCOMPARE(edit.text(), QString());
     edit.undo();
     QCOMPARE(edit.text(), text);
+}
+
+// Qt's own way of doing it as well. What used to go wrong showed at the next edit.
+void TestEdCodeEdit::scrolledTextIsReplaced()
+{
+    EdCodeEdit edit;
+    edit.setLanguage(MelLanguage);
+    edit.show();
+    for (int round = 0; round < 3; ++round) {
+        put(edit, QString("proc f(){}\n").repeated(1500), 9);
+        edit.moveCursor(QTextCursor::End);
+        edit.moveCursor(QTextCursor::PreviousWord, QTextCursor::KeepAnchor);
+        edit.setPlainText("short");
+        QTest::keyClicks(&edit, "a");
+        QCOMPARE(edit.text(), QString("ashort"));
+        put(edit, QString("f(1);\n").repeated(1500), 9000);
+        edit.clear();
+        QTest::keyClicks(&edit, "b");
+        QCOMPARE(edit.text(), QString("b"));
+        QCoreApplication::processEvents();
+        QCOMPARE(int(edit.extraSelections().size()), 1);
+    }
 }
 
 void TestEdCodeEdit::placesOutsideBecomeTheNearest()
