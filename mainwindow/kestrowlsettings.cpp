@@ -17,7 +17,6 @@
 
 #include <QDir>
 #include <QDockWidget>
-#include <QFileInfo>
 #include <QStatusBar>
 #include <QToolBar>
 
@@ -25,23 +24,14 @@
 
 namespace {
 
-// Takes the documents out whose files cannot be opened, and returns those files: a box about each
-// would hold up Maya's start.
-QStringList takeMissing(WorkspaceState *state)
+QStringList missingFiles(const WorkspaceState &documents)
 {
-    QStringList entries;
     QStringList missing;
-    for (const QString &text : state->openTabs) {
+    for (const QString &text : documents.openTabs) {
         const std::optional<TabEntry> entry = TabEntry::parse(text);
-        if (!entry)
-            continue;
-        const QFileInfo file(entry->path);
-        if (file.isFile() && file.isReadable())
-            entries << text;
-        else
+        if (entry && !entry->hasFile())
             missing << entry->path;
     }
-    state->openTabs = entries;
     return missing;
 }
 
@@ -77,7 +67,7 @@ void Kestrowl::readSettings()
     warnOf(readIniFile(colorsPath(), readColors));
     applyToggles();
     updatePreferences();
-    for (const QString &path : takeMissing(&documents))
+    for (const QString &path : missingFiles(documents))
         warnOf(tr("%1 cannot be opened again.").arg(path));
     m_central->restore(documents);
 }

@@ -261,11 +261,11 @@ void EdCentralWidget::restore(const WorkspaceState &state)
         openEntry(entries.at(std::clamp(current, 0, int(entries.size()) - 1)));
 }
 
-// A file that is gone by now is not worth a message: Maya is starting, perhaps with nobody in front
-// of it.
+// A file that is gone by now is not worth a box: Maya is starting, perhaps with nobody in front of
+// it.
 void EdCentralWidget::openEntry(const TabEntry &entry)
 {
-    if (!QFileInfo(entry.path).isFile())
+    if (!entry.hasFile())
         return;
     const int index = m_nextBufferIndex++;
     EdCodeView *view = new EdCodeView(EdCodeView::AwaitsFile, EdCodeView::Text, this);

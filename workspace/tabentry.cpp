@@ -65,3 +65,9 @@ bool TabEntry::open(EdCodeView *view, int bufferIndex) const
     view->codeEdit()->ensureCursorVisible();
     return true;
 }
+
+bool TabEntry::hasFile() const
+{
+    const QFileInfo file(path);
+    return file.isFile() && file.isReadable();
+}

@@ -27,4 +27,6 @@ struct TabEntry
     // Loads the document into a view that awaits a file; false when that fails, which the user has
     // then been told.
     bool open(EdCodeView *view, int bufferIndex) const;
+    // Whether there is a file that may be read.
+    bool hasFile() const;
 };
