@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "editor/documentlayout.h"
 
-#include <QTextBlock>
 #include <QTextDocument>
 #include <QTextLayout>
 
@@ -17,13 +16,25 @@ void DocumentLayout::documentChanged(int from, int charsRemoved, int charsAdded)
 {
     const bool isOneBlock = staysInBlock(from, charsAdded);
     m_blockCount = document()->blockCount();
+    if (isOneBlock)
+        keepGlyphs(document()->findBlock(from));
     QPlainTextDocumentLayout::documentChanged(from, isOneBlock ? 0 : charsRemoved, charsAdded);
 }
 
-// False, too, for a block that was never seen: it would have to be laid out now.
+// Without them each step of a key, from placing the caret to painting it, shapes the line anew.
+// Only one block has them, for they take more memory than its text.
+void DocumentLayout::keepGlyphs(const QTextBlock &block)
+{
+    if (block == m_editedBlock)
+        return;
+    if (m_editedBlock.isValid())
+        m_editedBlock.layout()->setCacheEnabled(false);
+    m_editedBlock = block;
+    block.layout()->setCacheEnabled(true);
+}
+
 bool DocumentLayout::staysInBlock(int from, int charsAdded) const
 {
-    const QTextBlock block = document()->findBlock(from);
-    return document()->blockCount() == m_blockCount && block.contains(from + charsAdded - 1) &&
-           block.layout()->lineCount() > 0;
+    return document()->blockCount() == m_blockCount &&
+           document()->findBlock(from).contains(from + charsAdded - 1);
 }

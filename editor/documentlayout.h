@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QPlainTextDocumentLayout>
+#include <QTextBlock>
 
 // The layout of an editor's document, which owns it. Paints a line again, and not the whole page,
 // when only a line was edited and highlighted.
@@ -18,5 +19,8 @@ protected:
 private:
     bool staysInBlock(int from, int charsAdded) const;
 
-    int m_blockCount; // as of the last change
+    void keepGlyphs(const QTextBlock &block);
+
+    int m_blockCount;         // as of the last change
+    QTextBlock m_editedBlock; // the last one that was changed by itself, if it is still there
 };

@@ -78,12 +78,13 @@ void EdCodeEdit::updateLineNumberWidth()
     m_lineNumbers->resize(width, m_lineNumbers->height());
 }
 
+// Lines of which only a part of the view is painted stay where they are, and so do their numbers.
 void EdCodeEdit::updateLineNumbers(const QRect &rect, int dy)
 {
     if (dy != 0)
         m_lineNumbers->scroll(0, dy);
-    else
-        m_lineNumbers->update(0, rect.y(), m_lineNumbers->width(), rect.height());
+    else if (rect.contains(viewport()->rect()))
+        m_lineNumbers->update();
 }
 
 void EdCodeEdit::resizeEvent(QResizeEvent *event)
@@ -170,8 +171,14 @@ void EdCodeEdit::onContentsChange(int position, int charsRemoved, int charsAdded
 {
     const int addedLines = blockCount() - m_blockCount;
     m_blockCount = blockCount();
-    for (DiagnosticMarks *marks : {&m_errors, &m_warnings, &m_infos})
+    bool changesGutter = addedLines != 0;
+    for (DiagnosticMarks *marks : {&m_errors, &m_warnings, &m_infos}) {
+        const size_t count = marks->all().size();
         marks->shift(position, charsRemoved, charsAdded, addedLines);
+        changesGutter |= marks->all().size() != count;
+    }
+    if (changesGutter)
+        m_lineNumbers->update();
 }
 
 // All kinds are made anew at every call; only what is visible is marked.

@@ -4,6 +4,7 @@
 #include "compat/text.h"
 #include "editor/edcodeedit.h"
 #include "editor/edcodeeditlinenumbers.h"
+#include "editor/editorlanguage.h"
 #include "preferences/preferences.h"
 #include "preferences/textformats.h"
 #include "tests/support/testmain.h"
@@ -69,7 +70,9 @@ private slots:
     void widthGrowsWithTheDigits();
     void oneIconALineErrorsFirst();
     void numbersOfTheVisibleLinesArePainted();
+    void typingPaintsOneLine_data();
     void typingPaintsOneLine();
+    void gutterFollowsTheMarks();
     void markedTextTellsItsMessage();
 
 private:
@@ -173,16 +176,46 @@ void TestLineNumbers::numbersOfTheVisibleLinesArePainted()
     QVERIFY(picture(gutterOf(*edit)) != atTop);
 }
 
+void TestLineNumbers::typingPaintsOneLine_data()
+{
+    QTest::addColumn<int>("language");
+    QTest::newRow("plain-text") << int(TextLanguage);
+    QTest::newRow("highlighted") << int(MelLanguage);
+}
+
 void TestLineNumbers::typingPaintsOneLine()
 {
+    QFETCH(int, language);
     auto edit = shownEdit(lines(50));
+    edit->setLanguage(language);
     edit->goToLine(4);
     QCoreApplication::processEvents();
-    PaintWatch watch(gutterOf(*edit));
-    QTest::keyClicks(edit.get(), "x");
+    PaintWatch gutter(gutterOf(*edit));
+    PaintWatch text(edit->viewport());
+    QTest::keyClicks(edit.get(), "1 \"x"); // with and without other colours
     QCoreApplication::processEvents();
+    QVERIFY(gutter.painted.isEmpty());
     const int height = QFontMetrics(edit->font()).height();
-    QVERIFY(watch.painted.boundingRect().height() <= 2 * height);
+    QVERIFY(text.painted.boundingRect().height() <= 2 * height);
+}
+
+void TestLineNumbers::gutterFollowsTheMarks()
+{
+    auto edit = shownEdit(lines(9));
+    FakeParser parser;
+    parser.addError("error", 8, 9);
+    edit->setDiagnostics(parser);
+    edit->setCursorPosition(8);
+    QCoreApplication::processEvents();
+    PaintWatch gutter(gutterOf(*edit));
+    QTest::keyClick(edit.get(), Qt::Key_Delete); // takes the mark away
+    QCoreApplication::processEvents();
+    QVERIFY(!gutter.painted.isEmpty());
+    gutter.painted = QRegion();
+    edit->moveCursor(QTextCursor::End);
+    QTest::keyClick(edit.get(), Qt::Key_Return);
+    QCoreApplication::processEvents();
+    QVERIFY(!gutter.painted.isEmpty());
 }
 
 void TestLineNumbers::markedTextTellsItsMessage()
