@@ -84,7 +84,8 @@ DockArray<QWidget *> Kestrowl::createDockContents()
 void Kestrowl::connectCentralWidget()
 {
     connect(m_central, SIGNAL(createNewBufferTriggered()), SLOT(newBuffer()));
-    connect(m_central, SIGNAL(fileDropped(QString)), SLOT(open(QString)));
+    // Later: the program that dropped the file waits meanwhile, and opening may ask something.
+    connect(m_central, SIGNAL(fileDropped(QString)), SLOT(open(QString)), Qt::QueuedConnection);
     connect(m_central, SIGNAL(overwriteModeChanged()), SLOT(updateInsertOverwriteStatus()));
     connect(m_central, SIGNAL(cursorStatusChanged(int, int, int)),
             SLOT(updateCursorStatus(int, int, int)));
@@ -92,6 +93,7 @@ void Kestrowl::connectCentralWidget()
             SLOT(updateAndShowQuickHelp(QString, bool)));
     connect(m_central, SIGNAL(commandDocumentationSelected(QString, bool)),
             SIGNAL(commandHelpRequested(QString, bool)));
+    connect(m_central, SIGNAL(longLineReached()), SLOT(explainLongLine()));
     connect(m_central, SIGNAL(tabSaveSelected()), SLOT(save()));
     connect(m_central, SIGNAL(tabSaveAsSelected()), SLOT(saveAs()));
     connect(m_central, SIGNAL(activeBufferNameChanged(QString)), SLOT(setTitleBufferName(QString)));

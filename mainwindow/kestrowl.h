@@ -137,6 +137,7 @@ public slots:
     // Column and selection in UTF-16 units, 0-based; the line is not shown.
     void updateCursorStatus(int line, int column, int sel);
     void updateInsertOverwriteStatus();
+    void explainLongLine();
 
     void melCommandReference();
     void pythonCommandReference();

@@ -3,16 +3,18 @@
 #include "mainwindow/kestrowl.h"
 
 #include "compat/icon.h"
+#include "editor/edcodeedit.h"
+#include "editor/longlines.h"
 #include "mainwindow/flagscope.h"
 #include "mainwindow/visibility.h"
 #include "output/edoutputview.h"
 #include "preferences/preferences.h"
 #include "workspace/edcentralwidget.h"
 #include "workspace/edcodeview.h"
-#include "editor/edcodeedit.h"
 
 #include <QAction>
 #include <QDockWidget>
+#include <QLocale>
 #include <QStatusBar>
 #include <QToolBar>
 
@@ -223,6 +225,12 @@ void Kestrowl::updateInsertOverwriteStatus()
 {
     const EdCodeView *view = currentView();
     m_statusLabels.showOverwriteMode(view && view->codeEdit()->overwriteMode());
+}
+
+void Kestrowl::explainLongLine()
+{
+    setStatusText(tr("Lines of more than %1 characters are shown without colors and marks.")
+                      .arg(QLocale().toString(longLine)));
 }
 
 void Kestrowl::updateAndShowQuickHelp(const QString &, bool ignoreWhenHidden)

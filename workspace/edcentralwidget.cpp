@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "workspace/edcentralwidget.h"
 
+#include "analysis/melparser.h"
+#include "analysis/pythonparser.h"
 #include "editor/edcodeedit.h"
 #include "preferences/preferences.h"
 #include "workspace/choicebox.h"
@@ -18,6 +20,12 @@
 
 #include <algorithm>
 
+namespace {
+
+const int parseDelay = 2000; // ms after the last change of the text
+
+} // namespace
+
 EdCentralWidget::EdCentralWidget(QWidget *parent) : QWidget(parent), m_hint(new QLabel(this))
 {
     setObjectName(QLatin1String("centralwidget"));
@@ -27,6 +35,8 @@ EdCentralWidget::EdCentralWidget(QWidget *parent) : QWidget(parent), m_hint(new 
     QVBoxLayout *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_hint);
+    m_parseTimer.setSingleShot(true);
+    connect(&m_parseTimer, SIGNAL(timeout()), SLOT(activeViewChange()));
 }
 
 bool EdCentralWidget::hasUnsavedContent() const
@@ -123,6 +133,7 @@ void EdCentralWidget::showView(EdCodeView *view)
     view->setCodeEditFocus();
     reportName();
     reportCursor();
+    activeViewChange();
 }
 
 void EdCentralWidget::retireView()
@@ -154,6 +165,33 @@ void EdCentralWidget::connectView()
             SIGNAL(quickHelpSelected(QString, bool)));
     connect(m_view, SIGNAL(commandDocumentationSelected(QString, bool)),
             SIGNAL(commandDocumentationSelected(QString, bool)));
+    connect(m_view, SIGNAL(longLineReached()), SIGNAL(longLineReached()));
+    connect(m_view, SIGNAL(textChanged()), SLOT(onTextChange()));
+}
+
+void EdCentralWidget::onTextChange()
+{
+    m_parseTimer.start(parseDelay);
+}
+
+void EdCentralWidget::activeViewChange()
+{
+    m_parseTimer.stop();
+    if (!m_view)
+        return;
+    if (m_view->language() == EdCodeView::Mel)
+        showDiagnosticsOf(MelParser());
+    else if (m_view->language() == EdCodeView::Python)
+        showDiagnosticsOf(PythonParser());
+    else
+        m_view->codeEdit()->clearDiagnostics();
+}
+
+template <typename Parser>
+void EdCentralWidget::showDiagnosticsOf(Parser parser)
+{
+    parser.parse(m_view->text(), m_view->fileInfo().absoluteFilePath());
+    m_view->codeEdit()->setDiagnostics(parser);
 }
 
 void EdCentralWidget::save()
@@ -177,6 +215,7 @@ void EdCentralWidget::saveAs(const QString &path)
         emit fileClosed(oldPath);
     emit fileOpened(m_view->fileInfo().absoluteFilePath());
     reportName();
+    activeViewChange(); // the language may be another one
 }
 
 void EdCentralWidget::saveAll()
@@ -233,6 +272,7 @@ void EdCentralWidget::reloadFromDisk()
                               QMessageBox::Yes | QMessageBox::No) != QMessageBox::Yes)
         return;
     m_view->load(m_view->fileInfo(), false, -1);
+    activeViewChange();
 }
 
 WorkspaceState EdCentralWidget::state() const

@@ -5,6 +5,7 @@
 
 #include <QFileInfo>
 #include <QString>
+#include <QTimer>
 #include <QWidget>
 
 class EdCodeView;
@@ -85,6 +86,8 @@ signals:
     void fileDropped(const QString &path);
     void quickHelpSelected(const QString &text, bool ignoreWhenHidden);
     void commandDocumentationSelected(const QString &command, bool python);
+    // The caret has come to a line that goes without colours and marks; once for each document.
+    void longLineReached();
     void fileOpened(const QString &path);
     void fileClosed(const QString &path);
     void fileRenamed(const QString &oldPath, const QString &newPath);
@@ -107,6 +110,9 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent *event) override;
 
 private slots:
+    void onTextChange();
+    // Parses the open document at once and marks what was found.
+    void activeViewChange();
     void reportCursor();
     void reportName();
 
@@ -116,6 +122,8 @@ private:
     void showView(EdCodeView *view);
     void retireView();
     void connectView();
+    template <typename Parser>
+    void showDiagnosticsOf(Parser parser);
     bool mayBeReplaced();
     bool mayBeClosed();
     bool confirmDelete();
@@ -124,6 +132,7 @@ private:
     QString documentName() const;
 
     EdCodeView *m_view = nullptr;
+    QTimer m_parseTimer;       // runs while the text has changed since it was parsed
     QLabel *m_hint;            // seen while there is no document
     QString m_bufferLabel;     // of the open buffer; not cleared for files, which do not look at it
     int m_nextBufferIndex = 0; // never used twice, so that lists cannot mix buffers up

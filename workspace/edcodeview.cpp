@@ -91,6 +91,7 @@ void EdCodeView::connectCodeEdit()
     connect(m_codeEdit, SIGNAL(nextTabSelected()), SLOT(nextTab()));
     connect(m_codeEdit, SIGNAL(commandDocumentationSelected(QString, bool)),
             SIGNAL(commandDocumentationSelected(QString, bool)));
+    connect(m_codeEdit, SIGNAL(longLineReached()), SIGNAL(longLineReached()));
 }
 
 QDir EdCodeView::bufferDirectory()

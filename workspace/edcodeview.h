@@ -72,6 +72,7 @@ signals:
     void previousTabSelected();
     void nextTabSelected();
     void commandDocumentationSelected(const QString &command, bool python);
+    void longLineReached();
 
 public slots:
     // Follows the document's own flag, which forceModified() sets.

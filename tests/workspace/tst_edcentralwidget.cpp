@@ -51,6 +51,7 @@ private slots:
     void renamingNeverOverwrites();
     void reloadingAsksWhenModified();
     void namesAndCursorAreReported();
+    void diagnosticsFollowTheText();
     void doubleClickOnNothingAsksForABuffer();
     void closingABufferDeletesIt_data();
     void closingABufferDeletesIt();
@@ -233,6 +234,28 @@ void TestEdCentralWidget::namesAndCursorAreReported()
     QSignalSpy cursor(&central, SIGNAL(cursorStatusChanged(int, int, int)));
     central.selectAll();
     QCOMPARE(cursor.last(), QList<QVariant>() << 1 << 2 << 5);
+}
+
+void TestEdCentralWidget::diagnosticsFollowTheText()
+{
+    ScratchDir dir;
+    EdCentralWidget central;
+    central.openFile(dir.write("a.py", "# TODO one\n"));
+    EdCodeEdit *edit = central.currentCodeView()->codeEdit();
+    QCOMPARE(edit->infoLines().keys(), QList<int>() << 0);
+    // After a pause in typing, of 2 seconds.
+    edit->moveCursor(QTextCursor::End);
+    QTest::keyClicks(edit, "# TODO two");
+    QCOMPARE(edit->infoLines().keys(), QList<int>() << 0);
+    QElapsedTimer clock;
+    clock.start();
+    while (edit->infoLines().size() < 2 && clock.elapsed() < 10000)
+        QTest::qWait(20);
+    QCOMPARE(edit->infoLines().keys(), QList<int>() << 0 << 1);
+    QVERIFY(clock.elapsed() > 1500);
+    // As plain text it means nothing.
+    central.saveAs(dir.file("a.txt"));
+    QCOMPARE(edit->infoLines().size(), 0);
 }
 
 void TestEdCentralWidget::doubleClickOnNothingAsksForABuffer()
