@@ -19,8 +19,9 @@
 
 namespace {
 
+const int rounds = 3;
 const int keys = 300;
-const int keysOfLine = 30;
+const int keysOfLine = 100;
 const int diagnostics = 200;
 
 // Milliseconds of a key each, sorted: the program's own, for a key takes less than the turn of
@@ -56,7 +57,7 @@ struct Editors
         plain.setLineWrapMode(QPlainTextEdit::NoWrap);
         plain.setPlainText(text);
         for (QPlainTextEdit *edit : {static_cast<QPlainTextEdit *>(&own), &plain}) {
-            edit->resize(900, 700);
+            edit->resize(1400, 700);
             edit->show();
         }
         own.highlighter()->finish();
@@ -91,6 +92,15 @@ void addDiagnostics(EdCodeEdit &edit)
 
 struct Typing
 {
+    // What other programs take away only makes keys longer.
+    void keepBest(const Typing &other)
+    {
+        for (size_t i = 0; i < own.size(); ++i) {
+            own[i] = std::min(own[i], other.own[i]);
+            plain[i] = std::min(plain[i], other.plain[i]);
+        }
+    }
+
     KeyTimes own;
     KeyTimes plain;
 };
@@ -117,8 +127,12 @@ Typing typeInTheMiddle(int lines)
 {
     Editors editors(melSample(lines));
     addDiagnostics(editors.own);
-    editors.goTo(lines / 2 + 9);
-    const Typing typing = type(editors, keys);
+    editors.goTo(lines / 2 + 4);
+    Typing typing = type(editors, keys);
+    for (int i = 1; i < rounds; ++i) {
+        editors.goTo(lines / 2 + 4 + 20 * i);
+        typing.keepBest(type(editors, keys));
+    }
     std::printf("%d lines: a key takes %.3f ms, in a plain text edit %.3f ms\n", lines,
                 median(typing.own), median(typing.plain));
     return typing;
