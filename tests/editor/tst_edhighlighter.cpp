@@ -1,14 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "bridge/melnametable.h"
 #include "compat/layoutformats.h"
+#include "editor/edcodeedit.h"
 #include "editor/edhighlighter.h"
+#include "editor/editorlanguage.h"
 #include "editor/edtextblockdata.h"
 #include "editor/melscanner.h"
 #include "preferences/preferences.h"
 #include "tests/support/testmain.h"
 
 #include <QCoreApplication>
+#include <QImage>
 #include <QPlainTextDocumentLayout>
+#include <QScrollBar>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
@@ -24,6 +28,7 @@ private slots:
     void noTurnOfTheEventLoopIsLong_data();
     void noTurnOfTheEventLoopIsLong();
     void theSeenPageDoesNotWait();
+    void aPaintedPageIsColoured();
     void editsBetweenSlicesLeaveWhatAFreshDocumentHas_data();
     void editsBetweenSlicesLeaveWhatAFreshDocumentHas();
     void attachingAnewForgetsTheOtherLanguage();
@@ -286,6 +291,21 @@ void EdHighlighterTest::theSeenPageDoesNotWait()
     visits = 0;
     highlighter.highlightVisible(seen, 50);
     QCOMPARE(visits, 0);
+}
+
+void EdHighlighterTest::aPaintedPageIsColoured()
+{
+    EdCodeEdit edit;
+    edit.resize(400, 300);
+    edit.setLanguage(MelLanguage);
+    edit.setText(lines(4 * manyLines));
+    edit.verticalScrollBar()->setValue(3 * manyLines);
+    QImage image(edit.size(), QImage::Format_RGB32);
+    edit.render(&image);
+    QVERIFY(edit.highlighter()->isPending());
+    const QTextBlock seen = edit.document()->findBlockByNumber(3 * manyLines);
+    QVERIFY(!compat::layoutFormats(seen).isEmpty());
+    QVERIFY(compat::layoutFormats(edit.document()->findBlockByNumber(2 * manyLines)).isEmpty());
 }
 
 void EdHighlighterTest::editsBetweenSlicesLeaveWhatAFreshDocumentHas_data()
