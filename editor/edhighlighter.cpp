@@ -57,6 +57,8 @@ void EdHighlighter::takeOver(QTextDocument *document)
 void EdHighlighter::noteChange(int from, int charsRemoved, int charsAdded)
 {
     const QTextBlock first = document()->findBlock(from);
+    if (!first.isValid())
+        return;
     // Where text was removed, what follows may now stand behind another block.
     QTextBlock last = document()->findBlock(from + charsAdded + (charsRemoved > 0 ? 1 : 0));
     if (!last.isValid())
