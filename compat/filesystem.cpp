@@ -138,6 +138,12 @@ QString linkTarget(const QString &path)
     return error ? QString() : qtPath(link.parent_path() / target);
 }
 
+bool isSameFile(const QString &path, const QString &other)
+{
+    std::error_code error; // for what is missing
+    return std::filesystem::equivalent(nativePath(path), nativePath(other), error);
+}
+
 bool hasOtherNames(const QFile &file)
 {
 #ifdef Q_OS_UNIX

@@ -17,6 +17,9 @@ bool createFile(const QString &path, QString *errorMessage);
 // which knows what it is in a linked folder.
 QString linkTarget(const QString &path);
 
+// Whether both paths lead to one file that exists, over links and by whatever name.
+bool isSameFile(const QString &path, const QString &other);
+
 // Whether the open file is known by another name too, as hard links are.
 bool hasOtherNames(const QFile &file);
 

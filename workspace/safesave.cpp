@@ -39,11 +39,12 @@ QString linkEnd(const QString &path)
 // Creates an empty file beside another. Empty when that cannot be done.
 QString createBeside(const QString &path, QString *errorMessage)
 {
-    const QString pattern =
-        QString::fromLatin1("%1/.corvaneEditor-%2-%3.tmp").arg(QFileInfo(path).path());
+    // Not by arg(): a folder may have "%1" in its name.
+    const QString start = QFileInfo(path).path() + QLatin1String("/.corvaneEditor-") +
+                          QString::number(QCoreApplication::applicationPid()) + QLatin1Char('-');
     const int mostLeftovers = 100; // of programs that were killed and had the same number
     for (int i = 0; i < mostLeftovers; ++i) {
-        const QString candidate = pattern.arg(QCoreApplication::applicationPid()).arg(i);
+        const QString candidate = start + QString::number(i) + QLatin1String(".tmp");
         if (compat::createFile(candidate, errorMessage))
             return candidate;
         if (!QFile::exists(candidate))
@@ -113,6 +114,7 @@ Replacement replace(const QString &path, const QByteArray &bytes, QString *error
     return result;
 }
 
+// Creates a file that is not there.
 bool writeInPlace(const QString &path, const QByteArray &bytes, QString *errorMessage)
 {
     QFile file(path);
@@ -141,12 +143,16 @@ bool writeInPlace(const QString &path, const QByteArray &bytes, QString *errorMe
 bool writeFileSafely(const QString &path, const QByteArray &bytes, QString *errorMessage)
 {
     const QString target = linkEnd(path);
-    const QFileInfo info(target);
+    const QFileInfo info(path);
     if (target.isEmpty() || (info.exists() && !info.isFile())) {
         *errorMessage = target.isEmpty() ? translated("Symbolic links lead in a circle")
                                          : translated("This is not a regular file");
         return false;
     }
+    // A name that the locale's encoding does not have reads as another one: only the system can
+    // follow such a link.
+    if (target != path && !compat::isSameFile(target, path))
+        return writeInPlace(path, bytes, errorMessage);
     const Replacement result = replace(target, bytes, errorMessage);
     if (result != Replacement::Impossible)
         return result == Replacement::Done;

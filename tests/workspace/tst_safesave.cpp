@@ -11,6 +11,8 @@
 #include <QFileInfo>
 
 #include <csignal>
+#include <filesystem>
+#include <fcntl.h>
 #include <sys/mount.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -86,6 +88,8 @@ private slots:
     void noFullDiskLosesTheOldText();
     void permissionsOwnersAndAttributesStay();
     void linksLeadToTheSameFile();
+    void linksToNamesOutsideTheLocaleAreFollowed();
+    void foldersMayHavePatternsInTheirNames();
     void namesOfOneFileStayTogether();
     void foldersThatRefuseFilesAreWrittenInPlace();
     void writeProtectedFilesAreLeftAlone();
@@ -231,6 +235,45 @@ void TestSafeSave::linksLeadToTheSameFile()
     QVERIFY(QFile::link("circle", dir.file("circle")));
     QVERIFY(!writeFileSafely(dir.file("circle"), newText, &error));
     QVERIFY(!error.isEmpty());
+}
+
+// The first file is there, the second is not yet.
+void TestSafeSave::linksToNamesOutsideTheLocaleAreFollowed()
+{
+    for (const bool exists : {true, false}) {
+        ScratchDir dir;
+        const QByteArray name = "caf\xE9.mel"; // no UTF-8
+        const QByteArray target = QFile::encodeName(dir.path()) + "/" + name;
+        if (exists) {
+            const int file = ::open(target.constData(), O_CREAT | O_WRONLY, 0644);
+            QVERIFY(file >= 0);
+            ::close(file);
+        }
+        QCOMPARE(symlink(name.constData(), QFile::encodeName(dir.file("link")).constData()), 0);
+        QString error;
+        QVERIFY2(writeFileSafely(dir.file("link"), newText, &error), qPrintable(error));
+        QCOMPARE(dir.read("link"), newText);
+        struct stat status = {};
+        QCOMPARE(lstat(target.constData(), &status), 0);
+        QCOMPARE(int(status.st_size), int(newText.size()));
+        // Nothing of a similar name. Versions of Qt differ in what they list.
+        const std::filesystem::directory_iterator entries(
+            QFile::encodeName(dir.path()).constData());
+        QCOMPARE(int(std::distance(entries, std::filesystem::directory_iterator())), 2);
+        unlink(target.constData()); // Qt cannot
+    }
+}
+
+void TestSafeSave::foldersMayHavePatternsInTheirNames()
+{
+    ScratchDir dir;
+    QVERIFY(QDir(dir.path()).mkdir("%1 %2 %3"));
+    const QString path = dir.write("%1 %2 %3/a.mel", oldText);
+    const ino_t before = statusOf(path).st_ino;
+    QString error;
+    QVERIFY2(writeFileSafely(path, newText, &error), qPrintable(error));
+    QCOMPARE(dir.read("%1 %2 %3/a.mel"), newText);
+    QVERIFY(statusOf(path).st_ino != before); // replaced, as in any folder
 }
 
 void TestSafeSave::namesOfOneFileStayTogether()
