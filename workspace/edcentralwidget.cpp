@@ -3,6 +3,7 @@
 
 #include "analysis/melparser.h"
 #include "analysis/pythonparser.h"
+#include "compat/filesystem.h"
 #include "editor/edcodeedit.h"
 #include "preferences/preferences.h"
 #include "workspace/choicebox.h"
@@ -73,14 +74,16 @@ void EdCentralWidget::openFile(const QString &path)
 {
     const QFileInfo info(path);
     // Even a buffer's: replacing it would delete the file.
-    if (m_view && m_view->fileInfo().absoluteFilePath() == info.absoluteFilePath()) {
+    if (isShown(info)) {
         m_view->setCodeEditFocus();
         return;
     }
     // Loaded before the open document is asked about: a file that cannot be read takes nothing
-    // away.
+    // away. And once more after that, which may have written the file.
     EdCodeView *view = new EdCodeView(EdCodeView::AwaitsFile, EdCodeView::Text, this);
-    if (!view->load(info, false, -1) || !mayBeReplaced()) {
+    const bool asks = losesText();
+    if (!view->load(info, false, -1) || !mayBeReplaced() ||
+        (asks && !view->load(info, false, -1))) {
         delete view;
         return;
     }
@@ -88,11 +91,26 @@ void EdCentralWidget::openFile(const QString &path)
     emit fileOpened(info.absoluteFilePath());
 }
 
-// True when nothing of the document is lost, or the user has given it up. There is one document at
-// a time, and a buffer that another one replaces is gone, even if its own file has all of it.
+// By whatever name: over links too.
+bool EdCentralWidget::isShown(const QFileInfo &info) const
+{
+    if (!m_view)
+        return false;
+    const QString path = m_view->fileInfo().absoluteFilePath();
+    return path == info.absoluteFilePath() || compat::isSameFile(path, info.absoluteFilePath());
+}
+
+// Whether replacing the document would. There is one at a time, and a buffer that another one
+// replaces is gone, even if its own file has all of it.
+bool EdCentralWidget::losesText() const
+{
+    return m_view && (m_view->isBuffer() ? !m_view->text().isEmpty() : m_view->isModified());
+}
+
+// True when nothing of the document is lost, or the user has given it up.
 bool EdCentralWidget::mayBeReplaced()
 {
-    if (!m_view || (m_view->isBuffer() ? m_view->text().isEmpty() : !m_view->isModified()))
+    if (!losesText())
         return true;
     const SaveAnswer answer = askToSave(this, documentName());
     if (answer == SaveAnswer::Save && m_view->isBuffer())

@@ -124,6 +124,8 @@ private:
     void connectView();
     template <typename Parser>
     void showDiagnosticsOf(Parser parser);
+    bool isShown(const QFileInfo &info) const;
+    bool losesText() const;
     bool mayBeReplaced();
     bool mayBeClosed();
     bool confirmDelete();

@@ -45,6 +45,8 @@ private slots:
     void changesAreNeverLostUnasked_data();
     void changesAreNeverLostUnasked();
     void anOpenFileIsOnlyShown();
+    void theOpenFileIsKnownByItsOtherNames();
+    void filesThatSavingWroteAreOpenedAsWritten();
     void unreadableFilesLeaveTheDocument();
     void savingAsMovesTheDocument();
     void renamingMovesTheFile();
@@ -146,6 +148,35 @@ void TestEdCentralWidget::anOpenFileIsOnlyShown()
     central.openFile(path);
     QCOMPARE(int(opened.size()), 0);
     QCOMPARE(central.currentCodeView()->text(), QString("new old"));
+}
+
+void TestEdCentralWidget::theOpenFileIsKnownByItsOtherNames()
+{
+    ScratchDir dir;
+    EdCentralWidget central;
+    const QString path = dir.write("a.mel", "old");
+    QVERIFY(QFile::link(path, dir.file("link.mel")));
+    central.openFile(path);
+    central.replace("new ");
+    ModalAnswer answer("Yes");
+    central.openFile(dir.file("link.mel"));
+    QVERIFY(!answer.wasAsked());
+    QCOMPARE(central.currentCodeView()->text(), QString("new old"));
+    QCOMPARE(central.currentCodeView()->fileInfo().fileName(), QString("a.mel"));
+}
+
+void TestEdCentralWidget::filesThatSavingWroteAreOpenedAsWritten()
+{
+    ScratchDir dir;
+    EdCentralWidget central;
+    const QString path = dir.write("a.mel", "old");
+    SaverAs saver(&central, path);
+    central.newMelBuffer();
+    central.replace("new");
+    ModalAnswer answer("Yes");
+    central.openFile(path);
+    QVERIFY(answer.wasAsked());
+    QCOMPARE(central.currentCodeView()->text(), QString("new"));
 }
 
 void TestEdCentralWidget::unreadableFilesLeaveTheDocument()
