@@ -10,6 +10,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -30,6 +31,17 @@ QString saveStartPath(const EdCodeView &view, const QString &projectDirectory)
         return view.fileInfo().absoluteFilePath();
     const QDir project(projectDirectory);
     return !projectDirectory.isEmpty() && project.exists() ? project.absolutePath() : QString();
+}
+
+// The file dialog asked about the name as it was entered, without the suffix.
+bool mayBeOverwritten(QWidget *parent, const QString &path)
+{
+    const QString question = translated("%1 already exists.\nDo you want to replace it?")
+                                 .arg(QFileInfo(path).fileName());
+    return !QFileInfo(path).exists() ||
+           QMessageBox::question(parent, translated("Save File"), question,
+                                 QMessageBox::Yes | QMessageBox::No,
+                                 QMessageBox::No) == QMessageBox::Yes;
 }
 
 } // namespace
@@ -57,7 +69,10 @@ QString askSaveName(QWidget *parent, const EdCodeView &view, const QString &proj
     const QString name =
         QFileDialog::getSaveFileName(parent, translated("Save File"),
                                      saveStartPath(view, projectDirectory), saveFilters(), &filter);
-    return name.isEmpty() ? QString() : nameWithFilterSuffix(name, filter);
+    if (name.isEmpty())
+        return QString();
+    const QString completed = nameWithFilterSuffix(name, filter);
+    return completed == name || mayBeOverwritten(parent, completed) ? completed : QString();
 }
 
 int askLineNumber(QWidget *parent, const EdCodeView &view)

@@ -31,6 +31,8 @@ private slots:
     void docksListWhatIsOpen();
     void saveWritesTheFileAndClearsTheMark();
     void saveAsAsksForAName();
+    void addedSuffixesNeverOverwriteUnasked_data();
+    void addedSuffixesNeverOverwriteUnasked();
     void savingABufferKeepsItABuffer();
     void saveStateAsksOnlyWithUnsavedContent_data();
     void saveStateAsksOnlyWithUnsavedContent();
@@ -110,6 +112,34 @@ void TestWindowFiles::saveAsAsksForAName()
     QCOMPARE(fixture.dir.read("tool.mel"), QByteArray("print 1;"));
     QCOMPARE(entries(fixture.window, Dock::Documents), QStringList("tool.mel"));
     QCOMPARE(entries(fixture.window, Dock::Buffers), QStringList());
+}
+
+void TestWindowFiles::addedSuffixesNeverOverwriteUnasked_data()
+{
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<QString>("file");
+
+    QTest::newRow("yes") << "Yes"
+                         << "new";
+    QTest::newRow("no") << "No"
+                        << "old";
+    QTest::newRow("escape") << "(no such button)"
+                            << "old";
+}
+
+void TestWindowFiles::addedSuffixesNeverOverwriteUnasked()
+{
+    QFETCH(QString, button);
+    QFETCH(QString, file);
+    WindowFixture fixture;
+    fixture.dir.write("tool.mel", "old");
+    fixture.newBuffer(0, "new");
+    ModalAnswer answer("Save");
+    answer.enter(fixture.dir.file("tool"));
+    answer.thenPress(button);
+    fixture.action(Action::SaveAs)->trigger();
+    QCOMPARE(answer.text(), QString("tool.mel already exists.\nDo you want to replace it?"));
+    QCOMPARE(QString(fixture.dir.read("tool.mel")), file);
 }
 
 void TestWindowFiles::savingABufferKeepsItABuffer()

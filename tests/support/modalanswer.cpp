@@ -29,7 +29,7 @@ ModalAnswer::ModalAnswer(const QString &button) : m_button(button)
 
 void ModalAnswer::answer()
 {
-    if (wasAsked() && !m_dialog)
+    if (wasAsked() && !m_dialog && !turnToNext())
         return;
     // Before the click, which may well open another dialog.
     QTimer::singleShot(interval, this, SLOT(answer()));
@@ -50,6 +50,17 @@ void ModalAnswer::answer()
         press(dialog);
     if (m_dialog && !m_dialog->isVisible())
         m_dialog = nullptr;
+}
+
+bool ModalAnswer::turnToNext()
+{
+    if (m_nextButton.isEmpty())
+        return false;
+    m_button = m_nextButton;
+    m_nextButton.clear();
+    m_input.clear();
+    m_title = QString();
+    return true;
 }
 
 void ModalAnswer::readDialog(QDialog *dialog)

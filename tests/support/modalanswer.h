@@ -21,6 +21,9 @@ public:
     // the name of a colour.
     void enter(const QString &input) { m_input = input; }
 
+    // Answers the dialog that follows as well; it is then the one that the functions below tell of.
+    void thenPress(const QString &button) { m_nextButton = button; }
+
     bool wasAsked() const { return !m_title.isNull(); }
     QString title() const { return m_title; }
     // The message or the label.
@@ -32,11 +35,13 @@ private slots:
     void answer();
 
 private:
+    bool turnToNext();
     void readDialog(QDialog *dialog);
     void enterInput(QDialog *dialog);
     void press(QDialog *dialog);
 
     QString m_button;
+    QString m_nextButton;
     QString m_input;
     QString m_title;
     QString m_text;
