@@ -25,12 +25,13 @@ void DocumentLayout::documentChanged(int from, int charsRemoved, int charsAdded)
 // Only one block has them, for they take more memory than its text.
 void DocumentLayout::keepGlyphs(const QTextBlock &block)
 {
-    if (block == m_editedBlock)
-        return;
-    if (m_editedBlock.isValid())
-        m_editedBlock.layout()->setCacheEnabled(false);
-    m_editedBlock = block;
+    // By its number, for the block itself may be gone. Should lines have been added above it, it
+    // keeps what it has.
+    const QTextBlock former = document()->findBlockByNumber(m_editedLine);
+    if (former.isValid() && former != block)
+        former.layout()->setCacheEnabled(false);
     block.layout()->setCacheEnabled(true);
+    m_editedLine = block.blockNumber();
 }
 
 bool DocumentLayout::staysInBlock(int from, int charsAdded) const

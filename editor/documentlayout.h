@@ -21,6 +21,6 @@ private:
 
     void keepGlyphs(const QTextBlock &block);
 
-    int m_blockCount;         // as of the last change
-    QTextBlock m_editedBlock; // the last one that was changed by itself, if it is still there
+    int m_blockCount;      // as of the last change
+    int m_editedLine = -1; // 0-based, the last one that was changed by itself
 };
