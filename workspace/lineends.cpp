@@ -12,8 +12,10 @@ namespace {
 const int lineEndCount = 6;
 const int usualCount = 3;
 
-// Of the separator before a block: 0 for the usual kind, else the kind and 1.
-const int lineEndProperty = QTextFormat::UserProperty + 1;
+// Of the separator before a block: 0 for the usual kind, else the kind and firstMark. Of all
+// properties this is the one that Qt does not hand on to text that is inserted beside.
+const int lineEndProperty = QTextFormat::ObjectType;
+const int firstMark = QTextFormat::UserObject + 1;
 
 #ifdef Q_OS_WIN
 const LineEnd systemLineEnd = LineEnd::CarriageReturnLineFeed;
@@ -83,13 +85,13 @@ private:
 LineEnd endBefore(const QTextBlock &block, LineEnd usual)
 {
     const int marked = block.charFormat().intProperty(lineEndProperty);
-    return marked == 0 ? usual : static_cast<LineEnd>(marked - 1);
+    return marked == 0 ? usual : static_cast<LineEnd>(marked - firstMark);
 }
 
 void markBlock(const QTextBlock &block, LineEnd end)
 {
     QTextCharFormat format = block.charFormat();
-    format.setProperty(lineEndProperty, int(end) + 1);
+    format.setProperty(lineEndProperty, firstMark + int(end));
     QTextCursor(block).setBlockCharFormat(format);
 }
 

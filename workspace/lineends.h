@@ -25,7 +25,7 @@ public:
     LineEnds();
 
     // The ends of a text that the document has just been given. New lines will have the commonest
-    // of the usual three, or that of an empty line they are made from.
+    // of the usual three.
     void mark(QTextDocument *document, const QString &text);
     // The document's text with these ends. Other characters are as they stand in the document.
     QString text(const QTextDocument &document) const;

@@ -3,10 +3,17 @@
 
 #include "tests/support/testmain.h"
 
+#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QTextBlock>
 
 namespace {
+
+// Opens what pasting calls.
+struct PasteTarget : QPlainTextEdit
+{
+    using QPlainTextEdit::insertFromMimeData;
+};
 
 // A view's widget with the text of a file.
 struct Document
@@ -37,7 +44,7 @@ struct Document
         edit.setTextCursor(cursor);
     }
 
-    QPlainTextEdit edit;
+    PasteTarget edit;
     LineEnds ends;
 };
 
@@ -69,6 +76,8 @@ private slots:
     void editsTakeNoOtherLinesEnd();
     void newLinesTakeTheCommonestEnd_data();
     void newLinesTakeTheCommonestEnd();
+    void unusualEndsAreNotHandedOn_data();
+    void unusualEndsAreNotHandedOn();
     void marksAreNoEdit();
     void anotherTextBringsItsOwnEnds();
 };
@@ -155,6 +164,42 @@ void TestLineEnds::newLinesTakeTheCommonestEnd()
     QTest::keyClick(&document.edit, Qt::Key_Return);
     QTest::keyClicks(&document.edit, "x");
     QCOMPARE(document.text(), result);
+}
+
+void TestLineEnds::unusualEndsAreNotHandedOn_data()
+{
+    QTest::addColumn<QString>("end");
+
+    QTest::newRow("carriage-return") << "\r";
+    QTest::newRow("carriage-return-line-feed") << "\r\n";
+    QTest::newRow("paragraph-separator") << paragraphSeparator;
+    QTest::newRow("first-noncharacter") << QString(QChar(0xFDD0));
+    QTest::newRow("second-noncharacter") << QString(QChar(0xFDD1));
+}
+
+// Typed, inserted and pasted, on the empty line behind such an end and on what was typed there.
+void TestLineEnds::unusualEndsAreNotHandedOn()
+{
+    QFETCH(QString, end);
+    const QString text = "a\nb\nc" + end + end + "d\n";
+    Document document(text);
+    document.moveTo(3);
+    QTest::keyClick(&document.edit, Qt::Key_Return);
+    document.edit.insertPlainText("x\ny");
+    QMimeData pasted;
+    pasted.setText("p\nq");
+    document.edit.insertFromMimeData(&pasted);
+    const QString expected = "a\nb\nc" + end + "\nx\nyp\nq" + end + "d\n";
+    QCOMPARE(document.text(), expected);
+    document.undoAll();
+    QCOMPARE(document.text(), text);
+    document.redoAll();
+    QCOMPARE(document.text(), expected);
+
+    // The end before it goes; what was inserted behind does not become it.
+    QTextCursor cursor(document.edit.document()->findBlockByNumber(3));
+    cursor.deletePreviousChar();
+    QCOMPARE(document.text(), "a\nb\nc\nx\nyp\nq" + end + "d\n");
 }
 
 void TestLineEnds::marksAreNoEdit()
