@@ -44,6 +44,15 @@ QTextDocument *newDocument(QPlainTextEdit *editor)
     return document;
 }
 
+// Inside the document, and not between the halves of a character, which typing would part.
+int nearestPosition(const QTextDocument &document, int position)
+{
+    const int inside = std::clamp(position, 0, document.characterCount() - 1);
+    const bool parts = inside > 0 && document.characterAt(inside).isLowSurrogate() &&
+                       document.characterAt(inside - 1).isHighSurrogate();
+    return parts ? inside - 1 : inside;
+}
+
 } // namespace
 
 EdCodeEdit::EdCodeEdit(QWidget *parent)
@@ -124,10 +133,9 @@ void EdCodeEdit::goToLine(int line)
 
 void EdCodeEdit::setCursorSelection(int position, int anchor)
 {
-    const int last = document()->characterCount() - 1;
     QTextCursor cursor = textCursor();
-    cursor.setPosition(std::clamp(anchor, 0, last));
-    cursor.setPosition(std::clamp(position, 0, last), QTextCursor::KeepAnchor);
+    cursor.setPosition(nearestPosition(*document(), anchor));
+    cursor.setPosition(nearestPosition(*document(), position), QTextCursor::KeepAnchor);
     setTextCursor(cursor);
     centerCursor();
 }

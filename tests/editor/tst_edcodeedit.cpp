@@ -400,6 +400,10 @@ void TestEdCodeEdit::placesOutsideBecomeTheNearest()
     edit.setCursorSelection(99, -5);
     QCOMPARE(edit.textCursor().position(), 7);
     QCOMPARE(edit.textCursor().anchor(), 0);
+
+    edit.setText(QString::fromUtf8("\xF0\x9F\x98\x80")); // two units
+    edit.setCursorPosition(1);
+    QCOMPARE(edit.textCursor().position(), 0);
 }
 
 void TestEdCodeEdit::doubleClickTakesVariables_data()
