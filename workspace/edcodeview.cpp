@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "workspace/edcodeview.h"
 
+#include "compat/filesystem.h"
 #include "editor/edcodeedit.h"
 #include "editor/editorlanguage.h"
-#include "workspace/textfile.h"
 
 #include <QApplication>
 #include <QFile>
@@ -47,6 +47,14 @@ QString bufferFileName(int number, int language)
                                                           : "txt";
     return QString::fromLatin1("corvaneEditorBuffer-%1.%2")
         .arg(QString::number(number), QLatin1String(suffix));
+}
+
+// Another program may take the name meanwhile. Where no file can be created the name is claimed
+// all the same, and writing to it tells why.
+bool isClaimed(const QString &path)
+{
+    QString ignored;
+    return compat::createFile(path, &ignored) || !QFileInfo(path).exists();
 }
 
 // Not while a message is shown.
@@ -106,16 +114,22 @@ void EdCodeView::setBufferDirectory(const QDir &directory)
 
 bool EdCodeView::load(const QFileInfo &info, bool isBuffer, int bufferIndex)
 {
+    const QString reason = loadQuietly(info, isBuffer, bufferIndex);
+    if (reason.isEmpty())
+        return true;
+    QMessageBox::warning(this, tr("File Read Error"),
+                         tr("Cannot read file %1:\n%2.").arg(info.absoluteFilePath(), reason));
+    return false;
+}
+
+QString EdCodeView::loadQuietly(const QFileInfo &info, bool isBuffer, int bufferIndex)
+{
     m_isBuffer = isBuffer;
     m_bufferIndex = isBuffer ? bufferIndex : -1;
-    const QString path = info.absoluteFilePath();
     TextFile file;
     QString reason;
-    if (!readTextFile(path, &file, &reason)) {
-        QMessageBox::warning(this, tr("File Read Error"),
-                             tr("Cannot read file %1:\n%2.").arg(path, reason));
-        return false;
-    }
+    if (!readTextFile(info.absoluteFilePath(), &file, &reason))
+        return reason;
     m_fileInfo = info;
     m_encoding = file.encoding;
     m_codeEdit->setText(file.text);
@@ -124,7 +138,7 @@ bool EdCodeView::load(const QFileInfo &info, bool isBuffer, int bufferIndex)
     m_codeEdit->moveCursor(QTextCursor::Start);
     updateLanguage();
     m_codeEdit->document()->setModified(false);
-    return true;
+    return QString();
 }
 
 bool EdCodeView::write(const QString &path, bool keepAsBuffer)
@@ -133,7 +147,9 @@ bool EdCodeView::write(const QString &path, bool keepAsBuffer)
         return false;
     // Set first, so that clearing it is always a change that titles and lists hear of.
     forceModified();
-    const TextFile file = {m_lineEnds.text(*m_codeEdit->document()), m_encoding};
+    TextFile file = keepAsBuffer && m_isBuffer ? bufferContents() : contents();
+    if (!mayBeEncoded(&file))
+        return false;
     QString reason;
     if (!writeWithWaitCursor(path, file, &reason)) {
         QMessageBox::warning(this, tr("Error"), tr("Cannot write file %1:\n%2.").arg(path, reason));
@@ -147,9 +163,60 @@ bool EdCodeView::write(const QString &path, bool keepAsBuffer)
         m_fileInfo = QFileInfo(path);
         m_bufferIndex = -1;
     }
+    finishWriting();
+    return true;
+}
+
+void EdCodeView::finishWriting()
+{
     m_fileInfo.refresh(); // it may have been asked before there was a file
     updateLanguage();
     m_codeEdit->document()->setModified(false);
+}
+
+QString EdCodeView::saveBufferQuietly()
+{
+    QString reason;
+    if (m_isBuffer && m_modified &&
+        writeTextFile(m_fileInfo.absoluteFilePath(), bufferContents(), &reason))
+        finishWriting();
+    return reason;
+}
+
+TextFile EdCodeView::contents() const
+{
+    return {m_lineEnds.text(*m_codeEdit->document()), m_encoding};
+}
+
+// In whatever holds them: only this program reads that file.
+TextFile EdCodeView::bufferContents() const
+{
+    TextFile file = contents();
+    for (TextEncoding other : {TextEncoding::Utf8, TextEncoding::Utf16BigEndian}) {
+        if (!missingCharacter(file))
+            break;
+        file.encoding = other;
+    }
+    return file;
+}
+
+// False when the user would rather not have it written. Halves of characters are left to the
+// writing, which tells what is wrong.
+bool EdCodeView::mayBeEncoded(TextFile *file)
+{
+    if (isUnicode(file->encoding))
+        return true;
+    const std::optional<MissingCharacter> missing = missingCharacter(*file);
+    if (!missing)
+        return true;
+    const QString question =
+        tr("The encoding of this file, %1, cannot hold %2 (line %3). Save as UTF-8 instead?")
+            .arg(encodingName(file->encoding), missing->description,
+                 QString::number(missing->line));
+    if (QMessageBox::question(this, tr("Save"), question, QMessageBox::Yes | QMessageBox::No,
+                              QMessageBox::Yes) != QMessageBox::Yes)
+        return false;
+    file->encoding = m_encoding = TextEncoding::Utf8;
     return true;
 }
 
@@ -165,7 +232,7 @@ void EdCodeView::createBufferFile()
     bool isFree = false;
     for (int number = 0; number < mostBuffers && !isFree; ++number) {
         m_fileInfo = QFileInfo(sharedBufferDirectory(), bufferFileName(number, language()));
-        isFree = !m_fileInfo.exists();
+        isFree = !m_fileInfo.exists() && isClaimed(m_fileInfo.absoluteFilePath());
     }
     // Deliberate: when no name is free the buffer shares the last one, which its next saving takes.
     if (isFree)

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "workspace/lineends.h"
-#include "workspace/textencoding.h"
+#include "workspace/textfile.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -33,10 +33,16 @@ public:
     // Replaces the document by the file's, which may be that of a buffer. A file that cannot be
     // read is reported to the user; the text is then left alone and the result is false.
     bool load(const QFileInfo &info, bool isBuffer, int bufferIndex);
+    // The same without a box; returns the reason of a failure, or an empty text.
+    QString loadQuietly(const QFileInfo &info, bool isBuffer, int bufferIndex);
     // Writes the text. Without keepAsBuffer the document becomes that file's, and a buffer's own
     // file is deleted. A failure is reported to the user, gives false, and leaves the old file's
-    // document with changes. False for an empty path.
+    // document with changes. False for an empty path. Where the file's encoding does not have all
+    // characters, the user is asked whether to change it.
     bool write(const QString &path, bool keepAsBuffer);
+    // Writes the changes of a buffer without a box; returns the reason of a failure, or an empty
+    // text.
+    QString saveBufferQuietly();
     // Takes the first free name in the buffer directory; when there are too many, the last.
     void createBufferFile();
     // Nothing for a file that is the user's.
@@ -122,12 +128,16 @@ public slots:
 private:
     void connectCodeEdit();
     bool isBufferFile(const QString &path) const;
+    TextFile contents() const;
+    TextFile bufferContents() const;
+    bool mayBeEncoded(TextFile *file);
+    void finishWriting();
 
     int m_bufferIndex;
     EdCodeEdit *m_codeEdit;
     QFileInfo m_fileInfo;
     bool m_modified = false;
     bool m_isBuffer = true;
-    TextEncoding m_encoding = TextEncoding::Utf8; // as the file was read
+    TextEncoding m_encoding = TextEncoding::Utf8; // as the file was read, or the user chose
     LineEnds m_lineEnds;
 };

@@ -269,6 +269,11 @@ int encodeText(const QString &text, TextEncoding encoding, QByteArray *bytes)
     return missing;
 }
 
+bool isUnicode(TextEncoding encoding)
+{
+    return encoding != TextEncoding::Locale && encoding != TextEncoding::Latin1;
+}
+
 QString encodingName(TextEncoding encoding)
 {
     return QCoreApplication::translate("TextEncoding", rowOf(encoding).name);

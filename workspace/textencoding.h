@@ -25,5 +25,8 @@ TextEncoding decodeText(const QByteArray &bytes, QString *text);
 // the whole text.
 int encodeText(const QString &text, TextEncoding encoding, QByteArray *bytes);
 
+// Whether it has all characters. Of these, only UTF-16 has halves of surrogate pairs as well.
+bool isUnicode(TextEncoding encoding);
+
 // As users know it.
 QString encodingName(TextEncoding encoding);

@@ -63,6 +63,15 @@ bool readTextFile(const QString &path, TextFile *file, QString *errorMessage)
     return true;
 }
 
+std::optional<MissingCharacter> missingCharacter(const TextFile &file)
+{
+    QByteArray bytes;
+    const int missing = encodeText(file.text, file.encoding, &bytes);
+    if (missing < 0)
+        return std::nullopt;
+    return MissingCharacter{described(file.text, missing), lineNumber(file.text, missing)};
+}
+
 bool writeTextFile(const QString &path, const TextFile &file, QString *errorMessage)
 {
     QByteArray bytes;

@@ -5,6 +5,8 @@
 
 #include <QString>
 
+#include <optional>
+
 // The text of a file, with its line ends as they are, and the encoding to write it back in.
 // Read and written without a change it gives the same bytes.
 struct TextFile
@@ -12,6 +14,16 @@ struct TextFile
     QString text;
     TextEncoding encoding = TextEncoding::Utf8;
 };
+
+// A character that an encoding does not have.
+struct MissingCharacter
+{
+    QString description; // for users
+    int line;            // counted from 1
+};
+
+// The first that the file's encoding does not have; nothing when it has the whole text.
+std::optional<MissingCharacter> missingCharacter(const TextFile &file);
 
 // On failure these return false and put the reason into errorMessage.
 //

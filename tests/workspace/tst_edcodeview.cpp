@@ -42,6 +42,10 @@ private slots:
     void writingIsAlwaysReported();
     void failedWritesChangeNothing_data();
     void failedWritesChangeNothing();
+    void anotherEncodingIsOffered_data();
+    void anotherEncodingIsOffered();
+    void buffersHoldHalvesOfCharacters();
+    void buffersAreSavedWithoutABox();
     void buffersWithoutADirectoryStayModified();
     void failedReadsKeepTheText();
     void scrolledDocumentsAreLoadedAgain();
@@ -185,13 +189,11 @@ void TestEdCodeView::failedWritesChangeNothing_data()
     QTest::addColumn<QString>("target");
     QTest::addColumn<QString>("reason");
 
-    const QString euro = QString::fromUtf8("\xE2\x82\xAC");
     QTest::newRow("folder") << "new"
                             << "folder"
                             << "This is not a regular file";
-    QTest::newRow("encoding") << euro << "a.mel"
-                              << "Line 1 has the character '" + euro +
-                                     "' (U+20AC), which is not in ISO 8859-1";
+    QTest::newRow("half-character") << QString(QChar(0xD83D)) << "b.mel"
+                                    << "Line 1 has the character U+D83D, which is not in UTF-8";
 }
 
 void TestEdCodeView::failedWritesChangeNothing()
@@ -200,7 +202,7 @@ void TestEdCodeView::failedWritesChangeNothing()
     QFETCH(QString, target);
     QFETCH(QString, reason);
     QVERIFY(QDir(m_dir->path()).mkdir("folder"));
-    EdCodeView *view = newFile("a.mel", "caf\xE9");
+    EdCodeView *view = newFile("a.mel", "old");
     view->replace(text);
     const QString path = m_dir->path() + "/" + target;
     ModalAnswer answer("OK");
@@ -209,8 +211,79 @@ void TestEdCodeView::failedWritesChangeNothing()
     QCOMPARE(answer.text(), QString("Cannot write file %1:\n%2.").arg(path, reason));
     QVERIFY(view->isModified());
     QCOMPARE(view->fileInfo().fileName(), QString("a.mel"));
-    QCOMPARE(m_dir->read("a.mel"), QByteArray("caf\xE9"));
+    QCOMPARE(m_dir->read("a.mel"), QByteArray("old"));
     QVERIFY(!QApplication::overrideCursor());
+}
+
+void TestEdCodeView::anotherEncodingIsOffered_data()
+{
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<QByteArray>("bytes");
+
+    QTest::newRow("yes") << "Yes" << QByteArray("\xE2\x82\xAC caf\xC3\xA9");
+    QTest::newRow("no") << "No" << QByteArray("caf\xE9");
+    QTest::newRow("escape") << "(no such button)" << QByteArray("caf\xE9");
+}
+
+void TestEdCodeView::anotherEncodingIsOffered()
+{
+    QFETCH(QString, button);
+    QFETCH(QByteArray, bytes);
+    EdCodeView *view = newFile("a.mel", "caf\xE9");
+    view->replace(QString::fromUtf8("\xE2\x82\xAC "));
+    ModalAnswer answer(button);
+    view->save();
+    QCOMPARE(answer.text(), QString::fromUtf8("The encoding of this file, ISO 8859-1, cannot hold "
+                                              "'\xE2\x82\xAC' (U+20AC) (line 1). "
+                                              "Save as UTF-8 instead?"));
+    QCOMPARE(m_dir->read("a.mel"), bytes);
+    QCOMPARE(view->isModified(), button != "Yes");
+    if (view->isModified())
+        return;
+    view->forceModified();
+    ModalAnswer again("No");
+    view->save();
+    QVERIFY(!again.wasAsked() && !view->isModified());
+}
+
+void TestEdCodeView::buffersHoldHalvesOfCharacters()
+{
+    EdCodeView view(0, EdCodeView::Mel);
+    const QString text = QString("a") + QChar(0xDE00) + QChar(0xD83D) + "\n";
+    view.replace(text);
+    ModalAnswer answer("OK");
+    view.save();
+    QVERIFY(!answer.wasAsked());
+    EdCodeView again(EdCodeView::AwaitsFile, EdCodeView::Text);
+    QVERIFY(again.load(view.fileInfo(), true, 1));
+    QVERIFY(again.text() == text);
+    // One that a file's encoding does not hold either.
+    const QString latin = m_dir->write("corvaneEditorBuffer-7.mel", "caf\xE9");
+    QVERIFY(again.load(QFileInfo(latin), true, 1));
+    again.replace(QString::fromUtf8("\xE2\x82\xAC"));
+    again.save();
+    QVERIFY(!answer.wasAsked());
+    QCOMPARE(bytesOf(again), QByteArray("\xE2\x82\xAC"
+                                        "caf\xC3\xA9"));
+}
+
+void TestEdCodeView::buffersAreSavedWithoutABox()
+{
+    EdCodeView view(0, EdCodeView::Mel);
+    view.replace("x");
+    QCOMPARE(view.saveBufferQuietly(), QString());
+    QVERIFY(!view.isModified());
+    QCOMPARE(bytesOf(view), QByteArray("x"));
+    view.replace("y");
+    EdCodeView *file = newFile("a.mel", "old");
+    file->replace("new");
+    QCOMPARE(file->saveBufferQuietly(), QString());
+    QVERIFY(file->isModified());
+    QVERIFY(QFile::remove(view.fileInfo().absoluteFilePath()));
+    QVERIFY(QDir(m_dir->path()).mkdir(view.fileInfo().fileName()));
+    ModalAnswer answer("OK");
+    QCOMPARE(view.saveBufferQuietly(), QString("This is not a regular file"));
+    QVERIFY(!answer.wasAsked() && view.isModified());
 }
 
 void TestEdCodeView::buffersWithoutADirectoryStayModified()
