@@ -2,6 +2,7 @@
 #include "workspace/safesave.h"
 
 #include "tests/support/filesizelimit.h"
+#include "tests/support/ordinaryuser.h"
 #include "tests/support/scratchdir.h"
 #include "tests/support/skip.h"
 #include "tests/support/testmain.h"
@@ -35,27 +36,6 @@ bool addName(const QString &path, const QString &name)
 {
     return link(QFile::encodeName(path).constData(), QFile::encodeName(name).constData()) == 0;
 }
-
-// While it lives, the program has no more rights than others when it was started by root.
-class OrdinaryUser
-{
-public:
-    OrdinaryUser() : m_before(geteuid())
-    {
-        if (m_before == 0)
-            m_changed = seteuid(nobody) == 0;
-    }
-    ~OrdinaryUser()
-    {
-        if (m_changed && seteuid(m_before) != 0)
-            abort();
-    }
-    static const uid_t nobody = 65534;
-
-private:
-    uid_t m_before;
-    bool m_changed = false;
-};
 
 // Saves the two texts by turns until it is killed.
 pid_t startSaving(const QString &path)
