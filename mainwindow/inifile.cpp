@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "mainwindow/inifile.h"
 
+#include "compat/filesystem.h"
 #include "mainwindow/initext.h"
+#include "mainwindow/programnames.h"
 #include "workspace/safesave.h"
 
 #include <QByteArray>
@@ -16,43 +18,69 @@ namespace {
 
 const qint64 sizeLimit = 16 * 1024 * 1024; // bytes; a file of the editor's has some thousands
 const int keptFiles = 5;
+const int mostLinks = 40; // as systems have it
 
 enum class Content { Missing, Ini, Unreadable, Damaged };
+
+struct IniFile
+{
+    Content content = Content::Missing;
+    QByteArray bytes;      // without a byte order mark
+    bool isMarked = false; // by one
+    QString errorMessage;  // for one that the user may not read
+};
 
 QString translated(const char *text)
 {
     return QCoreApplication::translate("IniFile", text);
 }
 
-// Puts the bytes of an INI file into `bytes`, and the reason into `errorMessage` for one that the
-// user may not read.
-Content readContent(const QString &path, QByteArray *bytes, QString *errorMessage)
+IniFile readFile(const QString &path)
 {
+    IniFile ini;
     const QFileInfo info(path);
     if (!info.exists())
-        return Content::Missing;
+        return ini;
+    ini.content = Content::Damaged;
     // Asked first: opening a pipe waits for whoever writes into it.
     if (!info.isFile() || info.size() > sizeLimit)
-        return Content::Damaged;
+        return ini;
     QFile file(path);
-    if (file.open(QIODevice::ReadOnly))
-        *bytes = file.readAll();
+    const QByteArray bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     if (file.error() != QFile::NoError) {
-        *errorMessage = file.errorString();
-        return Content::Unreadable;
+        ini.content = Content::Unreadable;
+        ini.errorMessage = file.errorString();
+    } else if (isIniText(bytes)) {
+        ini.content = Content::Ini;
+        ini.bytes = withoutByteOrderMark(bytes);
+        ini.isMarked = ini.bytes.size() != bytes.size();
     }
-    return isIniText(*bytes) ? Content::Ini : Content::Damaged;
+    return ini;
 }
 
-// The name that the file has then; empty when it could not be renamed, or has been often enough.
-QString keptAside(const QString &path)
+QString damagedName(const QString &path, int number)
+{
+    return path + QString::fromLatin1(".damaged-%1").arg(number);
+}
+
+// A number that is free; when there is none, the oldest file goes and the others move up.
+int freeNumber(const QString &path)
 {
     for (int i = 1; i <= keptFiles; ++i) {
-        const QString name = path + QString::fromLatin1(".damaged-%1").arg(i);
-        if (!QFileInfo(name).exists())
-            return QDir().rename(path, name) ? name : QString();
+        if (!QFileInfo(damagedName(path, i)).exists())
+            return i;
     }
-    return QString();
+    QFile::remove(damagedName(path, 1));
+    for (int i = 1; i < keptFiles; ++i)
+        QDir().rename(damagedName(path, i + 1), damagedName(path, i));
+    return keptFiles;
+}
+
+// The name that the file has then; empty when it could not be renamed.
+QString keptAside(const QString &path)
+{
+    const QString name = damagedName(path, freeNumber(path));
+    return QDir().rename(path, name) ? name : QString();
 }
 
 QString damageMessage(const QString &path)
@@ -66,74 +94,102 @@ QString damageMessage(const QString &path)
         .arg(file, kept);
 }
 
-// Without a file of its own there is nothing in the settings, and reading writes none.
-void useNothing(const QString &path, const std::function<void(QSettings &)> &use)
-{
-    QSettings nothing(path + QLatin1String(".none"), QSettings::IniFormat);
-    use(nothing);
-}
-
 bool write(QFile &file, const QByteArray &bytes)
 {
     return file.write(bytes) == bytes.size() && file.flush();
 }
 
-// The bytes of an INI file after `set`; empty on failure. QSettings only works on files, and is
-// not trusted with the real one: on some versions it writes it in place.
-QByteArray changedBytes(const QString &path, const QByteArray &old,
-                        const std::function<void(QSettings &)> &set)
+// QSettings only works on files. Not beside the real one, whose folder may be read-only. Its name,
+// which some versions give it only now; empty on failure.
+QString fill(QTemporaryFile &copy, const QByteArray &bytes)
 {
-    QTemporaryFile copy(path + QLatin1String(".XXXXXX"));
-    if (!copy.open() || !write(copy, old))
-        return QByteArray();
-    // Asked before it is closed: some versions give it a name only then. From here on QSettings may
-    // put another file there.
-    const QString name = copy.fileName();
+    const bool isFilled = copy.open() && write(copy, bytes);
+    const QString name = isFilled ? copy.fileName() : QString();
     copy.close();
+    return name;
+}
+
+QString copyTemplate()
+{
+    return QDir::tempPath() + QLatin1String("/" CORVANE_BASE_NAME ".XXXXXX");
+}
+
+// The bytes of an INI file after `set`; empty on failure. QSettings is not trusted with the real
+// file: on some versions it writes it in place.
+QByteArray changedBytes(const QByteArray &old, const std::function<void(QSettings &)> &set)
+{
+    QTemporaryFile copy(copyTemplate());
+    const QString name = fill(copy, old);
+    if (name.isEmpty())
+        return QByteArray();
     QSettings settings(name, QSettings::IniFormat);
     set(settings);
     settings.sync();
     if (settings.status() == QSettings::AccessError)
         return QByteArray();
-    QFile changed(name);
+    QFile changed(name); // QSettings may have put another file there
     return changed.open(QIODevice::ReadOnly) ? changed.readAll() : QByteArray();
+}
+
+// What QSettings shall read: not the file itself when it would misunderstand it. Nothing is in
+// resources under this name, and reading writes nothing there.
+QString readableName(const QString &path, const IniFile &ini, QTemporaryFile &copy)
+{
+    const QString nothing = QLatin1String(":/no settings");
+    if (ini.content != Content::Ini)
+        return nothing;
+    if (!ini.isMarked)
+        return path;
+    const QString name = fill(copy, ini.bytes);
+    return name.isEmpty() ? nothing : name;
+}
+
+// A link may lead to a folder that is not there yet.
+void makeFolderOf(const QString &path)
+{
+    QString end = path;
+    for (int i = 0; i < mostLinks && !compat::linkTarget(end).isEmpty(); ++i)
+        end = compat::linkTarget(end);
+    QDir().mkpath(QFileInfo(end).absolutePath());
 }
 
 } // namespace
 
 QString readIniFile(const QString &path, const std::function<void(QSettings &)> &use)
 {
-    QByteArray bytes;
-    QString reason;
-    const Content content = readContent(path, &bytes, &reason);
-    if (content != Content::Ini)
-        useNothing(path, use);
-    if (content == Content::Unreadable)
-        return translated("%1 cannot be read: %2").arg(QFileInfo(path).fileName(), reason);
-    if (content == Content::Damaged)
-        return damageMessage(path);
-    if (content == Content::Missing)
-        return QString();
-    QSettings settings(path, QSettings::IniFormat);
+    const IniFile ini = readFile(path);
+    QTemporaryFile copy(copyTemplate());
+    QSettings settings(readableName(path, ini, copy), QSettings::IniFormat);
     use(settings);
+    switch (ini.content) {
+    case Content::Missing:
+        return QString();
+    case Content::Unreadable:
+        return translated("%1 cannot be read: %2")
+            .arg(QFileInfo(path).fileName(), ini.errorMessage);
+    case Content::Damaged:
+        return damageMessage(path);
+    case Content::Ini:
+        break;
+    }
     settings.allKeys(); // which looks at what was not asked for, too
     return settings.status() == QSettings::FormatError ? damageMessage(path) : QString();
 }
 
 QString writeIniFile(const QString &path, const std::function<void(QSettings &)> &set)
 {
-    QByteArray old;
-    QString reason;
-    const Content content = readContent(path, &old, &reason);
-    if (content == Content::Unreadable)
-        return reason;
-    if (content == Content::Damaged) {
+    const IniFile ini = readFile(path);
+    if (ini.content == Content::Unreadable)
+        return ini.errorMessage;
+    if (ini.content == Content::Damaged)
         keptAside(path);
-        old.clear();
-    }
-    QDir().mkpath(QFileInfo(path).absolutePath());
-    const QByteArray changed = changedBytes(path, old, set);
+    makeFolderOf(path);
+    const QByteArray changed = changedBytes(ini.bytes, set);
     if (changed.isEmpty())
-        return translated("there is no room for it, or its folder is read-only");
+        return translated("there is no room for a copy in %1").arg(QDir::tempPath());
+    // Maya quits and unloads the plug-in: the second time there is nothing new.
+    if (changed == ini.bytes && !ini.isMarked)
+        return QString();
+    QString reason;
     return writeFileSafely(path, changed, &reason) ? QString() : reason;
 }

@@ -9,11 +9,12 @@ class QSettings;
 class QString;
 
 // Lets `use` look at the file's values; there are none when it is missing or no INI file at all.
-// What is damaged is kept beside it as "NAME.damaged-1" and so on, no more than five times; of a
-// file with single broken lines the others are used. Returns what the user should be told of this,
-// a sentence, else an empty text.
+// What is damaged is kept beside it as "NAME.damaged-1" and so on, the last five; of a file with
+// single broken lines the others are used. Returns what the user should be told of this, a
+// sentence, else an empty text.
 QString readIniFile(const QString &path, const std::function<void(QSettings &)> &use);
 
 // Lets `set` change values; the others stay. The file then has the new values or, on failure, the
-// old ones. Returns the reason of a failure, else an empty text.
+// old ones; it is not touched when they are the same. Returns the reason of a failure, else an
+// empty text.
 QString writeIniFile(const QString &path, const std::function<void(QSettings &)> &set);

@@ -8,6 +8,8 @@ namespace {
 // What QSettings takes a text for an object by.
 const char *const objectMarks[] = {"@Variant(", "@DateTime("};
 
+const QByteArray utf8Mark("\xef\xbb\xbf");
+
 bool isHexDigit(char character)
 {
     return (character >= '0' && character <= '9') || (character >= 'a' && character <= 'f') ||
@@ -42,17 +44,37 @@ char escapedCharacter(const QByteArray &bytes, int *position)
     return bytes.at((*position)++) == 'x' ? codedCharacter(bytes, 16, position) : 0;
 }
 
+// How many bytes from `position` on QSettings may leave out of a word: quotes, blanks behind them,
+// line breaks, and the mark of UTF-8, which decoders drop at the start of every piece that they
+// get.
+int skippedAt(const QByteArray &bytes, int position)
+{
+    switch (bytes.at(position)) {
+    case '"':
+    case ' ':
+    case '\t':
+    case '\r':
+    case '\n':
+        return 1;
+    case '\xef':
+        return bytes.mid(position, 3) == utf8Mark ? 3 : 0;
+    default:
+        return 0;
+    }
+}
+
 // The bytes with escapes resolved, and without what may stand between the letters of a word that
-// QSettings reads as one: quotes, blanks behind them, and line breaks.
+// QSettings reads as one.
 QByteArray joined(const QByteArray &bytes)
 {
-    const QByteArray between("\" \t\r\n");
     QByteArray text;
     text.reserve(bytes.size());
     for (int i = 0; i < bytes.size();) {
-        char character = bytes.at(i++);
-        if (between.contains(character))
+        if (const int skipped = skippedAt(bytes, i)) {
+            i += skipped;
             continue;
+        }
+        char character = bytes.at(i++);
         if (character == '\\' && i < bytes.size())
             character = escapedCharacter(bytes, &i);
         if (character != 0)
@@ -61,13 +83,15 @@ QByteArray joined(const QByteArray &bytes)
     return text;
 }
 
-// A text of the user's that begins with "@" is stored with two of them.
+// Only where a value or a list's element may start: a path may hold the same word. Which commas and
+// signs of equality are texts is not asked, rather too many marks count than too few.
 bool holdsObject(const QByteArray &text, const QByteArray &mark)
 {
-    int at = int(text.indexOf(mark));
-    while (at > 0 && text.at(at - 1) == '@')
-        at = int(text.indexOf(mark, at + 1));
-    return at >= 0;
+    for (int at = int(text.indexOf(mark)); at >= 0; at = int(text.indexOf(mark, at + 1))) {
+        if (at == 0 || text.at(at - 1) == '=' || text.at(at - 1) == ',')
+            return true;
+    }
+    return false;
 }
 
 } // namespace
@@ -82,4 +106,9 @@ bool isIniText(const QByteArray &bytes)
             return false;
     }
     return true;
+}
+
+QByteArray withoutByteOrderMark(const QByteArray &bytes)
+{
+    return bytes.startsWith(utf8Mark) ? bytes.mid(utf8Mark.size()) : bytes;
 }

@@ -7,3 +7,7 @@ class QByteArray;
 // stored objects, which QSettings would rebuild from whatever their bytes say. The editor stores
 // none. Single broken lines are for QSettings to report.
 bool isIniText(const QByteArray &bytes);
+
+// Without the mark of UTF-8 that some editors put before a text: with it, QSettings decodes values
+// in another way than its own files need.
+QByteArray withoutByteOrderMark(const QByteArray &bytes);

@@ -31,6 +31,11 @@ void IniTextTest::objectsAreFoundInEveryDisguise_data()
     QTest::newRow("line-continued") << QByteArray("@Var\\\niant(\\0)") << false;
     QTest::newRow("line-continued-lfcr") << QByteArray("@Var\\\n\riant(\\0)") << false;
     QTest::newRow("unknown-escape") << QByteArray("@Var\\iiant(\\0)") << false;
+    QTest::newRow("mark-of-utf8-within") << QByteArray("@Vari\\x61\xef\xbb\xbfnt(\\0)") << false;
+    QTest::newRow("mark-of-utf8-before") << QByteArray("\xef\xbb\xbf@Variant(\\0)") << false;
+    QTest::newRow("half-a-mark") << QByteArray("@Vari\xef\xbbnt(\\0)") << true;
+    QTest::newRow("within-a-path") << QByteArray("\"0,/home/@Variant(1)/a.mel,0,0,0\"") << true;
+    QTest::newRow("behind-a-path") << QByteArray("/@Variant(1), @Variant(\\0)") << false;
     QTest::newRow("null") << QByteArray("a\0b", 3) << false;
     QTest::newRow("ends-in-backslash") << QByteArray("a\\") << true;
     QTest::newRow("ends-in-escape") << QByteArray("a\\x") << true;

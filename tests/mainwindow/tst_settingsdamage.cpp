@@ -108,7 +108,8 @@ QByteArray oddValues(Random &random, QByteArray bytes)
                                   "\\",
                                   ",,,,",
                                   "@Rect(1 2 -3 99999999999)",
-                                  "@Variant(\\0\\0\\0\\x46\\0\\xff)"};
+                                  "@Variant(\\0\\0\\0\\x46\\0\\xff)",
+                                  "@Vari\\x61\xef\xbb\xbfnt(\\0\\0\\0\\x46\\0\\xff)"};
     QList<QByteArray> lines = bytes.split('\n');
     for (int i = 0; i < 8; ++i) {
         QByteArray &line = lines[below(random, int(lines.size()))];
@@ -123,8 +124,14 @@ QByteArray garbage(Random &random, QByteArray bytes)
     return randomBytes(random, below(random, 2 * int(bytes.size())));
 }
 
+QByteArray markAsUtf8(Random &random, QByteArray bytes)
+{
+    return "\xef\xbb\xbf" + (below(random, 2) == 0 ? bytes : oddValues(random, bytes));
+}
+
 QByteArray (*const mutations[])(Random &, QByteArray) = {
-    flipBits, flipBits, cut, loseTheMiddle, insertNulls, swapValues, oddValues, oddValues, garbage,
+    flipBits,   flipBits,  cut,       loseTheMiddle, insertNulls,
+    swapValues, oddValues, oddValues, markAsUtf8,    garbage,
 };
 const int mutationCount = int(sizeof mutations / sizeof *mutations);
 

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
+#include "mainwindow/inifile.h"
 #include "output/edoutputview.h"
 #include "preferences/colorlist.h"
 #include "preferences/preferences.h"
 #include "preferences/textformats.h"
 #include "tests/mainwindow/windowfixture.h"
 #include "tests/support/filesizelimit.h"
+#include "tests/support/ordinaryuser.h"
 #include "tests/support/testmain.h"
 
 #include <QDir>
@@ -15,6 +17,8 @@
 #include <QToolBar>
 
 #include <memory>
+
+#include <sys/stat.h>
 
 namespace {
 
@@ -150,6 +154,11 @@ private slots:
     void damagedFilesAreKeptAside();
     void ofABrokenFileTheRestIsRead();
     void someDamagedFilesAreKept();
+    void aByteOrderMarkIsNoDamage();
+    void nothingElseIsReadForADamagedFile();
+    void anUnchangedFileIsNotWritten();
+    void aLinkIntoAMissingFolderIsFollowed();
+    void aFileInAReadOnlyFolderIsWritten();
     void aFailedWriteIsSaid();
     void aFullDiskLeavesTheOldFile();
 };
@@ -485,12 +494,69 @@ void WindowSettingsTest::someDamagedFilesAreKept()
     Runs runs;
     for (int i = 1; i <= 7; ++i)
         runs.restartWith("broken " + QByteArray::number(i));
-    QCOMPARE(runs.dir().read("corvaneEditor.ini.damaged-1"), QByteArray("broken 1"));
-    QCOMPARE(runs.dir().read("corvaneEditor.ini.damaged-5"), QByteArray("broken 5"));
+    QCOMPARE(runs.dir().read("corvaneEditor.ini.damaged-1"), QByteArray("broken 3"));
+    QCOMPARE(runs.dir().read("corvaneEditor.ini.damaged-5"), QByteArray("broken 7"));
     QVERIFY(!QFile::exists(runs.dir().file("corvaneEditor.ini.damaged-6")));
     QVERIFY(runs.window().statusBar()->currentMessage().contains("damaged"));
     runs.window().writeSettings();
     QCOMPARE(valueIn(runs.settingsPath(), "mainwindow/version"), QString("1"));
+}
+
+void WindowSettingsTest::aByteOrderMarkIsNoDamage()
+{
+    Runs runs;
+    runs.restartWith("\xef\xbb\xbf[tabsandspaces]\ntabSize=2\n[mainwindow]\nlicense=@Vari\\x74\n");
+    QCOMPARE(preferences().tabSize, 2);
+    QCOMPARE(runs.window().statusBar()->currentMessage(), QString());
+    runs.window().writeSettings();
+    QVERIFY(!runs.dir().read(settingsName).contains('\xef'));
+    QCOMPARE(valueIn(runs.settingsPath(), "mainwindow/license"), QString("@Varit"));
+    QVERIFY(!QFile::exists(runs.dir().file("corvaneEditor.ini.damaged-1")));
+}
+
+void WindowSettingsTest::nothingElseIsReadForADamagedFile()
+{
+    Runs runs;
+    runs.dir().write("corvaneEditor.ini.none", "[tabsandspaces]\ntabSize=2\n");
+    runs.restart();
+    QCOMPARE(preferences().tabSize, 4);
+}
+
+// Another file in its place would not get what is written to this one.
+void WindowSettingsTest::anUnchangedFileIsNotWritten()
+{
+    Runs runs;
+    runs.window().writeSettings();
+    QFile written(runs.settingsPath());
+    QVERIFY(written.open(QIODevice::Append));
+    runs.window().writeSettings();
+    written.write("[kept]\nkey=1\n");
+    written.close();
+    QCOMPARE(valueIn(runs.settingsPath(), "kept/key"), QString("1"));
+}
+
+void WindowSettingsTest::aLinkIntoAMissingFolderIsFollowed()
+{
+    Runs runs;
+    QVERIFY(QFile::link(runs.dir().file("a/b/settings"), runs.settingsPath()));
+    runs.window().writeSettings();
+    QCOMPARE(valueIn(runs.dir().file("a/b/settings"), "mainwindow/version"), QString("1"));
+}
+
+void WindowSettingsTest::aFileInAReadOnlyFolderIsWritten()
+{
+    ScratchDir dir;
+    const QString path = dir.write("a.ini", "[tabsandspaces]\ntabSize=2\n");
+    QCOMPARE(chmod(QFile::encodeName(path).constData(), 0666), 0);
+    QCOMPARE(chmod(QFile::encodeName(dir.path()).constData(), 0555), 0);
+    QString failure;
+    {
+        const OrdinaryUser user;
+        failure = writeIniFile(path, writePreferences);
+    }
+    QCOMPARE(chmod(QFile::encodeName(dir.path()).constData(), 0755), 0);
+    QCOMPARE(failure, QString());
+    QVERIFY(!valueIn(path, "tabsandspaces/melTabSize").isEmpty());
 }
 
 void WindowSettingsTest::aFailedWriteIsSaid()
