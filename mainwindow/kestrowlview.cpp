@@ -238,6 +238,12 @@ void Kestrowl::updateAndShowQuickHelp(const QString &, bool ignoreWhenHidden)
     QDockWidget *quickHelp = m_docks[Dock::QuickHelp];
     if (ignoreWhenHidden && isPutAway(quickHelp))
         return;
+    // Floating, it would be alone on the screen while the window is closed, and comes with it.
+    if (!isVisible() && quickHelp->isFloating()) {
+        m_docksPutAway |= dockFlag(Dock::QuickHelp);
+        updateVisibleDocks();
+        return;
+    }
     quickHelp->show();
     quickHelp->raise();
 }
