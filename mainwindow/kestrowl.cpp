@@ -30,13 +30,20 @@ namespace {
 const int initialWidth = 1100;
 const int initialHeight = 760;
 
+// Maya may not have answered. The directory it runs in, or the root of all, is nobody's place.
+QString homeIfEmpty(const QString &directory)
+{
+    return directory.isEmpty() ? QDir::homePath() : directory;
+}
+
 } // namespace
 
 Kestrowl::Kestrowl(const QString &userScriptDirectory, const QString &userPreferencesDirectory,
                    QWidget *parent)
-    : QMainWindow(parent), m_scriptDirectory(QDir(userScriptDirectory).absolutePath()),
-      m_preferencesDirectory(userPreferencesDirectory), m_lastOpenDirectory(m_scriptDirectory),
-      m_lastSourcePath(m_scriptDirectory), m_central(new EdCentralWidget(this))
+    : QMainWindow(parent), m_scriptDirectory(QDir(homeIfEmpty(userScriptDirectory)).absolutePath()),
+      m_preferencesDirectory(homeIfEmpty(userPreferencesDirectory)),
+      m_lastOpenDirectory(m_scriptDirectory), m_lastSourcePath(m_scriptDirectory),
+      m_central(new EdCentralWidget(this))
 {
     // The order matters: icons need resources, docks the View menu, connections both ends, and
     // settings everything that they set.

@@ -33,7 +33,7 @@ class Kestrowl : public QMainWindow
 
 public:
     // Reads the settings file. The directories are those of Maya's user, with or without a
-    // separator at the end.
+    // separator at the end; for an empty one it is the home directory.
     Kestrowl(const QString &userScriptDirectory, const QString &userPreferencesDirectory,
              QWidget *parent = nullptr);
     ~Kestrowl() override;
@@ -45,10 +45,11 @@ public:
     QDockWidget *dock(Dock dock) const { return m_docks[dock]; }
 
     // The settings file and that of the colours, in the user's preference directory. Writing saves
-    // the buffers too; it asks nothing, and reports a failure in the status bar.
+    // the buffers too; it asks nothing, and returns what the user should be told, which is nothing
+    // but failures.
     QString settingsPath() const;
     QString colorsPath() const;
-    void writeSettings();
+    QString writeSettings();
 
 public slots:
     // Brings the window to the front as well.
@@ -189,7 +190,7 @@ private:
     WindowSettings windowSettings();
     Panes shownPanes() const;
     void warnOf(const QString &problem);
-    void updateToolBars();
+    void updateBars();
     void saveBeforeExecuting();
     void setOutputVisible(bool visible);
     void hideFloatingDocks();
@@ -222,5 +223,7 @@ private:
     int m_docksPutAway = 0;               // floating ones, while the window is hidden
     QByteArray m_hiddenState;             // saveState() before they were; else empty
     bool m_ignoresDocks = false;          // while they are hidden, shown and restored
-    QString m_license;                    // as it was read
+    bool m_showsToolBars = true;          // the preferences as they were applied last
+    bool m_showsStatusBar = true;
+    QString m_license; // as it was read
 };

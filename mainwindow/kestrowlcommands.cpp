@@ -110,7 +110,7 @@ void Kestrowl::saveSettings()
         return;
     if (answer == SaveStateAnswer::SaveAll)
         saveAll();
-    writeSettings();
+    warnOf(writeSettings());
 }
 
 // Deliberate: the label is asked for first, even when there turns out to be nothing to save.

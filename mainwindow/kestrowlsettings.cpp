@@ -72,18 +72,20 @@ void Kestrowl::readSettings()
     m_central->restore(documents);
 }
 
-void Kestrowl::writeSettings()
+QString Kestrowl::writeSettings()
 {
     m_central->saveBuffers();
-    QString failure = writeIniFile(settingsPath(), [this](QSettings &settings) {
+    QStringList failures;
+    failures << writeIniFile(settingsPath(), [this](QSettings &settings) {
         writeWindowSettings(settings, windowSettings());
         writePreferences(settings);
         writeWorkspaceState(settings, m_central->state());
     });
-    if (failure.isEmpty())
-        failure = writeIniFile(colorsPath(), writeColors);
-    if (!failure.isEmpty())
-        setStatusText(tr("The settings are not saved: %1").arg(failure));
+    failures << writeIniFile(colorsPath(), writeColors);
+    failures.removeAll(QString());
+    failures.removeDuplicates();
+    const QString reasons = failures.join(QLatin1String("; "));
+    return reasons.isEmpty() ? reasons : tr("The settings are not saved: %1").arg(reasons);
 }
 
 // No dialog: Maya is starting, perhaps with nobody in front of it.
@@ -176,14 +178,13 @@ void Kestrowl::applyToggles()
 
 void Kestrowl::updatePreferences()
 {
-    updateToolBars();
-    setShown(statusBar(), preferences().statusBar);
+    updateBars();
     m_output->setLineLimit(preferences().outputWindowBufferSize);
     m_output->setTabWidth(preferences().tabSize); // columns
     m_output->applyColors();
     m_central->updateTabsAndSpaces();
-    m_central->updateFontAndColors();
-    m_central->updateHiddenCharacters();
+    m_central->updateFontAndColors(); // hidden characters too
+    m_central->updateDiagnostics();
     // Only here: which directory it is depends on the user of Maya, not on the list of defaults.
     if (preferences().projectDir.isEmpty())
         preferences().projectDir = m_scriptDirectory;
@@ -191,18 +192,19 @@ void Kestrowl::updatePreferences()
     overrideScriptEditorButton(preferences().overrideScriptEditor);
 }
 
-// Single tool bars may have been hidden by hand: switched on, all come back only when none is left.
-void Kestrowl::updateToolBars()
+// What was hidden by hand stays so while other preferences change.
+void Kestrowl::updateBars()
 {
-    bool anyIsShown = false;
-    for (const QToolBar *toolBar : m_toolBars)
-        anyIsShown = anyIsShown || !isPutAway(toolBar);
-    if (anyIsShown != preferences().toolbar)
+    if (m_showsToolBars != preferences().toolbar)
         setToolbarVisible(preferences().toolbar);
+    if (m_showsStatusBar != preferences().statusBar)
+        setShown(statusBar(), preferences().statusBar);
+    m_showsToolBars = preferences().toolbar;
+    m_showsStatusBar = preferences().statusBar;
 }
 
 void Kestrowl::updatePreferencesAndWrite()
 {
     updatePreferences();
-    writeSettings();
+    warnOf(writeSettings());
 }

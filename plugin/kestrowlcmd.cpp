@@ -127,6 +127,16 @@ void showWindow()
     }
 }
 
+// To Maya, which shows and keeps it where the user looks when the editor is about to go.
+void writeSettings()
+{
+    if (!editorInstance().window)
+        return;
+    const QString failure = editorInstance().window->writeSettings();
+    if (!failure.isEmpty())
+        MGlobal::displayWarning(MQtUtil::toMString(failure));
+}
+
 // Forced, since the job is protected; on idle, since Maya may be running its jobs just now.
 void killQuitJob()
 {
@@ -158,8 +168,8 @@ MStatus KestrowlCmd::doIt(const MArgList &arguments)
     return guarded(MStatus(MStatus::kSuccess), [this, &arguments] {
         if (!asksToWriteSettings(syntax(), arguments))
             showWindow();
-        else if (editorInstance().window)
-            editorInstance().window->writeSettings();
+        else
+            writeSettings();
         return MStatus(MStatus::kSuccess);
     });
 }
@@ -180,8 +190,7 @@ void KestrowlCmd::startup()
 void KestrowlCmd::cleanup()
 {
     EditorInstance &editor = editorInstance();
-    if (editor.window)
-        editor.window->writeSettings();
+    writeSettings();
     if (editor.mayaInterface) {
         editor.mayaInterface->removeMenuItem();
         editor.mayaInterface->restoreScriptEditorButton();

@@ -79,6 +79,7 @@ public slots:
     void updateTabsAndSpaces();
     void updateFontAndColors();
     void updateHiddenCharacters();
+    void updateDiagnostics() { activeViewChange(); }
 
     // Paths are absolute. A document that saveAs() makes another file's is reported closed and
     // opened.

@@ -160,6 +160,8 @@ private slots:
     void aLinkIntoAMissingFolderIsFollowed();
     void aFileInAReadOnlyFolderIsWritten();
     void aFailedWriteIsSaid();
+    void oneFailureLeavesTheOtherFile();
+    void withoutDirectoriesTheHomeIsTaken();
     void aFullDiskLeavesTheOldFile();
 };
 
@@ -565,10 +567,32 @@ void WindowSettingsTest::aFailedWriteIsSaid()
     dir.write("file", "no directory");
     Kestrowl window(dir.path(), dir.file("file"));
     QCOMPARE(window.statusBar()->currentMessage(), QString());
-    window.writeSettings();
+    window.updatePreferencesAndWrite();
     const QString message = window.statusBar()->currentMessage();
     QVERIFY2(message.contains("not saved"), qPrintable(message));
+    window.show();
+    QVERIFY(window.outputView()->toPlainText().contains(message));
     QCOMPARE(dir.read("file"), QByteArray("no directory"));
+}
+
+void WindowSettingsTest::oneFailureLeavesTheOtherFile()
+{
+    Runs runs;
+    QVERIFY(QFile::link(runs.settingsPath(), runs.settingsPath())); // leads in a circle
+    QVERIFY(!runs.window().writeSettings().isEmpty());
+    QVERIFY(QFile::exists(runs.dir().file(colorsName)));
+}
+
+void WindowSettingsTest::withoutDirectoriesTheHomeIsTaken()
+{
+    const ScratchDir home;
+    const QByteArray before = qgetenv("HOME");
+    qputenv("HOME", QFile::encodeName(home.path()));
+    const Kestrowl window((QString()), QString());
+    QCOMPARE(window.settingsPath(), home.file(settingsName));
+    QCOMPARE(preferences().projectDir, home.path());
+    qputenv("HOME", before);
+    preferences() = Preferences();
 }
 
 void WindowSettingsTest::aFullDiskLeavesTheOldFile()
@@ -579,12 +603,12 @@ void WindowSettingsTest::aFullDiskLeavesTheOldFile()
     const int files = int(QDir(runs.dir().path()).entryList(QDir::Files).size());
     preferences().tabSize = 7;
     for (int bytes = 0; bytes < old.size(); bytes += 500) {
-        runs.window().setStatusText(QString());
+        QString failure;
         {
             const FileSizeLimit full(static_cast<rlim_t>(bytes));
-            runs.window().writeSettings();
+            failure = runs.window().writeSettings();
         }
-        QVERIFY(runs.window().statusBar()->currentMessage().contains("not saved"));
+        QVERIFY(failure.contains("not saved"));
         QCOMPARE(runs.dir().read(settingsName), old);
         QCOMPARE(int(QDir(runs.dir().path()).entryList(QDir::Files).size()), files);
     }

@@ -58,6 +58,9 @@ private slots:
     void statusLabelsFollowTheCaret();
     void helpActionsAskForTheirPages();
     void preferencesReachTheWindow();
+    void barsHiddenByHandStayHidden();
+    void diagnosticsFollowThePreferences();
+    void floatingQuickHelpWaitsForTheWindow();
     void thePreferencesDialogChangesWindowAndFile();
     void theProjectFolderFollowsThePreferences();
     void settingsAreReadAndWritten();
@@ -268,6 +271,52 @@ void TestWindowView::preferencesReachTheWindow()
     QCOMPARE(overridden.last().first().toBool(), false);
     QCOMPARE(fixture.window.outputView()->maximumBlockCount(), 3);
     QVERIFY(QSettings(fixture.window.settingsPath(), QSettings::IniFormat).allKeys().size() > 40);
+}
+
+void TestWindowView::barsHiddenByHandStayHidden()
+{
+    WindowFixture fixture;
+    fixture.window.show();
+    const QList<QToolBar *> bars = fixture.window.findChildren<QToolBar *>();
+    for (QToolBar *bar : bars)
+        bar->hide();
+    fixture.window.statusBar()->hide();
+    fixture.window.updatePreferences();
+    QVERIFY(bars.first()->isHidden());
+    QVERIFY(fixture.window.statusBar()->isHidden());
+    for (const bool shown : {false, true}) {
+        preferences().toolbar = shown;
+        preferences().statusBar = shown;
+        fixture.window.updatePreferences();
+    }
+    QVERIFY(!bars.first()->isHidden());
+    QVERIFY(!fixture.window.statusBar()->isHidden());
+}
+
+void TestWindowView::diagnosticsFollowThePreferences()
+{
+    WindowFixture fixture;
+    preferences().pythonDisplayErrors = false;
+    fixture.newBuffer(1, "f(1]\n");
+    fixture.window.updatePreferences();
+    QVERIFY(fixture.edit()->errors().all().empty());
+    preferences().pythonDisplayErrors = true;
+    fixture.window.updatePreferences();
+    QVERIFY(!fixture.edit()->errors().all().empty());
+}
+
+void TestWindowView::floatingQuickHelpWaitsForTheWindow()
+{
+    WindowFixture fixture;
+    fixture.window.show();
+    QDockWidget *dock = fixture.window.dock(Dock::QuickHelp);
+    dock->setFloating(true);
+    dock->hide();
+    fixture.window.close();
+    fixture.window.updateAndShowQuickHelp("polySphere", false);
+    QVERIFY(!dock->isVisible());
+    fixture.window.show();
+    QVERIFY(dock->isVisible());
 }
 
 void TestWindowView::thePreferencesDialogChangesWindowAndFile()

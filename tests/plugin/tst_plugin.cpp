@@ -52,6 +52,7 @@ private slots:
     void theCommandShowsAndRaises();
     void malformedArgumentsStillOpenTheWindow();
     void writingSettingsLeavesTheWindowHidden();
+    void settingsThatCannotBeWrittenAreSaid();
     void outputReachesTheWindow();
     void firstRunStatesAreSentOnce();
     void theMenuItemOpensTheEditor();
@@ -165,6 +166,19 @@ void PluginTest::writingSettingsLeavesTheWindowHidden()
     m_session->executePython("import maya.cmds; maya.cmds.corvaneEditor(writeSettings=True)",
                              false);
     QVERIFY(QFile::exists(file));
+}
+
+void PluginTest::settingsThatCannotBeWrittenAreSaid()
+{
+    QVERIFY(load());
+    const QString file = mel("internalVar -userPrefDir") + QLatin1String("corvaneEditor.ini");
+    QVERIFY(QFile::link(file, file)); // leads in a circle
+    m_log->take();
+    mel("corvaneEditor -ws");
+    QCOMPARE(int(m_log->take().filter(QLatin1String("settings are not saved")).size()), 1);
+    unload();
+    QCOMPARE(int(m_log->take().filter(QLatin1String("settings are not saved")).size()), 1);
+    QFile::remove(file);
 }
 
 void PluginTest::outputReachesTheWindow()
