@@ -101,6 +101,7 @@ void Kestrowl::connectCentralWidget()
     connect(m_central, SIGNAL(commandDocumentationSelected(QString, bool)),
             SIGNAL(commandHelpRequested(QString, bool)));
     connect(m_central, SIGNAL(longLineReached()), SLOT(explainLongLine()));
+    connect(m_central, SIGNAL(autosaveFailed(QString)), SLOT(setStatusText(QString)));
     connect(m_central, SIGNAL(tabSaveSelected()), SLOT(save()));
     connect(m_central, SIGNAL(tabSaveAsSelected()), SLOT(saveAs()));
     connect(m_central, SIGNAL(activeBufferNameChanged(QString)), SLOT(setTitleBufferName(QString)));

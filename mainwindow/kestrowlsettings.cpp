@@ -12,30 +12,12 @@
 #include "workspace/edcentralwidget.h"
 #include "workspace/edcodeview.h"
 #include "workspace/edexplorerview.h"
-#include "workspace/tabentry.h"
 #include "workspace/workspacestate.h"
 
 #include <QDir>
 #include <QDockWidget>
 #include <QStatusBar>
 #include <QToolBar>
-
-#include <optional>
-
-namespace {
-
-QStringList missingFiles(const WorkspaceState &documents)
-{
-    QStringList missing;
-    for (const QString &text : documents.openTabs) {
-        const std::optional<TabEntry> entry = TabEntry::parse(text);
-        if (entry && !entry->hasFile())
-            missing << entry->path;
-    }
-    return missing;
-}
-
-} // namespace
 
 QString Kestrowl::settingsPath() const
 {
@@ -67,9 +49,8 @@ void Kestrowl::readSettings()
     warnOf(readIniFile(colorsPath(), readColors));
     applyToggles();
     updatePreferences();
-    for (const QString &path : missingFiles(documents))
-        warnOf(tr("%1 cannot be opened again.").arg(path));
-    m_central->restore(documents);
+    for (const QString &problem : m_central->restore(documents))
+        warnOf(problem);
 }
 
 QString Kestrowl::writeSettings()

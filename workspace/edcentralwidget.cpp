@@ -9,7 +9,6 @@
 #include "workspace/choicebox.h"
 #include "workspace/edcodeview.h"
 #include "workspace/saveprompt.h"
-#include "workspace/tabentry.h"
 
 #include <QInputDialog>
 #include <QLabel>
@@ -18,8 +17,6 @@
 #include <QMouseEvent>
 #include <QTextCursor>
 #include <QVBoxLayout>
-
-#include <algorithm>
 
 namespace {
 
@@ -38,6 +35,7 @@ EdCentralWidget::EdCentralWidget(QWidget *parent) : QWidget(parent), m_hint(new 
     layout->addWidget(m_hint);
     m_parseTimer.setSingleShot(true);
     connect(&m_parseTimer, SIGNAL(timeout()), SLOT(activeViewChange()));
+    connect(&m_parseTimer, SIGNAL(timeout()), SLOT(autosave()));
 }
 
 bool EdCentralWidget::hasUnsavedContent() const
@@ -144,6 +142,8 @@ void EdCentralWidget::showView(EdCodeView *view)
 {
     retireView();
     m_view = view;
+    m_saysAutosaveFails = true;
+    forgetEntry();
     connectView();
     layout()->addWidget(view);
     m_hint->hide();
@@ -177,6 +177,7 @@ void EdCentralWidget::connectView()
     connect(m_view, SIGNAL(modificationChanged(bool)), SLOT(reportName()));
     connect(m_view, SIGNAL(fileRenamed(QString, QString)), SLOT(reportName()));
     connect(m_view, SIGNAL(fileRenamed(QString, QString)), SIGNAL(fileRenamed(QString, QString)));
+    connect(m_view, SIGNAL(fileRenamed(QString, QString)), SLOT(forgetEntry()));
     connect(m_view, SIGNAL(overwriteModeChanged()), SIGNAL(overwriteModeChanged()));
     connect(m_view, SIGNAL(fileDropped(QString)), SIGNAL(fileDropped(QString)));
     connect(m_view, SIGNAL(quickHelpSelected(QString, bool)),
@@ -227,6 +228,7 @@ void EdCentralWidget::saveAs(const QString &path)
     const QString oldPath = m_view->fileInfo().absoluteFilePath();
     if (!m_view->write(path, false))
         return;
+    forgetEntry();
     if (oldIndex >= 0)
         emit bufferDeleted(oldIndex);
     else
@@ -239,12 +241,6 @@ void EdCentralWidget::saveAs(const QString &path)
 void EdCentralWidget::saveAll()
 {
     save();
-}
-
-void EdCentralWidget::saveBuffers()
-{
-    if (m_view && m_view->isBuffer())
-        m_view->save();
 }
 
 void EdCentralWidget::rename()
@@ -291,52 +287,6 @@ void EdCentralWidget::reloadFromDisk()
         return;
     m_view->load(m_view->fileInfo(), false, -1);
     activeViewChange();
-}
-
-WorkspaceState EdCentralWidget::state() const
-{
-    WorkspaceState state;
-    if (!m_view)
-        return state;
-    state.openTabs << TabEntry::of(*m_view, 0, m_bufferLabel).text();
-    state.indexA = 0;
-    return state;
-}
-
-// An index of -1 for pane 0 is how lists of a single pane were written: all are its documents.
-void EdCentralWidget::restore(const WorkspaceState &state)
-{
-    const bool hasPanes = state.indexA != -1;
-    const int pane = hasPanes && state.activeView == 1 ? 1 : 0;
-    QList<TabEntry> entries; // of the active pane
-    for (const QString &text : state.openTabs) {
-        const std::optional<TabEntry> entry = TabEntry::parse(text);
-        if (entry && (!hasPanes || entry->pane == pane))
-            entries << *entry;
-    }
-    const int current = hasPanes && pane == 0 ? state.indexA : state.indexB;
-    if (!entries.isEmpty())
-        openEntry(entries.at(std::clamp(current, 0, int(entries.size()) - 1)));
-}
-
-// A file that is gone by now is not worth a box: Maya is starting, perhaps with nobody in front of
-// it.
-void EdCentralWidget::openEntry(const TabEntry &entry)
-{
-    if (!entry.hasFile())
-        return;
-    const int index = m_nextBufferIndex++;
-    EdCodeView *view = new EdCodeView(EdCodeView::AwaitsFile, EdCodeView::Text, this);
-    if (!entry.open(view, index) || !mayBeReplaced()) {
-        delete view;
-        return;
-    }
-    m_bufferLabel = entry.label;
-    showView(view);
-    if (view->isBuffer())
-        emit bufferCreated(index, entry.label, view->fileInfo());
-    else
-        emit fileOpened(view->fileInfo().absoluteFilePath());
 }
 
 void EdCentralWidget::undo()

@@ -1,16 +1,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "workspace/tabentry.h"
 #include "workspace/workspacestate.h"
 
 #include <QFileInfo>
+#include <QList>
 #include <QString>
+#include <QStringList>
 #include <QTimer>
 #include <QWidget>
 
 class EdCodeView;
 class QLabel;
-struct TabEntry;
 
 // The centre of the window: the open document, or a hint when there is none. The window talks to
 // documents only through this widget. It owns the document's view; opening another one replaces it,
@@ -27,10 +29,11 @@ public:
     // Whether there is text that is in no file yet.
     bool hasUnsavedContent() const;
 
-    // What is open, and opens it again: of several documents the one that was current. Damaged
-    // entries and files that are gone are left out.
+    // What is open, and opens it again: of several documents the one that was current. The others,
+    // and files that are gone for now, stay in the list until the user opens them; damaged entries
+    // are dropped. restore() shows no box but returns what there is to say.
     WorkspaceState state() const;
-    void restore(const WorkspaceState &state);
+    QStringList restore(const WorkspaceState &state);
 
 public slots:
     void newBuffer();
@@ -45,6 +48,7 @@ public slots:
     // Nothing for an empty path.
     void saveAs(const QString &path);
     void saveAll();
+    // Also writes a buffer without changes whose file is gone.
     void saveBuffers();
     // Asks for the new name. Buffers change their label, files their name on disk.
     void rename();
@@ -101,6 +105,8 @@ signals:
     void tabSaveSelected();
     void tabSaveAsSelected();
     void overwriteModeChanged();
+    // Once for each document; it is tried again after the next pause in typing.
+    void autosaveFailed(const QString &message);
     // Line and column are 0-based, the selection in UTF-16 units; all 0 without a document.
     void cursorStatusChanged(int line, int column, int sel);
     // A buffer's label, or a file's path with "*" behind it while there are changes; empty without
@@ -114,12 +120,16 @@ private slots:
     void onTextChange();
     // Parses the open document at once and marks what was found.
     void activeViewChange();
+    // Writes a buffer with changes.
+    void autosave();
+    void forgetEntry();
     void reportCursor();
     void reportName();
 
 private:
     void addBuffer(int language, const QString &label);
-    void openEntry(const TabEntry &entry);
+    int keepEntries(const WorkspaceState &state);
+    QString openEntry(const TabEntry &entry);
     void showView(EdCodeView *view);
     void retireView();
     void connectView();
@@ -135,7 +145,9 @@ private:
     QString documentName() const;
 
     EdCodeView *m_view = nullptr;
-    QTimer m_parseTimer;       // runs while the text has changed since it was parsed
+    QTimer m_parseTimer;              // runs while the text has changed since it was parsed
+    QList<TabEntry> m_waitingEntries; // of the restored list, never shown since
+    bool m_saysAutosaveFails = true;
     QLabel *m_hint;            // seen while there is no document
     QString m_bufferLabel;     // of the open buffer; not cleared for files, which do not look at it
     int m_nextBufferIndex = 0; // never used twice, so that lists cannot mix buffers up

@@ -9,7 +9,39 @@
 
 namespace {
 
-const int leastFields = 5; // one more for a buffer, its label
+const QLatin1Char comma(',');
+
+bool isInBufferDirectory(const QString &path)
+{
+    const QString folder = QFileInfo(QFileInfo(path).absolutePath()).canonicalFilePath();
+    return !folder.isEmpty() && folder == EdCodeView::bufferDirectory().canonicalPath();
+}
+
+QString joined(const QStringList &fields, int first, int count)
+{
+    return QStringList(fields.mid(first, count)).join(QString(comma));
+}
+
+// With the field that tells a buffer from a file, the path being all before it that is left over.
+// A label follows it.
+std::optional<TabEntry> entryWith(const QStringList &fields, int bufferField)
+{
+    const int pathFields = bufferField - 3;
+    if (pathFields < 1)
+        return std::nullopt;
+    TabEntry entry;
+    bool valid[4] = {};
+    entry.pane = fields.at(0).toInt(&valid[0]);
+    entry.path = joined(fields, 1, pathFields);
+    entry.cursorPosition = fields.at(bufferField - 2).toInt(&valid[1]);
+    entry.scrollValue = fields.at(bufferField - 1).toInt(&valid[2]);
+    entry.isBuffer = fields.at(bufferField).toInt(&valid[3]) != 0;
+    entry.label = joined(fields, bufferField + 1, -1);
+    const bool isWhole = bufferField == fields.size() - 1 ? !entry.isBuffer : entry.isBuffer;
+    if (!isWhole || entry.path.isEmpty() || !(valid[0] && valid[1] && valid[2] && valid[3]))
+        return std::nullopt;
+    return entry;
+}
 
 } // namespace
 
@@ -27,23 +59,19 @@ TabEntry TabEntry::of(const EdCodeView &view, int pane, const QString &label)
 
 std::optional<TabEntry> TabEntry::parse(const QString &text)
 {
-    const QStringList fields = text.split(QLatin1Char(','));
-    if (fields.size() < leastFields || fields.at(1).isEmpty())
-        return std::nullopt;
-    TabEntry entry;
-    bool valid[4] = {};
-    entry.pane = fields.at(0).toInt(&valid[0]);
-    entry.path = fields.at(1);
-    entry.cursorPosition = fields.at(2).toInt(&valid[1]);
-    entry.scrollValue = fields.at(3).toInt(&valid[2]);
-    entry.isBuffer = fields.at(4).toInt(&valid[3]) != 0;
-    if (!(valid[0] && valid[1] && valid[2] && valid[3]))
-        return std::nullopt;
-    if (entry.isBuffer && fields.size() == leastFields)
-        return std::nullopt;
-    if (entry.isBuffer)
-        entry.label = fields.at(leastFields);
-    return entry;
+    const QStringList fields = text.split(comma);
+    const int last = int(fields.size()) - 1;
+    for (int field = last - 1; field > 0; --field) {
+        const std::optional<TabEntry> buffer = entryWith(fields, field);
+        if (buffer && isInBufferDirectory(buffer->path))
+            return buffer;
+    }
+    std::optional<TabEntry> file = entryWith(fields, last);
+    if (!file)
+        file = entryWith(fields, last - 1); // a file of the user's, listed as a buffer
+    if (file)
+        file->isBuffer = false;
+    return file;
 }
 
 QString TabEntry::text() const
@@ -53,17 +81,19 @@ QString TabEntry::text() const
            << QString::number(scrollValue) << QString::number(isBuffer ? 1 : 0);
     if (isBuffer)
         fields << label;
-    return fields.join(QLatin1String(","));
+    return fields.join(QString(comma));
 }
 
-bool TabEntry::open(EdCodeView *view, int bufferIndex) const
+QString TabEntry::open(EdCodeView *view, int bufferIndex) const
 {
-    if (!view->load(QFileInfo(path), isBuffer, isBuffer ? bufferIndex : -1))
-        return false;
+    const QString reason =
+        view->loadQuietly(QFileInfo(path), isBuffer, isBuffer ? bufferIndex : -1);
+    if (!reason.isEmpty())
+        return reason;
     view->setCursorPosition(cursorPosition);
     view->codeEdit()->verticalScrollBar()->setValue(scrollValue);
     view->codeEdit()->ensureCursorVisible();
-    return true;
+    return QString();
 }
 
 bool TabEntry::hasFile() const

@@ -14,19 +14,19 @@ struct TabEntry
     QString path; // absolute
     int cursorPosition = 0;
     int scrollValue = 0;
-    bool isBuffer = false;
-    QString label; // of a buffer
+    bool isBuffer = false; // never outside the buffer directory: closing one deletes its file
+    QString label;         // of a buffer
 
     // Of the document as it is now.
     static TabEntry of(const EdCodeView &view, int pane, const QString &label);
-    // Nothing for a text that is damaged.
+    // Nothing for a text that is damaged. Read from its end, as a path may have commas.
     static std::optional<TabEntry> parse(const QString &text);
 
-    // Deliberate: a comma in path or label is not escaped. Such a text is damaged.
+    // Deliberate: commas in path and label are not escaped.
     QString text() const;
-    // Loads the document into a view that awaits a file; false when that fails, which the user has
-    // then been told.
-    bool open(EdCodeView *view, int bufferIndex) const;
+    // Loads the document into a view that awaits a file; returns the reason of a failure, or an
+    // empty text.
+    QString open(EdCodeView *view, int bufferIndex) const;
     // Whether there is a file that may be read.
     bool hasFile() const;
 };

@@ -8,6 +8,7 @@
 #include "editor/edcodeedit.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QSignalSpy>
 
@@ -59,10 +60,6 @@ private slots:
     void closingABufferDeletesIt();
     void replacingABufferAsks_data();
     void replacingABufferAsks();
-    void savingBuffersLeavesFilesAlone();
-    void restoringOpensWhatWasCurrent_data();
-    void restoringOpensWhatWasCurrent();
-    void stateAndRestoringAgree();
 
 private:
     QStringList bufferFiles() const;
@@ -373,111 +370,6 @@ void TestEdCentralWidget::replacingABufferAsks()
         QCOMPARE(central.currentCodeView()->text(), QString("kept"));
     }
     QCOMPARE(dir.read("saved.mel"), QByteArray(savesAs ? "kept" : "(no such file)"));
-}
-
-void TestEdCentralWidget::savingBuffersLeavesFilesAlone()
-{
-    ScratchDir dir;
-    EdCentralWidget central;
-    central.openFile(dir.write("a.mel", "old"));
-    central.replace("new ");
-    central.saveBuffers();
-    QCOMPARE(dir.read("a.mel"), QByteArray("old"));
-    central.saveAll();
-    QCOMPARE(dir.read("a.mel"), QByteArray("new old"));
-
-    central.newMelBuffer();
-    central.replace("x");
-    central.save();
-    QCOMPARE(m_buffers->read("corvaneEditorBuffer-0.mel"), QByteArray("x"));
-    QVERIFY(central.currentCodeView()->isBuffer());
-}
-
-void TestEdCentralWidget::restoringOpensWhatWasCurrent_data()
-{
-    QTest::addColumn<QStringList>("entries"); // "%" is the directory
-    QTest::addColumn<int>("activeView");
-    QTest::addColumn<int>("indexA");
-    QTest::addColumn<int>("indexB");
-    QTest::addColumn<QString>("opened");
-    QTest::addColumn<int>("cursor");
-
-    const QString a = "0,%/a.mel,2,0,0";
-    const QString b = "0,%/b.py,9999,9999,0";
-    const QString c = "1,%/c.txt,-7,-7,1,A label";
-    const QStringList all = QStringList() << a << b << c;
-    QTest::newRow("first") << all << 0 << 0 << 0 << "a" << 2;
-    QTest::newRow("second") << all << 0 << 1 << 0 << "b" << 3;
-    QTest::newRow("other-pane") << all << 1 << 0 << 0 << "c" << 0;
-    QTest::newRow("single-pane-list") << all << 1 << -1 << 1 << "b" << 3;
-    QTest::newRow("index-too-large") << all << 0 << 99 << 0 << "b" << 3;
-    QTest::newRow("index-too-small") << all << 0 << -9 << 0 << "a" << 2;
-    QTest::newRow("pane-too-large") << all << 7 << 0 << 0 << "a" << 2;
-    QTest::newRow("pane-too-small") << all << -7 << 0 << 0 << "a" << 2;
-    const QStringList damaged = QStringList() << ""
-                                              << "0"
-                                              << ",,,,"
-                                              << "x,%/b.py,0,0,0"
-                                              << "0,%/b.py,0,0"
-                                              << "0,%/b.py,x,0,0"
-                                              << "0,%/b.py,0,,0"
-                                              << "0,%/b.py,0,0,1"
-                                              << "0,%/b.py,0,0,0x1"
-                                              << "0,,0,0,0";
-    QTest::newRow("damaged") << (damaged + QStringList(a)) << 0 << 0 << 0 << "a" << 2;
-    QTest::newRow("file-is-gone") << QStringList("0,%/gone.mel,0,0,0") << 0 << 0 << 0 << "" << 0;
-    QTest::newRow("nothing") << damaged << 0 << 0 << 0 << "" << 0;
-}
-
-void TestEdCentralWidget::restoringOpensWhatWasCurrent()
-{
-    QFETCH(QStringList, entries);
-    QFETCH(int, activeView);
-    QFETCH(int, indexA);
-    QFETCH(int, indexB);
-    QFETCH(QString, opened);
-    QFETCH(int, cursor);
-    ScratchDir dir;
-    dir.write("a.mel", "abc");
-    dir.write("b.py", "abc");
-    dir.write("c.txt", "abc");
-    EdCentralWidget central;
-    const WorkspaceState state = {entries.replaceInStrings("%", dir.path()), activeView, indexA,
-                                  indexB};
-    central.restore(state);
-    const EdCodeView *view = central.currentCodeView();
-    QCOMPARE(view ? view->fileInfo().baseName() : QString(), opened);
-    QCOMPARE(view ? view->codeEdit()->textCursor().position() : 0, cursor);
-    QCOMPARE(view && view->isBuffer(), opened == "c");
-}
-
-void TestEdCentralWidget::stateAndRestoringAgree()
-{
-    ScratchDir dir;
-    WorkspaceState file;
-    WorkspaceState buffer;
-    {
-        EdCentralWidget central;
-        QVERIFY(central.state() == WorkspaceState());
-        central.openFile(dir.write("a.mel", "abc"));
-        central.currentCodeView()->setCursorPosition(2);
-        file = central.state();
-        central.newPythonBuffer();
-        central.replace("x\ny");
-        central.saveBuffers();
-        buffer = central.state();
-    }
-    QCOMPARE(file.openTabs, QStringList("0," + dir.file("a.mel") + ",2,0,0"));
-    QCOMPARE(buffer.openTabs,
-             QStringList("0," + m_buffers->path() + "/corvaneEditorBuffer-0.py,3,0,1,Python"));
-    EdCentralWidget central;
-    central.resize(400, 300);
-    central.show();
-    QSignalSpy created(&central, SIGNAL(bufferCreated(int, QString, QFileInfo)));
-    central.restore(buffer);
-    QVERIFY(central.state() == buffer);
-    QCOMPARE(central.currentCodeView()->text(), QString("x\ny"));
-    QCOMPARE(created.first().at(1).toString(), QString("Python"));
 }
 
 CORVANE_TEST_MAIN(TestEdCentralWidget)

@@ -1,0 +1,260 @@
+// SPDX-License-Identifier: MIT
+// What survives a restart of the program.
+#include "preferences/preferences.h"
+#include "tests/support/modalanswer.h"
+#include "tests/support/scratchdir.h"
+#include "tests/support/testmain.h"
+#include "workspace/edcentralwidget.h"
+#include "workspace/edcodeview.h"
+#include "editor/edcodeedit.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QSignalSpy>
+
+#include <memory>
+
+class TestEdCentralWidgetState : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup() { m_buffers.reset(); }
+
+    void restoringOpensWhatWasCurrent_data();
+    void restoringOpensWhatWasCurrent();
+    void stateAndRestoringAgree();
+    void entriesWaitUntilTheyAreOpened();
+    void filesOfTheUserAreNoBuffers();
+    void restoringShowsNoBox();
+    void savingBuffersLeavesFilesAlone();
+    void buffersAreSavedAfterAPause();
+    void failedSavingAfterAPauseIsToldOnce();
+
+private:
+    std::unique_ptr<ScratchDir> m_buffers;
+};
+
+void TestEdCentralWidgetState::init()
+{
+    preferences() = Preferences();
+    m_buffers = std::make_unique<ScratchDir>();
+    EdCodeView::setBufferDirectory(QDir(m_buffers->path()));
+}
+
+void TestEdCentralWidgetState::restoringOpensWhatWasCurrent_data()
+{
+    QTest::addColumn<QStringList>("entries"); // "%" is the directory
+    QTest::addColumn<int>("activeView");
+    QTest::addColumn<int>("indexA");
+    QTest::addColumn<int>("indexB");
+    QTest::addColumn<QString>("opened");
+    QTest::addColumn<int>("cursor");
+
+    const QString a = "0,%/a.mel,2,0,0";
+    const QString b = "0,%/b.py,9999,9999,0";
+    const QString c = "1,%/c.txt,-7,-7,1,A label";
+    const QStringList all = QStringList() << a << b << c;
+    QTest::newRow("first") << all << 0 << 0 << 0 << "a" << 2;
+    QTest::newRow("second") << all << 0 << 1 << 0 << "b" << 3;
+    QTest::newRow("other-pane") << all << 1 << 0 << 0 << "c" << 0;
+    QTest::newRow("single-pane-list") << all << 1 << -1 << 1 << "b" << 3;
+    QTest::newRow("index-too-large") << all << 0 << 99 << 0 << "b" << 3;
+    QTest::newRow("index-too-small") << all << 0 << -9 << 0 << "a" << 2;
+    QTest::newRow("pane-too-large") << all << 7 << 0 << 0 << "a" << 2;
+    QTest::newRow("pane-too-small") << all << -7 << 0 << 0 << "a" << 2;
+    const QStringList damaged = QStringList() << ""
+                                              << "0"
+                                              << ",,,,"
+                                              << "x,%/b.py,0,0,0"
+                                              << "0,%/b.py,0,0"
+                                              << "0,%/b.py,x,0,0"
+                                              << "0,%/b.py,0,,0"
+                                              << "0,%/b.py,0,0,1"
+                                              << "0,%/b.py,0,0,0x1"
+                                              << "0,,0,0,0";
+    QTest::newRow("damaged") << (damaged + QStringList(a)) << 0 << 0 << 0 << "a" << 2;
+    QTest::newRow("file-is-gone") << QStringList("0,%/gone.mel,0,0,0") << 0 << 0 << 0 << "" << 0;
+    QTest::newRow("comma-in-path")
+        << QStringList("0,%/d,1,2.mel,2,0,0") << 0 << 0 << 0 << "d,1,2" << 2;
+    QTest::newRow("comma-in-label")
+        << QStringList("1,%/c.txt,1,0,1,A label, 2,0,1") << 1 << 0 << 0 << "c" << 1;
+    QTest::newRow("number-as-label") << QStringList("1,%/c.txt,1,3,1,0") << 1 << 0 << 0 << "c" << 1;
+    QTest::newRow("nothing") << damaged << 0 << 0 << 0 << "" << 0;
+}
+
+void TestEdCentralWidgetState::restoringOpensWhatWasCurrent()
+{
+    QFETCH(QStringList, entries);
+    QFETCH(int, activeView);
+    QFETCH(int, indexA);
+    QFETCH(int, indexB);
+    QFETCH(QString, opened);
+    QFETCH(int, cursor);
+    ScratchDir dir;
+    dir.write("a.mel", "abc");
+    dir.write("b.py", "abc");
+    dir.write("c.txt", "abc");
+    dir.write("d,1,2.mel", "abc");
+    EdCodeView::setBufferDirectory(QDir(dir.path()));
+    EdCentralWidget central;
+    const WorkspaceState state = {entries.replaceInStrings("%", dir.path()), activeView, indexA,
+                                  indexB};
+    central.restore(state);
+    const EdCodeView *view = central.currentCodeView();
+    QCOMPARE(view ? view->fileInfo().baseName() : QString(), opened);
+    QCOMPARE(view ? view->codeEdit()->textCursor().position() : 0, cursor);
+    QCOMPARE(view && view->isBuffer(), opened == "c");
+}
+
+void TestEdCentralWidgetState::stateAndRestoringAgree()
+{
+    ScratchDir dir;
+    WorkspaceState file;
+    WorkspaceState buffer;
+    {
+        EdCentralWidget central;
+        QVERIFY(central.state() == WorkspaceState());
+        central.openFile(dir.write("a.mel", "abc"));
+        central.currentCodeView()->setCursorPosition(2);
+        file = central.state();
+        central.newPythonBuffer();
+        central.replace("x\ny");
+        central.saveBuffers();
+        buffer = central.state();
+    }
+    QCOMPARE(file.openTabs, QStringList("0," + dir.file("a.mel") + ",2,0,0"));
+    QCOMPARE(buffer.openTabs,
+             QStringList("0," + m_buffers->path() + "/corvaneEditorBuffer-0.py,3,0,1,Python"));
+    EdCentralWidget central;
+    central.resize(400, 300);
+    central.show();
+    QSignalSpy created(&central, SIGNAL(bufferCreated(int, QString, QFileInfo)));
+    central.restore(buffer);
+    QVERIFY(central.state() == buffer);
+    QCOMPARE(central.currentCodeView()->text(), QString("x\ny"));
+    QCOMPARE(created.first().at(1).toString(), QString("Python"));
+}
+
+void TestEdCentralWidgetState::entriesWaitUntilTheyAreOpened()
+{
+    ScratchDir dir;
+    const QString a = "0," + dir.write("a.mel", "abc") + ",1,0,0";
+    const QString gone = "0," + dir.file("gone.mel") + ",2,0,0";
+    const QString c = "1," + m_buffers->write("c.py", "abc") + ",3,0,1,Label";
+    const QString lost = "0," + m_buffers->file("lost.mel") + ",2,0,1,Label";
+    const WorkspaceState state = {QStringList() << lost << a << "damaged" << gone << c, 0, 0, 0};
+    EdCentralWidget central;
+    QCOMPARE(central.restore(state), QStringList()
+                                         << m_buffers->file("lost.mel") + " cannot be opened again."
+                                         << dir.file("gone.mel") + " cannot be opened again.");
+    QCOMPARE(central.state().openTabs, QStringList() << a << gone << c);
+    central.closeActive();
+    QCOMPARE(central.state().openTabs, QStringList() << gone << c);
+
+    dir.write("gone.mel", "");
+    central.openFile(dir.file("gone.mel"));
+    central.saveAs(dir.file("b.mel"));
+    const QString b = "0," + dir.file("b.mel") + ",0,0,0";
+    QCOMPARE(central.state().openTabs, QStringList() << b << c);
+    QVERIFY(QFile::exists(m_buffers->file("c.py")));
+}
+
+void TestEdCentralWidgetState::filesOfTheUserAreNoBuffers()
+{
+    preferences().confirmCloseTemporaryBuffer = false;
+    QDir(m_buffers->path()).mkdir("deeper");
+    ScratchDir dir;
+    const QStringList paths = QStringList() << dir.write("a.mel", "abc")
+                                            << m_buffers->write("deeper/a.mel", "abc");
+    for (const QString &path : paths) {
+        EdCentralWidget central;
+        central.restore({QStringList("0," + path + ",2,0,1,Label"), 0, 0, 0});
+        QVERIFY(!central.currentCodeView()->isBuffer());
+        central.closeActive();
+        QVERIFY(QFile::exists(path));
+    }
+}
+
+void TestEdCentralWidgetState::restoringShowsNoBox()
+{
+    ScratchDir dir;
+    QFile large(dir.write("large.mel", ""));
+    QVERIFY(large.open(QIODevice::ReadWrite) && large.resize(256 * 1024 * 1024 + 1));
+    const QString reason = " cannot be opened again: The file is larger than 256 MB.";
+    const QString entry = "0," + large.fileName() + ",0,0,0";
+    EdCentralWidget central;
+    ModalAnswer answer("OK");
+    QCOMPARE(central.restore({QStringList(entry), 0, 0, 0}),
+             QStringList(large.fileName() + reason));
+    QVERIFY(!answer.wasAsked() && !central.currentCodeView());
+    QCOMPARE(central.state().openTabs, QStringList(entry));
+}
+
+void TestEdCentralWidgetState::savingBuffersLeavesFilesAlone()
+{
+    ScratchDir dir;
+    EdCentralWidget central;
+    central.openFile(dir.write("a.mel", "old"));
+    central.replace("new ");
+    central.saveBuffers();
+    QCOMPARE(dir.read("a.mel"), QByteArray("old"));
+    central.saveAll();
+    QCOMPARE(dir.read("a.mel"), QByteArray("new old"));
+
+    central.newMelBuffer();
+    central.replace("x");
+    central.save();
+    QCOMPARE(m_buffers->read("corvaneEditorBuffer-0.mel"), QByteArray("x"));
+    QVERIFY(central.currentCodeView()->isBuffer());
+
+    QVERIFY(QFile::remove(m_buffers->file("corvaneEditorBuffer-0.mel")));
+    central.saveBuffers();
+    QCOMPARE(m_buffers->read("corvaneEditorBuffer-0.mel"), QByteArray("x"));
+}
+
+void TestEdCentralWidgetState::buffersAreSavedAfterAPause()
+{
+    EdCentralWidget central;
+    central.newMelBuffer();
+    central.replace("x");
+    const QString path = m_buffers->file("corvaneEditorBuffer-0.mel");
+    QElapsedTimer clock;
+    clock.start();
+    while (QFileInfo(path).size() == 0 && clock.elapsed() < 10000)
+        QTest::qWait(20);
+    QCOMPARE(m_buffers->read("corvaneEditorBuffer-0.mel"), QByteArray("x"));
+    QVERIFY(!central.hasUnsavedContent());
+
+    ScratchDir dir;
+    EdCentralWidget files;
+    files.openFile(dir.write("a.mel", "old"));
+    files.replace("new");
+    QVERIFY(QMetaObject::invokeMethod(&files, "autosave"));
+    QCOMPARE(dir.read("a.mel"), QByteArray("old"));
+}
+
+void TestEdCentralWidgetState::failedSavingAfterAPauseIsToldOnce()
+{
+    EdCentralWidget central;
+    central.newMelBuffer();
+    central.replace("x");
+    const QString path = m_buffers->file("corvaneEditorBuffer-0.mel");
+    QVERIFY(QFile::remove(path) && QDir().mkdir(path));
+    QSignalSpy failed(&central, SIGNAL(autosaveFailed(QString)));
+    ModalAnswer answer("OK");
+    for (int pause = 0; pause < 3; ++pause)
+        QVERIFY(QMetaObject::invokeMethod(&central, "autosave"));
+    QVERIFY(!answer.wasAsked());
+    QCOMPARE(int(failed.size()), 1);
+    QCOMPARE(failed.first().first().toString(),
+             QString("The buffer MEL is not saved: This is not a regular file."));
+    QVERIFY(QDir().rmdir(path));
+    QVERIFY(QMetaObject::invokeMethod(&central, "autosave"));
+    QCOMPARE(m_buffers->read("corvaneEditorBuffer-0.mel"), QByteArray("x"));
+}
+
+CORVANE_TEST_MAIN(TestEdCentralWidgetState)
+#include "tst_edcentralwidgetstate.moc"
