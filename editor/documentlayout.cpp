@@ -4,9 +4,21 @@
 #include <QTextDocument>
 #include <QTextLayout>
 
+#include <algorithm>
+
 DocumentLayout::DocumentLayout(QTextDocument *document)
     : QPlainTextDocumentLayout(document), m_blockCount(document->blockCount())
 {
+    connect(document, SIGNAL(contentsChange(int, int, int)), SLOT(noteEdit(int, int, int)));
+}
+
+// Told before the layout is, and without what highlighting adds. As many blocks as before and no
+// line break among what was added: then none was removed either.
+void DocumentLayout::noteEdit(int from, int, int charsAdded)
+{
+    const QTextBlock block = document()->findBlock(from);
+    m_keepsLines = document()->blockCount() == m_blockCount &&
+                   from + charsAdded < block.position() + block.length();
 }
 
 // Qt takes the sum of both numbers for the length of what changed. Highlighting a block reports all
@@ -14,11 +26,16 @@ DocumentLayout::DocumentLayout(QTextDocument *document)
 // several have, the whole page is painted.
 void DocumentLayout::documentChanged(int from, int charsRemoved, int charsAdded)
 {
-    const bool isOneBlock = staysInBlock(from, charsAdded);
+    const bool isOneBlock =
+        m_keepsLines && document()->findBlock(from).contains(from + std::max(charsAdded, 1) - 1);
+    m_keepsLines = true; // as highlighting by itself does
     m_blockCount = document()->blockCount();
     if (isOneBlock)
         keepGlyphs(document()->findBlock(from));
-    QPlainTextDocumentLayout::documentChanged(from, isOneBlock ? 0 : charsRemoved, charsAdded);
+    // A sum of 0 would be that of a change which ends before it begins.
+    const int removedForQt = charsAdded > 0 ? 0 : 1;
+    QPlainTextDocumentLayout::documentChanged(from, isOneBlock ? removedForQt : charsRemoved,
+                                              charsAdded);
 }
 
 // Without them each step of a key, from placing the caret to painting it, shapes the line anew.
@@ -32,10 +49,4 @@ void DocumentLayout::keepGlyphs(const QTextBlock &block)
         former.layout()->setCacheEnabled(false);
     block.layout()->setCacheEnabled(true);
     m_editedLine = block.blockNumber();
-}
-
-bool DocumentLayout::staysInBlock(int from, int charsAdded) const
-{
-    return document()->blockCount() == m_blockCount &&
-           document()->findBlock(from).contains(from + charsAdded - 1);
 }

@@ -16,11 +16,13 @@ public:
 protected:
     void documentChanged(int from, int charsRemoved, int charsAdded) override;
 
-private:
-    bool staysInBlock(int from, int charsAdded) const;
+private slots:
+    void noteEdit(int from, int charsRemoved, int charsAdded);
 
+private:
     void keepGlyphs(const QTextBlock &block);
 
-    int m_blockCount;      // as of the last change
-    int m_editedLine = -1; // 0-based, the last one that was changed by itself
+    int m_blockCount;         // as of the last change
+    bool m_keepsLines = true; // the edit at hand breaks and joins no lines
+    int m_editedLine = -1;    // 0-based, the last one that was changed by itself
 };
