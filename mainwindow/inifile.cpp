@@ -193,3 +193,14 @@ QString writeIniFile(const QString &path, const std::function<void(QSettings &)>
     QString reason;
     return writeFileSafely(path, changed, &reason) ? QString() : reason;
 }
+
+QString keepLaterVersion(const QString &path)
+{
+    const QString name = path + QLatin1String(".later-version");
+    const QString file = QFileInfo(path).fileName();
+    if (!QFileInfo(name).exists() && !QFile::copy(path, name))
+        return translated("%1 is of a later version; what is not known of it will be lost.")
+            .arg(file);
+    return translated("%1 is of a later version; what is not known of it is kept in %2.")
+        .arg(file, QFileInfo(name).fileName());
+}

@@ -18,3 +18,7 @@ QString readIniFile(const QString &path, const std::function<void(QSettings &)> 
 // old ones; it is not touched when they are the same. Returns the reason of a failure, else an
 // empty text.
 QString writeIniFile(const QString &path, const std::function<void(QSettings &)> &set);
+
+// Keeps a copy of a file that a later version of the editor has written as "NAME.later-version",
+// unless there is one. Returns what the user should be told, a sentence.
+QString keepLaterVersion(const QString &path);

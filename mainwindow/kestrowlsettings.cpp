@@ -46,7 +46,12 @@ void Kestrowl::readSettings()
         readPreferences(settings);
         documents = readWorkspaceState(settings);
     }));
-    warnOf(readIniFile(colorsPath(), readColors));
+    bool isKnownVersion = true;
+    warnOf(readIniFile(colorsPath(), [&isKnownVersion](QSettings &settings) {
+        isKnownVersion = readColors(settings);
+    }));
+    if (!isKnownVersion)
+        warnOf(keepLaterVersion(colorsPath()));
     applyToggles();
     updatePreferences();
     for (const QString &problem : m_central->restore(documents))

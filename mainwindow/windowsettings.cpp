@@ -131,12 +131,13 @@ void writeWorkspaceState(QSettings &settings, const WorkspaceState &state)
     settings.endGroup();
 }
 
-void readColors(QSettings &settings)
+bool readColors(QSettings &settings)
 {
     settings.beginGroup(QLatin1String("colors"));
     const int version = numberOf(settings, "version", textFormatListVersion, 0, anyNumber);
     readTextFormatList(settings.value(QLatin1String("format")).toStringList(), version);
     settings.endGroup();
+    return version <= textFormatListVersion;
 }
 
 void writeColors(QSettings &settings)

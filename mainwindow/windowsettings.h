@@ -41,6 +41,7 @@ void writeWindowSettings(QSettings &settings, const WindowSettings &window);
 WorkspaceState readWorkspaceState(QSettings &settings);
 void writeWorkspaceState(QSettings &settings, const WorkspaceState &state);
 
-// The text formats, which have a file of their own.
-void readColors(QSettings &settings);
+// The text formats, which have a file of their own. Reading returns false for one of a later
+// version of the editor, of which writing would lose something.
+bool readColors(QSettings &settings);
 void writeColors(QSettings &settings);

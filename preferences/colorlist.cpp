@@ -69,6 +69,14 @@ ColorSet suitingSet(const QStringList &list)
     return isLight ? ColorSet::Light : ColorSet::Dark;
 }
 
+// Where a list has the category. One of a later version has more of the editor's, in front of those
+// of the output.
+int placeInList(int index, const QStringList &list, int version)
+{
+    const int added = version > textFormatListVersion ? qMax(int(list.size()) - textCount, 0) : 0;
+    return index < editorTextCount ? index : index + added;
+}
+
 } // namespace
 
 QStringList textFormatList()
@@ -81,8 +89,7 @@ QStringList textFormatList()
 
 void readTextFormatList(const QStringList &list, int version)
 {
-    const QStringList known = version > textFormatListVersion ? QStringList() : list;
-    useColorSet(suitingSet(known));
+    useColorSet(suitingSet(list));
     for (int i = 0; i < textCount; ++i)
-        readEntry(known.value(i), needsColors(i), &textFormats()[i]);
+        readEntry(list.value(placeInList(i, list, version)), needsColors(i), &textFormats()[i]);
 }

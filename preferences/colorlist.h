@@ -18,6 +18,6 @@ QStringList textFormatList();
 
 // Sets all current formats. What the list does not have or has damaged takes its format from the
 // built-in set that suits the list's plain text, so that an incomplete list is readable too; what
-// it has beyond the last category is left out. A list of a later version is not known: it counts as
-// empty, while one from before there were versions is read as the first.
+// it has beyond the last category is left out. Of a list of a later version the entries that can be
+// read are; one from before there were versions is read as the first.
 void readTextFormatList(const QStringList &list, int version);

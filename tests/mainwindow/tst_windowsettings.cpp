@@ -143,6 +143,7 @@ private slots:
     void aWindowOffEveryScreenComesBack();
     void togglesAndToolBarsComeBack();
     void colorsComeBack();
+    void colorsOfALaterVersionAreKept();
     void buffersComeBack();
     void filesComeBack();
     void filesComeBackFromOddNumbers();
@@ -341,6 +342,20 @@ void WindowSettingsTest::colorsComeBack()
     QCOMPARE(textFormatList(), light);
     QCOMPARE(runs.window().outputView()->palette().color(QPalette::Base),
              textFormat(OutputText::Plain).background);
+}
+
+void WindowSettingsTest::colorsOfALaterVersionAreKept()
+{
+    Runs runs;
+    const QByteArray later = "[colors]\nversion=2\nformat=#aabbcc #000000\nother=1\n";
+    runs.dir().write(colorsName, later);
+    runs.restart();
+    QCOMPARE(textFormatList().first(), QString("#aabbcc #000000"));
+    QVERIFY(runs.window().statusBar()->currentMessage().contains("later-version"));
+    runs.window().writeSettings();
+    QCOMPARE(runs.dir().read("corvaneEditorColors.ini.later-version"), later);
+    runs.restart();
+    QCOMPARE(runs.window().statusBar()->currentMessage(), QString());
 }
 
 void WindowSettingsTest::buffersComeBack()
