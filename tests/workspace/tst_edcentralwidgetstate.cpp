@@ -145,11 +145,11 @@ void TestEdCentralWidgetState::entriesWaitUntilTheyAreOpened()
     const QString gone = "0," + dir.file("gone.mel") + ",2,0,0";
     const QString c = "1," + m_buffers->write("c.py", "abc") + ",3,0,1,Label";
     const QString lost = "0," + m_buffers->file("lost.mel") + ",2,0,1,Label";
-    const WorkspaceState state = {QStringList() << lost << a << "damaged" << gone << c, 0, 0, 0};
+    const WorkspaceState state = {QStringList() << lost << a << "damaged" << gone << c, 0, 1, 0};
     EdCentralWidget central;
-    QCOMPARE(central.restore(state), QStringList()
-                                         << m_buffers->file("lost.mel") + " cannot be opened again."
-                                         << dir.file("gone.mel") + " cannot be opened again.");
+    QCOMPARE(central.restore(state),
+             QStringList() << dir.file("gone.mel") + " cannot be opened again."
+                           << m_buffers->file("lost.mel") + " cannot be opened again.");
     QCOMPARE(central.state().openTabs, QStringList() << a << gone << c);
     central.closeActive();
     QCOMPARE(central.state().openTabs, QStringList() << gone << c);
