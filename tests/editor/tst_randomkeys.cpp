@@ -83,6 +83,20 @@ bool areInside(const DiagnosticMarks &marks, const EdCodeEdit &edit)
     return true;
 }
 
+// The first page, with nothing marked on it.
+QImage pictureOf(EdCodeEdit &edit)
+{
+    edit.setCursorSelection(0, 0);
+    edit.scrollToTop();
+    // Qt shows it for lines that have become shorter, too.
+    edit.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    QCoreApplication::processEvents();
+    QImage image(edit.viewport()->size(), QImage::Format_RGB32);
+    edit.viewport()->render(&image);
+    // The current line's mark ends by the longest line there ever was.
+    return image.copy(0, 0, image.width() - 8, image.height());
+}
+
 // Empty when both documents' blocks are known alike.
 QString difference(const EdCodeEdit &a, const EdCodeEdit &b)
 {
@@ -124,6 +138,10 @@ void TestRandomKeys::anythingTypedCanBeUndone_data()
     QTest::newRow("python") << int(PythonLanguage) << QString(pythonText) << false;
     QTest::newRow("python-tabs") << int(PythonLanguage) << QString(pythonText) << true;
     QTest::newRow("text") << int(TextLanguage) << QString(melText) << false;
+    // Wrapped, in a narrow view.
+    const QString longLines =
+        QString(pythonText).replace(QLatin1Char('\n'), QLatin1String(" more "));
+    QTest::newRow("wrapped") << int(PythonLanguage) << longLines << false;
 }
 
 void TestRandomKeys::anythingTypedCanBeUndone()
@@ -132,6 +150,7 @@ void TestRandomKeys::anythingTypedCanBeUndone()
     QFETCH(QString, text);
     QFETCH(bool, tabs);
     std::mt19937 dice(unsigned(language) * 2 + tabs);
+    preferences().wordWrapEnabled = text.count(QLatin1Char('\n')) == 0;
     for (int round = 0; round < 12; ++round) {
         EdCodeEdit edit;
         edit.resize(400, 200);
@@ -146,16 +165,22 @@ void TestRandomKeys::anythingTypedCanBeUndone()
         for (int i = 0; i < 150; ++i) {
             press(edit, dice() % (sizeof strokes / sizeof *strokes));
             QVERIFY(areInside(edit.warnings(), edit));
+            if (i % 8 == 0)
+                QCoreApplication::processEvents(); // paints
         }
         edit.insertPlainText("."); // so that nothing undone is left to be done again
         const QString typed = edit.text();
         EdCodeEdit fresh;
+        fresh.resize(edit.size());
+        fresh.show();
         fresh.setLanguage(language);
         fresh.setText(typed);
         if (language != TextLanguage) {
             edit.highlighter()->finish();
             QCOMPARE(difference(edit, fresh), QString());
         }
+        edit.clearDiagnostics();
+        QCOMPARE(pictureOf(edit), pictureOf(fresh));
         while (edit.document()->isUndoAvailable())
             edit.undo();
         QCOMPARE(edit.text(), text);
