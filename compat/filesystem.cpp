@@ -3,13 +3,16 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QList>
+#include <QMap>
 
 #include <cerrno>
 #include <filesystem>
+#include <optional>
 #include <system_error>
+#include <vector>
 
 #ifdef Q_OS_UNIX
+#include <csignal>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -17,6 +20,7 @@
 #include <io.h>
 #endif
 #ifdef Q_OS_LINUX
+#include <sys/syscall.h>
 #include <sys/xattr.h>
 #endif
 
@@ -53,37 +57,48 @@ QString qtPath(const std::filesystem::path &path)
 }
 
 #ifdef Q_OS_LINUX
-const int mostAttributeBytes = 0xFFFF; // of a value, and of all names
+using Attributes = QMap<QByteArray, QByteArray>;
 
-QList<QByteArray> attributesOf(int file)
-{
-    QByteArray names(mostAttributeBytes, 0);
-    // Each ends in a null character. A negative size: this file system has none.
-    names.resize(int(qMax<ssize_t>(0, flistxattr(file, names.data(), size_t(names.size())))));
-    return names.split('\0');
-}
+const size_t mostAttributeBytes = 0x10000; // of a value, and of all names
 
-// Null when the file has no such attribute.
-QByteArray attribute(int file, const QByteArray &name)
+// Nothing when some cannot be read. Not all file systems have attributes, and one may be removed
+// meanwhile.
+std::optional<Attributes> attributesOf(int file)
 {
-    QByteArray value(mostAttributeBytes, 0);
-    const ssize_t size = fgetxattr(file, name.constData(), value.data(), size_t(value.size()));
-    return size < 0 ? QByteArray() : value.left(int(size));
+    std::vector<char> names(mostAttributeBytes);
+    std::vector<char> value(mostAttributeBytes);
+    const ssize_t namesSize = flistxattr(file, names.data(), names.size());
+    if (namesSize < 0 && errno != ENOTSUP)
+        return std::nullopt;
+    Attributes attributes;
+    for (ssize_t at = 0; at < namesSize;) {
+        const QByteArray name(names.data() + at);
+        at += name.size() + 1;
+        const ssize_t size = fgetxattr(file, name.constData(), value.data(), value.size());
+        if (size >= 0)
+            attributes.insert(name, QByteArray(value.data(), int(size)));
+        else if (errno != ENODATA && errno != ENOTSUP)
+            return std::nullopt;
+    }
+    return attributes;
 }
 
 // Attributes hold access lists as well, and a new file may have inherited one. Those that both have
 // need not be set, such as labels that only the system may set.
 bool copyAttributes(int file, int model)
 {
-    for (const QByteArray &name : attributesOf(model)) {
-        const QByteArray value = attribute(model, name);
-        if (value != attribute(file, name) &&
+    const std::optional<Attributes> own = attributesOf(file);
+    const std::optional<Attributes> wanted = attributesOf(model);
+    if (!own || !wanted)
+        return false;
+    for (const QByteArray &name : wanted->keys()) {
+        const QByteArray value = wanted->value(name);
+        if ((!own->contains(name) || own->value(name) != value) &&
             fsetxattr(file, name.constData(), value.constData(), size_t(value.size()), 0) != 0)
             return false;
     }
-    for (const QByteArray &name : attributesOf(file)) {
-        if (attribute(model, name).isNull() && !attribute(file, name).isNull() &&
-            fremovexattr(file, name.constData()) != 0)
+    for (const QByteArray &name : own->keys()) {
+        if (!wanted->contains(name) && fremovexattr(file, name.constData()) != 0)
             return false;
     }
     return true;
@@ -110,21 +125,25 @@ void flushFolder(const QString &path)
 
 } // namespace
 
-bool createFile(const QString &path, QString *errorMessage)
+bool createFile(QFile *file, const QString &path, Access access, QString *errorMessage)
 {
+    const QIODevice::OpenMode readAndWrite = QIODevice::ReadWrite | QIODevice::Unbuffered;
 #ifdef Q_OS_UNIX
-    const mode_t readAndWrite = 0666; // less what the user's mask takes away
-    const int file = ::open(QFile::encodeName(path).constData(),
-                            O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, readAndWrite);
-    if (file >= 0)
-        return ::close(file) == 0;
+    // Less what the user's mask takes away. That may be all, so the file is not opened by its name
+    // again.
+    const mode_t mode = access == Access::UserOnly ? 0600 : 0666;
+    const int handle =
+        ::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+    if (handle >= 0)
+        return file->open(handle, readAndWrite, QFile::AutoCloseHandle);
     *errorMessage = messageOf(lastError());
     return false;
 #else
-    QFile file(path);
-    const bool created = !file.exists() && file.open(QIODevice::WriteOnly);
+    Q_UNUSED(access); // folders decide
+    file->setFileName(path);
+    const bool created = !file->exists() && file->open(readAndWrite);
     if (!created)
-        *errorMessage = file.errorString();
+        *errorMessage = file->errorString();
     return created;
 #endif
 }
@@ -198,6 +217,40 @@ bool replaceFile(const QString &path, const QString &by, QString *errorMessage)
     flushFolder(QFileInfo(path).path());
 #endif
     return true;
+}
+
+bool renameFile(const QString &path, const QString &newPath)
+{
+#ifdef Q_OS_UNIX
+    const QByteArray from = QFile::encodeName(path);
+    const QByteArray to = QFile::encodeName(newPath);
+#ifdef SYS_renameat2
+    const unsigned noReplacing = 1;
+    if (syscall(SYS_renameat2, AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), noReplacing) ==
+        0)
+        return true;
+    if (errno != ENOSYS && errno != EINVAL) // old systems and some file systems do not have it
+        return false;
+#endif
+    if (linkat(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), 0) == 0)
+        return unlink(from.constData()) == 0;
+    if (errno == EEXIST)
+        return false;
+#endif
+    return QFile::rename(path, newPath);
+}
+
+bool isRunning(qint64 process)
+{
+#ifdef Q_OS_UNIX
+    const pid_t number = static_cast<pid_t>(process);
+    if (number != process)
+        return false;
+    return number <= 0 || kill(number, 0) == 0 || errno != ESRCH;
+#else
+    Q_UNUSED(process);
+    return true; // to be on the safe side
+#endif
 }
 
 } // namespace compat

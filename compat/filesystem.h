@@ -9,9 +9,12 @@ class QFile;
 // has no such notion (owners, hard links), the functions say so and succeed.
 namespace compat {
 
-// Creates an empty file with the permissions of any new file. Fails where there is something of
-// that name.
-bool createFile(const QString &path, QString *errorMessage);
+// The permissions of a new file: those of any other, or such that nobody else reads it.
+enum class Access { Ordinary, UserOnly };
+
+// Creates an empty file and opens it, unbuffered. Fails where there is something of that name. The
+// open file does not know its name.
+bool createFile(QFile *file, const QString &path, Access access, QString *errorMessage);
 
 // Where a symbolic link leads, one step; empty for anything else. ".." in it is left to the system,
 // which knows what it is in a linked folder.
@@ -24,7 +27,7 @@ bool isSameFile(const QString &path, const QString &other);
 bool hasOtherNames(const QFile &file);
 
 // Gives the one open file the owner, the permissions and the attributes of the other; false when
-// some of them cannot be given.
+// some of them cannot be given. Writing to the file may take some of them off again.
 bool takeAfter(const QFile &file, const QFile &model);
 
 // Waits until the disk has what was written to the open file; some failures show only then.
@@ -32,5 +35,11 @@ bool flushToDisk(const QFile &file, QString *errorMessage);
 
 // Moves the file `by` to `path` in one step, whether or not there is a file already.
 bool replaceFile(const QString &path, const QString &by, QString *errorMessage);
+
+// Renames a file or a link; never in the place of another, even one that appears meanwhile.
+bool renameFile(const QString &path, const QString &newPath);
+
+// Whether a process of this number may be at work.
+bool isRunning(qint64 process);
 
 } // namespace compat

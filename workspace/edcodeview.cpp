@@ -49,12 +49,21 @@ QString bufferFileName(int number, int language)
         .arg(QString::number(number), QLatin1String(suffix));
 }
 
+// Not a path, which would lead into another folder.
+bool isFileName(const QString &name)
+{
+    return !name.isEmpty() && name != QLatin1String(".") && name != QLatin1String("..") &&
+           name == QFileInfo(name).fileName();
+}
+
 // Another program may take the name meanwhile. Where no file can be created the name is claimed
 // all the same, and writing to it tells why.
 bool isClaimed(const QString &path)
 {
+    QFile file;
     QString ignored;
-    return compat::createFile(path, &ignored) || !QFileInfo(path).exists();
+    return compat::createFile(&file, path, compat::Access::Ordinary, &ignored) ||
+           !QFileInfo(path).exists();
 }
 
 // Not while a message is shown.
@@ -320,15 +329,20 @@ void EdCodeView::rename(const QString &newName)
 {
     if (m_isBuffer || newName == m_fileInfo.fileName())
         return;
+    if (!isFileName(newName)) {
+        QMessageBox::warning(this, tr("Error"),
+                             tr("\"%1\" cannot be the name of a file.").arg(newName));
+        return;
+    }
     const QString oldPath = m_fileInfo.absoluteFilePath();
     const QFileInfo target(QString::fromLatin1("%1/%2").arg(m_fileInfo.absolutePath(), newName));
     const QString newPath = target.absoluteFilePath();
-    // QFile::rename() would refuse as well, but not say why.
+    // Renaming would refuse as well, but not say why.
     if (target.exists()) {
         QMessageBox::warning(this, tr("Error"), tr("File already exists:\n%1").arg(newPath));
         return;
     }
-    if (!QFile::rename(oldPath, newPath))
+    if (!compat::renameFile(oldPath, newPath))
         return;
     m_fileInfo = QFileInfo(newPath);
     updateLanguage();

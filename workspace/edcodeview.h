@@ -93,8 +93,8 @@ public slots:
     // Makes the document that file's.
     void saveAs(const QString &path);
     // Renames the file on disk, inside its directory, and with it the language; changes stay
-    // unsaved. A name that is taken is reported to the user; after other failures nothing is
-    // changed. Buffers are left alone.
+    // unsaved. A name that is taken, or none, is reported to the user; after other failures nothing
+    // is changed. Buffers are left alone.
     void rename(const QString &newName);
     void undo();
     void redo();

@@ -5,9 +5,12 @@
 
 #include <QByteArray>
 #include <QCoreApplication>
+#include <QDateTime>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QString>
+#include <QStringList>
 
 namespace {
 
@@ -36,21 +39,46 @@ QString linkEnd(const QString &path)
     return QString();
 }
 
-// Creates an empty file beside another. Empty when that cannot be done.
-QString createBeside(const QString &path, QString *errorMessage)
+// Creates a file with a name that begins so and has this process's number. Returns its path, or
+// nothing when that cannot be done.
+QString createNumbered(const QString &start, compat::Access access, QFile *file,
+                       QString *errorMessage)
 {
     // Not by arg(): a folder may have "%1" in its name.
-    const QString start = QFileInfo(path).path() + QLatin1String("/.corvaneEditor-") +
-                          QString::number(QCoreApplication::applicationPid()) + QLatin1Char('-');
+    const QString numbered = start + QLatin1Char('-') +
+                             QString::number(QCoreApplication::applicationPid()) + QLatin1Char('-');
     const int mostLeftovers = 100; // of programs that were killed and had the same number
     for (int i = 0; i < mostLeftovers; ++i) {
-        const QString candidate = start + QString::number(i) + QLatin1String(".tmp");
-        if (compat::createFile(candidate, errorMessage))
+        const QString candidate = numbered + QString::number(i) + QLatin1String(".tmp");
+        if (compat::createFile(file, candidate, access, errorMessage))
             return candidate;
         if (!QFile::exists(candidate))
             break;
     }
     return QString();
+}
+
+// Of programs that were killed while they saved. A folder may be shared with other computers, whose
+// processes are not known here; hence the hour.
+void removeLeftovers(const QDir &folder)
+{
+    const int hour = 3600; // s
+    const QStringList pattern(QLatin1String(".corvaneEditor-*-*.tmp"));
+    const QDir::Filters filters = QDir::Files | QDir::Hidden | QDir::NoSymLinks;
+    const QDateTime now = QDateTime::currentDateTime();
+    for (const QFileInfo &leftover : folder.entryInfoList(pattern, filters)) {
+        const qint64 process = leftover.fileName().section(QLatin1Char('-'), 1, 1).toLongLong();
+        if (leftover.lastModified().secsTo(now) > hour && !compat::isRunning(process))
+            QFile::remove(leftover.absoluteFilePath());
+    }
+}
+
+QString createBeside(const QString &path, QFile *file, QString *errorMessage)
+{
+    const QString folder = QFileInfo(path).path();
+    removeLeftovers(QDir(folder));
+    return createNumbered(folder + QLatin1String("/.corvaneEditor"), compat::Access::Ordinary, file,
+                          errorMessage);
 }
 
 // A short write sets no error; the next one does.
@@ -84,6 +112,20 @@ bool finish(QFile *file, qint64 size, QString *errorMessage)
     return false;
 }
 
+// The file that will take the old one's place, if there is one.
+Replacement fill(QFile *fresh, const QFile &old, const QByteArray &bytes, QString *errorMessage)
+{
+    // Before the writing, so that nobody else can read the text; and after it, since it takes
+    // permissions off that programs run with.
+    if (old.isOpen() && !compat::takeAfter(*fresh, old))
+        return Replacement::Impossible;
+    if (!writeAll(fresh, bytes, 0, errorMessage))
+        return Replacement::Failed;
+    if (old.isOpen() && !compat::takeAfter(*fresh, old))
+        return Replacement::Impossible;
+    return finish(fresh, bytes.size(), errorMessage) ? Replacement::Done : Replacement::Failed;
+}
+
 // Leaves a file that it did not replace as it was, and nothing beside it.
 Replacement replace(const QString &path, const QByteArray &bytes, QString *errorMessage)
 {
@@ -94,24 +136,36 @@ Replacement replace(const QString &path, const QByteArray &bytes, QString *error
     }
     if (old.isOpen() && compat::hasOtherNames(old))
         return Replacement::Impossible;
-    QFile fresh(createBeside(path, errorMessage));
-    if (fresh.fileName().isEmpty())
+    QFile fresh;
+    const QString name = createBeside(path, &fresh, errorMessage);
+    if (name.isEmpty())
         return Replacement::Impossible;
 
-    Replacement result = Replacement::Impossible;
-    if (!fresh.open(readAndWrite)) {
-        *errorMessage = fresh.errorString();
-    } else if (!old.isOpen() || compat::takeAfter(fresh, old)) {
-        old.close(); // some systems do not replace a file that is open
-        const bool written =
-            writeAll(&fresh, bytes, 0, errorMessage) && finish(&fresh, bytes.size(), errorMessage);
-        if (!written)
-            result = Replacement::Failed;
-        else if (compat::replaceFile(path, fresh.fileName(), errorMessage))
-            return Replacement::Done;
-    }
-    fresh.remove();
+    Replacement result = fill(&fresh, old, bytes, errorMessage);
+    old.close(); // some systems do not replace a file that is open
+    if (result == Replacement::Done && compat::replaceFile(path, name, errorMessage))
+        return result;
+    if (result == Replacement::Done)
+        result = Replacement::Impossible;
+    fresh.close();
+    QFile::remove(name);
     return result;
+}
+
+// A copy of what is about to be written in place, in case that is cut short. Returns its path;
+// empty when there can be none.
+QString createRescue(const QByteArray &bytes)
+{
+    QString ignored; // the file may be written all the same
+    QFile file;
+    const QString path = createNumbered(QDir::tempPath() + QLatin1String("/corvaneEditorRescue"),
+                                        compat::Access::UserOnly, &file, &ignored);
+    if (path.isEmpty() ||
+        (writeAll(&file, bytes, 0, &ignored) && finish(&file, bytes.size(), &ignored)))
+        return path;
+    file.close();
+    QFile::remove(path);
+    return QString();
 }
 
 // Creates a file that is not there.
@@ -124,18 +178,22 @@ bool writeInPlace(const QString &path, const QByteArray &bytes, QString *errorMe
         *errorMessage = file.errorString();
         return false;
     }
+    const QString rescue = createRescue(bytes);
     // What lies beyond the old end comes first: a full disk refuses it before anything is lost.
     const bool written = writeAll(&file, bytes.mid(old.size()), oldSize, errorMessage) &&
                          writeAll(&file, bytes.left(old.size()), 0, errorMessage) &&
                          finish(&file, bytes.size(), errorMessage);
-    if (written)
-        return true;
     QString ignored; // the first failure is the one to report
-    const bool restored = (file.isOpen() || file.open(readAndWrite)) &&
-                          writeAll(&file, old, 0, &ignored) && finish(&file, oldSize, &ignored);
-    if (!restored)
+    const bool intact =
+        written || ((file.isOpen() || file.open(readAndWrite)) &&
+                    writeAll(&file, old, 0, &ignored) && finish(&file, oldSize, &ignored));
+    if (!intact)
         *errorMessage += translated("; its old contents could not be put back");
-    return false;
+    if (!intact && !rescue.isEmpty())
+        *errorMessage += translated("; the new ones are in %1").arg(rescue);
+    else if (!rescue.isEmpty())
+        QFile::remove(rescue);
+    return written;
 }
 
 } // namespace
@@ -151,10 +209,13 @@ bool writeFileSafely(const QString &path, const QByteArray &bytes, QString *erro
     }
     // A name that the locale's encoding does not have reads as another one: only the system can
     // follow such a link.
-    if (target != path && !compat::isSameFile(target, path))
-        return writeInPlace(path, bytes, errorMessage);
-    const Replacement result = replace(target, bytes, errorMessage);
-    if (result != Replacement::Impossible)
-        return result == Replacement::Done;
-    return info.exists() && writeInPlace(target, bytes, errorMessage);
+    const bool isKnown = target == path || compat::isSameFile(target, path);
+    const Replacement result =
+        isKnown ? replace(target, bytes, errorMessage) : Replacement::Impossible;
+    const bool written = result == Replacement::Done ||
+                         (result == Replacement::Impossible && (info.exists() || !isKnown) &&
+                          writeInPlace(path, bytes, errorMessage));
+    if (written)
+        errorMessage->clear(); // of what was tried first
+    return written;
 }

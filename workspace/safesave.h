@@ -10,6 +10,7 @@ class QString;
 // nowhere gets its target.
 //
 // A file that has other names, or cannot be replaced where it is, is written in place, which only
-// a crash of the system or the program can cut short. Only regular files are written. On failure
-// the result is false, errorMessage has the reason, and the old bytes are there.
+// a crash of the system or the program can cut short; meanwhile a file in the folder for temporary
+// ones has the new bytes. Only regular files are written. On failure the result is false,
+// errorMessage has the reason, and the old bytes are there; or it says where the new ones are.
 bool writeFileSafely(const QString &path, const QByteArray &bytes, QString *errorMessage);

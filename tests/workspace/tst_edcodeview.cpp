@@ -52,6 +52,8 @@ private slots:
     void loadingABufferKeepsItOne();
     void bytesSurviveEditingAndUndo();
     void renamingKeepsChangesUnsaved();
+    void onlyNamesAreRenamedTo_data();
+    void onlyNamesAreRenamedTo();
     void languagesBringTheirIndentation();
     void signalsOfTheEditorAreRelayed_data();
     void signalsOfTheEditorAreRelayed();
@@ -381,6 +383,31 @@ void TestEdCodeView::renamingKeepsChangesUnsaved()
     buffer.rename("d.mel");
     QCOMPARE(int(renamed.size()), 0);
     QVERIFY(buffer.fileInfo().exists());
+}
+
+void TestEdCodeView::onlyNamesAreRenamedTo_data()
+{
+    QTest::addColumn<QString>("name");
+
+    QTest::newRow("empty") << "";
+    QTest::newRow("folder") << "folder/b.mel";
+    QTest::newRow("folder-above") << "../b.mel";
+    QTest::newRow("absolute") << "/b.mel";
+    QTest::newRow("this") << ".";
+    QTest::newRow("above") << "..";
+}
+
+void TestEdCodeView::onlyNamesAreRenamedTo()
+{
+    QFETCH(QString, name);
+    EdCodeView *view = newFile("a.mel", "old");
+    QVERIFY(QDir(m_dir->path()).mkdir("folder"));
+    ModalAnswer answer("OK");
+    view->rename(name);
+    QCOMPARE(answer.title(), QString("Error"));
+    QCOMPARE(answer.text(), QString("\"%1\" cannot be the name of a file.").arg(name));
+    QCOMPARE(m_dir->read("a.mel"), QByteArray("old"));
+    QCOMPARE(view->fileInfo().fileName(), QString("a.mel"));
 }
 
 void TestEdCodeView::languagesBringTheirIndentation()

@@ -19,6 +19,7 @@
 #include <sys/wait.h>
 #include <sys/xattr.h>
 #include <unistd.h>
+#include <utime.h>
 
 namespace {
 
@@ -35,6 +36,14 @@ struct stat statusOf(const QString &path)
 bool addName(const QString &path, const QString &name)
 {
     return link(QFile::encodeName(path).constData(), QFile::encodeName(name).constData()) == 0;
+}
+
+// Makes a file the ordinary user's.
+void own(const QString &path)
+{
+    const uid_t user = OrdinaryUser::nobody;
+    if (geteuid() == 0 && chown(QFile::encodeName(path).constData(), user, getegid()) != 0)
+        abort();
 }
 
 // Saves the two texts by turns until it is killed.
@@ -67,6 +76,10 @@ private slots:
     void noSizeLimitLosesTheOldText();
     void noFullDiskLosesTheOldText();
     void permissionsOwnersAndAttributesStay();
+    void rareModesAndAttributesStay();
+    void masksThatTakeAllAwayDoNotMatter();
+    void leftoversOfDeadProgramsGo();
+    void textsThatCannotBePutBackAreRescued();
     void linksLeadToTheSameFile();
     void linksToNamesOutsideTheLocaleAreFollowed();
     void foldersMayHavePatternsInTheirNames();
@@ -193,6 +206,102 @@ void TestSafeSave::permissionsOwnersAndAttributesStay()
     QCOMPARE(namesIn(dir), QStringList() << "a.mel");
 }
 
+void TestSafeSave::rareModesAndAttributesStay()
+{
+    ScratchDir dir;
+    const QString path = dir.write("a.mel", oldText);
+    const QByteArray name = QFile::encodeName(path);
+    const QByteArray longest(0x10000, 'x');
+    if (setxattr(name.constData(), "user.empty", "", 0, 0) != 0)
+        CORVANE_SKIP("no attributes on this file system");
+    const bool isLong = setxattr(name.constData(), "user.long", longest.constData(),
+                                 size_t(longest.size()), 0) == 0;
+    own(path);
+    own(dir.path());
+    QCOMPARE(chmod(name.constData(), 04755), 0);
+    const ino_t before = statusOf(path).st_ino;
+    QString error;
+    {
+        const OrdinaryUser user;
+        QVERIFY2(writeFileSafely(path, newText, &error), qPrintable(error));
+    }
+    QVERIFY(statusOf(path).st_ino != before); // replaced
+    QCOMPARE(int(statusOf(path).st_mode & 07777), 04755);
+    QCOMPARE(int(getxattr(name.constData(), "user.empty", nullptr, 0)), 0);
+    if (isLong)
+        QCOMPARE(int(getxattr(name.constData(), "user.long", nullptr, 0)), int(longest.size()));
+}
+
+void TestSafeSave::masksThatTakeAllAwayDoNotMatter()
+{
+    ScratchDir dir;
+    const QString path = dir.write("a.mel", oldText);
+    own(path);
+    own(dir.path());
+    QCOMPARE(chmod(QFile::encodeName(path).constData(), 0666), 0);
+    const ino_t before = statusOf(path).st_ino;
+    const mode_t mask = umask(0777);
+    QString error;
+    bool written = false;
+    {
+        const OrdinaryUser user;
+        written = writeFileSafely(path, newText, &error);
+    }
+    umask(mask);
+    QVERIFY2(written, qPrintable(error));
+    QCOMPARE(error, QString());
+    QVERIFY(statusOf(path).st_ino != before);
+    QCOMPARE(int(statusOf(path).st_mode & 0777), 0666);
+}
+
+void TestSafeSave::leftoversOfDeadProgramsGo()
+{
+    const pid_t child = fork();
+    if (child == 0)
+        _exit(0);
+    waitpid(child, nullptr, 0);
+    ScratchDir dir;
+    const QString dead = QString(".corvaneEditor-%1-0.tmp").arg(child);
+    const QString young = QString(".corvaneEditor-%1-1.tmp").arg(child);
+    const QString living = QString(".corvaneEditor-%1-0.tmp").arg(getppid());
+    const QStringList names = QStringList() << dead << young << living;
+    for (const QString &name : names) {
+        const QString path = dir.write(qPrintable(name), "x");
+        const utimbuf longAgo = {1000000000, 1000000000};
+        if (name != young)
+            QCOMPARE(utime(QFile::encodeName(path).constData(), &longAgo), 0);
+    }
+    QString error;
+    QVERIFY(writeFileSafely(dir.file("a.mel"), newText, &error));
+    const QStringList left = namesIn(dir);
+    QVERIFY(!left.contains(dead));
+    QVERIFY(left.contains(young) && left.contains(living));
+}
+
+// A disk that filled up behind a file with holes takes neither the new bytes nor the old ones.
+void TestSafeSave::textsThatCannotBePutBackAreRescued()
+{
+    ScratchDir dir;
+    const QByteArray mountPoint = QFile::encodeName(dir.path());
+    if (mount("none", mountPoint.constData(), "tmpfs", 0, "size=128k") != 0)
+        CORVANE_SKIP("no file system can be mounted");
+    const QString path = dir.write("a.mel", "");
+    const bool isReady = QFile::resize(path, newText.size()) && addName(path, dir.file("b.mel"));
+    dir.write("filler", QByteArray(256 * 1024, 'x'));
+    QString error;
+    const bool wasWritten = writeFileSafely(path, newText, &error);
+    umount2(mountPoint.constData(), MNT_DETACH);
+    QVERIFY(isReady && !wasWritten);
+    const QStringList rescues = QDir::temp().entryList(
+        QStringList(QString("corvaneEditorRescue-%1-*").arg(getpid())), QDir::Files);
+    QCOMPARE(int(rescues.size()), 1);
+    QFile rescue(QDir::temp().filePath(rescues.first()));
+    QVERIFY2(error.contains(rescue.fileName()), qPrintable(error));
+    QCOMPARE(int(statusOf(rescue.fileName()).st_mode & 0777), 0600);
+    QVERIFY(rescue.open(QIODevice::ReadOnly) && rescue.readAll() == newText);
+    QVERIFY(rescue.remove());
+}
+
 void TestSafeSave::linksLeadToTheSameFile()
 {
     ScratchDir dir;
@@ -266,6 +375,8 @@ void TestSafeSave::namesOfOneFileStayTogether()
     QCOMPARE(dir.read("b.mel"), newText);
     QVERIFY2(writeFileSafely(path, "short", &error), qPrintable(error));
     QCOMPARE(dir.read("b.mel"), QByteArray("short"));
+    const QStringList rescues(QString("corvaneEditorRescue-%1-*").arg(getpid()));
+    QCOMPARE(QDir::temp().entryList(rescues), QStringList());
 }
 
 void TestSafeSave::foldersThatRefuseFilesAreWrittenInPlace()
