@@ -8,7 +8,7 @@ namespace {
 // What QSettings takes a text for an object by.
 const char *const objectMarks[] = {"@Variant(", "@DateTime("};
 
-const QByteArray utf8Mark("\xef\xbb\xbf");
+const char utf8Mark[] = "\xef\xbb\xbf";
 
 bool isHexDigit(char character)
 {
@@ -21,17 +21,22 @@ bool isOctalDigit(char character)
     return character >= '0' && character <= '7';
 }
 
+int digitValue(char digit)
+{
+    return digit <= '9' ? digit - '0' : (digit | 0x20) - 'a' + 10;
+}
+
 // The character that the digits at `*position` stand for, any number of them; moves behind them.
 // QSettings counts the lower 16 bits. Beyond ASCII nothing matters here: that is 0.
 char codedCharacter(const QByteArray &bytes, int base, int *position)
 {
-    const int start = *position;
-    while (*position < bytes.size() &&
-           (base == 16 ? isHexDigit(bytes.at(*position)) : isOctalDigit(bytes.at(*position))))
-        ++*position;
-    // Four hexadecimal or six octal digits hold these bits; more would not fit into a number.
-    const int digits = qMin(*position - start, base == 16 ? 4 : 6);
-    const int value = bytes.mid(*position - digits, digits).toInt(nullptr, base) & 0xffff;
+    int value = 0;
+    for (; *position < bytes.size(); ++*position) {
+        const char digit = bytes.at(*position);
+        if (!(base == 16 ? isHexDigit(digit) : isOctalDigit(digit)))
+            break;
+        value = (value * base + digitValue(digit)) & 0xffff;
+    }
     return value < 0x80 ? char(value) : 0;
 }
 
@@ -67,8 +72,8 @@ int skippedAt(const QByteArray &bytes, int position)
 // QSettings reads as one.
 QByteArray joined(const QByteArray &bytes)
 {
-    QByteArray text;
-    text.reserve(bytes.size());
+    QByteArray text(bytes.size(), '\0');
+    char *end = text.data(); // written through: there is one letter after the other
     for (int i = 0; i < bytes.size();) {
         if (const int skipped = skippedAt(bytes, i)) {
             i += skipped;
@@ -78,18 +83,23 @@ QByteArray joined(const QByteArray &bytes)
         if (character == '\\' && i < bytes.size())
             character = escapedCharacter(bytes, &i);
         if (character != 0)
-            text += character;
+            *end++ = character;
     }
+    text.truncate(int(end - text.constData()));
     return text;
 }
 
 // Only where a value or a list's element may start: a path may hold the same word. Which commas and
 // signs of equality are texts is not asked, rather too many marks count than too few.
-bool holdsObject(const QByteArray &text, const QByteArray &mark)
+bool holdsObject(const QByteArray &text)
 {
-    for (int at = int(text.indexOf(mark)); at >= 0; at = int(text.indexOf(mark, at + 1))) {
-        if (at == 0 || text.at(at - 1) == '=' || text.at(at - 1) == ',')
-            return true;
+    for (int at = int(text.indexOf('@')); at >= 0; at = int(text.indexOf('@', at + 1))) {
+        if (at > 0 && text.at(at - 1) != '=' && text.at(at - 1) != ',')
+            continue;
+        for (const char *mark : objectMarks) {
+            if (qstrncmp(text.constData() + at, mark, qstrlen(mark)) == 0)
+                return true;
+        }
     }
     return false;
 }
@@ -98,17 +108,10 @@ bool holdsObject(const QByteArray &text, const QByteArray &mark)
 
 bool isIniText(const QByteArray &bytes)
 {
-    if (bytes.contains('\0'))
-        return false;
-    const QByteArray text = joined(bytes);
-    for (const char *mark : objectMarks) {
-        if (holdsObject(text, mark))
-            return false;
-    }
-    return true;
+    return !bytes.contains('\0') && !holdsObject(joined(bytes));
 }
 
 QByteArray withoutByteOrderMark(const QByteArray &bytes)
 {
-    return bytes.startsWith(utf8Mark) ? bytes.mid(utf8Mark.size()) : bytes;
+    return bytes.startsWith(utf8Mark) ? bytes.mid(int(qstrlen(utf8Mark))) : bytes;
 }

@@ -163,7 +163,8 @@ void Kestrowl::dockToggle(bool visible)
 
 void Kestrowl::dockLocationChange()
 {
-    saveDockWidgetGeometry();
+    if (!m_ignoresDocks)
+        saveDockWidgetGeometry();
 }
 
 // Floating docks are windows, which would stay on the screen without theirs. They are remembered,

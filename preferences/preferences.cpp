@@ -48,18 +48,51 @@ void take(const QString &, const QVariant &stored, QString &value)
         value = text;
 }
 
-QString settingsKey(const char *group, const char *key)
+// Goes through the rows, which lie together by groups: one change of the group for each is much
+// cheaper than keys with the group in them.
+class GroupWalk
 {
-    return QLatin1String(group) + QLatin1Char('/') + QLatin1String(key);
-}
+public:
+    explicit GroupWalk(QSettings &settings) : m_settings(settings) {}
+    ~GroupWalk() { leave(); }
+    GroupWalk(const GroupWalk &) = delete;
+    GroupWalk &operator=(const GroupWalk &) = delete;
 
-template <typename Type>
-void read(QSettings &settings, const char *group, const char *key, Type &value)
-{
-    const QVariant stored = settings.value(settingsKey(group, key));
-    if (stored.isValid())
-        take(QLatin1String(key), stored, value);
-}
+    template <typename Type>
+    void read(const char *group, const char *key, Type &value)
+    {
+        enter(group);
+        const QString name = QLatin1String(key);
+        const QVariant stored = m_settings.value(name);
+        if (stored.isValid())
+            take(name, stored, value);
+    }
+
+    template <typename Type>
+    void write(const char *group, const char *key, const Type &value)
+    {
+        enter(group);
+        m_settings.setValue(QLatin1String(key), value);
+    }
+
+private:
+    void enter(const char *group)
+    {
+        if (qstrcmp(group, m_group) == 0)
+            return;
+        leave();
+        m_settings.beginGroup(QLatin1String(group));
+        m_group = group;
+    }
+    void leave()
+    {
+        if (m_group)
+            m_settings.endGroup();
+    }
+
+    QSettings &m_settings;
+    const char *m_group = nullptr; // the one that is entered
+};
 
 } // namespace
 
@@ -86,7 +119,8 @@ Preferences &preferences()
 void readPreferences(QSettings &settings)
 {
     Preferences values; // the defaults, so that nothing of an earlier reading is left
-#define PREFERENCE(group, key, type, byDefault) read(settings, #group, #key, values.key);
+    GroupWalk walk(settings);
+#define PREFERENCE(group, key, type, byDefault) walk.read(#group, #key, values.key);
 #include "preferences/preferencelist.inc"
 #undef PREFERENCE
     // Deliberate: marks at line ends are for a look at one text, not for every session.
@@ -97,8 +131,8 @@ void readPreferences(QSettings &settings)
 void writePreferences(QSettings &settings)
 {
     const Preferences &values = preferences();
-#define PREFERENCE(group, key, type, byDefault)                                                    \
-    settings.setValue(settingsKey(#group, #key), values.key);
+    GroupWalk walk(settings);
+#define PREFERENCE(group, key, type, byDefault) walk.write(#group, #key, values.key);
 #include "preferences/preferencelist.inc"
 #undef PREFERENCE
 }
