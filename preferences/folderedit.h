@@ -3,10 +3,11 @@
 
 #include <QWidget>
 
+class Complaint;
 class QLineEdit;
 
 // A line for the path of a folder, with a button to choose it. The path has "/" as its separators;
-// the line shows those of the platform. The folder need not exist.
+// the line shows those of the platform. It takes any text; check() points out what is no folder.
 class FolderEdit : public QWidget
 {
     Q_OBJECT
@@ -17,6 +18,10 @@ public:
 
     QString path() const;
     void setPath(const QString &path);
+
+    // Returns false, and marks the line, when the user has typed something else than the whole path
+    // of a folder.
+    bool check();
 
     // What the line says while it is empty.
     void setPlaceholderText(const QString &text);
@@ -30,4 +35,5 @@ signals:
 
 private:
     QLineEdit *m_line;
+    Complaint *m_complaint;
 };

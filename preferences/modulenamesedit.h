@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QPalette>
 #include <QWidget>
 
-class QLabel;
+class Complaint;
 class QLineEdit;
 
 // A line for a semicolon-separated list of Python modules. It takes any text while the user types;
-// checkNames() points out what cannot be imported, until the text changes.
+// check() points out what cannot be imported, until the text changes.
 class ModuleNamesEdit : public QWidget
 {
     Q_OBJECT
@@ -21,17 +20,12 @@ public:
     void setNames(const QString &names);
 
     // Returns false, and marks the line, when a name is none.
-    bool checkNames();
+    bool check();
 
 signals:
     void namesChanged();
 
-private slots:
-    void clearMark();
-
 private:
-    void mark(const QString &complaint);
-
     QLineEdit *m_line;
-    QLabel *m_complaint; // below the line, hidden while there is none
+    Complaint *m_complaint;
 };

@@ -6,6 +6,7 @@
 #include "preferences/modulenamesedit.h"
 
 #include <QCheckBox>
+#include <QEvent>
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -41,19 +42,27 @@ QWidget *createEditor(const PreferenceRow &)
     return new Editor;
 }
 
+template <class Editor>
+bool checkEditor(QWidget *editor)
+{
+    return static_cast<Editor *>(editor)->check();
+}
+
 struct KindRow
 {
     QWidget *(*create)(const PreferenceRow &row);
     const char *changeSignal;
+    bool turnsByWheel;
+    bool (*check)(QWidget *editor); // null for what cannot be wrong
 };
 
 // In the order of ControlKind.
 const KindRow kindRows[] = {
-    {createCheckBox, SIGNAL(toggled(bool))},
-    {createSpinBox, SIGNAL(valueChanged(int))},
-    {createFolderEdit, SIGNAL(pathChanged())},
-    {createEditor<FontFamilyBox>, SIGNAL(familyChanged())},
-    {createEditor<ModuleNamesEdit>, SIGNAL(namesChanged())},
+    {createCheckBox, SIGNAL(toggled(bool)), false, nullptr},
+    {createSpinBox, SIGNAL(valueChanged(int)), true, nullptr},
+    {createFolderEdit, SIGNAL(pathChanged()), false, checkEditor<FolderEdit>},
+    {createEditor<FontFamilyBox>, SIGNAL(familyChanged()), true, nullptr},
+    {createEditor<ModuleNamesEdit>, SIGNAL(namesChanged()), false, checkEditor<ModuleNamesEdit>},
 };
 
 QMetaProperty valueProperty(const QWidget *editor)
@@ -99,6 +108,10 @@ void PreferenceForm::addControl(const PreferenceRow &row, QFormLayout *layout)
     else
         layout->addRow(QString::fromUtf8(row.label), editor);
     connect(editor, kind.changeSignal, this, SLOT(reportChange()));
+    if (kind.turnsByWheel) {
+        editor->setFocusPolicy(Qt::StrongFocus); // else the wheel gives it the focus
+        editor->installEventFilter(this);
+    }
     m_controls.push_back({&row, editor, layout->labelForField(editor)});
 }
 
@@ -128,12 +141,23 @@ void PreferenceForm::updateEnabled(const Preferences &values)
 
 bool PreferenceForm::check()
 {
-    for (ModuleNamesEdit *edit : findChildren<ModuleNamesEdit *>()) {
-        if (!edit->checkNames()) {
-            edit->setFocus();
+    for (const Control &control : m_controls) {
+        const KindRow &kind = kindRows[int(control.row->kind)];
+        if (kind.check && !kind.check(control.editor)) {
+            control.editor->setFocus();
             return false;
         }
     }
+    return true;
+}
+
+// The wheel scrolls the page over whatever it passes; only what the user has chosen is turned by
+// it.
+bool PreferenceForm::eventFilter(QObject *editor, QEvent *event)
+{
+    if (event->type() != QEvent::Wheel || static_cast<QWidget *>(editor)->hasFocus())
+        return QWidget::eventFilter(editor, event);
+    event->ignore(); // goes on to the page
     return true;
 }
 

@@ -27,6 +27,8 @@ public:
     // Returns false, and points out what is wrong, when a control shows what cannot be used.
     bool check();
 
+    bool eventFilter(QObject *editor, QEvent *event) override;
+
 signals:
     // By the user.
     void changed();

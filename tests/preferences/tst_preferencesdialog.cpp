@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "compat/fonts.h"
 #include "preferences/categorylist.h"
 #include "preferences/colorbutton.h"
 #include "preferences/colorsets.h"
@@ -7,11 +8,14 @@
 #include "tests/preferences/othervalue.h"
 #include "tests/support/modalanswer.h"
 #include "tests/support/testmain.h"
+#include "tests/support/wheel.h"
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QDir>
+#include <QImage>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -115,6 +119,11 @@ private slots:
     void controlsWithoutEffectAreDisabled_data();
     void controlsWithoutEffectAreDisabled();
     void namesThatCannotBeImportedKeepTheDialogOpen();
+    void onlyFoldersAreTaken_data();
+    void onlyFoldersAreTaken();
+    void theWheelTurnsOnlyWhatHasTheFocus();
+    void theBuiltInFamilyIsInstalledAndOfFixedPitch();
+    void headingsAreAsReadableAsTheirList();
     void aFamilyThatIsNotInstalledIsKept();
     void formatsAreEditedByCategory();
     void aColorIsChosenInADialog();
@@ -268,6 +277,85 @@ void PreferencesDialogTest::namesThatCannotBeImportedKeepTheDialogOpen()
     fixture.button(okButton)->click();
     QVERIFY(!fixture.dialog.isVisible());
     QCOMPARE(preferences().pythonForcedImports, QString::fromLatin1("os"));
+}
+
+void PreferencesDialogTest::onlyFoldersAreTaken_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<bool>("isTaken");
+
+    QTest::newRow("empty") << "" << true;
+    QTest::newRow("folder") << QDir::tempPath() << true;
+    QTest::newRow("relative") << "." << false;
+    QTest::newRow("missing") << "/no/such/dir" << false;
+    QTest::newRow("file") << QCoreApplication::applicationFilePath() << false;
+}
+
+void PreferencesDialogTest::onlyFoldersAreTaken()
+{
+    QFETCH(QString, typed);
+    QFETCH(bool, isTaken);
+    preferences().projectDir = QLatin1String("/gone since"); // which is nothing to complain about
+    Fixture fixture;
+    QWidget *edit = fixture.find<QWidget>("projectDir");
+    fixture.set("tabSize", 3);
+    fixture.button(applyButton)->click();
+    QCOMPARE(int(fixture.applied.count()), 1);
+
+    QLineEdit *line = edit->findChild<QLineEdit *>();
+    line->selectAll();
+    QTest::keyClick(line, Qt::Key_Delete);
+    QTest::keyClicks(line, typed);
+    fixture.button(okButton)->click();
+    QCOMPARE(fixture.dialog.isVisible(), !isTaken);
+    QCOMPARE(preferences().projectDir, isTaken ? typed : QString::fromLatin1("/gone since"));
+    QCOMPARE(edit->findChild<QLabel *>()->isHidden(), isTaken);
+}
+
+void PreferencesDialogTest::theWheelTurnsOnlyWhatHasTheFocus()
+{
+    Fixture fixture;
+    for (const char *key : {"textFontSize", "textFont"}) {
+        QWidget *control = fixture.find<QWidget>(key);
+        fixture.showPage(PreferencePage::Colors);
+        fixture.dialog.activateWindow();
+        fixture.pages()->setFocus();
+        const QVariant before = fixture.shown(key);
+        turnWheel(control);
+        QCOMPARE(fixture.shown(key), before);
+        control->setFocus();
+        QVERIFY(control->hasFocus());
+        turnWheel(control);
+        QVERIFY2(fixture.shown(key) != before, key);
+    }
+}
+
+void PreferencesDialogTest::theBuiltInFamilyIsInstalledAndOfFixedPitch()
+{
+    QVERIFY2(compat::isFixedPitch(builtInFontFamily()), qPrintable(builtInFontFamily()));
+    const Fixture fixture;
+    QCOMPARE(fixture.find<QComboBox>("textFont")->currentText(), builtInFontFamily());
+}
+
+void PreferencesDialogTest::headingsAreAsReadableAsTheirList()
+{
+    const QPalette usual = QApplication::palette();
+    QPalette faint = usual;
+    faint.setColor(QPalette::Disabled, QPalette::Text, faint.color(QPalette::Base));
+    QApplication::setPalette(faint);
+    CategoryList list;
+    QApplication::setPalette(usual);
+    list.resize(200, 100);
+    list.show();
+    const QRect heading = list.visualItemRect(list.item(0));
+    QImage picture(list.viewport()->size(), QImage::Format_RGB32);
+    list.viewport()->render(&picture);
+    int darkest = 255;
+    for (int x = heading.left(); x < heading.right(); ++x) {
+        for (int y = heading.top(); y < heading.bottom(); ++y)
+            darkest = qMin(darkest, qGray(picture.pixel(x, y)));
+    }
+    QVERIFY2(darkest < 100, qPrintable(QString::number(darkest)));
 }
 
 void PreferencesDialogTest::aFamilyThatIsNotInstalledIsKept()
