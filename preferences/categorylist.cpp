@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "preferences/categorylist.h"
 
+#include "compat/itemoption.h"
 #include "preferences/colorsets.h"
 
 #include <QPainter>
@@ -19,7 +20,7 @@ public:
     void paint(QPainter *painter, const QStyleOptionViewItem &option,
                const QModelIndex &index) const override
     {
-        QStyleOptionViewItem plain = option;
+        compat::ItemOption plain(option);
         plain.state &= ~(QStyle::State_Selected | QStyle::State_HasFocus | QStyle::State_MouseOver);
         QStyledItemDelegate::paint(painter, plain, index);
         if (!(option.state & QStyle::State_Selected))
@@ -60,6 +61,8 @@ void CategoryList::addHeading(const QString &text)
     QFont font = item->font();
     font.setBold(true);
     item->setFont(font);
+    // Disabled texts can be almost invisible.
+    item->setForeground(palette().color(QPalette::Active, QPalette::Text));
 }
 
 void CategoryList::addCategories(int begin, int end)

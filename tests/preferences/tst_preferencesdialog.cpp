@@ -344,12 +344,12 @@ void PreferencesDialogTest::headingsAreAsReadableAsTheirList()
     faint.setColor(QPalette::Disabled, QPalette::Text, faint.color(QPalette::Base));
     QApplication::setPalette(faint);
     CategoryList list;
-    QApplication::setPalette(usual);
     list.resize(200, 100);
     list.show();
-    const QRect heading = list.visualItemRect(list.item(0));
     QImage picture(list.viewport()->size(), QImage::Format_RGB32);
     list.viewport()->render(&picture);
+    QApplication::setPalette(usual);
+    const QRect heading = list.visualItemRect(list.item(0)).intersected(picture.rect());
     int darkest = 255;
     for (int x = heading.left(); x < heading.right(); ++x) {
         for (int y = heading.top(); y < heading.bottom(); ++y)
