@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "preferences/preferences.h"
 
+#include <QFont>
+#include <QFontInfo>
 #include <QSettings>
 #include <QVariant>
 
@@ -94,11 +96,22 @@ private:
     const char *m_group = nullptr; // the one that is entered
 };
 
+// The wanted family where it is installed, else what the system has for listings.
+QString fixedPitchFamily()
+{
+    QFont font(QLatin1String("DejaVu Sans Mono"));
+    font.setStyleHint(QFont::TypeWriter);
+    font.setFixedPitch(true);
+    return QFontInfo(font).family();
+}
+
 } // namespace
 
 QString builtInFontFamily()
 {
-    return QLatin1String("DejaVu Sans Mono");
+    // Only now: before there is an application, fonts cannot be asked for.
+    static const QString family = fixedPitchFamily();
+    return family;
 }
 
 NumberRange numberRange(const QString &key)

@@ -5,7 +5,8 @@
 
 class QSettings;
 
-// A fixed-pitch family, for editor and output alike until the user chooses another.
+// An installed fixed-pitch family, for editor and output alike until the user chooses another. Needs
+// the application.
 QString builtInFontFamily();
 
 // The process-wide preferences, one member per row of the list. Whoever acts reads the current
