@@ -8,9 +8,12 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
+
 namespace {
 
 const qint64 mostMegabytes = 256;
+const int mostMegalines = 4; // a short line of code takes about 600 bytes when it is shown
 
 QString translated(const char *text)
 {
@@ -27,6 +30,14 @@ QString whyNotRead(const QFileInfo &info)
     if (info.size() > mostMegabytes * 1024 * 1024)
         return translated("The file is larger than %1 MB").arg(mostMegabytes);
     return QString();
+}
+
+// Before decoding: bytes that look like line ends in UTF-16 are too few to matter.
+bool hasTooManyLines(const QByteArray &bytes)
+{
+    const auto lineFeeds = std::count(bytes.constBegin(), bytes.constEnd(), '\n');
+    const auto carriageReturns = std::count(bytes.constBegin(), bytes.constEnd(), '\r');
+    return std::max(lineFeeds, carriageReturns) > mostMegalines * 1000000;
 }
 
 // Stray surrogates cannot be shown.
@@ -57,6 +68,10 @@ bool readTextFile(const QString &path, TextFile *file, QString *errorMessage)
     // A failure on the way leaves what was read before it.
     if (source.error() != QFile::NoError) {
         *errorMessage = source.errorString();
+        return false;
+    }
+    if (hasTooManyLines(bytes)) {
+        *errorMessage = translated("The file has more than %1 million lines").arg(mostMegalines);
         return false;
     }
     file->encoding = decodeText(bytes, &file->text);

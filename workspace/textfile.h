@@ -27,7 +27,8 @@ std::optional<MissingCharacter> missingCharacter(const TextFile &file);
 
 // On failure these return false and put the reason into errorMessage.
 //
-// Only regular files of up to 256 MB are read; `file` is unchanged when it fails.
+// Only regular files of up to 256 MB and 4 million lines are read; `file` is unchanged when it
+// fails.
 bool readTextFile(const QString &path, TextFile *file, QString *errorMessage);
 // A failed write, as of a text that the encoding does not hold, leaves the file as it was.
 bool writeTextFile(const QString &path, const TextFile &file, QString *errorMessage);

@@ -25,6 +25,7 @@ private slots:
     void charactersThatAreMissingAreNamed();
     void failuresTellTheReason();
     void onlyRegularFilesAreRead();
+    void filesOfTooManyLinesAreNotRead();
 };
 
 void TestTextFile::bytesTellTheEncoding_data()
@@ -213,6 +214,24 @@ void TestTextFile::onlyRegularFilesAreRead()
         QCOMPARE(error, QString("This is not a regular file"));
     }
 #endif
+}
+
+void TestTextFile::filesOfTooManyLinesAreNotRead()
+{
+    const int most = 4000000;
+    const QList<QByteArray> ends = QList<QByteArray>() << "\n"
+                                                       << "\r"
+                                                       << "\r\n";
+    for (const QByteArray &end : ends) {
+        ScratchDir dir;
+        TextFile file;
+        QString error;
+        const QString path = dir.write("a.mel", end.repeated(most));
+        QVERIFY2(readTextFile(path, &file, &error), qPrintable(error));
+        dir.write("a.mel", end.repeated(most + 1));
+        QVERIFY(!readTextFile(path, &file, &error));
+        QCOMPARE(error, QString("The file has more than 4 million lines"));
+    }
 }
 
 CORVANE_TEST_MAIN(TestTextFile)
