@@ -13,7 +13,6 @@ class TestFileSystem : public QObject
 
 private slots:
     void renamingNeverReplaces();
-    void createdFilesAreNew();
 };
 
 void TestFileSystem::renamingNeverReplaces()
@@ -34,24 +33,6 @@ void TestFileSystem::renamingNeverReplaces()
     QVERIFY(compat::renameFile(dir.file("link"), dir.file("other link")));
     QVERIFY(QFileInfo(dir.file("other link")).isSymLink());
 #endif
-}
-
-void TestFileSystem::createdFilesAreNew()
-{
-    ScratchDir dir;
-    QString error;
-    {
-        QFile file;
-        QVERIFY(compat::createFile(&file, dir.file("a"), compat::Access::UserOnly, &error));
-        QCOMPARE(int(file.write("text")), 4);
-    }
-    QCOMPARE(dir.read("a"), QByteArray("text"));
-    const QFile::Permissions others = QFile::ReadGroup | QFile::ReadOther;
-    QCOMPARE(int(QFile::permissions(dir.file("a")) & others), 0);
-    QFile again;
-    QVERIFY(!compat::createFile(&again, dir.file("a"), compat::Access::Ordinary, &error));
-    QVERIFY(!error.isEmpty());
-    QCOMPARE(dir.read("a"), QByteArray("text"));
 }
 
 CORVANE_TEST_MAIN(TestFileSystem)

@@ -76,7 +76,6 @@ private slots:
     void editsTakeNoOtherLinesEnd();
     void newLinesTakeTheCommonestEnd_data();
     void newLinesTakeTheCommonestEnd();
-    void unusualEndsAreNotHandedOn_data();
     void unusualEndsAreNotHandedOn();
     void marksAreNoEdit();
     void anotherTextBringsItsOwnEnds();
@@ -166,40 +165,34 @@ void TestLineEnds::newLinesTakeTheCommonestEnd()
     QCOMPARE(document.text(), result);
 }
 
-void TestLineEnds::unusualEndsAreNotHandedOn_data()
-{
-    QTest::addColumn<QString>("end");
-
-    QTest::newRow("carriage-return") << "\r";
-    QTest::newRow("carriage-return-line-feed") << "\r\n";
-    QTest::newRow("paragraph-separator") << paragraphSeparator;
-    QTest::newRow("first-noncharacter") << QString(QChar(0xFDD0));
-    QTest::newRow("second-noncharacter") << QString(QChar(0xFDD1));
-}
-
 // Typed, inserted and pasted, on the empty line behind such an end and on what was typed there.
 void TestLineEnds::unusualEndsAreNotHandedOn()
 {
-    QFETCH(QString, end);
-    const QString text = "a\nb\nc" + end + end + "d\n";
-    Document document(text);
-    document.moveTo(3);
-    QTest::keyClick(&document.edit, Qt::Key_Return);
-    document.edit.insertPlainText("x\ny");
-    QMimeData pasted;
-    pasted.setText("p\nq");
-    document.edit.insertFromMimeData(&pasted);
-    const QString expected = "a\nb\nc" + end + "\nx\nyp\nq" + end + "d\n";
-    QCOMPARE(document.text(), expected);
-    document.undoAll();
-    QCOMPARE(document.text(), text);
-    document.redoAll();
-    QCOMPARE(document.text(), expected);
+    const QStringList ends = QStringList() << "\r"
+                                           << "\r\n"
+                                           << paragraphSeparator << QString(QChar(0xFDD0))
+                                           << QString(QChar(0xFDD1));
+    for (const QString &end : ends) {
+        const QString text = "a\nb\nc" + end + end + "d\n";
+        Document document(text);
+        document.moveTo(3);
+        QTest::keyClick(&document.edit, Qt::Key_Return);
+        document.edit.insertPlainText("x\ny");
+        QMimeData pasted;
+        pasted.setText("p\nq");
+        document.edit.insertFromMimeData(&pasted);
+        const QString expected = "a\nb\nc" + end + "\nx\nyp\nq" + end + "d\n";
+        QCOMPARE(document.text(), expected);
+        document.undoAll();
+        QCOMPARE(document.text(), text);
+        document.redoAll();
+        QCOMPARE(document.text(), expected);
 
-    // The end before it goes; what was inserted behind does not become it.
-    QTextCursor cursor(document.edit.document()->findBlockByNumber(3));
-    cursor.deletePreviousChar();
-    QCOMPARE(document.text(), "a\nb\nc\nx\nyp\nq" + end + "d\n");
+        // The end before it goes; what was inserted behind does not become it.
+        QTextCursor cursor(document.edit.document()->findBlockByNumber(3));
+        cursor.deletePreviousChar();
+        QCOMPARE(document.text(), "a\nb\nc\nx\nyp\nq" + end + "d\n");
+    }
 }
 
 void TestLineEnds::marksAreNoEdit()
