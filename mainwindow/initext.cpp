@@ -50,8 +50,7 @@ char escapedCharacter(const QByteArray &bytes, int *position)
 }
 
 // How many bytes from `position` on QSettings may leave out of a word: quotes, blanks behind them,
-// line breaks, and the mark of UTF-8, which decoders drop at the start of every piece that they
-// get.
+// line breaks, and the mark of UTF-8, which decoders drop at the start of every piece.
 int skippedAt(const QByteArray &bytes, int position)
 {
     switch (bytes.at(position)) {
@@ -89,8 +88,8 @@ QByteArray joined(const QByteArray &bytes)
     return text;
 }
 
-// Only where a value or a list's element may start: a path may hold the same word. Which commas and
-// signs of equality are texts is not asked, rather too many marks count than too few.
+// Only where a value or a list's element may start: a path may hold the same word. Quoted commas
+// and signs of equality count too; to follow the quotes as QSettings does is not worth a crash.
 bool holdsObject(const QByteArray &text)
 {
     for (int at = int(text.indexOf('@')); at >= 0; at = int(text.indexOf('@', at + 1))) {

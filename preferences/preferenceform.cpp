@@ -151,8 +151,7 @@ bool PreferenceForm::check()
     return true;
 }
 
-// The wheel scrolls the page over whatever it passes; only what the user has chosen is turned by
-// it.
+// The wheel scrolls the page over whatever it passes, and turns only what the user has chosen.
 bool PreferenceForm::eventFilter(QObject *editor, QEvent *event)
 {
     if (event->type() != QEvent::Wheel || static_cast<QWidget *>(editor)->hasFocus())
