@@ -72,19 +72,33 @@ QMetaProperty valueProperty(const QWidget *editor)
 
 } // namespace
 
-PreferenceForm::PreferenceForm(PreferencePage page, QWidget *parent) : QWidget(parent)
+PreferenceForm::PreferenceForm(PreferencePage page, QWidget *parent)
+    : QWidget(parent), m_grid(new QGridLayout(this))
 {
-    QGridLayout *grid = new QGridLayout(this);
-    grid->setContentsMargins(0, 0, 0, 0);
-    grid->setColumnStretch(0, 1);
-    grid->setColumnStretch(1, 1);
+    m_grid->setContentsMargins(0, 0, 0, 0);
+    for (const PreferenceSection *section : sectionsOf(page))
+        m_sections.push_back({section->place, createSection(*section)});
+    arrange(false);
+}
+
+void PreferenceForm::stackSections()
+{
+    arrange(true);
+    updateGeometry(); // which layouts of hidden pages do not ask for
+}
+
+void PreferenceForm::arrange(bool isStacked)
+{
     int row = 0;
-    for (const PreferenceSection *section : sectionsOf(page)) {
-        const bool isRight = section->place == SectionPlace::Right; // beside the one before
-        const int columns = section->place == SectionPlace::Whole ? 2 : 1;
+    for (const Section &section : m_sections) {
+        const bool isRight =
+            !isStacked && section.place == SectionPlace::Right; // of the one before
+        const bool isWhole = isStacked || section.place == SectionPlace::Whole;
         row += isRight ? 0 : 1;
-        grid->addWidget(createSection(*section), row, isRight ? 1 : 0, 1, columns);
+        m_grid->addWidget(section.box, row, isRight ? 1 : 0, 1, isWhole ? 2 : 1);
     }
+    m_grid->setColumnStretch(0, 1);
+    m_grid->setColumnStretch(1, isStacked ? 0 : 1);
 }
 
 QWidget *PreferenceForm::createSection(const PreferenceSection &section)

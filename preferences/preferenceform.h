@@ -8,6 +8,7 @@
 #include <vector>
 
 class QFormLayout;
+class QGridLayout;
 
 // The controls of one page of the Preferences dialog, made from their rows. Holds no preferences
 // itself: it is filled with values and asked for what the user made of them.
@@ -26,6 +27,8 @@ public:
     void updateEnabled(const Preferences &values);
     // Returns false, and points out what is wrong, when a control shows what cannot be used.
     bool check();
+    // Puts those sections below each other that stand side by side, for a screen that is too small.
+    void stackSections();
 
     bool eventFilter(QObject *editor, QEvent *event) override;
 
@@ -44,9 +47,18 @@ private:
         QWidget *label;  // null when the editor has a text of its own
     };
 
+    struct Section
+    {
+        SectionPlace place;
+        QWidget *box;
+    };
+
     QWidget *createSection(const PreferenceSection &section);
     void addControl(const PreferenceRow &row, QFormLayout *layout);
+    void arrange(bool isStacked);
 
+    QGridLayout *m_grid;
+    std::vector<Section> m_sections;
     std::vector<Control> m_controls; // in the order of the rows
     bool m_isFilling = false;
 };

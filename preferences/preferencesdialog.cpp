@@ -110,15 +110,25 @@ void PreferencesDialog::createButtons()
 }
 
 // Scroll areas ask for less than their pages.
-void PreferencesDialog::resizeToPages()
+QSize PreferencesDialog::sizeOfPages() const
 {
     QSize largest;
     for (int i = 0; i < m_pages->count(); ++i) {
-        QScrollArea *area = static_cast<QScrollArea *>(m_pages->widget(i));
+        const QScrollArea *area = static_cast<QScrollArea *>(m_pages->widget(i));
         largest = largest.expandedTo(area->widget()->sizeHint());
     }
     const QSize missing = (largest - m_pages->sizeHint()).expandedTo(QSize(0, 0));
-    resize((sizeHint() + missing).boundedTo(compat::availableGeometry(this).size() * 0.9));
+    return sizeHint() + missing;
+}
+
+void PreferencesDialog::resizeToPages()
+{
+    const QSize room = compat::availableGeometry(this).size() * 0.9;
+    if (sizeOfPages().width() > room.width()) {
+        for (PreferenceForm *form : m_forms)
+            form->stackSections();
+    }
+    resize(sizeOfPages().boundedTo(room));
 }
 
 void PreferencesDialog::accept()

@@ -46,6 +46,7 @@ private:
     QWidget *createPage(PreferencePage page);
     QWidget *createAddition(PreferencePage page);
     void createButtons();
+    QSize sizeOfPages() const;
     void resizeToPages();
     void restore(PreferencePage page);
     // Shows the copies.

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "compat/fonts.h"
+#include "compat/screen.h"
 #include "preferences/categorylist.h"
 #include "preferences/colorbutton.h"
 #include "preferences/colorsets.h"
 #include "preferences/formatpreview.h"
+#include "preferences/preferenceform.h"
 #include "preferences/preferencesdialog.h"
 #include "tests/preferences/othervalue.h"
 #include "tests/support/modalanswer.h"
@@ -61,6 +63,13 @@ struct Fixture
     {
         pages()->setCurrentRow(int(page));
         QApplication::processEvents(); // its layout too
+    }
+    PreferenceForm *form(PreferencePage page) const
+    {
+        QWidget *part = find<QWidget>(rowsOf(page).first()->key);
+        while (!qobject_cast<PreferenceForm *>(part))
+            part = part->parentWidget();
+        return static_cast<PreferenceForm *>(part);
     }
     QListWidget *pages() const
     {
@@ -133,6 +142,7 @@ private slots:
     void tabFollowsTheVisualOrder();
     void mnemonicsAreUniqueAndLeadSomewhere();
     void pagesFitASmallScreenWithoutScrolling();
+    void noPageIsTooWideForItsScreen();
 };
 
 void PreferencesDialogTest::init()
@@ -509,13 +519,30 @@ void PreferencesDialogTest::pagesFitASmallScreenWithoutScrolling()
     QFont font = usual;
     font.setPointSize(9);
     QApplication::setFont(font);
-    Fixture fixture;
-    QApplication::setFont(usual);
-    for (const QScrollArea *page : fixture.dialog.findChildren<QScrollArea *>()) {
+    const Fixture fixture;
+    for (int i = 0; i < preferencePageCount; ++i) {
+        // The screen of this test is smaller still, and the forms of the dialog are narrow.
+        const PreferenceForm form{PreferencePage(i)};
+        const PreferenceForm *shown = fixture.form(PreferencePage(i));
+        const QSize page = shown->parentWidget()->sizeHint();
+        const QSize size(qMax(page.width(), form.sizeHint().width()),
+                         page.height() - shown->sizeHint().height() + form.sizeHint().height());
         // The list of pages, the buttons and the frame of a window need room as well.
-        const QSize size = page->widget() ? page->widget()->sizeHint() : QSize();
         QVERIFY2(size.width() <= 1280 - 280 && size.height() <= 720 - 120,
                  qPrintable(QString::fromLatin1("%1 x %2").arg(size.width()).arg(size.height())));
+    }
+    QApplication::setFont(usual);
+}
+
+void PreferencesDialogTest::noPageIsTooWideForItsScreen()
+{
+    Fixture fixture;
+    QVERIFY(compat::availableGeometry(&fixture.dialog).width() <= 800);
+    for (int page = 0; page < preferencePageCount; ++page) {
+        fixture.showPage(PreferencePage(page));
+        const QWidget *content = fixture.form(PreferencePage(page))->parentWidget();
+        QVERIFY2(content->width() <= content->parentWidget()->width(),
+                 pageName(PreferencePage(page)));
     }
 }
 
