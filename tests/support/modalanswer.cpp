@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QColorDialog>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -82,10 +83,14 @@ void ModalAnswer::enterInput(QDialog *dialog)
 {
     QInputDialog *input = qobject_cast<QInputDialog *>(dialog);
     if (QFileDialog *files = qobject_cast<QFileDialog *>(dialog)) {
+        QLineEdit *name = files->findChild<QLineEdit *>(QString::fromLatin1("fileNameEdit"));
         // Anew each time: the dialog looks for the name only when it changes.
-        if (QLineEdit *name = files->findChild<QLineEdit *>(QString::fromLatin1("fileNameEdit")))
+        if (name)
             name->clear();
         files->selectFile(m_input);
+        // Which leaves the name alone while it has the focus.
+        if (name && name->text().isEmpty())
+            name->setText(QFileInfo(m_input).fileName());
     } else if (QColorDialog *colors = qobject_cast<QColorDialog *>(dialog))
         colors->setCurrentColor(QColor(m_input));
     else if (input && input->inputMode() == QInputDialog::IntInput)
