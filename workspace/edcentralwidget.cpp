@@ -160,6 +160,7 @@ void EdCentralWidget::retireView()
         return;
     EdCodeView *view = m_view;
     m_view = nullptr; // first: what follows may ask for the open document
+    m_parseTimer.stop();
     view->disconnect(this);
     view->hide();
     // The call may come from the view itself, which dropped a file.
@@ -195,7 +196,6 @@ void EdCentralWidget::onTextChange()
 
 void EdCentralWidget::activeViewChange()
 {
-    m_parseTimer.stop();
     if (!m_view)
         return;
     if (m_view->language() == EdCodeView::Mel)

@@ -145,7 +145,7 @@ private:
     QString documentName() const;
 
     EdCodeView *m_view = nullptr;
-    QTimer m_parseTimer;              // runs while the text has changed since it was parsed
+    QTimer m_parseTimer;              // runs until a pause after the last change of the text
     QList<TabEntry> m_waitingEntries; // of the restored list, never shown since
     bool m_saysAutosaveFails = true;
     QLabel *m_hint;            // seen while there is no document
