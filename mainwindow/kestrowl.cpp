@@ -102,6 +102,7 @@ void Kestrowl::connectCentralWidget()
             SIGNAL(commandHelpRequested(QString, bool)));
     connect(m_central, SIGNAL(longLineReached()), SLOT(explainLongLine()));
     connect(m_central, SIGNAL(autosaveFailed(QString)), SLOT(setStatusText(QString)));
+    connect(m_central, SIGNAL(autosaved()), SLOT(rememberBuffer()));
     connect(m_central, SIGNAL(tabSaveSelected()), SLOT(save()));
     connect(m_central, SIGNAL(tabSaveAsSelected()), SLOT(saveAs()));
     connect(m_central, SIGNAL(activeBufferNameChanged(QString)), SLOT(setTitleBufferName(QString)));

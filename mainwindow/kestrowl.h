@@ -139,6 +139,9 @@ public slots:
     void updateCursorStatus(int line, int column, int sel);
     void updateInsertOverwriteStatus();
     void explainLongLine();
+    // Writes the settings if they do not name the open buffer yet: should Maya crash, its file
+    // would be there and nobody would open it.
+    void rememberBuffer();
 
     void melCommandReference();
     void pythonCommandReference();
@@ -220,6 +223,7 @@ private:
     DockArray<QDockWidget *> m_docks;
     DockArray<QByteArray> m_dockGeometry; // as of the last change of a dock's place
     int m_visibleDocks = 0;               // with those put away and formerDockFlag
+    QStringList m_storedTabs;             // as the settings file has them
     int m_docksPutAway = 0;               // floating ones, while the window is hidden
     QByteArray m_hiddenState;             // saveState() before they were; else empty
     bool m_ignoresDocks = false;          // while they are hidden, shown and restored

@@ -54,24 +54,41 @@ void Kestrowl::readSettings()
         warnOf(keepLaterVersion(colorsPath()));
     applyToggles();
     updatePreferences();
+    m_storedTabs = documents.openTabs;
     for (const QString &problem : m_central->restore(documents))
         warnOf(problem);
 }
 
 QString Kestrowl::writeSettings()
 {
-    m_central->saveBuffers();
+    makeBufferDirectory(); // somebody may have tidied up
+    const QString bufferProblem = m_central->saveBuffers();
+    const WorkspaceState documents = m_central->state();
     QStringList failures;
-    failures << writeIniFile(settingsPath(), [this](QSettings &settings) {
+    failures << writeIniFile(settingsPath(), [this, &documents](QSettings &settings) {
         writeWindowSettings(settings, windowSettings());
         writePreferences(settings);
-        writeWorkspaceState(settings, m_central->state());
+        writeWorkspaceState(settings, documents);
     });
+    m_storedTabs = documents.openTabs;
     failures << writeIniFile(colorsPath(), writeColors);
     failures.removeAll(QString());
     failures.removeDuplicates();
+    if (failures.isEmpty())
+        return bufferProblem;
     const QString reasons = failures.join(QLatin1String("; "));
-    return reasons.isEmpty() ? reasons : tr("The settings are not saved: %1").arg(reasons);
+    return (bufferProblem + QLatin1Char(' ') + tr("The settings are not saved: %1").arg(reasons))
+        .trimmed();
+}
+
+void Kestrowl::rememberBuffer()
+{
+    const QString path = currentView()->fileInfo().absoluteFilePath();
+    for (const QString &entry : m_storedTabs) {
+        if (entry.contains(path))
+            return;
+    }
+    warnOf(writeSettings());
 }
 
 // No dialog: Maya is starting, perhaps with nobody in front of it.

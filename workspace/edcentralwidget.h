@@ -49,7 +49,8 @@ public slots:
     void saveAs(const QString &path);
     void saveAll();
     // Also writes a buffer without changes whose file is gone.
-    void saveBuffers();
+    // Asks nothing and shows nothing; returns the reason of a failure.
+    QString saveBuffers();
     // Asks for the new name. Buffers change their label, files their name on disk.
     void rename();
     // These two do nothing unless the open document is the one meant.
@@ -107,6 +108,8 @@ signals:
     void overwriteModeChanged();
     // Once for each document; it is tried again after the next pause in typing.
     void autosaveFailed(const QString &message);
+    // A buffer was written after a pause in typing.
+    void autosaved();
     // Line and column are 0-based, the selection in UTF-16 units; all 0 without a document.
     void cursorStatusChanged(int line, int column, int sel);
     // A buffer's label, or a file's path with "*" behind it while there are changes; empty without
@@ -140,6 +143,7 @@ private:
     bool mayBeReplaced();
     bool mayBeClosed();
     bool confirmDelete();
+    QString bufferProblem(const QString &reason) const;
     bool isCurrentFile(const QString &path) const;
     bool isCurrentBuffer(int bufferIndex) const;
     QString documentName() const;

@@ -7,23 +7,32 @@
 
 #include <algorithm>
 
-void EdCentralWidget::saveBuffers()
+QString EdCentralWidget::saveBuffers()
 {
     if (!m_view || !m_view->isBuffer())
-        return;
+        return QString();
     if (!QFileInfo(m_view->fileInfo().absoluteFilePath()).exists()) // somebody tidied up
         m_view->forceModified();
-    m_view->save();
+    const QString reason = m_view->saveBufferQuietly();
+    return reason.isEmpty() ? reason : bufferProblem(reason);
+}
+
+QString EdCentralWidget::bufferProblem(const QString &reason) const
+{
+    return tr("The buffer %1 is not saved: %2.").arg(m_bufferLabel, reason);
 }
 
 // Files are the user's own to save. A box would come in the middle of typing.
 void EdCentralWidget::autosave()
 {
-    const QString reason = m_view ? m_view->saveBufferQuietly() : QString();
-    if (reason.isEmpty() || !m_saysAutosaveFails)
+    if (!m_view || !m_view->isBuffer() || !m_view->isModified())
         return;
-    m_saysAutosaveFails = false;
-    emit autosaveFailed(tr("The buffer %1 is not saved: %2.").arg(m_bufferLabel, reason));
+    const QString reason = m_view->saveBufferQuietly();
+    if (reason.isEmpty())
+        emit autosaved();
+    else if (m_saysAutosaveFails)
+        emit autosaveFailed(bufferProblem(reason));
+    m_saysAutosaveFails = m_saysAutosaveFails && reason.isEmpty();
 }
 
 WorkspaceState EdCentralWidget::state() const
