@@ -206,8 +206,8 @@ private:
     DiagnosticMarks m_errors;
     DiagnosticMarks m_warnings;
     DiagnosticMarks m_infos;
-    int m_blockCount = 1; // as of the last change of the text
-    QPoint m_middlePress; // where the middle button went down
+    int m_blockCount = 1;     // as of the last change of the text
+    QPoint m_middlePress;     // where the middle button went down
     bool m_marksText = false; // the extra selections are those of a text that is not empty
     bool m_longLineSaid = false;
     int m_marginWidth = 0; // pixels that the view leaves to the gutter
