@@ -5,8 +5,8 @@
 
 class QSettings;
 
-// An installed fixed-pitch family, for editor and output alike until the user chooses another. Needs
-// the application.
+// An installed fixed-pitch family, for editor and output alike until the user chooses another.
+// Needs the application.
 QString builtInFontFamily();
 
 // The process-wide preferences, one member per row of the list. Whoever acts reads the current
