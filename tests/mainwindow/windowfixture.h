@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "editor/edcodeedit.h"
 #include "mainwindow/kestrowl.h"
 #include "preferences/preferences.h"
 #include "tests/support/scratchdir.h"
 #include "workspace/edcentralwidget.h"
 #include "workspace/edcodeview.h"
-#include "editor/edcodeedit.h"
 
 #include <QAction>
 #include <QApplication>
