@@ -22,6 +22,7 @@ class EdQuickHelpView;
 class QModelIndex;
 class QShortcut;
 class QToolBar;
+struct WorkspaceState;
 
 // The editor's one window. It turns the user's commands into calls on the active document or into
 // signals; whoever owns the window carries those to Maya, of which the window itself knows nothing.
@@ -186,6 +187,8 @@ private:
     void connectOtherDocks();
     void makeBufferDirectory();
     void readSettings();
+    // Returns the reason of a failure, else an empty text.
+    QString storeSettings(const WorkspaceState &documents);
     void applyWindowSettings(const WindowSettings &stored);
     void restoreDocks(const WindowSettings &stored);
     void arrangeDocks(const WindowSettings &stored);
@@ -223,7 +226,7 @@ private:
     DockArray<QDockWidget *> m_docks;
     DockArray<QByteArray> m_dockGeometry; // as of the last change of a dock's place
     int m_visibleDocks = 0;               // with those put away and formerDockFlag
-    QStringList m_storedTabs;             // as the settings file has them
+    bool m_saysForgotten = true;          // that a buffer is in no list; once, until it is
     int m_docksPutAway = 0;               // floating ones, while the window is hidden
     QByteArray m_hiddenState;             // saveState() before they were; else empty
     bool m_ignoresDocks = false;          // while they are hidden, shown and restored

@@ -12,10 +12,12 @@
 #include "workspace/edcentralwidget.h"
 #include "workspace/edcodeview.h"
 #include "workspace/edexplorerview.h"
+#include "workspace/tabentry.h"
 #include "workspace/workspacestate.h"
 
 #include <QDir>
 #include <QDockWidget>
+#include <QFileInfo>
 #include <QStatusBar>
 #include <QToolBar>
 
@@ -54,41 +56,62 @@ void Kestrowl::readSettings()
         warnOf(keepLaterVersion(colorsPath()));
     applyToggles();
     updatePreferences();
-    m_storedTabs = documents.openTabs;
     for (const QString &problem : m_central->restore(documents))
         warnOf(problem);
+    // A file that was kept aside lists nothing any more.
+    const bool isListed = documents.openTabs.isEmpty() || QFileInfo(settingsPath()).exists();
+    if (!isListed)
+        warnOf(storeSettings(m_central->state()));
 }
 
 QString Kestrowl::writeSettings()
 {
     makeBufferDirectory(); // somebody may have tidied up
     const QString bufferProblem = m_central->saveBuffers();
-    const WorkspaceState documents = m_central->state();
+    return (bufferProblem + QLatin1Char(' ') + storeSettings(m_central->state())).trimmed();
+}
+
+QString Kestrowl::storeSettings(const WorkspaceState &documents)
+{
     QStringList failures;
     failures << writeIniFile(settingsPath(), [this, &documents](QSettings &settings) {
         writeWindowSettings(settings, windowSettings());
         writePreferences(settings);
         writeWorkspaceState(settings, documents);
     });
-    m_storedTabs = documents.openTabs;
     failures << writeIniFile(colorsPath(), writeColors);
     failures.removeAll(QString());
     failures.removeDuplicates();
-    if (failures.isEmpty())
-        return bufferProblem;
     const QString reasons = failures.join(QLatin1String("; "));
-    return (bufferProblem + QLatin1Char(' ') + tr("The settings are not saved: %1").arg(reasons))
-        .trimmed();
+    return reasons.isEmpty() ? reasons : tr("The settings are not saved: %1").arg(reasons);
 }
 
+// Looks at the file itself: it may be missing, or another Maya may have written it.
 void Kestrowl::rememberBuffer()
 {
-    const QString path = currentView()->fileInfo().absoluteFilePath();
-    for (const QString &entry : m_storedTabs) {
-        if (entry.contains(path))
+    WorkspaceState stored;
+    warnOf(readIniFile(settingsPath(),
+                       [&stored](QSettings &settings) { stored = readWorkspaceState(settings); }));
+    WorkspaceState documents = m_central->state();
+    const std::optional<TabEntry> buffer = TabEntry::parse(documents.openTabs.first());
+    QStringList others; // buffers of that other Maya
+    for (const QString &text : stored.openTabs) {
+        const std::optional<TabEntry> entry = TabEntry::parse(text);
+        if (!entry || !entry->isBuffer || !entry->hasFile())
+            continue;
+        if (entry->path != buffer->path)
+            others << text;
+        else if (entry->label == buffer->label)
             return;
     }
-    warnOf(writeSettings());
+    for (const QString &text : others) {
+        if (!documents.openTabs.contains(text))
+            documents.openTabs << text;
+    }
+    const QString problem = storeSettings(documents);
+    if (m_saysForgotten)
+        warnOf(problem);
+    m_saysForgotten = problem.isEmpty();
 }
 
 // No dialog: Maya is starting, perhaps with nobody in front of it.

@@ -140,7 +140,8 @@ QString EdCodeView::loadQuietly(const QFileInfo &info, bool isBuffer, int buffer
     if (!readTextFile(info.absoluteFilePath(), &file, &reason))
         return reason;
     m_fileInfo = info;
-    m_encoding = file.encoding;
+    // That of a buffer's file is the program's own choice.
+    m_encoding = isBuffer ? TextEncoding::Utf8 : file.encoding;
     m_codeEdit->setText(file.text);
     m_lineEnds.mark(m_codeEdit->document(), file.text);
     m_codeEdit->document()->setModified(false);
@@ -164,6 +165,8 @@ bool EdCodeView::write(const QString &path, bool keepAsBuffer)
         QMessageBox::warning(this, tr("Error"), tr("Cannot write file %1:\n%2.").arg(path, reason));
         return false;
     }
+    if (!m_isBuffer || !keepAsBuffer)
+        m_encoding = file.encoding;
     if (!keepAsBuffer) {
         // The user may have chosen the buffer's own file, which then has the text.
         if (!isBufferFile(path))
@@ -186,6 +189,8 @@ void EdCodeView::finishWriting()
 QString EdCodeView::saveBufferQuietly()
 {
     QString reason;
+    if (m_isBuffer) // somebody may have tidied up
+        QDir().mkpath(m_fileInfo.absolutePath());
     if (m_isBuffer && m_modified &&
         writeTextFile(m_fileInfo.absoluteFilePath(), bufferContents(), &reason))
         finishWriting();
@@ -225,7 +230,7 @@ bool EdCodeView::mayBeEncoded(TextFile *file)
     if (QMessageBox::question(this, tr("Save"), question, QMessageBox::Yes | QMessageBox::No,
                               QMessageBox::Yes) != QMessageBox::Yes)
         return false;
-    file->encoding = m_encoding = TextEncoding::Utf8;
+    file->encoding = TextEncoding::Utf8;
     return true;
 }
 

@@ -61,7 +61,8 @@ std::optional<TabEntry> TabEntry::parse(const QString &text)
 {
     const QStringList fields = text.split(comma);
     const int last = int(fields.size()) - 1;
-    for (int field = last - 1; field > 0; --field) {
+    // Names of buffer files have no commas, so the shortest path is the one; labels may have any.
+    for (int field = 4; field < last; ++field) {
         const std::optional<TabEntry> buffer = entryWith(fields, field);
         if (buffer && isInBufferDirectory(buffer->path))
             return buffer;

@@ -19,7 +19,7 @@ struct TabEntry
 
     // Of the document as it is now.
     static TabEntry of(const EdCodeView &view, int pane, const QString &label);
-    // Nothing for a text that is damaged. Read from its end, as a path may have commas.
+    // Nothing for a text that is damaged. A path may have commas.
     static std::optional<TabEntry> parse(const QString &text);
 
     // Deliberate: commas in path and label are not escaped.

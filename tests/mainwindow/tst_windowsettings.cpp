@@ -165,6 +165,7 @@ private slots:
     void withoutDirectoriesTheHomeIsTaken();
     void aFullDiskLeavesTheOldFile();
     void buffersOfACrashedSessionComeBack();
+    void aDamagedFileForgetsNoBuffer();
 };
 
 void WindowSettingsTest::aFirstWriteHasEveryKeyWithItsDefault()
@@ -640,6 +641,26 @@ void WindowSettingsTest::buffersOfACrashedSessionComeBack()
     crashed.newPythonBuffer();
     crashed.central()->currentCodeView()->codeEdit()->insertPlainText("typed");
     QVERIFY(QMetaObject::invokeMethod(crashed.central(), "autosave"));
+    Kestrowl next(dir.path(), dir.path());
+    QVERIFY(next.central()->currentCodeView());
+    QCOMPARE(next.central()->currentCodeView()->text(), QString("typed"));
+}
+
+void WindowSettingsTest::aDamagedFileForgetsNoBuffer()
+{
+    ScratchDir dir;
+    {
+        Kestrowl first(dir.path(), dir.path());
+        first.newMelBuffer();
+        first.central()->currentCodeView()->codeEdit()->insertPlainText("typed");
+        first.writeSettings();
+    }
+    QFile file(dir.file("corvaneEditor.ini"));
+    QVERIFY(file.open(QIODevice::Append));
+    file.write("this line is broken\n");
+    file.close();
+    Kestrowl crashed(dir.path(), dir.path());
+    QVERIFY(crashed.central()->currentCodeView());
     Kestrowl next(dir.path(), dir.path());
     QVERIFY(next.central()->currentCodeView());
     QCOMPARE(next.central()->currentCodeView()->text(), QString("typed"));
