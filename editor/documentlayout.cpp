@@ -26,16 +26,28 @@ void DocumentLayout::noteEdit(int from, int, int charsAdded)
 // several have, the whole page is painted.
 void DocumentLayout::documentChanged(int from, int charsRemoved, int charsAdded)
 {
-    const bool isOneBlock =
-        m_keepsLines && document()->findBlock(from).contains(from + std::max(charsAdded, 1) - 1);
+    const QTextBlock block = document()->findBlock(from);
+    const bool isOneBlock = m_keepsLines && block.contains(from + std::max(charsAdded, 1) - 1);
     m_keepsLines = true; // as highlighting by itself does
     m_blockCount = document()->blockCount();
     if (isOneBlock)
-        keepGlyphs(document()->findBlock(from));
+        oneBlockChanged(block, from, charsAdded);
+    else
+        QPlainTextDocumentLayout::documentChanged(from, charsRemoved, charsAdded);
+}
+
+void DocumentLayout::oneBlockChanged(const QTextBlock &block, int from, int charsAdded)
+{
+    keepGlyphs(block);
+    const int rows = block.lineCount();
     // A sum of 0 would be that of a change which ends before it begins.
-    const int removedForQt = charsAdded > 0 ? 0 : 1;
-    QPlainTextDocumentLayout::documentChanged(from, isOneBlock ? removedForQt : charsRemoved,
-                                              charsAdded);
+    const int charsRemoved = charsAdded > 0 ? 0 : 1;
+    QPlainTextDocumentLayout::documentChanged(from, charsRemoved, charsAdded);
+    if (block.lineCount() == rows)
+        return;
+    // Qt compares heights, but highlighting has taken the old one away.
+    emit documentSizeChanged(documentSize());
+    emit update();
 }
 
 // Without them each step of a key, from placing the caret to painting it, shapes the line anew.

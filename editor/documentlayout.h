@@ -20,6 +20,7 @@ private slots:
     void noteEdit(int from, int charsRemoved, int charsAdded);
 
 private:
+    void oneBlockChanged(const QTextBlock &block, int from, int charsAdded);
     void keepGlyphs(const QTextBlock &block);
 
     int m_blockCount;         // as of the last change

@@ -80,7 +80,11 @@ EdCodeEdit::EdCodeEdit(QWidget *parent)
     updateExtraSelections();
 }
 
-EdCodeEdit::~EdCodeEdit() = default;
+// The highlighter takes its colours off the document, which nobody shall hear of any more.
+EdCodeEdit::~EdCodeEdit()
+{
+    document()->blockSignals(true);
+}
 
 void EdCodeEdit::setLanguage(int language)
 {

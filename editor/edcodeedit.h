@@ -9,6 +9,7 @@
 #include <QPlainTextEdit>
 
 #include <memory>
+#include <vector>
 
 class BaseParser;
 class EdCodeEditLineNumbers;
@@ -189,6 +190,12 @@ private:
     void widenToVariable();
     void dragSelection();
     QTextBlock lastVisibleBlock() const;
+    struct LineTop
+    {
+        int line; // 0-based
+        int top;  // pixels, in the gutter
+    };
+    void paintLines(QPainter &painter, const std::vector<LineTop> &lines, int width) const;
     typedef QMap<int, const QImage *> Icons; // by 0-based line
     Icons iconsBetween(int first, int last) const;
 
@@ -210,6 +217,7 @@ private:
     QPoint m_middlePress;     // where the middle button went down
     bool m_marksText = false; // the extra selections are those of a text that is not empty
     bool m_longLineSaid = false;
+    int m_revision = -1;   // of the document, at the last change of the text
     int m_marginWidth = 0; // pixels that the view leaves to the gutter
     std::unique_ptr<EdHighlighter> m_highlighter;
 };

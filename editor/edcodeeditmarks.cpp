@@ -78,13 +78,13 @@ void EdCodeEdit::updateLineNumberWidth()
     m_lineNumbers->resize(width, m_lineNumbers->height());
 }
 
-// Lines of which only a part of the view is painted stay where they are, and so do their numbers.
+// A key or the caret paints one line of the text, whose number stays what it is.
 void EdCodeEdit::updateLineNumbers(const QRect &rect, int dy)
 {
     if (dy != 0)
         m_lineNumbers->scroll(0, dy);
-    else if (rect.contains(viewport()->rect()))
-        m_lineNumbers->update();
+    else if (rect.height() >= 2 * QFontMetrics(font()).lineSpacing())
+        m_lineNumbers->update(0, rect.y(), m_lineNumbers->width(), rect.height());
 }
 
 void EdCodeEdit::resizeEvent(QResizeEvent *event)
@@ -112,23 +112,32 @@ void EdCodeEdit::paintLineNumbers(QWidget *gutter, const QPaintEvent &event)
     painter.setFont(font());
     painter.setPen(inkOf(EditorText::LineNumbers));
     painter.fillRect(dirty, groundOf(EditorText::LineNumbers));
-    const int numberHeight = QFontMetrics(font()).height();
     painter.fillRect(dirty & QRect(0, dirty.top(), errorBarWidth, dirty.height()),
                      groundOf(EditorText::ErrorBar));
 
     QTextBlock block = firstVisibleBlock();
-    const Icons icons = iconsBetween(block.blockNumber(), lastVisibleBlock().blockNumber());
     qreal top = blockBoundingGeometry(block).translated(contentOffset()).top();
+    std::vector<LineTop> lines;
     for (int line = block.blockNumber(); block.isValid() && top <= dirty.bottom(); ++line) {
         const qreal bottom = top + blockBoundingRect(block).height();
-        if (block.isVisible() && bottom >= dirty.top()) {
-            painter.drawText(-numberMargin, int(top), gutter->width(), numberHeight, Qt::AlignRight,
-                             QString::number(line + 1));
-            if (const QImage *icon = icons.value(line))
-                painter.drawImage(0, int(top), *icon);
-        }
+        if (block.isVisible() && bottom >= dirty.top())
+            lines.push_back({line, int(top)});
         top = bottom;
         block = block.next();
+    }
+    if (!lines.empty())
+        paintLines(painter, lines, gutter->width());
+}
+
+void EdCodeEdit::paintLines(QPainter &painter, const std::vector<LineTop> &lines, int width) const
+{
+    const Icons icons = iconsBetween(lines.front().line, lines.back().line);
+    const int height = QFontMetrics(font()).height();
+    for (const LineTop &each : lines) {
+        painter.drawText(-numberMargin, each.top, width, height, Qt::AlignRight,
+                         QString::number(each.line + 1));
+        if (const QImage *icon = icons.value(each.line))
+            painter.drawImage(0, each.top, *icon);
     }
 }
 
@@ -169,6 +178,10 @@ void EdCodeEdit::applyDiagnostics()
 
 void EdCodeEdit::onContentsChange(int position, int charsRemoved, int charsAdded)
 {
+    // Colours came or went, which Qt tells as a change too.
+    if (charsRemoved == charsAdded && document()->revision() == m_revision)
+        return;
+    m_revision = document()->revision();
     const int addedLines = blockCount() - m_blockCount;
     m_blockCount = blockCount();
     bool changesGutter = addedLines != 0;
@@ -257,6 +270,8 @@ bool EdCodeEdit::event(QEvent *event)
         event->accept();
         return true;
     }
+    if (event->type() == QEvent::ReadOnlyChange)
+        updateExtraSelections(); // the current line is marked only where it can be edited
     if (event->type() == QEvent::ToolTip) {
         const QHelpEvent *help = static_cast<QHelpEvent *>(event);
         const QString message = messageAt(help->pos());
@@ -276,6 +291,8 @@ QString EdCodeEdit::messageAt(const QPoint &place) const
     const bool inGutter = place.x() < lineNumberWidth();
     const QPoint inText(inGutter ? place.x() : place.x() - lineNumberWidth(), place.y());
     const QTextCursor cursor = cursorForPosition(inText);
+    if (inGutter && place.y() > cursorRect(cursor).bottom())
+        return QString(); // below the last line
     for (const DiagnosticMarks *marks : {&m_errors, &m_warnings, &m_infos}) {
         if (inGutter && marks->lines().contains(cursor.blockNumber()))
             return marks->lines().value(cursor.blockNumber());

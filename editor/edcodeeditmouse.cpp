@@ -122,25 +122,27 @@ void EdCodeEdit::dragSelection()
     drag->exec(Qt::CopyAction);
 }
 
+// Not exec(): a script may close the document while the menu is open.
 void EdCodeEdit::contextMenuEvent(QContextMenuEvent *event)
 {
-    QMenu menu(this);
+    QMenu *menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
     const bool edits = !isReadOnly();
     const bool selected = textCursor().hasSelection();
     const QTextDocument &text = *document();
-    menu.addAction(tr("Undo"), this, SLOT(undo()))->setEnabled(edits && text.isUndoAvailable());
-    menu.addAction(tr("Redo"), this, SLOT(redo()))->setEnabled(edits && text.isRedoAvailable());
-    menu.addSeparator();
-    menu.addAction(tr("Cut"), this, SLOT(cut()))->setEnabled(edits && selected);
-    menu.addAction(tr("Copy"), this, SLOT(copy()))->setEnabled(selected);
-    menu.addAction(tr("Paste"), this, SLOT(paste()))->setEnabled(canPaste());
-    menu.addAction(tr("Select All"), this, SLOT(selectAll()));
-    menu.addSeparator();
-    menu.addAction(tr("Quick Help"), this, SLOT(quickHelp()));
-    menu.addAction(tr("Command documentation"), this, SLOT(commandDocumentation()));
-    menu.addSeparator();
-    menu.addAction(tr("Move to Other View"), this, SLOT(moveToOtherView()));
-    menu.exec(event->globalPos());
+    menu->addAction(tr("Undo"), this, SLOT(undo()))->setEnabled(edits && text.isUndoAvailable());
+    menu->addAction(tr("Redo"), this, SLOT(redo()))->setEnabled(edits && text.isRedoAvailable());
+    menu->addSeparator();
+    menu->addAction(tr("Cut"), this, SLOT(cut()))->setEnabled(edits && selected);
+    menu->addAction(tr("Copy"), this, SLOT(copy()))->setEnabled(selected);
+    menu->addAction(tr("Paste"), this, SLOT(paste()))->setEnabled(canPaste());
+    menu->addAction(tr("Select All"), this, SLOT(selectAll()));
+    menu->addSeparator();
+    menu->addAction(tr("Quick Help"), this, SLOT(quickHelp()));
+    menu->addAction(tr("Command documentation"), this, SLOT(commandDocumentation()));
+    menu->addSeparator();
+    menu->addAction(tr("Move to Other View"), this, SLOT(moveToOtherView()));
+    menu->popup(event->globalPos());
 }
 
 void EdCodeEdit::dragEnterEvent(QDragEnterEvent *event)

@@ -72,6 +72,7 @@ private slots:
     void numbersOfTheVisibleLinesArePainted();
     void typingPaintsOneLine_data();
     void typingPaintsOneLine();
+    void aNewRowMovesWhatIsBelow();
     void gutterFollowsTheMarks();
     void markedTextTellsItsMessage();
 
@@ -194,9 +195,28 @@ void TestLineNumbers::typingPaintsOneLine()
     PaintWatch text(edit->viewport());
     QTest::keyClicks(edit.get(), "1 \"x"); // with and without other colours
     QCoreApplication::processEvents();
-    QVERIFY(gutter.painted.isEmpty());
     const int height = QFontMetrics(edit->font()).height();
+    QVERIFY(gutter.painted.isEmpty());
     QVERIFY(text.painted.boundingRect().height() <= 2 * height);
+}
+
+void TestLineNumbers::aNewRowMovesWhatIsBelow()
+{
+    preferences().wordWrapEnabled = true;
+    auto edit = shownEdit("print \"a\";\n" + lines(20));
+    edit->setLanguage(MelLanguage);
+    edit->setCursorPosition(8);
+    QCoreApplication::processEvents();
+    PaintWatch gutter(gutterOf(*edit));
+    PaintWatch text(edit->viewport());
+    const int below = topOf(*edit, 1);
+    while (topOf(*edit, 1) == below) {
+        text.painted = gutter.painted = QRegion();
+        QTest::keyClicks(edit.get(), "word ");
+        QCoreApplication::processEvents();
+    }
+    QVERIFY(text.painted.boundingRect().height() > edit->viewport()->height() / 2);
+    QVERIFY(gutter.painted.boundingRect().height() > edit->viewport()->height() / 2);
 }
 
 void TestLineNumbers::gutterFollowsTheMarks()
