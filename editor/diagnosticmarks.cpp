@@ -80,10 +80,11 @@ void DiagnosticMarks::clear()
     m_linesAreOld = true;
 }
 
-void DiagnosticMarks::shift(int position, int charsRemoved, int charsAdded, int addedLines)
+bool DiagnosticMarks::shift(int position, int charsRemoved, int charsAdded, int addedLines)
 {
     const int delta = charsAdded - charsRemoved;
     const int limit = position + charsRemoved;
+    bool changesLines = addedLines != 0;
     size_t kept = 0;
     for (EdDiagnosticMark &mark : m_marks) {
         // All lines that came or went are above a mark behind the change.
@@ -93,13 +94,15 @@ void DiagnosticMarks::shift(int position, int charsRemoved, int charsAdded, int 
         if (fate == Fate::Dropped)
             continue;
         if (fate == Fate::Followed)
-            m_linesAreOld = updateLine(mark) || m_linesAreOld;
+            changesLines |= updateLine(mark);
         if (&mark != &m_marks[kept])
             m_marks[kept] = std::move(mark);
         ++kept;
     }
-    m_linesAreOld = m_linesAreOld || addedLines != 0 || kept < m_marks.size();
+    changesLines |= kept < m_marks.size();
     m_marks.erase(m_marks.begin() + std::ptrdiff_t(kept), m_marks.end());
+    m_linesAreOld |= changesLines;
+    return changesLines;
 }
 
 // True when it is another line now.

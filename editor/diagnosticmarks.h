@@ -32,8 +32,9 @@ public:
     void clear();
 
     // A change of the document as QTextDocument::contentsChange() tells it. `addedLines`, negative
-    // when there are fewer now, is what it made of the number of lines.
-    void shift(int position, int charsRemoved, int charsAdded, int addedLines);
+    // when there are fewer now, is what it made of the number of lines. True when other lines have
+    // marks now.
+    bool shift(int position, int charsRemoved, int charsAdded, int addedLines);
 
     // Null when no mark lies there.
     const EdDiagnosticMark *at(int position) const;

@@ -185,11 +185,8 @@ void EdCodeEdit::onContentsChange(int position, int charsRemoved, int charsAdded
     const int addedLines = blockCount() - m_blockCount;
     m_blockCount = blockCount();
     bool changesGutter = addedLines != 0;
-    for (DiagnosticMarks *marks : {&m_errors, &m_warnings, &m_infos}) {
-        const size_t count = marks->all().size();
-        marks->shift(position, charsRemoved, charsAdded, addedLines);
-        changesGutter |= marks->all().size() != count;
-    }
+    for (DiagnosticMarks *marks : {&m_errors, &m_warnings, &m_infos})
+        changesGutter |= marks->shift(position, charsRemoved, charsAdded, addedLines);
     if (changesGutter)
         m_lineNumbers->update();
 }
