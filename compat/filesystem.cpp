@@ -123,6 +123,16 @@ void flushFolder(const QString &path)
 }
 #endif
 
+// One step; empty for what is no link.
+QString linkTarget(const QString &path)
+{
+    // Not by Qt, which takes the shortcuts of Windows for links.
+    std::error_code error;
+    const std::filesystem::path link = nativePath(path);
+    const std::filesystem::path target = std::filesystem::read_symlink(link, error);
+    return error ? QString() : qtPath(link.parent_path() / target);
+}
+
 } // namespace
 
 bool createFile(QFile *file, const QString &path, Access access, QString *errorMessage)
@@ -148,13 +158,17 @@ bool createFile(QFile *file, const QString &path, Access access, QString *errorM
 #endif
 }
 
-QString linkTarget(const QString &path)
+QString linkEnd(const QString &path)
 {
-    // Not by Qt, which takes the shortcuts of Windows for links.
-    std::error_code error;
-    const std::filesystem::path link = nativePath(path);
-    const std::filesystem::path target = std::filesystem::read_symlink(link, error);
-    return error ? QString() : qtPath(link.parent_path() / target);
+    const int mostLinks = 40; // as systems have it
+    QString end = path;
+    for (int i = 0; i < mostLinks; ++i) {
+        const QString next = linkTarget(end);
+        if (next.isEmpty())
+            return end;
+        end = next;
+    }
+    return QString();
 }
 
 bool isSameFile(const QString &path, const QString &other)

@@ -16,9 +16,10 @@ enum class Access { Ordinary, UserOnly };
 // open file does not know its name.
 bool createFile(QFile *file, const QString &path, Access access, QString *errorMessage);
 
-// Where a symbolic link leads, one step; empty for anything else. ".." in it is left to the system,
-// which knows what it is in a linked folder.
-QString linkTarget(const QString &path);
+// The file, there or not, that a path leads to over any number of symbolic links: the path itself
+// when it is none. Empty when they lead in a circle. ".." in them is left to the system, which
+// knows what it is in a linked folder.
+QString linkEnd(const QString &path);
 
 // Whether both paths lead to one file that exists, over links and by whatever name.
 bool isSameFile(const QString &path, const QString &other);

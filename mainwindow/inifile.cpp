@@ -18,7 +18,6 @@ namespace {
 
 const qint64 sizeLimit = 16 * 1024 * 1024; // bytes; a file of the editor's has some thousands
 const int keptFiles = 5;
-const int mostLinks = 40; // as systems have it
 
 enum class Content { Missing, Ini, Unreadable, Damaged };
 
@@ -147,10 +146,9 @@ QString readableName(const QString &path, const IniFile &ini, QTemporaryFile &co
 // A link may lead to a folder that is not there yet.
 void makeFolderOf(const QString &path)
 {
-    QString end = path;
-    for (int i = 0; i < mostLinks && !compat::linkTarget(end).isEmpty(); ++i)
-        end = compat::linkTarget(end);
-    QDir().mkpath(QFileInfo(end).absolutePath());
+    const QString end = compat::linkEnd(path);
+    if (!end.isEmpty())
+        QDir().mkpath(QFileInfo(end).absolutePath());
 }
 
 } // namespace

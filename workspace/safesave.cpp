@@ -25,20 +25,6 @@ QString translated(const char *text)
     return QCoreApplication::translate("SafeSave", text);
 }
 
-// The file that a path leads to over any number of links; empty when they lead in a circle.
-QString linkEnd(const QString &path)
-{
-    const int mostLinks = 40; // as systems have it
-    QString end = path;
-    for (int i = 0; i < mostLinks; ++i) {
-        const QString next = compat::linkTarget(end);
-        if (next.isEmpty())
-            return end;
-        end = next;
-    }
-    return QString();
-}
-
 // Creates a file with a name that begins so and has this process's number. Returns its path, or
 // nothing when that cannot be done.
 QString createNumbered(const QString &start, compat::Access access, QFile *file,
@@ -200,7 +186,7 @@ bool writeInPlace(const QString &path, const QByteArray &bytes, QString *errorMe
 
 bool writeFileSafely(const QString &path, const QByteArray &bytes, QString *errorMessage)
 {
-    const QString target = linkEnd(path);
+    const QString target = compat::linkEnd(path);
     const QFileInfo info(path);
     if (target.isEmpty() || (info.exists() && !info.isFile())) {
         *errorMessage = target.isEmpty() ? translated("Symbolic links lead in a circle")
