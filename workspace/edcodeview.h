@@ -8,7 +8,10 @@
 #include <QFileInfo>
 #include <QWidget>
 
+#include <optional>
+
 class EdCodeEdit;
+struct LineChange;
 
 // One open document: its text widget and the file behind it. A buffer is a document that the user
 // never gave a file; it has one all the same, in the buffer directory, so that it survives the
@@ -30,11 +33,22 @@ public:
     static QDir bufferDirectory();
     static void setBufferDirectory(const QDir &directory);
 
-    // Replaces the document by the file's, which may be that of a buffer. A file that cannot be
-    // read is reported to the user; the text is then left alone and the result is false.
+    // Replaces the document by the file's, which may be that of a buffer; where it is the
+    // document's own, by an edit that can be undone. A file that cannot be read is reported to the
+    // user; the text is then left alone and the result is false.
     bool load(const QFileInfo &info, bool isBuffer, int bufferIndex);
     // The same without a box; returns the reason of a failure, or an empty text.
     QString loadQuietly(const QFileInfo &info, bool isBuffer, int bufferIndex);
+    // Reads the document's file again, by one edit that can be undone: caret, selection and scroll
+    // position stay where they are in the text. A failure is as with the two above.
+    bool reload();
+    QString reloadQuietly();
+    // Whether the file has other bytes than the document's last reading or writing left in it.
+    // Never where it is missing or cannot be read.
+    bool isFileChanged() const;
+    bool isFileMissing() const;
+    // Takes the file as it is now for seen.
+    void ignoreFileChange();
     // Writes the text. Without keepAsBuffer the document becomes that file's, and a buffer's own
     // file is deleted. A failure is reported to the user, gives false, and leaves the old file's
     // document with changes. False for an empty path. Where the file's encoding does not have all
@@ -128,10 +142,13 @@ public slots:
 private:
     void connectCodeEdit();
     bool isBufferFile(const QString &path) const;
+    QString read(const QString &path, QString *text);
+    bool isRead(const QFileInfo &info, const QString &reason);
+    LineChange changeText(const QString &text);
     TextFile contents() const;
     TextFile bufferContents() const;
     bool mayBeEncoded(TextFile *file);
-    void finishWriting();
+    void finishWriting(const Fingerprint &fingerprint);
 
     int m_bufferIndex;
     EdCodeEdit *m_codeEdit;
@@ -140,4 +157,5 @@ private:
     bool m_isBuffer = true;
     TextEncoding m_encoding = TextEncoding::Utf8; // as the file was read, or the user chose
     LineEnds m_lineEnds;
+    std::optional<Fingerprint> m_seen; // the file's; nothing while it has none of its own
 };

@@ -4,6 +4,9 @@
 
 #include "compat/filesystem.h"
 #include "editor/edcodeedit.h"
+#include "editor/editblock.h"
+#include "workspace/linechange.h"
+#include "workspace/viewplace.h"
 
 #include <QApplication>
 #include <QFile>
@@ -37,10 +40,11 @@ bool isClaimed(const QString &path)
 }
 
 // Not while a message is shown.
-bool writeWithWaitCursor(const QString &path, const TextFile &file, QString *errorMessage)
+bool writeWithWaitCursor(const QString &path, const TextFile &file, QString *errorMessage,
+                         Fingerprint *fingerprint)
 {
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    const bool written = writeTextFile(path, file, errorMessage);
+    const bool written = writeTextFile(path, file, errorMessage, fingerprint);
     QApplication::restoreOverrideCursor();
     return written;
 }
@@ -59,7 +63,12 @@ void EdCodeView::setBufferDirectory(const QDir &directory)
 
 bool EdCodeView::load(const QFileInfo &info, bool isBuffer, int bufferIndex)
 {
-    const QString reason = loadQuietly(info, isBuffer, bufferIndex);
+    return isRead(info, loadQuietly(info, isBuffer, bufferIndex));
+}
+
+// Tells the user the reason if it is not.
+bool EdCodeView::isRead(const QFileInfo &info, const QString &reason)
+{
     if (reason.isEmpty())
         return true;
     QMessageBox::warning(this, tr("File Read Error"),
@@ -69,22 +78,89 @@ bool EdCodeView::load(const QFileInfo &info, bool isBuffer, int bufferIndex)
 
 QString EdCodeView::loadQuietly(const QFileInfo &info, bool isBuffer, int bufferIndex)
 {
+    const QString path = info.absoluteFilePath();
+    const bool isAgain = m_seen && m_isBuffer == isBuffer && m_fileInfo.absoluteFilePath() == path;
     m_isBuffer = isBuffer;
     m_bufferIndex = isBuffer ? bufferIndex : -1;
-    TextFile file;
-    QString reason;
-    if (!readTextFile(info.absoluteFilePath(), &file, &reason))
+    QString text;
+    const QString reason = read(path, &text);
+    if (!reason.isEmpty())
         return reason;
     m_fileInfo = info;
-    // That of a buffer's file is the program's own choice.
-    m_encoding = isBuffer ? TextEncoding::Utf8 : file.encoding;
-    m_codeEdit->setText(file.text);
-    m_lineEnds.mark(m_codeEdit->document(), file.text);
+    if (isAgain) {
+        changeText(text);
+    } else {
+        m_codeEdit->setText(text);
+        m_lineEnds.mark(m_codeEdit->document(), text);
+    }
     m_codeEdit->document()->setModified(false);
     m_codeEdit->moveCursor(QTextCursor::Start);
     updateLanguage();
     m_codeEdit->document()->setModified(false);
     return QString();
+}
+
+bool EdCodeView::reload()
+{
+    return isRead(m_fileInfo, reloadQuietly());
+}
+
+QString EdCodeView::reloadQuietly()
+{
+    QString text;
+    const QString reason = read(m_fileInfo.absoluteFilePath(), &text);
+    if (!reason.isEmpty())
+        return reason;
+    const ViewPlace place(*m_codeEdit);
+    place.restore(m_codeEdit, changeText(text));
+    m_fileInfo.refresh();
+    m_codeEdit->document()->setModified(false);
+    return QString();
+}
+
+// Returns the reason of a failure, which changes nothing, or an empty text.
+QString EdCodeView::read(const QString &path, QString *text)
+{
+    TextFile file;
+    Fingerprint fingerprint;
+    QString reason;
+    if (!readTextFile(path, &file, &reason, &fingerprint))
+        return reason;
+    *text = file.text;
+    m_seen = fingerprint;
+    // That of a buffer's file is the program's own choice.
+    m_encoding = m_isBuffer ? TextEncoding::Utf8 : file.encoding;
+    return QString();
+}
+
+// By one edit, with the line ends of the text.
+LineChange EdCodeView::changeText(const QString &text)
+{
+    QTextDocument *document = m_codeEdit->document();
+    if (m_lineEnds.text(*document) == text)
+        return LineChange(); // an edit of nothing would be reported too
+    QTextCursor edit(document);
+    const EditBlock block(edit);
+    const LineChange change = changeLines(document, text);
+    m_lineEnds.markByEdit(document, text);
+    return change;
+}
+
+bool EdCodeView::isFileChanged() const
+{
+    return m_seen && hasOtherBytes(m_fileInfo.absoluteFilePath(), *m_seen);
+}
+
+bool EdCodeView::isFileMissing() const
+{
+    return m_seen && !QFile::exists(m_fileInfo.absoluteFilePath());
+}
+
+void EdCodeView::ignoreFileChange()
+{
+    const std::optional<Fingerprint> now = fingerprintOfFile(m_fileInfo.absoluteFilePath());
+    if (now)
+        m_seen = now;
 }
 
 bool EdCodeView::write(const QString &path, bool keepAsBuffer)
@@ -97,7 +173,8 @@ bool EdCodeView::write(const QString &path, bool keepAsBuffer)
     if (!mayBeEncoded(&file))
         return false;
     QString reason;
-    if (!writeWithWaitCursor(path, file, &reason)) {
+    Fingerprint fingerprint;
+    if (!writeWithWaitCursor(path, file, &reason, &fingerprint)) {
         QMessageBox::warning(this, tr("Error"), tr("Cannot write file %1:\n%2.").arg(path, reason));
         return false;
     }
@@ -111,12 +188,13 @@ bool EdCodeView::write(const QString &path, bool keepAsBuffer)
         m_fileInfo = QFileInfo(path);
         m_bufferIndex = -1;
     }
-    finishWriting();
+    finishWriting(fingerprint);
     return true;
 }
 
-void EdCodeView::finishWriting()
+void EdCodeView::finishWriting(const Fingerprint &fingerprint)
 {
+    m_seen = fingerprint;
     m_fileInfo.refresh(); // it may have been asked before there was a file
     updateLanguage();
     m_codeEdit->document()->setModified(false);
@@ -125,11 +203,12 @@ void EdCodeView::finishWriting()
 QString EdCodeView::saveBufferQuietly()
 {
     QString reason;
+    Fingerprint fingerprint;
     if (m_isBuffer) // somebody may have tidied up
         QDir().mkpath(m_fileInfo.absolutePath());
     if (m_isBuffer && m_modified &&
-        writeTextFile(m_fileInfo.absoluteFilePath(), bufferContents(), &reason))
-        finishWriting();
+        writeTextFile(m_fileInfo.absoluteFilePath(), bufferContents(), &reason, &fingerprint))
+        finishWriting(fingerprint);
     return reason;
 }
 

@@ -47,6 +47,7 @@ public:
         return false;
     }
     LineEnd found() const { return m_found; }
+    int start() const { return m_position - (m_found == LineEnd::CarriageReturnLineFeed ? 2 : 1); }
     // Behind the end that was found.
     int position() const { return m_position; }
 
@@ -101,16 +102,33 @@ LineEnds::LineEnds() : m_usual(systemLineEnd) {}
 
 void LineEnds::mark(QTextDocument *document, const QString &text)
 {
+    count(*document, text);
+    if (!m_mixed)
+        return;
+    document->setUndoRedoEnabled(false); // the marks are no edit
+    markUnusual(document, text);
+    document->setUndoRedoEnabled(true);
+}
+
+void LineEnds::markByEdit(QTextDocument *document, const QString &text)
+{
+    count(*document, text);
+    if (m_mixed)
+        markUnusual(document, text);
+}
+
+void LineEnds::count(const QTextDocument &document, const QString &text)
+{
     int counts[lineEndCount] = {};
     for (LineEndScan scan(text); scan.next();)
         ++counts[int(scan.found())];
     const int *commonest = std::max_element(counts, counts + usualCount);
     m_usual = *commonest == 0 ? systemLineEnd : static_cast<LineEnd>(commonest - counts);
-    m_mixed = document->blockCount() - 1 != counts[int(m_usual)];
-    if (!m_mixed)
-        return;
+    m_mixed = document.blockCount() - 1 != counts[int(m_usual)];
+}
 
-    document->setUndoRedoEnabled(false); // the marks are no edit
+void LineEnds::markUnusual(QTextDocument *document, const QString &text) const
+{
     QTextCursor group(document);
     group.beginEditBlock();
     QTextBlock block = document->begin();
@@ -122,7 +140,6 @@ void LineEnds::mark(QTextDocument *document, const QString &text)
             markBlock(block, scan.found());
     }
     group.endEditBlock();
-    document->setUndoRedoEnabled(true);
 }
 
 // By blocks: toPlainText() would turn no-break spaces into spaces.
@@ -135,6 +152,15 @@ QString LineEnds::text(const QTextDocument &document) const
         joined += block.text();
     }
     return joined;
+}
+
+QStringList linesOf(const QString &text)
+{
+    QStringList lines;
+    int start = 0;
+    for (LineEndScan scan(text); scan.next(); start = scan.position())
+        lines << text.mid(start, scan.start() - start);
+    return lines << text.mid(start);
 }
 
 int lineNumber(const QString &text, int position)

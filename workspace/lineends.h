@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 class QTextDocument;
 
@@ -27,13 +28,22 @@ public:
     // The ends of a text that the document has just been given. New lines will have the commonest
     // of the usual three.
     void mark(QTextDocument *document, const QString &text);
+    // The same for a text that the document has been given by an edit, of which this is then a
+    // part.
+    void markByEdit(QTextDocument *document, const QString &text);
     // The document's text with these ends. Other characters are as they stand in the document.
     QString text(const QTextDocument &document) const;
 
 private:
+    void count(const QTextDocument &document, const QString &text);
+    void markUnusual(QTextDocument *document, const QString &text) const;
+
     LineEnd m_usual; // of the first three
     bool m_mixed = false;
 };
+
+// What the text's lines are in a document.
+QStringList linesOf(const QString &text);
 
 // The line, counted from 1, of a character of the text.
 int lineNumber(const QString &text, int position);

@@ -9,6 +9,8 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <functional>
+#include <string_view>
 
 namespace {
 
@@ -56,25 +58,43 @@ QString described(const QString &text, int position)
     return QString::fromLatin1("'%1' (%2)").arg(text.mid(position, isPair ? 2 : 1), number);
 }
 
-} // namespace
+Fingerprint fingerprintOf(const QByteArray &bytes)
+{
+    const std::string_view view(bytes.constData(), size_t(bytes.size()));
+    return {bytes.size(), std::hash<std::string_view>()(view)};
+}
 
-bool readTextFile(const QString &path, TextFile *file, QString *errorMessage)
+// On failure it returns false and puts the reason into errorMessage.
+bool readBytes(const QString &path, QByteArray *bytes, QString *errorMessage)
 {
     *errorMessage = whyNotRead(QFileInfo(path));
     if (!errorMessage->isEmpty())
         return false;
     QFile source(path);
-    const QByteArray bytes = source.open(QIODevice::ReadOnly) ? source.readAll() : QByteArray();
+    if (source.open(QIODevice::ReadOnly))
+        *bytes = source.readAll();
     // A failure on the way leaves what was read before it.
-    if (source.error() != QFile::NoError) {
+    const bool read = source.error() == QFile::NoError;
+    if (!read)
         *errorMessage = source.errorString();
+    return read;
+}
+
+} // namespace
+
+bool readTextFile(const QString &path, TextFile *file, QString *errorMessage,
+                  Fingerprint *fingerprint)
+{
+    QByteArray bytes;
+    if (!readBytes(path, &bytes, errorMessage))
         return false;
-    }
     if (hasTooManyLines(bytes)) {
         *errorMessage = translated("The file has more than %1 million lines").arg(mostMegalines);
         return false;
     }
     file->encoding = decodeText(bytes, &file->text);
+    if (fingerprint)
+        *fingerprint = fingerprintOf(bytes);
     return true;
 }
 
@@ -87,14 +107,38 @@ std::optional<MissingCharacter> missingCharacter(const TextFile &file)
     return MissingCharacter{described(file.text, missing), lineNumber(file.text, missing)};
 }
 
-bool writeTextFile(const QString &path, const TextFile &file, QString *errorMessage)
+bool writeTextFile(const QString &path, const TextFile &file, QString *errorMessage,
+                   Fingerprint *fingerprint)
 {
     QByteArray bytes;
     const int missing = encodeText(file.text, file.encoding, &bytes);
-    if (missing < 0)
-        return writeFileSafely(path, bytes, errorMessage);
+    if (missing < 0) {
+        const bool written = writeFileSafely(path, bytes, errorMessage);
+        if (written && fingerprint)
+            *fingerprint = fingerprintOf(bytes);
+        return written;
+    }
     *errorMessage = translated("Line %1 has the character %2, which is not in %3")
                         .arg(QString::number(lineNumber(file.text, missing)),
                              described(file.text, missing), encodingName(file.encoding));
     return false;
+}
+
+// Most changes change the size.
+bool hasOtherBytes(const QString &path, const Fingerprint &fingerprint)
+{
+    const QFileInfo info(path);
+    if (info.isFile() && info.isReadable() && info.size() != fingerprint.size)
+        return true;
+    const std::optional<Fingerprint> now = fingerprintOfFile(path);
+    return now && (now->size != fingerprint.size || now->hash != fingerprint.hash);
+}
+
+std::optional<Fingerprint> fingerprintOfFile(const QString &path)
+{
+    QByteArray bytes;
+    QString ignored;
+    if (!readBytes(path, &bytes, &ignored))
+        return std::nullopt;
+    return fingerprintOf(bytes);
 }
