@@ -97,6 +97,8 @@ QString EdCodeView::loadQuietly(const QFileInfo &info, bool isBuffer, int buffer
     m_codeEdit->moveCursor(QTextCursor::Start);
     updateLanguage();
     m_codeEdit->document()->setModified(false);
+    if (m_modified) // a document that gets an empty text does not tell that it is unmodified
+        setModified(false);
     return QString();
 }
 
