@@ -89,12 +89,16 @@ QString TabEntry::open(EdCodeView *view, int bufferIndex) const
 {
     const QString reason =
         view->loadQuietly(QFileInfo(path), isBuffer, isBuffer ? bufferIndex : -1);
-    if (!reason.isEmpty())
-        return reason;
+    if (reason.isEmpty())
+        place(view);
+    return reason;
+}
+
+void TabEntry::place(EdCodeView *view) const
+{
     view->setCursorPosition(cursorPosition);
     view->codeEdit()->verticalScrollBar()->setValue(scrollValue);
     view->codeEdit()->ensureCursorVisible();
-    return QString();
 }
 
 bool TabEntry::hasFile() const

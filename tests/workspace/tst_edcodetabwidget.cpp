@@ -1,0 +1,583 @@
+// SPDX-License-Identifier: MIT
+#include "workspace/edcodetabwidget.h"
+
+#include "editor/edcodeedit.h"
+#include "preferences/preferences.h"
+#include "tests/support/modalanswer.h"
+#include "tests/support/scratchdir.h"
+#include "tests/support/testmain.h"
+#include "tests/support/wheel.h"
+#include "workspace/edcodetabbar.h"
+#include "workspace/edcodeview.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QMenu>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QStackedWidget>
+
+#include <memory>
+
+namespace {
+
+// What a pane reports while a tab is closed, in order. A receiver may well open another document.
+class CloseLog : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit CloseLog(EdCodeTabWidget *pane) : m_pane(pane)
+    {
+        connect(pane, SIGNAL(codeViewRetired(EdCodeView *)), SLOT(retired()));
+        connect(pane, SIGNAL(bufferDeleted(int)), SLOT(deleted(int)));
+        connect(pane, SIGNAL(fileClosed(QString)), SLOT(closed(QString)));
+        connect(pane, SIGNAL(tabChanged()), SLOT(changed()));
+        connect(pane, SIGNAL(otherViewRequested(int, int)), SLOT(requested(int, int)));
+    }
+
+    bool opensAnother = false;
+    QStringList lines;
+
+private slots:
+    void retired() { lines << "retired"; }
+    void deleted(int index) { lines << QString("deleted %1").arg(index); }
+    void closed(const QString &path)
+    {
+        lines << QString("closed %1").arg(QFileInfo(path).fileName());
+        if (opensAnother)
+            m_pane->newBuffer(9, EdCodeView::Text, "another");
+        opensAnother = false;
+    }
+    void changed() { lines << QString("changed, %1 left").arg(m_pane->count()); }
+    void requested(int id, int tab) { lines << QString("request %1 %2").arg(id).arg(tab); }
+
+private:
+    EdCodeTabWidget *m_pane;
+};
+
+void deleteWhatIsPosted()
+{
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+} // namespace
+
+class TestEdCodeTabWidget : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void onlyPanesWithTabsAreShown();
+    void placesInTheStackStayAndAreUsedAgain();
+    void newBuffersGoToTheChosenEnd();
+    void tabsNameWhatTheyShow();
+    void unreadableFilesOpenNothing();
+    void openFilesAreFound();
+    void closingAsks_data();
+    void closingAsks();
+    void savingWhileClosingLosesNothing();
+    void failedSavingKeepsTheTab();
+    void closingIsReportedInOrder();
+    void closedViewsOutliveTheCall();
+    void unsavedFilesAreAskedAboutInTurn_data();
+    void unsavedFilesAreAskedAboutInTurn();
+    void handedOverViewsAreLetGo();
+    void savingUnderANewNameReportsBoth();
+    void renamingBuffersChangesLabels();
+    void renamingFilesChangesTabs();
+    void dismissedMenusLeaveNoTabBehind();
+    void steppingGoesRound();
+    void theBarsOwnStepsAreReported();
+    void entriesComeBack();
+    void scrollingComesBack();
+    void badEntriesAreDropped_data();
+    void badEntriesAreDropped();
+
+private:
+    EdCodeView *openFile(const char *name, const QByteArray &bytes);
+    EdCodeView *newBuffer(int index, const char *text, const char *label = "buffer");
+    QString labels() const;
+
+    std::unique_ptr<ScratchDir> m_dir;
+    std::unique_ptr<ScratchDir> m_buffers;
+    std::unique_ptr<EdCodeTabWidget> m_pane;
+};
+
+void TestEdCodeTabWidget::init()
+{
+    preferences() = Preferences();
+    m_dir = std::make_unique<ScratchDir>();
+    m_buffers = std::make_unique<ScratchDir>();
+    EdCodeView::setBufferDirectory(QDir(m_buffers->path()));
+    m_pane = std::make_unique<EdCodeTabWidget>(1);
+}
+
+void TestEdCodeTabWidget::cleanup()
+{
+    m_pane.reset();
+    m_buffers.reset();
+    m_dir.reset();
+}
+
+EdCodeView *TestEdCodeTabWidget::openFile(const char *name, const QByteArray &bytes)
+{
+    return m_pane->codeViewAt(m_pane->openFile(QFileInfo(m_dir->write(name, bytes)), -1, -1));
+}
+
+EdCodeView *TestEdCodeTabWidget::newBuffer(int index, const char *text, const char *label)
+{
+    EdCodeView *view = m_pane->codeViewAt(m_pane->newBuffer(index, EdCodeView::Text, label));
+    view->replace(text);
+    return view;
+}
+
+// With the current one in brackets.
+QString TestEdCodeTabWidget::labels() const
+{
+    QStringList labels;
+    for (int tab = 0; tab < m_pane->count(); ++tab)
+        labels << QString(tab == m_pane->currentIndex() ? "[%1]" : "%1").arg(m_pane->tabText(tab));
+    return labels.join(" ");
+}
+
+void TestEdCodeTabWidget::onlyPanesWithTabsAreShown()
+{
+    QWidget window;
+    EdCodeTabWidget *pane = new EdCodeTabWidget(0, &window);
+    window.show();
+    QVERIFY(!pane->isVisible());
+    QCOMPARE(pane->newMelBuffer(0), 0);
+    QVERIFY(pane->isVisible());
+    QVERIFY(pane->currentCodeView()->isVisible());
+    pane->closeTab(0);
+    QVERIFY(!pane->isVisible());
+    QVERIFY(!pane->currentCodeView());
+}
+
+void TestEdCodeTabWidget::placesInTheStackStayAndAreUsedAgain()
+{
+    QStackedWidget *stack = m_pane->findChild<QStackedWidget *>();
+    for (int index = 0; index < 3; ++index)
+        newBuffer(index, "");
+    EdCodeView *last = m_pane->codeViewAt(2);
+    m_pane->tabBar()->moveTab(2, 0);
+    m_pane->closeTab(1);
+    QCOMPARE(stack->count(), 3);
+    QCOMPARE(stack->indexOf(last), 2);
+    QCOMPARE(m_pane->indexOf(last), 0);
+    QCOMPARE(m_pane->indexOfStack(2), 0);
+    QCOMPARE(m_pane->indexOfStack(0), -1);
+    for (int index = 3; index < 40; ++index) {
+        newBuffer(index, "");
+        QCOMPARE(stack->currentWidget(), static_cast<QWidget *>(m_pane->currentCodeView()));
+        m_pane->closeTab(m_pane->currentIndex());
+    }
+    QCOMPARE(stack->count(), 3);
+    QCOMPARE(stack->indexOf(last), 2);
+    QCOMPARE(stack->currentWidget(), static_cast<QWidget *>(m_pane->currentCodeView()));
+}
+
+void TestEdCodeTabWidget::newBuffersGoToTheChosenEnd()
+{
+    QSignalSpy created(m_pane.get(), SIGNAL(bufferCreated(int, QString, QFileInfo)));
+    m_pane->newBuffer(0);
+    m_pane->newMelBuffer(1);
+    QCOMPARE(labels(), QString("Text [MEL]"));
+    preferences().insertDocsOnLeft = true;
+    m_pane->newPythonBuffer(2);
+    QCOMPARE(labels(), QString("[Python] Text MEL"));
+    QCOMPARE(created.last().at(0).toInt(), 2);
+    QCOMPARE(created.last().at(1).toString(), QString("Python"));
+    QCOMPARE(m_pane->currentCodeView()->language(), int(EdCodeView::Python));
+}
+
+void TestEdCodeTabWidget::tabsNameWhatTheyShow()
+{
+    newBuffer(0, "changed");
+    EdCodeView *file = openFile("a&b.mel", "");
+    file->replace("changed");
+    QCOMPARE(labels(), QString("buffer [a&b.mel*]"));
+    QVERIFY(m_pane->isModified(1));
+    QCOMPARE(m_pane->tabBar()->tabText(1), QString("a&&b.mel*"));
+    QCOMPARE(m_pane->tabBar()->tabToolTip(1), m_dir->file("a&b.mel"));
+    m_pane->save();
+    QCOMPARE(labels(), QString("buffer [a&b.mel]"));
+    file->replace("again");
+    m_pane->reload(1);
+    QCOMPARE(file->text(), QString("changed"));
+    QCOMPARE(labels(), QString("buffer [a&b.mel]"));
+}
+
+void TestEdCodeTabWidget::unreadableFilesOpenNothing()
+{
+    const QFileInfo missing(m_dir->file("missing"));
+    ModalAnswer first("OK");
+    QCOMPARE(m_pane->openFile(missing, -1, -1), -1);
+    QCOMPARE(first.title(), QString("File Read Error"));
+    ModalAnswer second("OK");
+    QCOMPARE(m_pane->openBuffer(missing, 0, "label", -1), -1);
+    QVERIFY(second.wasAsked());
+    QCOMPARE(m_pane->count(), 0);
+    QVERIFY(!m_pane->isVisible());
+}
+
+void TestEdCodeTabWidget::openFilesAreFound()
+{
+    newBuffer(7, "");
+    openFile("a", "");
+    openFile("b", "");
+    const QFileInfo info(m_dir->file("a"));
+    QVERIFY(QFile::link(m_dir->file("a"), m_dir->file("link")));
+    QCOMPARE(m_pane->findFile(info), 1);
+    QCOMPARE(m_pane->findFile(QFileInfo(m_dir->file("link"))), 1);
+    QCOMPARE(m_pane->findFile(QFileInfo(m_dir->file("c"))), -1);
+    QSignalSpy changed(m_pane.get(), SIGNAL(tabChanged()));
+    QCOMPARE(m_pane->openFile(info, 1, -1), -1);
+    QCOMPARE(m_pane->currentIndex(), 1);
+    m_pane->focusBuffer(7);
+    QCOMPARE(m_pane->currentIndex(), 0);
+    m_pane->focusBuffer(8);
+    QCOMPARE(int(changed.size()), 2);
+    // Nobody shows it any more.
+    m_pane->forceCloseTab(1);
+    QCOMPARE(m_pane->findFile(info), -1);
+    QCOMPARE(m_pane->openFile(info, 1, 0), -1);
+    QCOMPARE(labels(), QString("[a] buffer b"));
+}
+
+void TestEdCodeTabWidget::closingAsks_data()
+{
+    QTest::addColumn<bool>("isBuffer");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<bool>("confirms"); // that buffers are closed
+    QTest::addColumn<QString>("answer");
+    QTest::addColumn<QString>("question"); // empty: not asked
+    QTest::addColumn<bool>("closes");
+
+    const QString lost = "Delete buffer 'buffer'?\n\nUnsaved contents will be lost.";
+    const QString save = "'a.mel' has been modified. Save changes?";
+    QTest::newRow("empty-buffer") << true << "" << true << ""
+                                  << "" << true;
+    QTest::newRow("buffer-yes") << true << "x" << true << "Yes" << lost << true;
+    QTest::newRow("buffer-no") << true << "x" << true << "No" << lost << false;
+    QTest::newRow("buffer-escape") << true << "x" << true << "(none)" << lost << false;
+    QTest::newRow("buffer-unasked") << true << "x" << false << ""
+                                    << "" << true;
+    QTest::newRow("file") << false << "" << true << ""
+                          << "" << true;
+    QTest::newRow("file-yes") << false << "x" << false << "Yes" << save << true;
+    QTest::newRow("file-no") << false << "x" << true << "No" << save << true;
+    QTest::newRow("file-cancel") << false << "x" << true << "Cancel" << save << false;
+    QTest::newRow("file-escape") << false << "x" << true << "(none)" << save << false;
+}
+
+void TestEdCodeTabWidget::closingAsks()
+{
+    QFETCH(bool, isBuffer);
+    QFETCH(QString, typed);
+    QFETCH(QString, answer);
+    QFETCH(QString, question);
+    QFETCH(bool, closes);
+    QFETCH(bool, confirms);
+    preferences().confirmCloseTemporaryBuffer = confirms;
+    EdCodeView *view = isBuffer ? newBuffer(0, "") : openFile("a.mel", "");
+    if (!typed.isEmpty())
+        view->replace(typed);
+    const QString path = view->fileInfo().absoluteFilePath();
+    ModalAnswer box(answer);
+    m_pane->closeTab(0);
+    QCOMPARE(box.text(), question);
+    QCOMPARE(m_pane->count(), closes ? 0 : 1);
+    QCOMPARE(QFile::exists(path), !closes || !isBuffer);
+    if (!isBuffer)
+        QCOMPARE(m_dir->read("a.mel"), QByteArray(answer == "Yes" ? "x" : ""));
+}
+
+void TestEdCodeTabWidget::savingWhileClosingLosesNothing()
+{
+    openFile("a", "")->replace("x");
+    openFile("b", "")->replace("y");
+    ModalAnswer box("Yes");
+    m_pane->closeTab(0);
+    QCOMPARE(labels(), QString("[b]"));
+    QCOMPARE(m_dir->read("a"), QByteArray("x"));
+    QCOMPARE(m_dir->read("b"), QByteArray("y"));
+}
+
+void TestEdCodeTabWidget::failedSavingKeepsTheTab()
+{
+    EdCodeView *view = openFile("a", "");
+    view->replace("x");
+    openFile("b", "");
+    QVERIFY(QFile::remove(m_dir->file("a")) && QDir().mkdir(m_dir->file("a")));
+    ModalAnswer box("Yes");
+    box.thenPress("OK");
+    m_pane->closeTab(0);
+    QVERIFY(box.text().startsWith("Cannot write file"));
+    QCOMPARE(labels(), QString("[a*] b"));
+    QCOMPARE(view->text(), QString("x"));
+}
+
+void TestEdCodeTabWidget::closingIsReportedInOrder()
+{
+    newBuffer(4, "");
+    openFile("a", "");
+    CloseLog log(m_pane.get());
+    log.opensAnother = true;
+    preferences().insertDocsOnLeft = true;
+    m_pane->closeTab(1);
+    QCOMPARE(labels(), QString("[another] buffer"));
+    m_pane->closeTab(1);
+    m_pane->closeTab(0);
+    QCOMPARE(log.lines.join("; "),
+             QString("retired; closed a; changed, 2 left; "
+                     "retired; deleted 4; closed corvaneEditorBuffer-0.txt; changed, 1 left; "
+                     "retired; deleted 9; closed corvaneEditorBuffer-1.txt; request 1 -1"));
+}
+
+void TestEdCodeTabWidget::closedViewsOutliveTheCall()
+{
+    const QPointer<EdCodeView> view = newBuffer(0, "");
+    const QPointer<EdCodeView> other = newBuffer(1, "");
+    QSignalSpy textChanged(m_pane.get(), SIGNAL(textChanged()));
+    m_pane->closeTab(0);
+    QVERIFY(view);
+    view->replace("unheard of");
+    QCOMPARE(int(textChanged.size()), 0);
+    deleteWhatIsPosted();
+    QVERIFY(!view);
+    m_pane->closeTab(0);
+    QVERIFY(other);
+    m_pane->deleteRetiredViews();
+    QVERIFY(!other);
+}
+
+void TestEdCodeTabWidget::unsavedFilesAreAskedAboutInTurn_data()
+{
+    QTest::addColumn<bool>("ignoreCurrent");
+    QTest::addColumn<QString>("answer");
+    QTest::addColumn<QString>("lastQuestion"); // about which file
+    QTest::addColumn<QString>("left");
+    QTest::addColumn<bool>("result");
+
+    QTest::newRow("all-saved") << true << "Yes"
+                               << "b"
+                               << "buffer a [b]" << true;
+    QTest::newRow("without-the-current") << false << "Yes"
+                                         << "a"
+                                         << "buffer a [b*]" << true;
+    QTest::newRow("discarded") << true << "No"
+                               << "b"
+                               << "buffer a* [b*]" << true;
+    QTest::newRow("cancelled") << true << "Cancel"
+                               << "a"
+                               << "buffer a* [b*]" << false;
+}
+
+void TestEdCodeTabWidget::unsavedFilesAreAskedAboutInTurn()
+{
+    QFETCH(bool, ignoreCurrent);
+    QFETCH(QString, answer);
+    QFETCH(QString, lastQuestion);
+    QFETCH(QString, left);
+    QFETCH(bool, result);
+    newBuffer(0, "never asked about");
+    openFile("a", "")->replace("x");
+    openFile("b", "")->replace("y");
+    ModalAnswer box(answer);
+    if (result && ignoreCurrent)
+        box.thenPress(answer);
+    QCOMPARE(m_pane->promptAllUnsaved(ignoreCurrent), result);
+    QCOMPARE(box.text(), QString("'%1' has been modified. Save changes?").arg(lastQuestion));
+    QCOMPARE(labels(), left);
+}
+
+void TestEdCodeTabWidget::handedOverViewsAreLetGo()
+{
+    EdCodeView *view = openFile("a", "");
+    view->replace("x");
+    EdCodeTabWidget other(0);
+    CloseLog log(m_pane.get());
+    QSignalSpy textChanged(m_pane.get(), SIGNAL(textChanged()));
+    m_pane->tabMoved(0);
+    other.insertCodeView(-1, view, "a*");
+    QVERIFY(!m_pane->isVisible() && other.isVisible());
+    QCOMPARE(log.lines, QStringList());
+    view->replace("y");
+    QCOMPARE(int(textChanged.size()), 0);
+    QCOMPARE(other.tabText(0), QString("a*"));
+    other.save();
+    QCOMPARE(other.tabText(0), QString("a"));
+    m_pane.reset();
+    QCOMPARE(other.currentCodeView()->text(), QString("xy"));
+}
+
+void TestEdCodeTabWidget::savingUnderANewNameReportsBoth()
+{
+    EdCodeView *view = newBuffer(3, "x");
+    const QString oldPath = view->fileInfo().absoluteFilePath();
+    CloseLog log(m_pane.get());
+    QSignalSpy opened(m_pane.get(), SIGNAL(fileOpened(QString)));
+    m_pane->saveAs(QString());
+    QCOMPARE(log.lines, QStringList());
+    m_pane->saveAs(m_dir->file("a.mel"));
+    QCOMPARE(log.lines.join("; "), QString("closed corvaneEditorBuffer-0.txt; deleted 3"));
+    QCOMPARE(opened.last().first().toString(), m_dir->file("a.mel"));
+    QCOMPARE(labels(), QString("[a.mel]"));
+    QCOMPARE(m_pane->tabBar()->tabToolTip(0), m_dir->file("a.mel"));
+    QVERIFY(!QFile::exists(oldPath));
+}
+
+void TestEdCodeTabWidget::renamingBuffersChangesLabels()
+{
+    newBuffer(5, "", "old");
+    newBuffer(6, "", "other");
+    QSignalSpy renamed(m_pane.get(), SIGNAL(bufferRenamed(int, QString)));
+    ModalAnswer box("OK");
+    box.enter("a new name");
+    m_pane->rename(0);
+    QCOMPARE(box.title(), QString("Rename"));
+    QCOMPARE(box.text(), QString("New Name:"));
+    QCOMPARE(labels(), QString("a new name [other]"));
+    QCOMPARE(renamed.last().at(0).toInt(), 5);
+    QCOMPARE(renamed.last().at(1).toString(), QString("a new name"));
+    ModalAnswer cancelled("Cancel");
+    cancelled.enter("nothing");
+    m_pane->rename();
+    QCOMPARE(labels(), QString("a new name [other]"));
+}
+
+void TestEdCodeTabWidget::renamingFilesChangesTabs()
+{
+    openFile("a.txt", "")->replace("x");
+    QSignalSpy renamed(m_pane.get(), SIGNAL(fileRenamed(QString, QString)));
+    ModalAnswer same("OK");
+    m_pane->rename(); // the mark of changes is not offered as part of the name
+    QCOMPARE(int(renamed.size()), 0);
+    ModalAnswer box("OK");
+    box.enter("b.txt");
+    m_pane->rename();
+    QCOMPARE(labels(), QString("[b.txt*]"));
+    QCOMPARE(m_pane->tabBar()->tabToolTip(0), m_dir->file("b.txt"));
+    QCOMPARE(renamed.last().at(0).toString(), m_dir->file("a.txt"));
+    QCOMPARE(renamed.last().at(1).toString(), m_dir->file("b.txt"));
+}
+
+void TestEdCodeTabWidget::dismissedMenusLeaveNoTabBehind()
+{
+    newBuffer(0, "", "first");
+    newBuffer(1, "", "second");
+    m_pane->contextMenu(m_pane->tabBar()->tabRect(0).center());
+    QMenu *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    QVERIFY(menu);
+    menu->close();
+    deleteWhatIsPosted();
+    m_pane->contextCloseTab();
+    QCOMPARE(labels(), QString("first [second]"));
+}
+
+void TestEdCodeTabWidget::steppingGoesRound()
+{
+    newBuffer(0, "", "a");
+    QSignalSpy changed(m_pane.get(), SIGNAL(tabChanged()));
+    m_pane->nextTab();
+    m_pane->previousTab();
+    QCOMPARE(int(changed.size()), 0);
+    newBuffer(1, "", "b");
+    EdCodeView *last = newBuffer(2, "", "c");
+    last->nextTab();
+    QCOMPARE(labels(), QString("[a] b c"));
+    m_pane->previousTab();
+    QCOMPARE(labels(), QString("a b [c]"));
+    m_pane->previousTab();
+    QCOMPARE(labels(), QString("a [b] c"));
+    m_pane->setCurrentTab(1);
+    m_pane->setCurrentTab(3);
+    QCOMPARE(int(changed.size()), 3);
+}
+
+void TestEdCodeTabWidget::theBarsOwnStepsAreReported()
+{
+    newBuffer(0, "", "a");
+    newBuffer(1, "", "b");
+    QSignalSpy changed(m_pane.get(), SIGNAL(tabChanged()));
+    QTest::keyClick(m_pane->tabBar(), Qt::Key_Left);
+    QCOMPARE(labels(), QString("[a] b"));
+    QCOMPARE(int(changed.size()), 1);
+    turnWheel(m_pane->tabBar());
+    QCOMPARE(labels(), QString("a [b]"));
+    QCOMPARE(int(changed.size()), 2);
+    turnWheel(m_pane->tabBar());
+    QCOMPARE(int(changed.size()), 2);
+}
+
+void TestEdCodeTabWidget::entriesComeBack()
+{
+    openFile("a, b.mel", "one\ntwo\n")->setCursorPosition(5);
+    newBuffer(0, "text", "label, with a comma")->save();
+    QStringList entries;
+    m_pane->writeState(entries, 1);
+    QCOMPARE(entries.size(), 2);
+    QCOMPARE(entries.first(), QString("1,%1,5,0,0").arg(m_dir->file("a, b.mel")));
+
+    EdCodeTabWidget pane(0);
+    QSignalSpy opened(&pane, SIGNAL(fileOpened(QString)));
+    QSignalSpy created(&pane, SIGNAL(bufferCreated(int, QString, QFileInfo)));
+    pane.restoreTab(entries.at(0), 20);
+    QCOMPARE(pane.restoreTabQuietly(entries.at(1), 21), QString());
+    QCOMPARE(pane.codeViewAt(0)->codeEdit()->textCursor().position(), 5);
+    QCOMPARE(int(opened.size()), 1);
+    QCOMPARE(pane.tabText(1), QString("label, with a comma"));
+    QCOMPARE(pane.codeViewAt(1)->text(), QString("text"));
+    QCOMPARE(created.first().at(0).toInt(), 21);
+}
+
+void TestEdCodeTabWidget::scrollingComesBack()
+{
+    m_pane->resize(400, 300);
+    m_pane->show();
+    m_dir->write("long", QByteArray("x\n").repeated(1000));
+    const QString entry = QString("0,%1,%2,%3,0").arg(m_dir->file("long"));
+    m_pane->restoreTab(entry.arg(2 * 505).arg(500), 0);
+    QScrollBar *bar = m_pane->currentCodeView()->codeEdit()->verticalScrollBar();
+    QCOMPARE(bar->value(), 500);
+    m_pane->restoreTab(entry.arg(0).arg(500), 0); // the caret comes first
+    QCOMPARE(m_pane->currentCodeView()->codeEdit()->verticalScrollBar()->value(), 0);
+}
+
+void TestEdCodeTabWidget::badEntriesAreDropped_data()
+{
+    QTest::addColumn<QString>("entry"); // %1 is a file that exists
+    QTest::addColumn<QString>("question");
+
+    QTest::newRow("empty") << ""
+                           << "";
+    QTest::newRow("too-short") << "0,%1,3,4"
+                               << "";
+    QTest::newRow("buffer-without-a-label") << "0,%1,3,4,1"
+                                            << "";
+    QTest::newRow("cursor-not-a-number") << "0,%1,x,4,0"
+                                         << "";
+    QTest::newRow("missing") << "0,%1.missing,3,4,0"
+                             << "File Read Error";
+}
+
+void TestEdCodeTabWidget::badEntriesAreDropped()
+{
+    QFETCH(QString, entry);
+    QFETCH(QString, question);
+    const QString text = entry.contains("%1") ? entry.arg(m_dir->write("a", "")) : entry;
+    QCOMPARE(m_pane->restoreTabQuietly(text, 0).isEmpty(), question.isEmpty());
+    ModalAnswer box("OK");
+    m_pane->restoreTab(text, 0);
+    QCOMPARE(box.title(), question);
+    QCOMPARE(m_pane->count(), 0);
+}
+
+CORVANE_TEST_MAIN(TestEdCodeTabWidget)
+#include "tst_edcodetabwidget.moc"

@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: MIT
+// What a pane asks the user, and the menus of its tabs.
+#include "workspace/edcodetabwidget.h"
+
+#include "editor/edcodeedit.h"
+#include "preferences/preferences.h"
+#include "workspace/choicebox.h"
+#include "workspace/edcodetabbar.h"
+#include "workspace/edcodeview.h"
+
+#include <QInputDialog>
+#include <QLineEdit>
+#include <QMenu>
+#include <QTextDocument>
+
+SaveAnswer EdCodeTabWidget::promptSave(int tabIndex)
+{
+    return askToSave(this, documentName(tabIndex));
+}
+
+bool EdCodeTabWidget::promptAllUnsaved(bool ignoreCurrent)
+{
+    const EdCodeView *skipped = ignoreCurrent ? nullptr : currentCodeView();
+    QList<QPointer<EdCodeView>> views; // what runs while a box is open may close some
+    for (EdCodeView *view : codeViews()) {
+        if (view != skipped && !view->isBuffer())
+            views << QPointer<EdCodeView>(view);
+    }
+    for (const QPointer<EdCodeView> &view : views) {
+        if (!view || !view->isModified())
+            continue;
+        const SaveAnswer answer = promptSave(indexOf(view));
+        if (answer == SaveAnswer::Save)
+            save(indexOf(view));
+        if (answer == SaveAnswer::Cancel ||
+            (answer == SaveAnswer::Save && view && view->isModified()))
+            return false;
+    }
+    return true;
+}
+
+bool EdCodeTabWidget::confirmCloseBuffer(int tabIndex)
+{
+    const EdCodeView *view = codeViewAt(tabIndex);
+    if (!view || view->codeEdit()->document()->isEmpty())
+        return true;
+    const QString question =
+        tr("Delete buffer '%1'?\n\nUnsaved contents will be lost.").arg(tabText(tabIndex));
+    return askChoice(this, tr("Delete"), question, QStringList() << tr("Yes") << tr("No")) == 0;
+}
+
+void EdCodeTabWidget::closeTab(int tabIndex)
+{
+    const QPointer<EdCodeView> view = codeViewAt(tabIndex);
+    if (!view)
+        return;
+    const bool mayClose = view->isBuffer() ? !preferences().confirmCloseTemporaryBuffer ||
+                                                 confirmCloseBuffer(tabIndex)
+                                           : mayCloseFile(view);
+    // Its index may be another one by now.
+    if (mayClose)
+        forceCloseTab(indexOf(view));
+}
+
+bool EdCodeTabWidget::mayCloseFile(EdCodeView *closing)
+{
+    if (!closing->isModified())
+        return true;
+    const QPointer<EdCodeView> view = closing;
+    const SaveAnswer answer = promptSave(indexOf(view));
+    if (answer != SaveAnswer::Save)
+        return answer == SaveAnswer::Discard;
+    const bool isCurrent = view == currentCodeView();
+    save(); // Deliberate: whichever is current.
+    if (view && !isCurrent) {
+        setCurrentTab(indexOf(view));
+        view->save();
+    }
+    return view && !view->isModified(); // saving may have failed
+}
+
+int EdCodeTabWidget::takeContextTab()
+{
+    const int tab = m_contextTab;
+    m_contextTab = -1;
+    return tab;
+}
+
+void EdCodeTabWidget::forgetContextTab()
+{
+    m_contextTab = -1;
+}
+
+void EdCodeTabWidget::contextCloseTab()
+{
+    closeTab(takeContextTab());
+}
+
+void EdCodeTabWidget::rename()
+{
+    const int tab = takeContextTab();
+    rename(tab >= 0 ? tab : currentIndex());
+}
+
+void EdCodeTabWidget::rename(int tabIndex)
+{
+    const QPointer<EdCodeView> view = codeViewAt(tabIndex);
+    if (!view)
+        return;
+    bool accepted = false;
+    const QString name = QInputDialog::getText(
+        this, tr("Rename"), tr("New Name:"), QLineEdit::Normal, documentName(tabIndex), &accepted);
+    if (!accepted || name.isEmpty() || !view)
+        return;
+    if (!view->isBuffer()) {
+        view->rename(name);
+        return;
+    }
+    setTabText(indexOf(view), name);
+    emit bufferRenamed(view->bufferIndex(), name);
+}
+
+// Not one that waits: what it is about may be closed while it is open.
+QMenu *EdCodeTabWidget::newMenu()
+{
+    QMenu *menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    return menu;
+}
+
+void EdCodeTabWidget::contextMenu(const QPoint &position)
+{
+    m_contextTab = m_tabBar->tabAt(position);
+    if (m_contextTab < 0)
+        return;
+    QMenu *menu = newMenu();
+    // Only after the choice, which needs the tab.
+    connect(menu, SIGNAL(destroyed()), SLOT(forgetContextTab()));
+    menu->addAction(tr("Close"), this, SLOT(contextCloseTab()));
+    if (preferences().closeAllButThis)
+        menu->addAction(tr("Close All But This"), this, SLOT(closeAllButThis()));
+    menu->addSeparator();
+    menu->addAction(tr("Save"), this, SLOT(contextMenuSave()));
+    menu->addAction(tr("Save As"), this, SLOT(contextMenuSaveAs()));
+    menu->addAction(tr("Rename..."), this, SLOT(rename()));
+    menu->addSeparator();
+    menu->addAction(tr("Move to Other View"), this, SLOT(moveToOtherView()));
+    menu->popup(m_tabBar->mapToGlobal(position));
+}
+
+void EdCodeTabWidget::tabMoveContextMenu(const QPoint &globalPos)
+{
+    QMenu *menu = newMenu();
+    menu->addAction(tr("Move to Other View"), this, SLOT(moveToOtherView()));
+    menu->popup(globalPos);
+}
