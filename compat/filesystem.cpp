@@ -254,6 +254,32 @@ bool renameFile(const QString &path, const QString &newPath)
     return QFile::rename(path, newPath);
 }
 
+bool FileStamp::operator==(const FileStamp &other) const
+{
+    return exists == other.exists && size == other.size && modified == other.modified &&
+           number == other.number;
+}
+
+FileStamp fileStamp(const QString &path)
+{
+    const QFileInfo info(path);
+    FileStamp stamp;
+    stamp.exists = info.exists();
+    if (!stamp.exists)
+        return stamp;
+    std::error_code error; // it may be removed meanwhile
+    stamp.size = info.size();
+    // Not by Qt, whose older versions know seconds only.
+    stamp.modified =
+        std::filesystem::last_write_time(nativePath(path), error).time_since_epoch().count();
+#ifdef Q_OS_UNIX
+    struct stat status;
+    if (stat(QFile::encodeName(path).constData(), &status) == 0)
+        stamp.number = status.st_ino;
+#endif
+    return stamp;
+}
+
 bool isRunning(qint64 process)
 {
 #ifdef Q_OS_UNIX

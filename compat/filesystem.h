@@ -40,6 +40,20 @@ bool replaceFile(const QString &path, const QString &by, QString *errorMessage);
 // Renames a file or a link; never in the place of another, even one that appears meanwhile.
 bool renameFile(const QString &path, const QString &newPath);
 
+// What tells that a file is not what it was, without reading it. Equal for what is missing.
+struct FileStamp
+{
+    bool exists = false;
+    qint64 size = 0;
+    qint64 modified = 0; // in the system's own units, which may be small
+    quint64 number = 0;  // of a file system that numbers its files: another file of that name
+
+    bool operator==(const FileStamp &other) const;
+};
+
+// Over links.
+FileStamp fileStamp(const QString &path);
+
 // Whether a process of this number may be at work.
 bool isRunning(qint64 process);
 
