@@ -102,6 +102,7 @@ void EdCodeTabWidget::startDrag(int x)
     if (!view)
         return;
     view->codeEdit()->installEventFilter(this);
+    m_tabBar->setMouseTracking(true); // also tells when the button is up already
     m_dragSource = currentIndex();
     m_dragPlace = DragPlace::Tabs;
     m_dragX = x;
@@ -114,6 +115,7 @@ void EdCodeTabWidget::endDrag()
     if (!isDragging())
         return;
     codeViewAt(m_dragSource)->codeEdit()->removeEventFilter(this);
+    m_tabBar->setMouseTracking(false);
     m_dragSource = -1;
     unsetCursor();
 }
