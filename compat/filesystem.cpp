@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "compat/filesystem.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QMap>
@@ -221,16 +222,30 @@ bool flushToDisk(const QFile &file, QString *errorMessage)
 
 bool replaceFile(const QString &path, const QString &by, QString *errorMessage)
 {
-    std::error_code error;
-    std::filesystem::rename(nativePath(by), nativePath(path), error);
-    if (error) {
-        *errorMessage = messageOf(error);
+    if (!replaceFileSoon(path, by, errorMessage))
         return false;
-    }
 #ifdef Q_OS_UNIX
     flushFolder(QFileInfo(path).path());
 #endif
     return true;
+}
+
+bool replaceFileSoon(const QString &path, const QString &by, QString *errorMessage)
+{
+    std::error_code error;
+    std::filesystem::rename(nativePath(by), nativePath(path), error);
+    if (error)
+        *errorMessage = messageOf(error);
+    return !error;
+}
+
+bool createPrivateFolder(const QString &path)
+{
+#ifdef Q_OS_UNIX
+    return ::mkdir(QFile::encodeName(path).constData(), 0700) == 0;
+#else
+    return QDir().mkdir(path); // the folder above decides
+#endif
 }
 
 bool renameFile(const QString &path, const QString &newPath)

@@ -36,6 +36,11 @@ bool flushToDisk(const QFile &file, QString *errorMessage);
 
 // Moves the file `by` to `path` in one step, whether or not there is a file already.
 bool replaceFile(const QString &path, const QString &by, QString *errorMessage);
+// The same without waiting until the disk knows it: enough against the end of the program.
+bool replaceFileSoon(const QString &path, const QString &by, QString *errorMessage);
+
+// Makes one folder, which only the user can enter. False where there is something of that name.
+bool createPrivateFolder(const QString &path);
 
 // Renames a file or a link; never in the place of another, even one that appears meanwhile.
 bool renameFile(const QString &path, const QString &newPath);
