@@ -25,6 +25,9 @@ CROSS = '<path stroke="%s" d="M9.8 %s l4.4 4.4 M14.2 %s l-4.4 4.4"/>'
 SHADE = '<rect x="5" y="%s" width="14" height="5" stroke="none" fill="%s"/>'
 CROSS_TOP, CROSS_BOTTOM = CROSS % (RED, "5.3", "5.3"), CROSS % (RED, "14.3", "14.3")
 SHADE_TOP, SHADE_BOTTOM = SHADE % ("5", BLUE), SHADE % ("14", BLUE)
+# A corner of the class that a member belongs to, and a member that needs no instance.
+OF_CLASS = f'<rect x="15" y="15" width="8" height="8" stroke="none" fill="{AMBER}"/>'
+STATIC = f'<circle cx="19" cy="19" r="4.5" stroke="none" fill="{TEAL}"/>'
 
 
 def icon(source, colour=LIGHT, accents=None, fill=(), extra=""):
@@ -80,18 +83,26 @@ GUTTER = {
     "info": icon("info", BLUE),
 }
 
-# The outline.
+# The outline, and lists of words.
 SMALL = {
+    "mel_global_proc": icon("globe", GREEN),
+    "mel_proc": icon("square-terminal", GREEN),
+    "mel_global_var": icon("dollar-sign", TEAL),
+    "python_import": icon("import", LIGHT),
+    "python_main": icon("house", GREEN),
+    "python_class": icon("box", AMBER),
+    "python_method": icon("square-function", VIOLET),
+    "python_static_method": icon("square-function", VIOLET, extra=STATIC),
+    "python_class_method": icon("square-function", VIOLET, extra=OF_CLASS),
+    "python_variable": icon("variable", TEAL),
+    "python_class_variable": icon("variable", TEAL, extra=OF_CLASS),
+    "sort_alpha": icon("arrow-down-a-z", accents={0: BLUE, 1: BLUE}),
+    "expand_all": icon("unfold-vertical", accents={0: GREEN, 1: GREEN, 6: GREEN, 7: GREEN}),
+    "collapse_all": icon("fold-vertical", accents={0: GREEN, 1: GREEN, 6: GREEN, 7: GREEN}),
+    "view_menu": icon("eye"),
     "todo": icon("list-todo", BLUE),
     "result": icon("corner-down-right", GREEN),
-    "class": icon("box", AMBER),
     "function": icon("square-function", BLUE),
-    "method": icon("square-function", VIOLET),
-    "procedure": icon("square-terminal", GREEN),
-    "globalProcedure": icon("globe", GREEN),
-    "variable": icon("variable", TEAL),
-    "import": icon("import", LIGHT),
-    "main": icon("house", GREEN),
     "module": icon("package", BLUE),
     "keyword": icon("key", VIOLET),
     "builtin": icon("puzzle", TEAL),
