@@ -7,24 +7,11 @@ namespace {
 
 const int iconPixels = 16;
 
-// The selected entry keeps its text colour on a ground that is hardly another.
-void subdueSelection(QPalette *palette, QPalette::ColorGroup group)
-{
-    palette->setColor(group, QPalette::Highlight, palette->color(group, QPalette::AlternateBase));
-    palette->setColor(group, QPalette::HighlightedText, palette->color(group, QPalette::Text));
-}
-
 } // namespace
 
-EdOpenList::EdOpenList(QWidget *parent) : QListWidget(parent), m_focusPalette(palette())
+EdOpenList::EdOpenList(QWidget *parent) : QListWidget(parent), m_palettes(palette())
 {
-    // The inactive colours are for widgets of another window than the active one. For one without
-    // the focus in the active window there are none, hence a second palette.
-    subdueSelection(&m_focusPalette, QPalette::Inactive);
-    m_unfocusedPalette = m_focusPalette;
-    subdueSelection(&m_unfocusedPalette, QPalette::Active);
-    setPalette(m_unfocusedPalette);
-
+    setPalette(m_palettes.unfocused);
     setIconSize(QSize(iconPixels, iconPixels));
     setSortingEnabled(true);
     setContextMenuPolicy(Qt::CustomContextMenu);
@@ -67,12 +54,12 @@ void EdOpenList::contextMenu(const QPoint &position)
 
 void EdOpenList::focusInEvent(QFocusEvent *event)
 {
-    setPalette(m_focusPalette);
+    setPalette(m_palettes.focused);
     QListWidget::focusInEvent(event);
 }
 
 void EdOpenList::focusOutEvent(QFocusEvent *event)
 {
-    setPalette(m_unfocusedPalette);
+    setPalette(m_palettes.unfocused);
     QListWidget::focusOutEvent(event);
 }

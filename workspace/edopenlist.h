@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "preferences/focuspalettes.h"
+
 #include <QFileIconProvider>
 #include <QFileInfo>
 #include <QListWidget>
-#include <QPalette>
 
 class QMenu;
 
@@ -42,6 +43,5 @@ protected:
 private:
     QListWidgetItem *m_contextItem = nullptr; // owned by the list
     QFileIconProvider m_iconProvider;         // asks the desktop, so kept for all entries
-    QPalette m_focusPalette;
-    QPalette m_unfocusedPalette;
+    FocusPalettes m_palettes;
 };
