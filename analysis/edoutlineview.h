@@ -1,18 +1,95 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QTreeWidget>
+#include "analysis/outlinetree.h"
+#include "preferences/focuspalettes.h"
 
-// The outline of the active script, in a dock of the window. Nothing is listed yet, which an empty
-// view says.
-class EdOutlineView : public QTreeWidget
+#include <QHash>
+#include <QString>
+#include <QWidget>
+
+class BaseParser;
+class EdTreeWidget;
+class MelParser;
+class PythonParser;
+class QBoxLayout;
+class QTextCursor;
+class QToolButton;
+class QTreeWidgetItem;
+
+// The outline of the active document, in a dock of the window: what its parser found, as a tree
+// that leads to the places in the text and marks the one that the caret is in. It knows documents
+// by their paths only. Positions are those of the document.
+class EdOutlineView : public QWidget
 {
     Q_OBJECT
 
 public:
     explicit EdOutlineView(QWidget *parent = nullptr);
 
-protected:
-    // Draws the hint over the empty tree.
-    void paintEvent(QPaintEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+signals:
+    // The range of a name, and whether the document shall have the focus.
+    void outlineItemClicked(int startPos, int endPos, bool focus);
+    void outlineItemDoubleClicked(int startPos, int endPos, bool focus);
+    // A preference about kinds of items was changed here.
+    void outlineViewChanged();
+
+public slots:
+    // The parser's file is the document. Another one than before is shown as it was left; else
+    // only what has changed is touched.
+    void parseMelCode(const MelParser &parser);
+    void parsePythonCode(const PythonParser &parser);
+    // An edit of the document since it was parsed, as QTextDocument tells it.
+    void contentsChange(int position, int charsRemoved, int charsAdded);
+    // Mark the item that the caret is in, without taking the focus and without a signal. Where the
+    // line is known, the item is the one of the line, else the last one that begins before.
+    void followCaret(int position);
+    void followCaret(const QTextCursor &caret);
+
+    // Empties the tree, for a document without an outline.
+    void showNothing();
+    // Also forgets how the documents were left, all of them or one.
+    void clear();
+    void clearStoredDetails(const QString &path);
+
+    void onItemClicked(QTreeWidgetItem *item, int column);
+    void onItemDoubleClicked(QTreeWidgetItem *item, int column);
+    // Shows the place of the current item, as a click does.
+    void onSelectionChanged();
+
+    void sortAlphabetically(bool on);
+    void showViewDialog();
+    void toggleImportVisibility();
+    void toggleMainVisibility();
+    void toggleGlobalVariableVisibility();
+    void toggleGlobalProcVisibility();
+    void toggleProcVisibility();
+
+private slots:
+    void markCaret();
+
+private:
+    // How a document's outline was left.
+    struct Details
+    {
+        OutlineExpansion expansion;
+        int scrollPosition = 0;
+    };
+
+    QBoxLayout *createButtons();
+    void connectTree();
+    void showItemsOf(const BaseParser &parser);
+    void openDocument(const QString &path, const QList<OutlineItem> &items);
+    void storeDetails();
+    void toggle(bool Preferences::*preference);
+
+    EdTreeWidget *m_tree;
+    OutlineTree m_outline;
+    QToolButton *m_sortButton = nullptr;
+    FocusPalettes m_palettes;
+    QString m_path; // of the document; empty for none
+    QHash<QString, Details> m_details;
+    OutlineCaret m_caret = {-1, 0, 0};
 };

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QTreeWidget>
+
+// A tree to find one's way by: Return does what a double click does, and moving about by keys is
+// told apart from what the program selects. Without anything to see it says so.
+class EdTreeWidget : public QTreeWidget
+{
+    Q_OBJECT
+
+public:
+    explicit EdTreeWidget(QWidget *parent = nullptr);
+
+signals:
+    // The arrow keys and the like made another item the current one, or the start of its name did.
+    void currentItemChangedByKey();
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+};

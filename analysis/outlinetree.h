@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "analysis/outlinechange.h"
+#include "analysis/outlinenode.h"
+
+#include <QSet>
+#include <QString>
+
+#include <vector>
+
+class QModelIndex;
+class QTreeWidget;
+
+// The nodes of a tree that were expanded: at top level known by their text, further down by their
+// parent's text followed by their own.
+struct OutlineExpansion
+{
+    QSet<QString> topLevel;
+    QSet<QString> deeper;
+};
+
+// Where the caret is, and the line around it.
+struct OutlineCaret
+{
+    int position;
+    int lineStart;
+    int lineEnd;
+};
+
+// Keeps a tree the image of a list of outline items. A new list touches only what differs from the
+// one before; selection, expansion and scroll position of the rest stay.
+class OutlineTree
+{
+public:
+    // The tree must outlive this object, and is filled by nobody else.
+    explicit OutlineTree(QTreeWidget *tree);
+    ~OutlineTree();
+    OutlineTree(const OutlineTree &) = delete;
+    OutlineTree &operator=(const OutlineTree &) = delete;
+
+    // Of another text: nothing is kept.
+    void fill(const QList<OutlineItem> &items, const OutlineExpansion &expansion);
+    // Of the same text after edits.
+    void update(const QList<OutlineItem> &items);
+    // Of the text; until the next list the nodes' positions move with it.
+    void contentsChange(int position, int charsRemoved, int charsAdded);
+
+    // By name, or in the order of the text.
+    void setSorted(bool byName);
+    // Hides and shows what the preferences say.
+    void updateHidden();
+    OutlineExpansion expansion() const;
+
+    // The innermost item whose name or body the caret is in, as far as the items alone tell, or
+    // what of its parents can be seen; null for none. Takes logarithmic time.
+    QTreeWidgetItem *visibleNodeAt(const OutlineCaret &caret) const;
+
+private:
+    typedef std::vector<int> Indexes;
+
+    void take(const QList<OutlineItem> &items, const Indexes &parents);
+    void rename(const QList<OutlineItem> &items, const Indexes &parents,
+                const OutlineChange &change);
+    void replace(const QList<OutlineItem> &items, const Indexes &parents,
+                 const OutlineChange &change, const OutlineExpansion &expansion);
+    void removeNodes(int first, int end);
+    void insertNodes(int first, int end);
+    void insertRows(QTreeWidgetItem *parent, const QList<QTreeWidgetItem *> &nodes);
+    int rowFor(const QTreeWidgetItem &parent, int index) const;
+    OutlineNode *firstNodeInView() const;
+    void expandNodes(int first, int end, const OutlineExpansion &expansion);
+    int itemAt(const OutlineCaret &caret) const;
+    template <typename Visit>
+    void visitRows(QTreeWidgetItem *parent, const QModelIndex &parentIndex,
+                   const Visit &visit) const;
+
+    QTreeWidget *m_tree;
+    OutlineContents m_contents;
+    // For each item:
+    std::vector<OutlineNode *> m_nodes; // owned by the tree
+    Indexes m_parents;
+    Indexes m_starts; // the highest position so far; a list of imports may be in disorder
+};
