@@ -217,9 +217,7 @@ void EdCodeTabWidget::connectView(EdCodeView *view)
 // Its messages are shown over the pane.
 EdCodeView *EdCodeTabWidget::newView()
 {
-    EdCodeView *view = new EdCodeView(EdCodeView::AwaitsFile, EdCodeView::Text, this);
-    view->hide();
-    return view;
+    return new EdCodeView(EdCodeView::AwaitsFile, EdCodeView::Text, this);
 }
 
 int EdCodeTabWidget::newBuffer(int bufferIndex, int language, const QString &label)
@@ -352,7 +350,7 @@ void EdCodeTabWidget::tabMoved(int tabIndex)
     removeTab(tabIndex);
 }
 
-// Deliberate: an open document of that index is reported before the tab goes.
+// Deliberate: the tab goes last. Whoever is told before finds it with an empty view.
 void EdCodeTabWidget::forceCloseTab(int tabIndex)
 {
     if (!codeViewAt(tabIndex))

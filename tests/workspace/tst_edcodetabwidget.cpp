@@ -83,19 +83,17 @@ private slots:
     void savingWhileClosingLosesNothing();
     void failedSavingKeepsTheTab();
     void closingIsReportedInOrder();
+    void closingGivesTheNextViewTheFocus();
     void closedViewsOutliveTheCall();
-    void unsavedFilesAreAskedAboutInTurn_data();
     void unsavedFilesAreAskedAboutInTurn();
     void handedOverViewsAreLetGo();
     void savingUnderANewNameReportsBoth();
-    void renamingBuffersChangesLabels();
-    void renamingFilesChangesTabs();
+    void renamingChangesTabs();
     void dismissedMenusLeaveNoTabBehind();
     void steppingGoesRound();
     void theBarsOwnStepsAreReported();
     void entriesComeBack();
     void scrollingComesBack();
-    void badEntriesAreDropped_data();
     void badEntriesAreDropped();
 
 private:
@@ -340,6 +338,18 @@ void TestEdCodeTabWidget::closingIsReportedInOrder()
                      "retired; deleted 9; closed corvaneEditorBuffer-1.txt; request 1 -1"));
 }
 
+void TestEdCodeTabWidget::closingGivesTheNextViewTheFocus()
+{
+    newBuffer(0, "");
+    newBuffer(1, "");
+    QApplication::setActiveWindow(m_pane.get());
+    m_pane->setCodeEditFocus();
+    QSignalSpy focused(m_pane.get(), SIGNAL(gainedFocus(int)));
+    m_pane->closeTab(1);
+    QVERIFY(m_pane->currentCodeView()->codeEdit()->hasFocus());
+    QCOMPARE(focused.last().first().toInt(), 1);
+}
+
 void TestEdCodeTabWidget::closedViewsOutliveTheCall()
 {
     const QPointer<EdCodeView> view = newBuffer(0, "");
@@ -357,44 +367,22 @@ void TestEdCodeTabWidget::closedViewsOutliveTheCall()
     QVERIFY(!other);
 }
 
-void TestEdCodeTabWidget::unsavedFilesAreAskedAboutInTurn_data()
-{
-    QTest::addColumn<bool>("ignoreCurrent");
-    QTest::addColumn<QString>("answer");
-    QTest::addColumn<QString>("lastQuestion"); // about which file
-    QTest::addColumn<QString>("left");
-    QTest::addColumn<bool>("result");
-
-    QTest::newRow("all-saved") << true << "Yes"
-                               << "b"
-                               << "buffer a [b]" << true;
-    QTest::newRow("without-the-current") << false << "Yes"
-                                         << "a"
-                                         << "buffer a [b*]" << true;
-    QTest::newRow("discarded") << true << "No"
-                               << "b"
-                               << "buffer a* [b*]" << true;
-    QTest::newRow("cancelled") << true << "Cancel"
-                               << "a"
-                               << "buffer a* [b*]" << false;
-}
-
 void TestEdCodeTabWidget::unsavedFilesAreAskedAboutInTurn()
 {
-    QFETCH(bool, ignoreCurrent);
-    QFETCH(QString, answer);
-    QFETCH(QString, lastQuestion);
-    QFETCH(QString, left);
-    QFETCH(bool, result);
     newBuffer(0, "never asked about");
     openFile("a", "")->replace("x");
     openFile("b", "")->replace("y");
-    ModalAnswer box(answer);
-    if (result && ignoreCurrent)
-        box.thenPress(answer);
-    QCOMPARE(m_pane->promptAllUnsaved(ignoreCurrent), result);
-    QCOMPARE(box.text(), QString("'%1' has been modified. Save changes?").arg(lastQuestion));
-    QCOMPARE(labels(), left);
+    ModalAnswer cancelled("Cancel");
+    QVERIFY(!m_pane->promptAllUnsaved(true));
+    QVERIFY(cancelled.text().contains("'a'"));
+    ModalAnswer discarded("No");
+    discarded.thenPress("No");
+    QVERIFY(m_pane->promptAllUnsaved(true));
+    QVERIFY(discarded.text().contains("'b'"));
+    QCOMPARE(labels(), QString("buffer a* [b*]"));
+    ModalAnswer saved("Yes");
+    QVERIFY(m_pane->promptAllUnsaved());
+    QCOMPARE(labels(), QString("buffer a [b*]"));
 }
 
 void TestEdCodeTabWidget::handedOverViewsAreLetGo()
@@ -433,38 +421,25 @@ void TestEdCodeTabWidget::savingUnderANewNameReportsBoth()
     QVERIFY(!QFile::exists(oldPath));
 }
 
-void TestEdCodeTabWidget::renamingBuffersChangesLabels()
+void TestEdCodeTabWidget::renamingChangesTabs()
 {
     newBuffer(5, "", "old");
-    newBuffer(6, "", "other");
-    QSignalSpy renamed(m_pane.get(), SIGNAL(bufferRenamed(int, QString)));
-    ModalAnswer box("OK");
-    box.enter("a new name");
-    m_pane->rename(0);
-    QCOMPARE(box.title(), QString("Rename"));
-    QCOMPARE(box.text(), QString("New Name:"));
-    QCOMPARE(labels(), QString("a new name [other]"));
-    QCOMPARE(renamed.last().at(0).toInt(), 5);
-    QCOMPARE(renamed.last().at(1).toString(), QString("a new name"));
-    ModalAnswer cancelled("Cancel");
-    cancelled.enter("nothing");
-    m_pane->rename();
-    QCOMPARE(labels(), QString("a new name [other]"));
-}
-
-void TestEdCodeTabWidget::renamingFilesChangesTabs()
-{
     openFile("a.txt", "")->replace("x");
+    QSignalSpy labelled(m_pane.get(), SIGNAL(bufferRenamed(int, QString)));
     QSignalSpy renamed(m_pane.get(), SIGNAL(fileRenamed(QString, QString)));
+    ModalAnswer buffer("OK");
+    buffer.enter("new");
+    m_pane->rename(0);
+    QCOMPARE(buffer.text(), QString("New Name:"));
+    QCOMPARE(labelled.last().at(0).toInt(), 5);
     ModalAnswer same("OK");
     m_pane->rename(); // the mark of changes is not offered as part of the name
     QCOMPARE(int(renamed.size()), 0);
-    ModalAnswer box("OK");
-    box.enter("b.txt");
+    ModalAnswer file("OK");
+    file.enter("b.txt");
     m_pane->rename();
-    QCOMPARE(labels(), QString("[b.txt*]"));
-    QCOMPARE(m_pane->tabBar()->tabToolTip(0), m_dir->file("b.txt"));
-    QCOMPARE(renamed.last().at(0).toString(), m_dir->file("a.txt"));
+    QCOMPARE(labels(), QString("new [b.txt*]"));
+    QCOMPARE(m_pane->tabBar()->tabToolTip(1), m_dir->file("b.txt"));
     QCOMPARE(renamed.last().at(1).toString(), m_dir->file("b.txt"));
 }
 
@@ -522,7 +497,7 @@ void TestEdCodeTabWidget::entriesComeBack()
     newBuffer(0, "text", "label, with a comma")->save();
     QStringList entries;
     m_pane->writeState(entries, 1);
-    QCOMPARE(entries.size(), 2);
+    QCOMPARE(int(entries.size()), 2);
     QCOMPARE(entries.first(), QString("1,%1,5,0,0").arg(m_dir->file("a, b.mel")));
 
     EdCodeTabWidget pane(0);
@@ -550,32 +525,16 @@ void TestEdCodeTabWidget::scrollingComesBack()
     QCOMPARE(m_pane->currentCodeView()->codeEdit()->verticalScrollBar()->value(), 0);
 }
 
-void TestEdCodeTabWidget::badEntriesAreDropped_data()
-{
-    QTest::addColumn<QString>("entry"); // %1 is a file that exists
-    QTest::addColumn<QString>("question");
-
-    QTest::newRow("empty") << ""
-                           << "";
-    QTest::newRow("too-short") << "0,%1,3,4"
-                               << "";
-    QTest::newRow("buffer-without-a-label") << "0,%1,3,4,1"
-                                            << "";
-    QTest::newRow("cursor-not-a-number") << "0,%1,x,4,0"
-                                         << "";
-    QTest::newRow("missing") << "0,%1.missing,3,4,0"
-                             << "File Read Error";
-}
-
 void TestEdCodeTabWidget::badEntriesAreDropped()
 {
-    QFETCH(QString, entry);
-    QFETCH(QString, question);
-    const QString text = entry.contains("%1") ? entry.arg(m_dir->write("a", "")) : entry;
-    QCOMPARE(m_pane->restoreTabQuietly(text, 0).isEmpty(), question.isEmpty());
+    const QString path = m_dir->write("a", "");
+    for (const char *entry : {"", "0,%1,3,4", "0,%1,3,4,1", "0,%1,x,4,0"})
+        QCOMPARE(m_pane->restoreTabQuietly(QString(entry).replace("%1", path), 0), QString());
+    const QString missing = QString("0,%1.missing,3,4,0").arg(path);
+    QVERIFY(!m_pane->restoreTabQuietly(missing, 0).isEmpty());
     ModalAnswer box("OK");
-    m_pane->restoreTab(text, 0);
-    QCOMPARE(box.title(), question);
+    m_pane->restoreTab(missing, 0);
+    QCOMPARE(box.title(), QString("File Read Error"));
     QCOMPARE(m_pane->count(), 0);
 }
 
