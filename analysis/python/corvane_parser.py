@@ -5,6 +5,7 @@
 # own scripts, and leaves nothing there but the names without an underscore; see _leave_main().
 _corvane_before = dict(globals())  # without any of the imports below
 
+import __future__ as _future
 import ast as _ast
 import functools as _functools
 import io as _io
@@ -14,6 +15,7 @@ import re as _re
 import sys as _sys
 import sysconfig as _sysconfig
 import threading as _threading
+import time as _time
 import types as _types
 import warnings as _warnings
 import zipfile as _zipfile
@@ -118,13 +120,24 @@ def _declared_as_utf8(data):
     return data[:cookie.start(1)] + b"utf-8" + data[cookie.end(1):]
 
 
+# Of the texts that are parsed; no file of the user's has it.
+_PARSED_NAME = "<corvane>"
+
+
 def _parse(source):
     """ast.parse without its warnings, which would end up in the user's history."""
-    with _warnings.catch_warnings():
-        _warnings.simplefilter("ignore")
-        if len(source) < 20000 or _sys.version_info >= (3, 11):
-            return _ast.parse(source)
-        return _parse_with_large_stack(source)
+    if len(source) < 20000 or _sys.version_info >= (3, 11):
+        return _parse_here(source)
+    return _parse_with_large_stack(source)
+
+
+def _parse_here(source, flags=0):
+    """Deliberate: the filter is for this name alone, and stays. Threads have the filters in common,
+    so putting the old ones back could undo what another thread has changed meanwhile."""
+    first = _warnings.filters[0][3] if _warnings.filters else None
+    if getattr(first, "pattern", first) != _PARSED_NAME:
+        _warnings.filterwarnings("ignore", module=_PARSED_NAME)
+    return compile(source, _PARSED_NAME, "exec", _ast.PyCF_ONLY_AST | flags, True)
 
 
 def _parse_with_large_stack(source):
@@ -134,20 +147,26 @@ def _parse_with_large_stack(source):
 
     def parse():
         try:
-            outcome.append(_ast.parse(source))
+            outcome.append(_parse_here(source))
         except BaseException as error:
             outcome.append(error)
 
-    thread = _threading.Thread(target=parse)
-    usual = _threading.stack_size(min(max(len(source) * 256, 16 << 20), 512 << 20))
+    _start_thread(parse, len(source)).join()
+    if isinstance(outcome[0], BaseException):
+        raise outcome[0]
+    return outcome[0]
+
+
+def _start_thread(target, length):
+    """Starts a thread whose stack suffices for parsing so many characters."""
+    thread = _threading.Thread(target=target)
+    thread.daemon = True
+    usual = _threading.stack_size(min(max(length * 256, 16 << 20), 512 << 20))
     try:
         thread.start()
     finally:
         _threading.stack_size(usual)
-    thread.join()
-    if isinstance(outcome[0], BaseException):
-        raise outcome[0]
-    return outcome[0]
+    return thread
 
 
 def _whole(source):
@@ -200,6 +219,143 @@ def _top_level_statements(source):
         if not goes_on:
             decorated = line.startswith("@")
     return ["\n".join(lines) for lines in statements]
+
+
+# Checking in steps
+
+# Characters that are parsed in one step: a few milliseconds, for which nobody else gets at the
+# interpreter.
+_STEP = 10000
+# How most statements begin, behind the indentation of their block.
+_STATEMENT = r"(?!(?:else|elif|except|finally)\b)[A-Za-z_@]"
+_AT_MARGIN = _re.compile("^" + _STATEMENT, _re.MULTILINE)
+# Up to the first statement of its block; other ways to write it are left alone.
+_CLASS = _re.compile(r"(?:@.*\n)*class \w+ *(?:\([^()\n]*\))?:[^\S\n]*(?:#.*)?\n"
+                     r"(?:\s*(?:#.*)?\n)*([ \t]+)[^\s#]")
+
+
+class _StepwiseCheck(object):
+    """Finds the first syntax error of a text, a piece at a time.
+
+    Where pieces that end before a statement parse one by one, so do all of them together. A piece
+    that does not parse may have been cut out of a statement or a string: it grows, and what is
+    wrong with it counts once nothing is left to grow by. A long class is cut between the statements
+    of its block, each piece below a line that opens a class.
+    """
+
+    def __init__(self, source):
+        self._source = source
+        self._start = 0
+        self._size = _STEP
+        self._future = 0  # flags of the imports from __future__ so far
+        self._whole_class = -1  # one whose members do not parse by themselves
+        self._leave_class()
+
+    def is_done(self):
+        return self._start >= len(self._source)
+
+    def step(self):
+        """Returns the error as [message, line number as text], or an empty list."""
+        if not self._class_line:
+            self._enter_class()
+        end = self._end()
+        inside = self._class_line and self._start > self._class_start
+        text = (self._class_line if inside else "") + self._source[self._start:end]
+        try:
+            self._future |= _future_flags(_parse_here(text, self._future))
+        except SyntaxError as error:
+            return self._failed(error, end)
+        self._start, self._size = end, _STEP
+        if end == self._limit:
+            self._leave_class()
+        return []
+
+    def _failed(self, error, end):
+        if end < self._limit:
+            self._size += self._size // 2
+        elif self._class_line:
+            self._start = self._whole_class = self._class_start
+            self._leave_class()
+        else:
+            return self._answer(error)
+        return []
+
+    def _answer(self, error):
+        """Messages name other lines too, so each has to have its place."""
+        try:
+            _parse_here("\n" * self._source.count("\n", 0, self._start) +
+                        self._source[self._start:], self._future)
+        except SyntaxError as placed:
+            error = placed
+        return _error_answer(error)
+
+    def _end(self):
+        """Where the piece ends: before a statement, and before one that is much too long."""
+        near = self._start + self._size
+        end = next(self._starts(self._cuts, near, self._limit), self._limit)
+        if end - self._start > 4 * self._size:
+            for end in self._starts(self._cuts, self._start + 1, near):
+                pass  # the last one
+        return end
+
+    def _starts(self, pattern, position, limit):
+        """Where statements start: not below a decorator, nor where a line is joined to it."""
+        # Without the limit as the end of the search: half a word would pass for another one.
+        for found in pattern.finditer(self._source, position):
+            if found.start() >= limit:
+                return
+            above = self._source[self._source.rfind("\n", 0, found.start() - 1) + 1:found.start()]
+            if not above.lstrip().startswith("@") and not above.endswith("\\\n"):
+                yield found.start()
+
+    def _enter_class(self):
+        start = self._start
+        opening = _CLASS.match(self._source, start)
+        if start == self._whole_class or not opening:
+            return
+        end = next(self._starts(_AT_MARGIN, start + 1, self._limit), self._limit)
+        if end - start > 4 * _STEP:
+            self._cuts = _re.compile("^" + opening.group(1) + _STATEMENT, _re.MULTILINE)
+            self._class_line, self._class_start, self._limit = "class _:\n", start, end
+
+    def _leave_class(self):
+        self._cuts = _AT_MARGIN
+        self._class_line, self._class_start, self._limit = "", -1, len(self._source)
+
+
+def _future_flags(tree):
+    """What the statements below an import from __future__ are compiled with."""
+    names = [alias.name for node in tree.body if isinstance(node, _ast.ImportFrom)
+             and node.module == "__future__" for alias in node.names]
+    features = [getattr(_future, name, None) for name in names]
+    return _functools.reduce(
+        _operator.or_, [feature.compiler_flag for feature in features if feature], 0)
+
+
+def _error_answer(error):
+    return [str(error).partition(" (")[0], str(error.lineno or 1)]
+
+
+def _stepwise_syntax_check(source, is_wanted):
+    check, answer = _StepwiseCheck(_text(source)), []
+    while not answer and not check.is_done() and is_wanted():
+        answer = check.step()
+        _time.sleep(0.001)  # only now do other threads get their turn
+    return answer
+
+
+def _write_syntax_answer(source, path):
+    """Writes "answer", the line number, 0 when there is no error, and the message, each with a
+    line feed, into a file. When it is gone, nobody waits for it any more."""
+    try:
+        answer = _stepwise_syntax_check(source, lambda: _os.path.exists(path))
+    except BaseException:
+        answer = []
+    message, line = answer or ("", "0")
+    lines = ["answer", line, " ".join(message.splitlines()), ""]
+    with _io.open(path, "r+b") as answer_file:
+        text = "\n".join(lines)
+        answer_file.write(text if isinstance(text, bytes) else text.encode("utf-8", "replace"))
 
 
 def _read_source(path):
@@ -616,8 +772,27 @@ class CorvaneParser(_ast.NodeVisitor):
         try:
             _parse(_text(source))
         except SyntaxError as error:
-            return [str(error).partition(" (")[0], str(error.lineno or 1)]
+            return _error_answer(error)
         return []
+
+    @staticmethod
+    @_never_raises(int)
+    def start_syntax_check(source, path):
+        """Checks the source in a thread, which writes into a file that exists; returns 1.
+
+        For long sources: the caller can go on at once, and look at the file without the
+        interpreter.
+        """
+        path = path.decode("utf-8") if isinstance(path, bytes) else path
+
+        def check():
+            try:
+                _write_syntax_answer(source, path)
+            except EnvironmentError:
+                pass  # the file is gone
+
+        _start_thread(check, len(source))
+        return 1
 
     @staticmethod
     @_never_raises(int)

@@ -456,6 +456,64 @@ class Modules(unittest.TestCase):
         self.assertEqual(complete("import maya.cmds as cmds\n", "cmds"), ["polySphere"])
 
 
+# What is hard to cut: text that looks like code, lines that are joined, blocks that go on.
+PIECES = """
+    from __future__ import print_function
+    print("a", file=None)
+    TEXT = '''
+    def not_code(
+    '''
+    @decorator(
+        1)
+    @other
+    class A(object):
+        # A note.
+        '''Says
+        class B(: no code
+        '''
+        x = 1
+        @staticmethod
+        def f():
+            return (1 +
+        2)
+        if x:
+            y = 1
+        else:
+            y = 2
+        def g(self): pass
+
+    if TEXT:
+        pass
+    else:
+        TEXT = 1 + \\
+    2
+    try:
+        pass
+    finally:
+        pass
+    """
+
+DAMAGES = [
+    lambda line: [line + " )"], lambda line: ["  " + line], lambda line: [line[1:]], lambda line: [],
+    lambda line: [line, "else:", "    pass"], lambda line: [line + " (", "x"],
+    lambda line: [line.replace(":", "")], lambda line: [line + " \\"], lambda line: ["'''" + line],
+]
+
+
+def written_answer(source):
+    """What the editor reads from the file of a check."""
+    handle, path = tempfile.mkstemp()
+    os.close(handle)
+    try:
+        corvane_parser._write_syntax_answer(source, path)
+        with io.open(path, "rb") as answer:
+            word, line, message, end = answer.read().decode("utf-8").split("\n")
+    finally:
+        os.remove(path)
+    assert (word, end) == ("answer", ""), word
+    return [message, line] if line != "0" else []
+
+
 class EntryPoints(unittest.TestCase):
     def test_syntax_check_names_message_and_line(self):
         check = CorvaneParser.syntax_check
@@ -464,6 +522,31 @@ class EntryPoints(unittest.TestCase):
         self.assertEqual(line, "1")
         self.assertTrue(message and " (" not in message)
         self.assertEqual(check(str("x = 1\ny = = 2\n"))[1], "2")
+
+    def test_long_sources_are_checked_in_pieces(self):
+        self.addCleanup(setattr, corvane_parser, "_STEP", corvane_parser._STEP)
+        corvane_parser._STEP = 30  # cuts through everything
+        self.assertEqual(CorvaneParser.syntax_check(textwrap.dedent(str(PIECES))), [])
+        generator = random.Random(7)
+        for _ in range(100):
+            lines = textwrap.dedent(PIECES).split("\n")
+            for _ in range(generator.randrange(3)):
+                place = generator.randrange(len(lines))
+                lines[place:place + 1] = generator.choice(DAMAGES)(lines[place])
+            source = str("\n".join(lines))
+            self.assertEqual(written_answer(source), CorvaneParser.syntax_check(source), source)
+
+    def test_a_source_that_nobody_waits_for_is_given_up(self):
+        folder = tempfile.mkdtemp()
+        self.addCleanup(shutil.rmtree, folder)
+        started = CorvaneParser.start_syntax_check(
+            str("x = 1\n" * 200000), str(os.path.join(folder, "gone")))
+        self.assertEqual(started, 1)
+        began = time.time()
+        while threading.active_count() > 1 and time.time() - began < 60:
+            time.sleep(0.01)
+        self.assertEqual(threading.active_count(), 1)
+        self.assertEqual(os.listdir(folder), [])
 
     def test_a_declared_encoding_is_not_that_of_the_text_handed_over(self):
         for cookie in ("latin-1", "shift_jis", "utf-16", "hex", "no-such-thing"):
