@@ -16,25 +16,24 @@
 namespace {
 
 // `result` is nothing or one variable, which takes what the command returns. Not displayed, not
-// undoable.
+// undoable. False when it raised, or there is no Python.
 template <typename... Result>
-void run(const QString &command, Result &...result)
+bool run(const QString &command, Result &...result)
 {
     const OutputSuppression silence;
-    MGlobal::executePythonCommand(MQtUtil::toMString(command), result..., false, false);
+    const MStatus status =
+        MGlobal::executePythonCommand(MQtUtil::toMString(command), result..., false, false);
     // Leaves none of the commands above behind as the last one that Maya remembers.
     MGlobal::executePythonCommand("pass", false, false);
+    return status == MStatus::kSuccess;
 }
 
-// Empty when the command fails or returns no list of strings.
-QStringList names(const QString &command)
+QStringList listed(const MStringArray &array)
 {
-    MStringArray found;
-    run(command, found);
-    QStringList result;
-    for (unsigned int i = 0; i < found.length(); ++i)
-        result << MQtUtil::toQString(found[i]);
-    return result;
+    QStringList list;
+    for (unsigned int i = 0; i < array.length(); ++i)
+        list << MQtUtil::toQString(array[i]);
+    return list;
 }
 
 } // namespace
@@ -60,19 +59,33 @@ QStringList pythonCandidates(const QString &source, const QString &object, Pytho
                                   << quotedForPython(source) << target
                                   << QString::number(any && preferences().pythonIncludeKeywords)
                                   << QString::number(any && preferences().pythonIncludeBuiltins);
-    return names(QLatin1String("CorvaneParser().parse_source(") +
-                 arguments.join(QLatin1String(", ")) + QLatin1String(")"));
+    MStringArray found; // empty when the command fails or returns no list of strings
+    run(QLatin1String("CorvaneParser().parse_source(") + arguments.join(QLatin1String(", ")) +
+            QLatin1String(")"),
+        found);
+    return listed(found);
 }
 
-PythonSyntaxError pythonSyntaxError(const QString &source)
+SyntaxAnswer pythonSyntaxError(const QString &source)
 {
-    // Message and line; an empty list when there is no error.
-    const QStringList answer = names(QLatin1String("CorvaneParser.syntax_check(") +
-                                     quotedForPython(source) + QLatin1String(")"));
-    PythonSyntaxError error;
-    error.message = answer.value(0);
-    error.line = answer.value(1).toInt();
-    return error;
+    MStringArray found; // message and line; empty when there is no error
+    SyntaxAnswer answer;
+    answer.isKnown = run(QLatin1String("CorvaneParser.syntax_check(") + quotedForPython(source) +
+                             QLatin1String(")"),
+                         found);
+    const QStringList error = listed(found);
+    answer.message = error.value(0);
+    answer.line = error.value(1).toInt();
+    return answer;
+}
+
+bool startPythonSyntaxThread(const QString &source, const QString &answerFile)
+{
+    int started = 0;
+    run(QLatin1String("CorvaneParser.start_syntax_check(") + quotedForPython(source) +
+            QLatin1String(", ") + quotedForPython(answerFile) + QLatin1String(")"),
+        started);
+    return started == 1;
 }
 
 bool executePythonStatement(const QString &statement)

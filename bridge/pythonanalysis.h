@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "bridge/syntaxcheck.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -23,14 +25,11 @@ enum class PythonNames {
 // user's code runs for it.
 QStringList pythonCandidates(const QString &source, const QString &object, PythonNames names);
 
-struct PythonSyntaxError
-{
-    QString message; // empty: there is no error
-    int line = 0;    // 1-based, 1 when Python does not tell; 0 without an error
-};
-
 // Compiles the source without running it.
-PythonSyntaxError pythonSyntaxError(const QString &source);
+SyntaxAnswer pythonSyntaxError(const QString &source);
+// The same in a thread, for long sources. It writes three lines into the file, which exists:
+// "answer", the line number, 0 for a valid source, and the message. False when it did not start.
+bool startPythonSyntaxThread(const QString &source, const QString &answerFile);
 
 // Runs it among the names of the user's own scripts; true when nothing was raised.
 bool executePythonStatement(const QString &statement);

@@ -3,6 +3,7 @@
 
 #include "bridge/melcatalogue.h"
 #include "bridge/pythonanalysis.h"
+#include "bridge/pythonsyntaxcheck.h"
 #include "mainwindow/kestrowl.h"
 #include "plugin/commandoutput.h"
 #include "plugin/editorinstance.h"
@@ -93,7 +94,8 @@ void createEditor()
 {
     // Before the window: from the first document on names are asked for.
     loadMelCatalogue();
-    loadPythonAnalysis();
+    if (loadPythonAnalysis())
+        setPythonSyntaxCheck(PythonSyntaxCheck::start);
     editorInstance().mayaInterface = std::make_unique<MayaInterface>();
     createWindow();
     // The window has read the settings.
@@ -206,4 +208,5 @@ void KestrowlCmd::cleanup()
         editor.window->close();
         delete editor.window;
     }
+    setPythonSyntaxCheck(nullptr);
 }

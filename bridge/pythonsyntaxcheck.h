@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "bridge/syntaxcheck.h"
+
+#include <QTemporaryFile>
+#include <QTimer>
+
+// Checks a text by Maya's Python without holding up the interface: short ones at once, others in a
+// thread of the interpreter's. Since the interpreter lets in one thread at a time, the answer comes
+// through a file, which can be looked at without it. The thread runs none of this library's code,
+// which may be unloaded meanwhile.
+class PythonSyntaxCheck : public SyntaxCheck
+{
+    Q_OBJECT
+
+public:
+    // A starter. Null when the analysis script does not answer.
+    static SyntaxCheck *start(const QString &source, QObject *parent);
+
+private slots:
+    void lookForAnswer();
+
+private:
+    explicit PythonSyntaxCheck(QObject *parent);
+    bool checkAtOnce(const QString &source);
+    bool startThread(const QString &source);
+
+    QTemporaryFile m_answerFile; // the thread gives up once it is gone
+    QTimer m_timer;
+};
