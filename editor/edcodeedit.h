@@ -57,6 +57,9 @@ public:
 
     // Shows what a parser of the text, as it is now, has found.
     void setDiagnostics(const BaseParser &parser);
+    // The same in parts, for errors that come from elsewhere or later.
+    void setErrors(const DiagnosticList &errors);
+    void setWarningsAndNotes(const BaseParser &parser);
     void clearDiagnostics();
     // Messages by 0-based line.
     const QMap<int, QString> &errorLines() const { return m_errors.lines(); }

@@ -157,6 +157,17 @@ EdCodeEdit::Icons EdCodeEdit::iconsBetween(int first, int last) const
 void EdCodeEdit::setDiagnostics(const BaseParser &parser)
 {
     m_errors.set(parser.errors(), document());
+    setWarningsAndNotes(parser);
+}
+
+void EdCodeEdit::setErrors(const DiagnosticList &errors)
+{
+    m_errors.set(errors, document());
+    applyDiagnostics();
+}
+
+void EdCodeEdit::setWarningsAndNotes(const BaseParser &parser)
+{
     m_warnings.set(parser.warnings(), document());
     m_infos.set(parser.todos(), document());
     applyDiagnostics();
