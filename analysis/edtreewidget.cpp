@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "analysis/edtreewidget.h"
 
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QToolTip>
 
 namespace {
 
@@ -46,4 +48,20 @@ void EdTreeWidget::paintEvent(QPaintEvent *event)
     painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));
     painter.drawText(viewport()->rect().adjusted(margin, margin, -margin, -margin),
                      Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, tr("Nothing to list."));
+}
+
+bool EdTreeWidget::viewportEvent(QEvent *event)
+{
+    if (event->type() != QEvent::ToolTip)
+        return QTreeWidget::viewportEvent(event);
+    const QHelpEvent *help = static_cast<QHelpEvent *>(event);
+    QTreeWidgetItem *item = itemAt(help->pos());
+    // An empty text takes away the tip of another item.
+    QToolTip::showText(help->globalPos(), item && isCutOff(item) ? item->text(0) : QString(), this);
+    return true;
+}
+
+bool EdTreeWidget::isCutOff(QTreeWidgetItem *item) const
+{
+    return visualItemRect(item).width() < sizeHintForIndex(indexFromItem(item)).width();
 }

@@ -4,7 +4,8 @@
 #include <QTreeWidget>
 
 // A tree to find one's way by: Return does what a double click does, and moving about by keys is
-// told apart from what the program selects. Without anything to see it says so.
+// told apart from what the program selects. Texts that are cut off have tool tips, and a tree with
+// nothing to see says so.
 class EdTreeWidget : public QTreeWidget
 {
     Q_OBJECT
@@ -19,4 +20,8 @@ signals:
 protected:
     void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
+    bool viewportEvent(QEvent *event) override;
+
+private:
+    bool isCutOff(QTreeWidgetItem *item) const;
 };
