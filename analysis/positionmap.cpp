@@ -65,21 +65,22 @@ int PositionMap::now(int position) const
 PositionMap::Range PositionMap::now(const Range &range) const
 {
     const auto edit = firstBehind(range.start);
-    const bool touched = edit != m_edits.end() && range.start >= edit->before.start;
-    // Text that only got other formats is reported as replaced by as much.
-    if (touched && edit->shift() == shiftBefore(edit) && range.end <= edit->before.end)
-        return {range.start + edit->shift(), range.end + edit->shift()};
-    const bool whole = touched && range.end <= edit->before.end &&
-                       edit->before.end - edit->before.start > range.end - range.start;
-    if (whole) {
-        const int place = edit->after.start + range.start - edit->before.start;
-        return {std::min(place, edit->after.end), std::min(place, edit->after.end)};
-    }
-    const int start = now(range.start);
-    if (range.end <= range.start)
-        return {start, start};
-    // The end follows the last character; of one that is gone, the text that took its place.
-    const auto lastEdit = firstBehind(range.end - 1);
-    const bool lastGone = lastEdit != m_edits.end() && range.end > lastEdit->before.start;
-    return {start, lastGone ? lastEdit->after.end : range.end + shiftBefore(lastEdit)};
+    const bool isInside =
+        edit != m_edits.end() && edit->before.start <= range.start && range.end <= edit->before.end;
+    if (isInside && edit->size() != range.end - range.start)
+        return guess(range, edit);
+    const auto last = firstBehind(range.end - 1);
+    const bool endIsGone = last != m_edits.end() && last->before.start < range.end;
+    return {now(range.start), endIsGone ? last->after.end : range.end + shiftBefore(last)};
+}
+
+// Of a stretch that went with more around it.
+PositionMap::Range PositionMap::guess(const Range &range, Edits::const_iterator edit) const
+{
+    const int shift = shiftBefore(edit);
+    // Text that only got other formats is told as replaced by as much.
+    if (edit->shift() == shift)
+        return {range.start + shift, range.end + shift};
+    const int place = std::min(range.start + shift, edit->after.end);
+    return {place, place};
 }

@@ -19,13 +19,12 @@ public:
     // A change of the text as it is by now, as QTextDocument::contentsChange() tells it.
     void contentsChange(int position, int charsRemoved, int charsAdded);
     void clear() { m_edits.clear(); }
-    bool isEmpty() const { return m_edits.empty(); }
 
     // Where the character is that was at the position; one that is gone is where the text begins
     // that took its place.
     int now(int position) const;
-    // Where the stretch is. What was typed at its ends is not in it, what was typed inside is. Of
-    // one that is gone, an empty stretch near its place.
+    // Where the stretch, which is not empty, is. What was typed at its ends is not in it, what was
+    // typed inside is. Of one that is gone, what was typed in its place or an empty stretch near.
     Range now(const Range &range) const;
 
 private:
@@ -35,11 +34,13 @@ private:
         Range before;
         Range after;
 
-        int shift() const { return after.end - before.end; }
+        int size() const { return before.end - before.start; } // of what is gone
+        int shift() const { return after.end - before.end; }   // of what is behind
     };
     typedef std::vector<Edit> Edits;
 
     Edit merged(Edits::const_iterator first, Edits::const_iterator end, const Range &changed) const;
+    Range guess(const Range &range, Edits::const_iterator edit) const;
     int shiftBefore(Edits::const_iterator edit) const;
     // The first edit that ends behind the position in the text before.
     Edits::const_iterator firstBehind(int position) const;
