@@ -159,7 +159,10 @@ void EdOutlineView::showItemsOf(const BaseParser &parser)
         m_outline.update(parser.outlineItems());
     else
         openDocument(path, parser.outlineItems());
-    m_outline.updateHidden(); // the preferences may be others
+    // The preferences may be others.
+    m_outline.updateHidden();
+    if (m_sortButton->isChecked() != preferences().sort)
+        sortAlphabetically(preferences().sort);
     markCaret();
 }
 

@@ -15,22 +15,6 @@ OutlineNode *toNode(QTreeWidgetItem *item)
     return static_cast<OutlineNode *>(item);
 }
 
-// Where the node's text is looked up, and what it is looked up by.
-bool isIn(const OutlineExpansion &expansion, const QTreeWidgetItem &node)
-{
-    const QTreeWidgetItem *parent = node.parent();
-    return parent ? expansion.deeper.contains(parent->text(0) + node.text(0))
-                  : expansion.topLevel.contains(node.text(0));
-}
-
-void addTo(OutlineExpansion *expansion, const QTreeWidgetItem &node)
-{
-    if (const QTreeWidgetItem *parent = node.parent())
-        expansion->deeper.insert(parent->text(0) + node.text(0));
-    else
-        expansion->topLevel.insert(node.text(0));
-}
-
 // While it lives, a sorted tree is not sorted at every step, but once at the end.
 class SortingPause
 {
@@ -70,7 +54,8 @@ OutlineTree::~OutlineTree()
 void OutlineTree::fill(const QList<OutlineItem> &items, const OutlineExpansion &expansion)
 {
     const OutlineChange everything = {0, int(m_nodes.size()), int(items.size()), false};
-    replace(items, outlineParents(items), everything, expansion);
+    m_expansion = expansion;
+    replace(items, outlineParents(items), everything);
 }
 
 void OutlineTree::update(const QList<OutlineItem> &items)
@@ -79,13 +64,13 @@ void OutlineTree::update(const QList<OutlineItem> &items)
     const OutlineChange change = outlineChange(m_contents.items, m_parents, items, parents);
     const int changed = change.oldEnd + change.newEnd - 2 * change.first;
     if (changed == 0)
-        take(items, parents);
-    else if (changed > int(m_nodes.size())) // cheaper, and there is little that could be kept
-        fill(items, expansion());
-    else if (change.onlyNames)
-        rename(items, parents, change);
-    else
-        replace(items, parents, change, expansion());
+        return take(items, parents);
+    if (changed > int(m_nodes.size())) // cheaper, and there is little that could be kept
+        return fill(items, expansion());
+    if (change.onlyNames)
+        return rename(items, parents, change);
+    rememberExpansion();
+    replace(items, parents, change);
 }
 
 void OutlineTree::contentsChange(int position, int charsRemoved, int charsAdded)
@@ -117,7 +102,7 @@ void OutlineTree::rename(const QList<OutlineItem> &items, const Indexes &parents
 }
 
 void OutlineTree::replace(const QList<OutlineItem> &items, const Indexes &parents,
-                          const OutlineChange &change, const OutlineExpansion &expansion)
+                          const OutlineChange &change)
 {
     OutlineNode *top = firstNodeInView();
     if (top && top->index() >= change.first && top->index() < change.oldEnd)
@@ -128,7 +113,7 @@ void OutlineTree::replace(const QList<OutlineItem> &items, const Indexes &parent
         take(items, parents);
         insertNodes(change.first, change.newEnd);
     }
-    expandNodes(change.first, change.newEnd, expansion);
+    expandNodes(change.first, change.newEnd);
     updateHidden();
     if (top) // rows that came or went above it do not move what the user looks at
         m_tree->scrollToItem(top, QTreeWidget::PositionAtTop);
@@ -239,24 +224,34 @@ void OutlineTree::updateHidden()
     visitRows(m_tree->invisibleRootItem(), QModelIndex(), hide);
 }
 
-OutlineExpansion OutlineTree::expansion() const
+const OutlineExpansion &OutlineTree::expansion()
 {
-    OutlineExpansion result;
-    const auto add = [&](const OutlineNode *node, int row, const QModelIndex &parent) {
-        if (node->childCount() > 0 && m_tree->isExpanded(m_tree->model()->index(row, 0, parent)))
-            addTo(&result, *node);
-    };
-    visitRows(m_tree->invisibleRootItem(), QModelIndex(), add);
-    return result;
+    rememberExpansion();
+    return m_expansion;
 }
 
-void OutlineTree::expandNodes(int first, int end, const OutlineExpansion &expansion)
+void OutlineTree::rememberExpansion()
 {
-    if (expansion.topLevel.isEmpty() && expansion.deeper.isEmpty())
+    OutlineExpansion expanded;
+    OutlineExpansion collapsed;
+    const auto add = [&](const OutlineNode *node, int row, const QModelIndex &parent) {
+        if (node->childCount() == 0)
+            return;
+        const bool isExpanded = m_tree->isExpanded(m_tree->model()->index(row, 0, parent));
+        (isExpanded ? expanded : collapsed).add(*node);
+    };
+    visitRows(m_tree->invisibleRootItem(), QModelIndex(), add);
+    m_expansion.subtract(collapsed);
+    m_expansion.unite(expanded);
+}
+
+void OutlineTree::expandNodes(int first, int end)
+{
+    if (m_expansion.isEmpty())
         return;
     const auto expand = [&](const OutlineNode *node, int row, const QModelIndex &parent) {
         if (node->childCount() > 0 && node->index() >= first && node->index() < end &&
-            isIn(expansion, *node))
+            m_expansion.contains(*node))
             m_tree->setExpanded(m_tree->model()->index(row, 0, parent), true);
     };
     visitRows(m_tree->invisibleRootItem(), QModelIndex(), expand);

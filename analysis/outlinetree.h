@@ -2,23 +2,13 @@
 #pragma once
 
 #include "analysis/outlinechange.h"
+#include "analysis/outlineexpansion.h"
 #include "analysis/outlinenode.h"
-
-#include <QSet>
-#include <QString>
 
 #include <vector>
 
 class QModelIndex;
 class QTreeWidget;
-
-// The nodes of a tree that were expanded: at top level known by their text, further down by their
-// parent's text followed by their own.
-struct OutlineExpansion
-{
-    QSet<QString> topLevel;
-    QSet<QString> deeper;
-};
 
 // Where the caret is, and the line around it.
 struct OutlineCaret
@@ -50,7 +40,9 @@ public:
     void setSorted(bool byName);
     // Hides and shows what the preferences say.
     void updateHidden();
-    OutlineExpansion expansion() const;
+    // Also of nodes that are gone for now: a bracket or quote that is still to be closed takes
+    // much of an outline away.
+    const OutlineExpansion &expansion();
 
     // The innermost item whose name or body the caret is in, as far as the items alone tell, or
     // what of its parents can be seen; null for none. Takes logarithmic time.
@@ -63,13 +55,14 @@ private:
     void rename(const QList<OutlineItem> &items, const Indexes &parents,
                 const OutlineChange &change);
     void replace(const QList<OutlineItem> &items, const Indexes &parents,
-                 const OutlineChange &change, const OutlineExpansion &expansion);
+                 const OutlineChange &change);
     void removeNodes(int first, int end);
     void insertNodes(int first, int end);
     void insertRows(QTreeWidgetItem *parent, const QList<QTreeWidgetItem *> &nodes);
     int rowFor(const QTreeWidgetItem &parent, int index) const;
     OutlineNode *firstNodeInView() const;
-    void expandNodes(int first, int end, const OutlineExpansion &expansion);
+    void rememberExpansion();
+    void expandNodes(int first, int end);
     int itemAt(const OutlineCaret &caret) const;
     template <typename Visit>
     void visitRows(QTreeWidgetItem *parent, const QModelIndex &parentIndex,
@@ -77,6 +70,7 @@ private:
 
     QTreeWidget *m_tree;
     OutlineContents m_contents;
+    OutlineExpansion m_expansion; // as it was when last remembered
     // For each item:
     std::vector<OutlineNode *> m_nodes; // owned by the tree
     Indexes m_parents;

@@ -170,6 +170,7 @@ private slots:
     void updatesEqualAFreshFill();
     void whatDoesNotChangeStays();
     void aRenamedClassStaysOpen();
+    void whatIsGoneForNowComesBackExpanded();
     void theViewStandsStillBelowNewItems();
     void documentsAreShownAsTheyWereLeft();
     void forgottenDocumentsAreCollapsed();
@@ -314,6 +315,21 @@ void TestEdOutlineView::aRenamedClassStaysOpen()
     find(view, "Tool")->setExpanded(true);
     view.parsePythonCode(parsed(QString(script).replace("Tool", "Toolbox")));
     QCOMPARE(drawn(view), QString("os Toolbox+(run(re) stop) main"));
+}
+
+void TestEdOutlineView::whatIsGoneForNowComesBackExpanded()
+{
+    EdOutlineView view;
+    view.parsePythonCode(parsed(script));
+    find(view, "Tool")->setExpanded(true);
+    find(view, "run")->setExpanded(true);
+    view.parsePythonCode(parsed("import os"));
+    QCOMPARE(drawn(view), QString("os"));
+    view.parsePythonCode(parsed(script));
+    QCOMPARE(drawn(view), QString("os Tool+(run+(re) stop) main"));
+    find(view, "run")->setExpanded(false);
+    view.parsePythonCode(parsed(QString(script).remove("import os\n")));
+    QCOMPARE(drawn(view), QString("Tool+(run(re) stop) main"));
 }
 
 void TestEdOutlineView::theViewStandsStillBelowNewItems()
