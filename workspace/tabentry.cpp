@@ -98,7 +98,9 @@ void TabEntry::place(EdCodeView *view) const
 {
     view->setCursorPosition(cursorPosition);
     view->codeEdit()->verticalScrollBar()->setValue(scrollValue);
-    view->codeEdit()->ensureCursorVisible();
+    // Before it has its size that would scroll too far; Qt does it when the view is first shown.
+    if (view->codeEdit()->isVisible())
+        view->codeEdit()->ensureCursorVisible();
 }
 
 bool TabEntry::hasFile() const

@@ -514,15 +514,23 @@ void TestEdCodeTabWidget::entriesComeBack()
 
 void TestEdCodeTabWidget::scrollingComesBack()
 {
-    m_pane->resize(400, 300);
-    m_pane->show();
     m_dir->write("long", QByteArray("x\n").repeated(1000));
     const QString entry = QString("0,%1,%2,%3,0").arg(m_dir->file("long"));
-    m_pane->restoreTab(entry.arg(2 * 505).arg(500), 0);
-    QScrollBar *bar = m_pane->currentCodeView()->codeEdit()->verticalScrollBar();
-    QCOMPARE(bar->value(), 500);
-    m_pane->restoreTab(entry.arg(0).arg(500), 0); // the caret comes first
-    QCOMPARE(m_pane->currentCodeView()->codeEdit()->verticalScrollBar()->value(), 0);
+    for (bool isShownBefore : {true, false}) {
+        QWidget window;
+        EdCodeTabWidget pane(0, &window);
+        pane.resize(400, 300);
+        window.setVisible(isShownBefore);
+        pane.restoreTab(entry.arg(2 * 505).arg(500), 0);
+        pane.restoreTab(entry.arg(2 * 5).arg(500), 0); // the caret comes first
+        window.show();
+        for (int tab : {0, 1}) {
+            pane.setCurrentTab(tab);
+            const EdCodeEdit *edit = pane.currentCodeView()->codeEdit();
+            QCOMPARE(edit->currentLine(), tab == 0 ? 506 : 6);
+            QCOMPARE(edit->verticalScrollBar()->value(), tab == 0 ? 500 : 5);
+        }
+    }
 }
 
 void TestEdCodeTabWidget::badEntriesAreDropped()
