@@ -63,6 +63,7 @@ Kestrowl::Kestrowl(const QString &userScriptDirectory, const QString &userPrefer
     connectDocuments();
     connectBuffers();
     connectProject();
+    connectOutline();
     connectOtherDocks();
     resize(initialWidth, initialHeight);
     readSettings();
@@ -101,11 +102,11 @@ void Kestrowl::connectCentralWidget()
     connect(m_central, SIGNAL(commandDocumentationSelected(QString, bool)),
             SIGNAL(commandHelpRequested(QString, bool)));
     connect(m_central, SIGNAL(longLineReached()), SLOT(explainLongLine()));
-    connect(m_central, SIGNAL(autosaveFailed(QString)), SLOT(setStatusText(QString)));
-    connect(m_central, SIGNAL(autosaved()), SLOT(rememberBuffer()));
+    connect(m_central, SIGNAL(findReplaceMessageChanged(QString)), SLOT(setStatusText(QString)));
     connect(m_central, SIGNAL(tabSaveSelected()), SLOT(save()));
     connect(m_central, SIGNAL(tabSaveAsSelected()), SLOT(saveAs()));
     connect(m_central, SIGNAL(activeBufferNameChanged(QString)), SLOT(setTitleBufferName(QString)));
+    connect(m_central, SIGNAL(activeBufferNameChanged(QString)), SLOT(showCurrentDocument()));
 }
 
 void Kestrowl::connectDocuments()
@@ -137,6 +138,21 @@ void Kestrowl::connectProject()
 {
     connect(m_explorer, SIGNAL(doubleClicked(QModelIndex)), SLOT(open(QModelIndex)));
     connect(m_explorer, SIGNAL(openSelected(QString)), SLOT(open(QString)));
+}
+
+void Kestrowl::connectOutline()
+{
+    connect(m_central, SIGNAL(melScriptUpdated(MelParser)), m_outline,
+            SLOT(parseMelCode(MelParser)));
+    connect(m_central, SIGNAL(pythonScriptUpdated(PythonParser)), m_outline,
+            SLOT(parsePythonCode(PythonParser)));
+    connect(m_central, SIGNAL(clearScriptDetails()), m_outline, SLOT(clear()));
+    connect(m_central, SIGNAL(fileClosed(QString)), m_outline, SLOT(clearStoredDetails(QString)));
+    connect(m_outline, SIGNAL(outlineItemClicked(int, int, bool)), m_central,
+            SLOT(setCursorSelection(int, int, bool)));
+    connect(m_outline, SIGNAL(outlineItemDoubleClicked(int, int, bool)), m_central,
+            SLOT(setCursorSelection(int, int, bool)));
+    connect(m_outline, SIGNAL(outlineViewChanged()), m_central, SLOT(activeViewChange()));
 }
 
 void Kestrowl::connectOtherDocks()

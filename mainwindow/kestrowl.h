@@ -84,6 +84,8 @@ public slots:
     void sourceScript();
     // Empty: only the program's name is left in the title.
     void setTitleBufferName(const QString &bufferName);
+    // In the lists of buffers and documents.
+    void showCurrentDocument();
 
     // Editing: the history when it has the focus, which can only be copied, else the document.
     void cut();
@@ -140,9 +142,6 @@ public slots:
     void updateCursorStatus(int line, int column, int sel);
     void updateInsertOverwriteStatus();
     void explainLongLine();
-    // Writes the settings if they do not name the open buffer yet: should Maya crash, its file
-    // would be there and nobody would open it.
-    void rememberBuffer();
 
     void melCommandReference();
     void pythonCommandReference();
@@ -184,6 +183,7 @@ private:
     void connectDocuments();
     void connectBuffers();
     void connectProject();
+    void connectOutline();
     void connectOtherDocks();
     void makeBufferDirectory();
     void readSettings();
@@ -226,7 +226,6 @@ private:
     DockArray<QDockWidget *> m_docks;
     DockArray<QByteArray> m_dockGeometry; // as of the last change of a dock's place
     int m_visibleDocks = 0;               // with those put away and formerDockFlag
-    bool m_saysForgotten = true;          // that a buffer is in no list; once, until it is
     int m_docksPutAway = 0;               // floating ones, while the window is hidden
     QByteArray m_hiddenState;             // saveState() before they were; else empty
     bool m_ignoresDocks = false;          // while they are hidden, shown and restored

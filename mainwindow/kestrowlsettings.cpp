@@ -3,7 +3,7 @@
 #include "mainwindow/kestrowl.h"
 
 #include "mainwindow/filenames.h"
-#include "mainwindow/flagscope.h"
+#include "workspace/flagscope.h"
 #include "mainwindow/inifile.h"
 #include "mainwindow/programnames.h"
 #include "mainwindow/visibility.h"
@@ -12,7 +12,6 @@
 #include "workspace/edcentralwidget.h"
 #include "workspace/edcodeview.h"
 #include "workspace/edexplorerview.h"
-#include "workspace/tabentry.h"
 #include "workspace/workspacestate.h"
 
 #include <QDir>
@@ -67,8 +66,9 @@ void Kestrowl::readSettings()
 QString Kestrowl::writeSettings()
 {
     makeBufferDirectory(); // somebody may have tidied up
-    const QString bufferProblem = m_central->saveBuffers();
-    return (bufferProblem + QLatin1Char(' ') + storeSettings(m_central->state())).trimmed();
+    QStringList problems = m_central->saveBuffersQuietly();
+    problems << storeSettings(m_central->state());
+    return problems.join(QLatin1String(" ")).trimmed();
 }
 
 QString Kestrowl::storeSettings(const WorkspaceState &documents)
@@ -84,34 +84,6 @@ QString Kestrowl::storeSettings(const WorkspaceState &documents)
     failures.removeDuplicates();
     const QString reasons = failures.join(QLatin1String("; "));
     return reasons.isEmpty() ? reasons : tr("The settings are not saved: %1").arg(reasons);
-}
-
-// Looks at the file itself: it may be missing, or another Maya may have written it.
-void Kestrowl::rememberBuffer()
-{
-    WorkspaceState stored;
-    warnOf(readIniFile(settingsPath(),
-                       [&stored](QSettings &settings) { stored = readWorkspaceState(settings); }));
-    WorkspaceState documents = m_central->state();
-    const std::optional<TabEntry> buffer = TabEntry::parse(documents.openTabs.first());
-    QStringList others; // buffers of that other Maya
-    for (const QString &text : stored.openTabs) {
-        const std::optional<TabEntry> entry = TabEntry::parse(text);
-        if (!entry || !entry->isBuffer || !entry->hasFile())
-            continue;
-        if (entry->path != buffer->path)
-            others << text;
-        else if (entry->label == buffer->label)
-            return;
-    }
-    for (const QString &text : others) {
-        if (!documents.openTabs.contains(text))
-            documents.openTabs << text;
-    }
-    const QString problem = storeSettings(documents);
-    if (m_saysForgotten)
-        warnOf(problem);
-    m_saysForgotten = problem.isEmpty();
 }
 
 // No dialog: Maya is starting, perhaps with nobody in front of it.
@@ -205,6 +177,10 @@ void Kestrowl::applyToggles()
 void Kestrowl::updatePreferences()
 {
     updateBars();
+    m_central->setTabBarVisible(preferences().tabBar);
+    m_central->setTabsMovable(!preferences().lockTabs);
+    m_central->setTabsClosable(preferences().closeButtonOnTabs);
+    m_central->setTabsDoubleClickToClose(preferences().doubleClickToClose);
     m_output->setLineLimit(preferences().outputWindowBufferSize);
     m_output->setTabWidth(preferences().tabSize); // columns
     m_output->applyColors();

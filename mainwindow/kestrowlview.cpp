@@ -5,7 +5,7 @@
 #include "compat/icon.h"
 #include "editor/edcodeedit.h"
 #include "editor/longlines.h"
-#include "mainwindow/flagscope.h"
+#include "workspace/flagscope.h"
 #include "mainwindow/visibility.h"
 #include "output/edoutputview.h"
 #include "preferences/preferences.h"

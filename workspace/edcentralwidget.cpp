@@ -1,192 +1,189 @@
 // SPDX-License-Identifier: MIT
+// The two panes: how they are made and which is active, what they report, and the commands that
+// are theirs to carry out.
 #include "workspace/edcentralwidget.h"
 
-#include "analysis/melparser.h"
-#include "analysis/pythonparser.h"
-#include "compat/filesystem.h"
 #include "editor/edcodeedit.h"
-#include "preferences/preferences.h"
-#include "workspace/choicebox.h"
+#include "workspace/edcodetabwidget.h"
 #include "workspace/edcodeview.h"
-#include "workspace/saveprompt.h"
+#include "workspace/filewatch.h"
 
-#include <QInputDialog>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMessageBox>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QMimeData>
 #include <QMouseEvent>
+#include <QPainter>
+#include <QSplitter>
 #include <QTextCursor>
+#include <QUrl>
 #include <QVBoxLayout>
 
 namespace {
 
 const int parseDelay = 2000; // ms after the last change of the text
 
+QStringList localFiles(const QMimeData &data)
+{
+    QStringList paths;
+    for (const QUrl &url : data.urls()) {
+        const QString path = url.toLocalFile();
+        if (!path.isEmpty())
+            paths << path;
+    }
+    return paths;
+}
+
 } // namespace
 
-EdCentralWidget::EdCentralWidget(QWidget *parent) : QWidget(parent), m_hint(new QLabel(this))
+EdCentralWidget::EdCentralWidget(QWidget *parent)
+    : QWidget(parent), m_splitter(new QSplitter(this)), m_watch(new FileWatch(this))
 {
     setObjectName(QLatin1String("centralwidget"));
-    m_hint->setText(tr("Open a file, or double-click here for a new buffer."));
-    m_hint->setAlignment(Qt::AlignCenter);
-    m_hint->setEnabled(false); // grey
-    QVBoxLayout *layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_hint);
+    setAcceptDrops(true);
+    m_splitter->setObjectName(QLatin1String("centralsplitter"));
+    m_splitter->setChildrenCollapsible(false); // a pane of no width would seem lost
     m_parseTimer.setSingleShot(true);
     connect(&m_parseTimer, SIGNAL(timeout()), SLOT(activeViewChange()));
-    connect(&m_parseTimer, SIGNAL(timeout()), SLOT(autosave()));
+    for (int id = 0; id < PaneCount; ++id) {
+        m_panes << new EdCodeTabWidget(id, m_splitter);
+        m_splitter->addWidget(m_panes.last());
+        connectPane(m_panes.last());
+    }
+    connect(m_watch, SIGNAL(fileChanged(QString)), SLOT(externalFileChange(QString)));
+    QVBoxLayout *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_splitter);
+}
+
+// The panes outlive this part of the object; what they still report must not reach it.
+EdCentralWidget::~EdCentralWidget()
+{
+    for (EdCodeTabWidget *pane : m_panes)
+        pane->disconnect(this);
+}
+
+void EdCentralWidget::connectPane(EdCodeTabWidget *pane)
+{
+    connect(pane, SIGNAL(otherViewRequested(int, int)), SLOT(moveToOtherView(int, int)));
+    connect(pane, SIGNAL(tabMovedOutsideCurrent(int, QPoint, bool)),
+            SLOT(tabMovedToNewPosition(int, QPoint, bool)));
+    connect(pane, SIGNAL(gainedFocus(int)), SLOT(setActiveTabWidgetIndex(int)));
+    connect(pane, SIGNAL(fileOpened(QString)), SLOT(onFileOpened(QString)));
+    connect(pane, SIGNAL(fileClosed(QString)), SLOT(onFileClosed(QString)));
+    connect(pane, SIGNAL(fileRenamed(QString, QString)), SLOT(onFileRenamed(QString, QString)));
+    connect(pane, SIGNAL(createNewBufferTriggered()), SLOT(onCreateNewBuffer()));
+    connect(pane, SIGNAL(bufferCreated(int, QString, QFileInfo)),
+            SLOT(onBufferCreated(int, QString, QFileInfo)));
+    connect(pane, SIGNAL(bufferDeleted(int)), SLOT(onBufferDeleted(int)));
+    connect(pane, SIGNAL(bufferRenamed(int, QString)), SLOT(onBufferRenamed(int, QString)));
+    connect(pane, SIGNAL(closeAllButCurrent(int)), SLOT(closeAllButCurrent(int)));
+    connect(pane, SIGNAL(saveSelected()), SLOT(currentTabSave()));
+    connect(pane, SIGNAL(saveAsSelected()), SLOT(currentTabSaveAs()));
+    connect(pane, SIGNAL(overwriteModeChanged()), SLOT(onOverwriteModeChange()));
+    connect(pane, SIGNAL(cursorStatusChanged()), SLOT(onCursorStatusChange()));
+    connect(pane, SIGNAL(findReplaceMessageChanged(QString)),
+            SLOT(onFindReplaceMessageChange(QString)));
+    connect(pane, SIGNAL(quickHelpSelected(QString, bool)), SLOT(quickHelp(QString, bool)));
+    connect(pane, SIGNAL(textChanged()), SLOT(onTextChange()));
+    connect(pane, SIGNAL(tabChanged()), SLOT(onTabChange()));
+    connect(pane, SIGNAL(fileDropped(QString, int)), SLOT(onFileDrop(QString, int)));
+    connect(pane, SIGNAL(commandDocumentationSelected(QString, bool)),
+            SIGNAL(commandDocumentationSelected(QString, bool)));
+    connect(pane, SIGNAL(longLineReached()), SIGNAL(longLineReached()));
+}
+
+EdCodeView *EdCentralWidget::currentCodeView() const
+{
+    return active()->count() > 0 ? active()->currentCodeView() : nullptr;
+}
+
+QList<EdCodeView *> EdCentralWidget::codeViews() const
+{
+    QList<EdCodeView *> views;
+    for (const EdCodeTabWidget *pane : m_panes)
+        views += pane->codeViews();
+    return views;
 }
 
 bool EdCentralWidget::hasUnsavedContent() const
 {
-    return m_view && m_view->isModified();
-}
-
-void EdCentralWidget::newBuffer()
-{
-    addBuffer(EdCodeView::Text, tr("Text"));
-}
-
-void EdCentralWidget::newMelBuffer()
-{
-    addBuffer(EdCodeView::Mel, tr("MEL"));
-}
-
-void EdCentralWidget::newPythonBuffer()
-{
-    addBuffer(EdCodeView::Python, tr("Python"));
-}
-
-void EdCentralWidget::addBuffer(int language, const QString &label)
-{
-    if (!mayBeReplaced())
-        return;
-    const int index = m_nextBufferIndex++;
-    m_bufferLabel = label; // before the view is shown, which reports the name
-    showView(new EdCodeView(index, language, this));
-    emit bufferCreated(index, label, m_view->fileInfo());
-}
-
-void EdCentralWidget::openFile(const QString &path)
-{
-    const QFileInfo info(path);
-    // Even a buffer's: replacing it would delete the file.
-    if (isShown(info)) {
-        m_view->setCodeEditFocus();
-        return;
+    for (const EdCodeView *view : codeViews()) {
+        if (view->isModified())
+            return true;
     }
-    // Loaded before the open document is asked about: a file that cannot be read takes nothing
-    // away. And once more after that, which may have written the file.
-    EdCodeView *view = new EdCodeView(EdCodeView::AwaitsFile, EdCodeView::Text, this);
-    const bool asks = losesText();
-    if (!view->load(info, false, -1) || !mayBeReplaced() ||
-        (asks && !view->load(info, false, -1))) {
-        delete view;
-        return;
+    return false;
+}
+
+void EdCentralWidget::setActiveTabWidgetIndex(int id)
+{
+    if (id != m_activeView) {
+        m_activeView = id;
+        onTabChange();
     }
-    showView(view);
-    emit fileOpened(info.absoluteFilePath());
-}
-
-// By whatever name: over links too.
-bool EdCentralWidget::isShown(const QFileInfo &info) const
-{
-    if (!m_view)
-        return false;
-    const QString path = m_view->fileInfo().absoluteFilePath();
-    return path == info.absoluteFilePath() || compat::isSameFile(path, info.absoluteFilePath());
-}
-
-// Whether replacing the document would. There is one at a time, and a buffer that another one
-// replaces is gone, even if its own file has all of it.
-bool EdCentralWidget::losesText() const
-{
-    return m_view && (m_view->isBuffer() ? !m_view->text().isEmpty() : m_view->isModified());
-}
-
-// True when nothing of the document is lost, or the user has given it up.
-bool EdCentralWidget::mayBeReplaced()
-{
-    if (!losesText())
-        return true;
-    const SaveAnswer answer = askToSave(this, documentName());
-    if (answer == SaveAnswer::Save && m_view->isBuffer())
-        emit tabSaveAsSelected();
-    else if (answer == SaveAnswer::Save)
-        m_view->save();
-    // Saving may have failed, or the dialog for a name was cancelled.
-    return answer == SaveAnswer::Discard ||
-           (answer == SaveAnswer::Save && !m_view->isBuffer() && !m_view->isModified());
-}
-
-// Closing a buffer is meant to delete it.
-bool EdCentralWidget::mayBeClosed()
-{
-    if (!m_view->isBuffer())
-        return mayBeReplaced();
-    return !preferences().confirmCloseTemporaryBuffer || confirmDelete();
-}
-
-bool EdCentralWidget::confirmDelete()
-{
-    if (m_view->text().isEmpty())
-        return true;
-    const QString question =
-        tr("Delete buffer '%1'?\n\nUnsaved contents will be lost.").arg(m_bufferLabel);
-    return askChoice(this, tr("Delete"), question, QStringList() << tr("Yes") << tr("No")) == 0;
-}
-
-// The old document is reported closed before the new one is reported open.
-void EdCentralWidget::showView(EdCodeView *view)
-{
-    retireView();
-    m_view = view;
-    m_saysAutosaveFails = true;
-    forgetEntry();
-    connectView();
-    layout()->addWidget(view);
-    m_hint->hide();
-    view->show();
-    view->setCodeEditFocus();
-    reportName();
-    reportCursor();
-    activeViewChange();
-}
-
-void EdCentralWidget::retireView()
-{
-    if (!m_view)
-        return;
-    EdCodeView *view = m_view;
-    m_view = nullptr; // first: what follows may ask for the open document
-    m_parseTimer.stop();
-    view->disconnect(this);
-    view->hide();
-    // The call may come from the view itself, which dropped a file.
-    view->deleteLater();
-    view->removeBufferFile();
-    if (view->isBuffer())
-        emit bufferDeleted(view->bufferIndex());
+    // A pane that reports the focus is in the middle of an event, perhaps of a mouse button that
+    // would be released over the question.
+    if (sender())
+        QMetaObject::invokeMethod(this, "checkForFileChanges", Qt::QueuedConnection);
     else
-        emit fileClosed(view->fileInfo().absoluteFilePath());
+        checkForFileChanges();
 }
 
-void EdCentralWidget::connectView()
+void EdCentralWidget::moveToOtherView(int id, int tabIndex)
 {
-    connect(m_view, SIGNAL(cursorStatusChanged()), SLOT(reportCursor()));
-    connect(m_view, SIGNAL(modificationChanged(bool)), SLOT(reportName()));
-    connect(m_view, SIGNAL(fileRenamed(QString, QString)), SLOT(reportName()));
-    connect(m_view, SIGNAL(fileRenamed(QString, QString)), SIGNAL(fileRenamed(QString, QString)));
-    connect(m_view, SIGNAL(fileRenamed(QString, QString)), SLOT(forgetEntry()));
-    connect(m_view, SIGNAL(overwriteModeChanged()), SIGNAL(overwriteModeChanged()));
-    connect(m_view, SIGNAL(fileDropped(QString)), SIGNAL(fileDropped(QString)));
-    connect(m_view, SIGNAL(quickHelpSelected(QString, bool)),
-            SIGNAL(quickHelpSelected(QString, bool)));
-    connect(m_view, SIGNAL(commandDocumentationSelected(QString, bool)),
-            SIGNAL(commandDocumentationSelected(QString, bool)));
-    connect(m_view, SIGNAL(longLineReached()), SIGNAL(longLineReached()));
-    connect(m_view, SIGNAL(textChanged()), SLOT(onTextChange()));
+    const int other = std::max(id - 1, 1 - id);
+    if (tabIndex == -1) {
+        if (m_activeView != other) {
+            m_activeView = other;
+            onTabChange();
+        }
+        checkForFileChanges();
+        return;
+    }
+    EdCodeView *view = m_panes.at(id)->codeViewAt(tabIndex);
+    if (!view)
+        return;
+    const QString label = m_panes.at(id)->tabText(tabIndex);
+    m_panes.at(id)->tabMoved(tabIndex);
+    m_activeView = other;
+    m_panes.at(other)->insertCodeView(-1, view, label);
+    onTabChange();
+}
+
+void EdCentralWidget::tabMovedToNewPosition(int id, const QPoint &globalPos, bool updateCursorOnly)
+{
+    EdCodeTabWidget *target = nullptr;
+    for (EdCodeTabWidget *pane : m_panes) {
+        if (pane->id() != id && pane->isVisible() &&
+            pane->rect().contains(pane->mapFromGlobal(globalPos)))
+            target = pane;
+    }
+    if (updateCursorOnly && !target)
+        active()->setCursor(Qt::ForbiddenCursor);
+    else if (!updateCursorOnly && target)
+        moveToOtherView(id, m_panes.at(id)->currentIndex());
+}
+
+void EdCentralWidget::onTabChange()
+{
+    if (m_ignoresTabs)
+        return;
+    activeViewChange();
+    if (currentCodeView() && active()->isVisible())
+        active()->setCodeEditFocus();
+    reportName();
+    onCursorStatusChange();
+    update(); // of the hint
+}
+
+void EdCentralWidget::reportName()
+{
+    const EdCodeView *view = currentCodeView();
+    QString name;
+    if (view && view->isBuffer())
+        name = active()->tabText(active()->currentIndex());
+    else if (view)
+        name = view->fileInfo().absoluteFilePath();
+    emit activeBufferNameChanged(name);
 }
 
 void EdCentralWidget::onTextChange()
@@ -194,247 +191,228 @@ void EdCentralWidget::onTextChange()
     m_parseTimer.start(parseDelay);
 }
 
-void EdCentralWidget::activeViewChange()
+// The name that is shown may be the one that has changed.
+void EdCentralWidget::onFileRenamed(const QString &oldPath, const QString &newPath)
 {
-    if (!m_view)
-        return;
-    if (m_view->language() == EdCodeView::Mel)
-        showDiagnosticsOf(MelParser());
-    else if (m_view->language() == EdCodeView::Python)
-        showDiagnosticsOf(PythonParser());
-    else
-        m_view->codeEdit()->clearDiagnostics();
-}
-
-template <typename Parser>
-void EdCentralWidget::showDiagnosticsOf(Parser parser)
-{
-    parser.parse(m_view->text(), m_view->fileInfo().absoluteFilePath());
-    m_view->codeEdit()->setDiagnostics(parser);
-}
-
-void EdCentralWidget::save()
-{
-    if (m_view)
-        m_view->save();
-}
-
-void EdCentralWidget::saveAs(const QString &path)
-{
-    if (!m_view || path.isEmpty())
-        return;
-    // What the document was; writing makes it the new file's.
-    const int oldIndex = m_view->bufferIndex();
-    const QString oldPath = m_view->fileInfo().absoluteFilePath();
-    if (!m_view->write(path, false))
-        return;
-    forgetEntry();
-    if (oldIndex >= 0)
-        emit bufferDeleted(oldIndex);
-    else
-        emit fileClosed(oldPath);
-    emit fileOpened(m_view->fileInfo().absoluteFilePath());
-    reportName();
-    activeViewChange(); // the language may be another one
-}
-
-void EdCentralWidget::saveAll()
-{
-    save();
-}
-
-void EdCentralWidget::rename()
-{
-    if (!m_view)
-        return;
-    const QString oldName = m_view->isBuffer() ? m_bufferLabel : m_view->fileInfo().fileName();
-    bool accepted = false;
-    const QString name = QInputDialog::getText(this, tr("Rename"), tr("New Name:"),
-                                               QLineEdit::Normal, oldName, &accepted);
-    if (!accepted || name.isEmpty())
-        return;
-    if (!m_view->isBuffer()) {
-        m_view->rename(name);
-        return;
-    }
-    m_bufferLabel = name;
-    emit bufferRenamed(m_view->bufferIndex(), name);
+    m_watch->unwatch(oldPath);
+    m_watch->watch(newPath);
+    emit fileRenamed(oldPath, newPath);
     reportName();
 }
 
-void EdCentralWidget::renameBuffer(int bufferIndex)
+void EdCentralWidget::onBufferRenamed(int id, const QString &newName)
 {
-    if (isCurrentBuffer(bufferIndex))
-        rename();
-}
-
-void EdCentralWidget::renameFile(const QString &path)
-{
-    if (isCurrentFile(path))
-        rename();
-}
-
-void EdCentralWidget::reloadFromDisk()
-{
-    if (!m_view || m_view->isBuffer())
-        return;
-    const QString question = tr("Reloading this file will result in unsaved changes being lost.\n\n"
-                                "Continue reloading?");
-    // Escape counts as No.
-    if (m_view->isModified() &&
-        QMessageBox::question(window(), tr("Reload"), question,
-                              QMessageBox::Yes | QMessageBox::No) != QMessageBox::Yes)
-        return;
-    m_view->load(m_view->fileInfo(), false, -1);
-    activeViewChange();
-}
-
-void EdCentralWidget::undo()
-{
-    if (m_view)
-        m_view->undo();
-}
-
-void EdCentralWidget::redo()
-{
-    if (m_view)
-        m_view->redo();
-}
-
-void EdCentralWidget::cut()
-{
-    if (m_view)
-        m_view->cut();
-}
-
-void EdCentralWidget::copy()
-{
-    if (m_view)
-        m_view->copy();
-}
-
-void EdCentralWidget::paste()
-{
-    if (m_view)
-        m_view->paste();
-}
-
-void EdCentralWidget::selectAll()
-{
-    if (m_view)
-        m_view->selectAll();
-}
-
-void EdCentralWidget::clearText()
-{
-    if (m_view)
-        m_view->clearText();
-}
-
-void EdCentralWidget::convertTabsToSpaces()
-{
-    if (m_view)
-        m_view->convertTabsToSpaces();
-}
-
-void EdCentralWidget::replace(const QString &text)
-{
-    if (m_view)
-        m_view->replace(text);
-}
-
-void EdCentralWidget::closeActive()
-{
-    if (!m_view || !mayBeClosed())
-        return;
-    retireView();
-    m_hint->show();
+    emit bufferRenamed(id, newName);
     reportName();
-    reportCursor();
 }
 
-void EdCentralWidget::closeAll()
+void EdCentralWidget::onFileOpened(const QString &path)
 {
-    closeActive();
+    m_watch->watch(path);
+    forgetEntry(path);
+    emit fileOpened(path);
 }
 
-// There is one document at a time, so no other is ever open.
-void EdCentralWidget::closeAllButCurrent() {}
-
-void EdCentralWidget::closeBuffer(int bufferIndex)
+void EdCentralWidget::onFileClosed(const QString &path)
 {
-    if (isCurrentBuffer(bufferIndex))
-        closeActive();
+    m_watch->unwatch(path);
+    emit fileClosed(path);
 }
 
-void EdCentralWidget::closeFile(const QString &path)
+void EdCentralWidget::onCreateNewBuffer()
 {
-    if (isCurrentFile(path))
-        closeActive();
+    emit createNewBufferTriggered();
 }
 
-void EdCentralWidget::focusBuffer(int bufferIndex)
+void EdCentralWidget::onBufferCreated(int id, const QString &name, const QFileInfo &info)
 {
-    if (isCurrentBuffer(bufferIndex))
-        m_view->setCodeEditFocus();
+    emit bufferCreated(id, name, info);
 }
 
-void EdCentralWidget::updateTabsAndSpaces()
+void EdCentralWidget::onBufferDeleted(int id)
 {
-    if (m_view)
-        m_view->codeEdit()->updateTabsAndSpaces();
+    emit bufferDeleted(id);
 }
 
-void EdCentralWidget::updateFontAndColors()
+// Not by setActiveTabWidgetIndex(), which may ask something: the program that dropped the file
+// waits.
+void EdCentralWidget::onFileDrop(const QString &path, int tabWidgetId)
 {
-    if (m_view)
-        m_view->updateFontAndColors();
+    m_activeView = tabWidgetId;
+    emit fileDropped(path);
 }
 
-void EdCentralWidget::updateHiddenCharacters()
+void EdCentralWidget::onOverwriteModeChange()
 {
-    if (m_view)
-        m_view->updateHiddenCharacters();
+    for (EdCodeTabWidget *pane : m_panes)
+        pane->updateOverwriteMode();
+    emit overwriteModeChanged();
 }
 
-// The disabled hint lets mouse events through.
-void EdCentralWidget::mouseDoubleClickEvent(QMouseEvent *event)
+void EdCentralWidget::onCursorStatusChange()
 {
-    if (!m_view && event->button() == Qt::LeftButton)
-        emit createNewBufferTriggered();
-}
-
-void EdCentralWidget::reportCursor()
-{
-    if (!m_view) {
+    const EdCodeView *view = currentCodeView();
+    if (!view) {
         emit cursorStatusChanged(0, 0, 0);
         return;
     }
-    const QTextCursor cursor = m_view->codeEdit()->textCursor();
+    const QTextCursor cursor = view->codeEdit()->textCursor();
     emit cursorStatusChanged(cursor.blockNumber(), cursor.positionInBlock(),
                              cursor.selectionEnd() - cursor.selectionStart());
 }
 
-void EdCentralWidget::reportName()
+void EdCentralWidget::onFindReplaceMessageChange(const QString &message)
 {
-    // A buffer is never in a file that the user knows, so the mark would say nothing.
-    const bool isMarked = hasUnsavedContent() && !m_view->isBuffer();
-    emit activeBufferNameChanged(documentName() + QLatin1String(isMarked ? "*" : ""));
+    emit findReplaceMessageChanged(message);
 }
 
-bool EdCentralWidget::isCurrentFile(const QString &path) const
+void EdCentralWidget::quickHelp(const QString &text, bool ignoreWhenHidden)
 {
-    return m_view && !m_view->isBuffer() && m_view->fileInfo().absoluteFilePath() == path;
+    emit quickHelpSelected(text, ignoreWhenHidden);
 }
 
-bool EdCentralWidget::isCurrentBuffer(int bufferIndex) const
+void EdCentralWidget::currentTabSave()
 {
-    return m_view && m_view->isBuffer() && m_view->bufferIndex() == bufferIndex;
+    emit tabSaveSelected();
 }
 
-QString EdCentralWidget::documentName() const
+void EdCentralWidget::currentTabSaveAs()
 {
-    if (!m_view)
-        return QString();
-    return m_view->isBuffer() ? m_bufferLabel : m_view->fileInfo().absoluteFilePath();
+    emit tabSaveAsSelected();
+}
+
+void EdCentralWidget::undo()
+{
+    active()->undo();
+}
+
+void EdCentralWidget::redo()
+{
+    active()->redo();
+}
+
+void EdCentralWidget::cut()
+{
+    active()->cut();
+}
+
+void EdCentralWidget::copy()
+{
+    active()->copy();
+}
+
+void EdCentralWidget::paste()
+{
+    active()->paste();
+}
+
+void EdCentralWidget::selectAll()
+{
+    active()->selectAll();
+}
+
+void EdCentralWidget::clearText()
+{
+    active()->clearText();
+}
+
+void EdCentralWidget::convertTabsToSpaces()
+{
+    active()->convertTabsToSpaces();
+}
+
+void EdCentralWidget::replace(const QString &text)
+{
+    active()->replace(text);
+}
+
+void EdCentralWidget::setCursorSelection(int pos, int anchor, bool focus)
+{
+    active()->setCursorSelection(pos, anchor);
+    if (focus && currentCodeView())
+        active()->setCodeEditFocus();
+}
+
+void EdCentralWidget::setCursorSelection(int pos, int anchor)
+{
+    setCursorSelection(pos, anchor, true);
+}
+
+void EdCentralWidget::setTabBarVisible(bool visible)
+{
+    for (EdCodeTabWidget *pane : m_panes)
+        pane->setTabBarVisible(visible);
+}
+
+void EdCentralWidget::setTabsMovable(bool movable)
+{
+    for (EdCodeTabWidget *pane : m_panes)
+        pane->setTabsMovable(movable);
+}
+
+void EdCentralWidget::setTabsClosable(bool closable)
+{
+    for (EdCodeTabWidget *pane : m_panes)
+        pane->setTabsClosable(closable);
+}
+
+void EdCentralWidget::setTabsDoubleClickToClose(bool close)
+{
+    for (EdCodeTabWidget *pane : m_panes)
+        pane->setTabsDoubleClickToClose(close);
+}
+
+void EdCentralWidget::updateTabsAndSpaces()
+{
+    for (EdCodeTabWidget *pane : m_panes)
+        pane->updateTabSettings();
+}
+
+void EdCentralWidget::updateFontAndColors()
+{
+    for (EdCodeTabWidget *pane : m_panes)
+        pane->updateFontAndColors();
+}
+
+void EdCentralWidget::updateHiddenCharacters()
+{
+    for (EdCodeTabWidget *pane : m_panes)
+        pane->updateHiddenCharacters();
+}
+
+void EdCentralWidget::tabCleanup()
+{
+    for (EdCodeTabWidget *pane : m_panes)
+        pane->deleteRetiredViews();
+}
+
+void EdCentralWidget::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    if (!currentCodeView() && event->button() == Qt::LeftButton)
+        emit createNewBufferTriggered();
+}
+
+void EdCentralWidget::paintEvent(QPaintEvent *event)
+{
+    QWidget::paintEvent(event);
+    if (currentCodeView())
+        return;
+    QPainter painter(this);
+    painter.setPen(palette().color(QPalette::Disabled, QPalette::WindowText));
+    painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap,
+                     tr("Open a file, or double-click here for a new buffer."));
+}
+
+// Documents take theirs themselves; these fell on the tab bars, or where there is no document.
+void EdCentralWidget::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (!localFiles(*event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void EdCentralWidget::dropEvent(QDropEvent *event)
+{
+    for (const QString &path : localFiles(*event->mimeData()))
+        emit fileDropped(path);
+    event->acceptProposedAction();
 }

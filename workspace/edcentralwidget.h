@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "workspace/tabentry.h"
 #include "workspace/workspacestate.h"
 
 #include <QFileInfo>
@@ -11,148 +10,220 @@
 #include <QTimer>
 #include <QWidget>
 
+class EdCodeTabWidget;
 class EdCodeView;
-class QLabel;
+class FileWatch;
+class MelParser;
+class PythonParser;
+class QSplitter;
 
-// The centre of the window: the open document, or a hint when there is none. The window talks to
-// documents only through this widget. It owns the document's view; opening another one replaces it,
-// once the user has saved or given up its changes.
+// The centre of the window: two panes of tabs, of which one is active: that which had the focus
+// last. The window talks to documents only through this widget, which hands out buffer indices,
+// starts the parsing after pauses in typing, and knows when other programs change the open files.
+// Commands without a document in their name are for the active pane's current one, and do nothing
+// when there is none.
 class EdCentralWidget : public QWidget
 {
     Q_OBJECT
 
 public:
     explicit EdCentralWidget(QWidget *parent = nullptr);
+    ~EdCentralWidget() override;
 
-    // The open document; null when there is none.
-    EdCodeView *currentCodeView() const { return m_view; }
+    enum { PaneCount = 2 };
+
+    // Null when there is none.
+    EdCodeView *currentCodeView() const;
+    // By its id; both panes live as long as this widget.
+    EdCodeTabWidget *pane(int id) const { return m_panes.at(id); }
+    int activePane() const { return m_activeView; }
+    // Of both panes, in the order of their tabs.
+    QList<EdCodeView *> codeViews() const;
     // Whether there is text that is in no file yet.
     bool hasUnsavedContent() const;
 
-    // What is open, and opens it again: of several documents the one that was current. The others,
-    // and files that are gone for now, stay in the list until the user opens them; damaged entries
-    // are dropped. restore() shows no box but returns what there is to say.
+    // What is open, and opens it again. Files in folders that are gone for now stay in the list;
+    // damaged entries are dropped. restore() shows no box but returns what there is to say.
     WorkspaceState state() const;
     QStringList restore(const WorkspaceState &state);
 
-public slots:
-    void newBuffer();
-    void newMelBuffer();
-    void newPythonBuffer();
-    // A file that is open already gets the focus; one that cannot be read is reported to the user
-    // and leaves everything as it was.
-    void openFile(const QString &path);
+    // Writes the changes of all buffers, and those without changes whose file is gone. Asks nothing
+    // and shows nothing; returns the reasons of failures.
+    QStringList saveBuffersQuietly();
 
-    // To the document's file; a buffer stays one.
-    void save();
-    // Nothing for an empty path.
-    void saveAs(const QString &path);
-    void saveAll();
-    // Also writes a buffer without changes whose file is gone.
-    // Asks nothing and shows nothing; returns the reason of a failure.
-    QString saveBuffers();
-    // Asks for the new name. Buffers change their label, files their name on disk.
-    void rename();
-    // These two do nothing unless the open document is the one meant.
-    void renameBuffer(int bufferIndex);
-    void renameFile(const QString &path);
-    // Asks before changes are lost.
-    void reloadFromDisk();
-
-    // Editing commands for the open document; nothing when there is none.
-    void undo();
-    void redo();
-    void cut();
-    void copy();
-    void paste();
-    void selectAll();
-    void clearText();
-    void convertTabsToSpaces();
-    // Puts the text in the place of the selection, or at the caret.
-    void replace(const QString &text);
-
-    // Close asks about changes, and does nothing when the user cancels. A closed buffer's file is
-    // deleted.
-    void closeActive();
-    void closeAll();
-    void closeAllButCurrent();
-    void closeBuffer(int bufferIndex);
-    void closeFile(const QString &path);
-    void focusBuffer(int bufferIndex);
-
-    // Take changed preferences to the open document. Hidden characters include wrapping.
-    void updateTabsAndSpaces();
-    void updateFontAndColors();
-    void updateHiddenCharacters();
-    void updateDiagnostics() { activeViewChange(); }
-
-    // Paths are absolute. A document that saveAs() makes another file's is reported closed and
-    // opened.
 signals:
+    // Paths are absolute. Both also for a document that saveAs() makes another file's.
     void fileDropped(const QString &path);
-    void quickHelpSelected(const QString &text, bool ignoreWhenHidden);
-    void commandDocumentationSelected(const QString &command, bool python);
-    // The caret has come to a line that goes without colours and marks; once for each document.
-    void longLineReached();
     void fileOpened(const QString &path);
     void fileClosed(const QString &path);
     void fileRenamed(const QString &oldPath, const QString &newPath);
-    // A double click where there is no document.
     void createNewBufferTriggered();
-    void bufferCreated(int id, const QString &name, const QFileInfo &info);
+    void bufferCreated(int id, const QString &path, const QFileInfo &info);
     void bufferDeleted(int id);
     void bufferRenamed(int id, const QString &newName);
     // The window shall save, or ask for a name and save.
     void tabSaveSelected();
     void tabSaveAsSelected();
     void overwriteModeChanged();
-    // Once for each document; it is tried again after the next pause in typing.
-    void autosaveFailed(const QString &message);
-    // A buffer was written after a pause in typing.
-    void autosaved();
     // Line and column are 0-based, the selection in UTF-16 units; all 0 without a document.
     void cursorStatusChanged(int line, int column, int sel);
-    // A buffer's label, or a file's path with "*" behind it while there are changes; empty without
-    // a document.
-    void activeBufferNameChanged(const QString &name);
+    void findReplaceMessageChanged(const QString &message);
+    // What was found in the current document, or that it is plain text or there is none.
+    void melScriptUpdated(const MelParser &parser);
+    void pythonScriptUpdated(const PythonParser &parser);
+    void clearScriptDetails();
+    void quickHelpSelected(const QString &text, bool ignoreWhenHidden);
+    // A buffer's label, or a file's path; empty without a document.
+    void activeBufferNameChanged(const QString &text);
+    void commandDocumentationSelected(const QString &command, bool python);
+    // The caret has come to a line that goes without colours and marks; once for each document.
+    void longLineReached();
+
+public slots:
+    void newBuffer();
+    void newMelBuffer();
+    void newPythonBuffer();
+    // A file that is open already, in whichever pane and under whatever name, is only shown; one
+    // that cannot be read is reported to the user and leaves everything as it was.
+    void openFile(const QString &path);
+    void openFile(const QFileInfo &fileInfo);
+
+    // To the document's file; a buffer stays one. What another program has done to the file
+    // meanwhile is asked about first.
+    void save();
+    // Nothing for an empty path. A document that is open under that name already is closed first,
+    // which may ask and be cancelled.
+    void saveAs(const QString &path);
+    void saveAll();
+    void saveBuffers();
+
+    void undo();
+    void redo();
+    void cut();
+    void copy();
+    void paste();
+    void selectAll();
+    // Asks for the new name. Buffers change their label, files their name on disk.
+    void rename();
+    void renameBuffer(int bufferIndex);
+    void renameFile(const QString &path);
+    // Asks before changes are lost.
+    void reloadFromDisk();
+    void clearText();
+
+    // Closing asks about changes, and does nothing when the user cancels. A closed buffer's file is
+    // deleted. The last form keeps that pane's current tab.
+    void closeActive();
+    void closeAll();
+    void closeAllButCurrent();
+    void closeAllButCurrent(int tabWidgetId);
+    void currentTabSave();
+    void currentTabSaveAs();
+
+    // Take changed preferences to the panes and their documents. Hidden characters include
+    // wrapping.
+    void setTabBarVisible(bool visible);
+    void setTabsMovable(bool movable);
+    void setTabsClosable(bool closable);
+    void setTabsDoubleClickToClose(bool close);
+    void updateTabsAndSpaces();
+
+    // A tab index of -1: the pane has lost its last tab.
+    void moveToOtherView(int id, int tabIndex);
+    // A tab of pane `id` was dragged out of it, and dropped unless updateCursorOnly.
+    void tabMovedToNewPosition(int id, const QPoint &globalPos, bool updateCursorOnly);
+    void setActiveTabWidgetIndex(int id);
+
+    // What the panes report.
+    void onFileOpened(const QString &path);
+    void onFileClosed(const QString &path);
+    void onFileRenamed(const QString &oldPath, const QString &newPath);
+    void onCreateNewBuffer();
+    void onBufferCreated(int id, const QString &name, const QFileInfo &info);
+    void onBufferDeleted(int id);
+    void onBufferRenamed(int id, const QString &newName);
+    void onTextChange();
+    void onTabChange();
+
+    // Nothing for documents that are not open.
+    void focusBuffer(int bufferIndex);
+    void closeBuffer(int bufferIndex);
+    void closeFile(const QString &path);
+
+    void updateFontAndColors();
+    void updateHiddenCharacters();
+    void convertTabsToSpaces();
+    void onOverwriteModeChange();
+    void onCursorStatusChange();
+    // Positions in the document; those outside become the nearest inside.
+    void setCursorSelection(int pos, int anchor, bool focus);
+    void setCursorSelection(int pos, int anchor);
+    // Puts the text in the place of the selection, or at the caret.
+    void replace(const QString &text);
+    void onFindReplaceMessageChange(const QString &message);
+    void quickHelp(const QString &text, bool ignoreWhenHidden);
+    // Parses the current document, unless that is done, and tells what was found.
+    void activeViewChange();
+    // The same for both panes, and tells nobody but the documents.
+    void updateDiagnostics();
+
+    // Another program may have changed the file; asked about at the next check.
+    void externalFileChange(const QString &path);
+    // Asks what to do about files that other programs have changed or removed.
+    void checkForFileChanges();
+    // Deletes documents that were closed.
+    void tabCleanup();
+    void onFileDrop(const QString &path, int tabWidgetId);
 
 protected:
     void mouseDoubleClickEvent(QMouseEvent *event) override;
-
-private slots:
-    void onTextChange();
-    // Parses the open document at once and marks what was found.
-    void activeViewChange();
-    // Writes a buffer with changes.
-    void autosave();
-    void forgetEntry();
-    void reportCursor();
-    void reportName();
+    // Draws the hint that is seen while there is no document.
+    void paintEvent(QPaintEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
 
 private:
-    void addBuffer(int language, const QString &label);
-    int keepEntries(const WorkspaceState &state);
-    QString openEntry(const TabEntry &entry);
-    void showView(EdCodeView *view);
-    void retireView();
-    void connectView();
-    template <typename Parser>
-    void showDiagnosticsOf(Parser parser);
-    bool isShown(const QFileInfo &info) const;
-    bool losesText() const;
-    bool mayBeReplaced();
-    bool mayBeClosed();
-    bool confirmDelete();
-    QString bufferProblem(const QString &reason) const;
-    bool isCurrentFile(const QString &path) const;
-    bool isCurrentBuffer(int bufferIndex) const;
-    QString documentName() const;
+    // A tab of a pane, or none.
+    struct Place
+    {
+        EdCodeTabWidget *pane = nullptr;
+        int tab = -1;
+        explicit operator bool() const { return pane != nullptr; }
+    };
 
-    EdCodeView *m_view = nullptr;
+    EdCodeTabWidget *active() const { return m_panes.at(m_activeView); }
+    void connectPane(EdCodeTabWidget *pane);
+
+    Place placeOf(const EdCodeView *view) const;
+    Place placeOfBuffer(int bufferIndex) const;
+    // By whatever name: over links too.
+    Place placeOfFile(const QFileInfo &info) const;
+    void show(const Place &place);
+    void renameAt(const Place &place);
+    void addBuffer(int language);
+    bool freeName(const QString &path);
+    void reportFailedSaveAs(const EdCodeView &view, const QString &target);
+    void closeTabsBut(const EdCodeView *kept);
+    bool mayBeClosed(const Place &place);
+
+    void askAboutChanged(const QString &path);
+    void askAboutMissing(const QString &path);
+
+    void reportName();
+    template <typename Parser>
+    const Parser parsed(EdCodeView *view) const;
+    QString restoreEntry(const QString &text, bool hasPanes);
+    void forgetEntry(const QString &path);
+    static void showStored(EdCodeTabWidget *pane, int index);
+
+    QSplitter *m_splitter;
+    QList<EdCodeTabWidget *> m_panes; // by id
     QTimer m_parseTimer;              // runs until a pause after the last change of the text
-    QList<TabEntry> m_waitingEntries; // of the restored list, never shown since
-    bool m_saysAutosaveFails = true;
-    QLabel *m_hint;            // seen while there is no document
-    QString m_bufferLabel;     // of the open buffer; not cleared for files, which do not look at it
-    int m_nextBufferIndex = 0; // never used twice, so that lists cannot mix buffers up
+    int m_activeView = 0;             // the id of a pane
+    int m_nextBufferIndex = 0;        // never used twice, so that lists cannot mix buffers up
+    FileWatch *m_watch;
+    QStringList m_changedFiles; // reported and not asked about yet
+    QStringList m_missingFiles;
+    QStringList m_waitingEntries; // of the restored list, whose folders are not there
+    bool m_ignoresTabs = false;   // while many change at once
 };

@@ -2,117 +2,110 @@
 // What survives a restart: the text of buffers, and the list of what is open.
 #include "workspace/edcentralwidget.h"
 
+#include "workspace/edcodetabwidget.h"
 #include "workspace/edcodeview.h"
+#include "workspace/flagscope.h"
 #include "workspace/tabentry.h"
+
+#include <QDir>
 
 #include <algorithm>
 
-QString EdCentralWidget::saveBuffers()
+namespace {
+
+// The folder is not there, as of a drive that is not mounted, or the file cannot be read now. A
+// file that was deleted is given up.
+bool mayComeBack(const TabEntry &entry)
 {
-    if (!m_view || !m_view->isBuffer())
-        return QString();
-    if (!QFileInfo(m_view->fileInfo().absoluteFilePath()).exists()) // somebody tidied up
-        m_view->forceModified();
-    const QString reason = m_view->saveBufferQuietly();
-    return reason.isEmpty() ? reason : bufferProblem(reason);
+    const QFileInfo file(entry.path);
+    return !entry.isBuffer && (file.exists() || !file.dir().exists());
 }
 
-QString EdCentralWidget::bufferProblem(const QString &reason) const
-{
-    return tr("The buffer %1 is not saved: %2.").arg(m_bufferLabel, reason);
-}
+} // namespace
 
-// Files are the user's own to save. A box would come in the middle of typing.
-void EdCentralWidget::autosave()
+QStringList EdCentralWidget::saveBuffersQuietly()
 {
-    if (!m_view || !m_view->isBuffer() || !m_view->isModified())
-        return;
-    const QString reason = m_view->saveBufferQuietly();
-    if (reason.isEmpty())
-        emit autosaved();
-    else if (m_saysAutosaveFails)
-        emit autosaveFailed(bufferProblem(reason));
-    m_saysAutosaveFails = m_saysAutosaveFails && reason.isEmpty();
+    QStringList problems;
+    for (EdCodeView *view : codeViews()) {
+        if (!view->isBuffer())
+            continue;
+        if (!QFileInfo(view->fileInfo().absoluteFilePath()).exists()) // somebody tidied up
+            view->forceModified();
+        const QString reason = view->saveBufferQuietly();
+        const Place place = placeOf(view);
+        if (!reason.isEmpty())
+            problems << tr("The buffer %1 is not saved: %2.")
+                            .arg(place.pane->tabText(place.tab), reason);
+    }
+    return problems;
 }
 
 WorkspaceState EdCentralWidget::state() const
 {
     WorkspaceState state;
-    if (m_view) {
-        state.openTabs << TabEntry::of(*m_view, 0, m_bufferLabel).text();
-        state.indexA = 0;
-    }
-    for (const TabEntry &entry : m_waitingEntries)
-        state.openTabs << entry.text();
+    for (EdCodeTabWidget *pane : m_panes)
+        pane->writeState(state.openTabs, pane->id());
+    state.openTabs += m_waitingEntries;
+    state.activeView = m_activeView;
+    state.indexA = m_panes.at(0)->currentIndex();
+    state.indexB = m_panes.at(1)->currentIndex();
     return state;
 }
 
-QStringList EdCentralWidget::restore(const WorkspaceState &state)
+// An index of -1 for the first pane is how lists of a single pane were written, and those of which
+// only the second one had tabs: everything is the first pane's.
+QStringList EdCentralWidget::restore(const WorkspaceState &stored)
 {
-    const int current = keepEntries(state);
+    WorkspaceState state = stored;
+    const bool hasPanes = state.indexA != -1;
+    if (!hasPanes) {
+        state.indexA = state.indexB;
+        state.activeView = 0;
+    }
     QStringList problems;
-    if (current >= 0 && m_waitingEntries.at(current).hasFile()) {
-        m_waitingEntries.move(current, 0);
-        const TabEntry entry = m_waitingEntries.first();
-        const QString reason = openEntry(entry);
-        if (!reason.isEmpty())
-            problems << tr("%1 cannot be opened again: %2.").arg(entry.path, reason);
+    {
+        const FlagScope ignoring(&m_ignoresTabs); // documents are parsed when they are shown
+        for (const QString &text : state.openTabs)
+            problems << restoreEntry(text, hasPanes);
+        showStored(m_panes.at(0), state.indexA);
+        showStored(m_panes.at(1), state.indexB);
     }
-    for (int i = int(m_waitingEntries.size()) - 1; i >= 0; --i) {
-        const TabEntry entry = m_waitingEntries.at(i);
-        if (entry.hasFile())
-            continue;
-        problems << tr("%1 cannot be opened again.").arg(entry.path);
-        // A file may come back, from where it is kept; a buffer is nowhere else.
-        if (entry.isBuffer && !QFileInfo(entry.path).exists())
-            m_waitingEntries.removeAt(i);
-    }
+    problems.removeAll(QString());
+    m_activeView = state.activeView == 1 ? 1 : 0;
+    if (!currentCodeView())
+        m_activeView = m_panes.at(1 - m_activeView)->count() > 0 ? 1 - m_activeView : 0;
+    onTabChange();
     return problems;
 }
 
-// Returns the place of the entry that was current, or -1. An index of -1 for pane 0 is how lists of
-// a single pane were written: all are its documents.
-int EdCentralWidget::keepEntries(const WorkspaceState &state)
+void EdCentralWidget::showStored(EdCodeTabWidget *pane, int index)
 {
-    const bool hasPanes = state.indexA != -1;
-    const int pane = hasPanes && state.activeView == 1 ? 1 : 0;
-    QList<int> places; // of the active pane's
-    for (const QString &text : state.openTabs) {
-        const std::optional<TabEntry> entry = TabEntry::parse(text);
-        if (!entry)
-            continue;
-        if (!hasPanes || entry->pane == pane)
-            places << int(m_waitingEntries.size());
-        m_waitingEntries << *entry;
-    }
-    const int current = hasPanes && pane == 0 ? state.indexA : state.indexB;
-    return places.isEmpty() ? -1 : places.at(std::clamp(current, 0, int(places.size()) - 1));
+    if (pane->count() > 0)
+        pane->setCurrentTab(std::clamp(index, 0, pane->count() - 1));
 }
 
-// Returns why it failed.
-QString EdCentralWidget::openEntry(const TabEntry &entry)
+// Returns what there is to say, or an empty text.
+QString EdCentralWidget::restoreEntry(const QString &text, bool hasPanes)
 {
-    const int index = m_nextBufferIndex++;
-    EdCodeView *view = new EdCodeView(EdCodeView::AwaitsFile, EdCodeView::Text, this);
-    const QString reason = entry.open(view, index);
-    if (!reason.isEmpty() || !mayBeReplaced()) {
-        delete view;
+    const std::optional<TabEntry> entry = TabEntry::parse(text);
+    // Buffers may share a file: there are names for so many only.
+    if (!entry || (!entry->isBuffer && placeOfFile(QFileInfo(entry->path))))
+        return QString();
+    EdCodeTabWidget *pane = m_panes.at(hasPanes && entry->pane == 1 ? 1 : 0);
+    const QString reason = pane->restoreTabQuietly(text, m_nextBufferIndex++);
+    if (reason.isEmpty())
         return reason;
-    }
-    m_bufferLabel = entry.label;
-    showView(view);
-    if (view->isBuffer())
-        emit bufferCreated(index, entry.label, view->fileInfo());
-    else
-        emit fileOpened(view->fileInfo().absoluteFilePath());
-    return QString();
+    if (mayComeBack(*entry))
+        m_waitingEntries << text;
+    return tr("%1 cannot be opened again: %2.").arg(entry->path, reason);
 }
 
-// What becomes of the open document from here on, the user decides.
-void EdCentralWidget::forgetEntry()
+// What becomes of an open document from here on, the user decides.
+void EdCentralWidget::forgetEntry(const QString &path)
 {
-    for (int i = int(m_waitingEntries.size()) - 1; i >= 0; --i) {
-        if (isShown(QFileInfo(m_waitingEntries.at(i).path)))
-            m_waitingEntries.removeAt(i);
+    for (const QString &text : QStringList(m_waitingEntries)) {
+        const std::optional<TabEntry> entry = TabEntry::parse(text);
+        if (entry->path == path)
+            m_waitingEntries.removeAll(text);
     }
 }

@@ -24,6 +24,7 @@ void EdOpenDocumentView::addDocument(const QString &path)
 {
     const QFileInfo info(path);
     addEntry(info.fileName(), path, info);
+    findEntry(path)->setToolTip(path); // there may be several of one name
 }
 
 void EdOpenDocumentView::removeDocument(const QString &path)
@@ -40,6 +41,7 @@ void EdOpenDocumentView::renameDocument(const QString &oldPath, const QString &n
     // The identity first: a new text may move the item to another row.
     item->setData(Qt::UserRole, newPath);
     item->setIcon(iconOf(info));
+    item->setToolTip(newPath);
     item->setText(info.fileName());
 }
 

@@ -30,7 +30,19 @@ void EdOpenList::removeEntry(const QVariant &identity)
     QListWidgetItem *item = findEntry(identity);
     if (item == m_contextItem)
         m_contextItem = nullptr; // the menu may still be open
-    delete takeItem(row(item));  // row() is -1 for null, takeItem() null for -1
+    // The next entry becomes current, which the user did not choose.
+    const bool wereBlocked = blockSignals(true);
+    delete takeItem(row(item)); // row() is -1 for null, takeItem() null for -1
+    blockSignals(wereBlocked);
+}
+
+void EdOpenList::showCurrent(const QVariant &identity)
+{
+    const bool wereBlocked = blockSignals(true);
+    setCurrentItem(findEntry(identity));
+    if (!currentItem())
+        clearSelection();
+    blockSignals(wereBlocked);
 }
 
 QListWidgetItem *EdOpenList::findEntry(const QVariant &identity) const

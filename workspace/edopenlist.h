@@ -19,6 +19,10 @@ class EdOpenList : public QListWidget
 public:
     explicit EdOpenList(QWidget *parent = nullptr);
 
+    // Highlights the entry of the document that is shown elsewhere, and none when there is no such
+    // entry. Selects nothing: the user did not ask for it here.
+    void showCurrent(const QVariant &identity);
+
 public slots:
     // Shows the menu of the entry at a position of the viewport; nothing where there is none.
     void contextMenu(const QPoint &position);

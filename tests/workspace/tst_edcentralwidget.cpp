@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include "analysis/melparser.h"
 #include "preferences/preferences.h"
 #include "tests/support/modalanswer.h"
 #include "tests/support/scratchdir.h"
 #include "tests/support/testmain.h"
 #include "workspace/edcentralwidget.h"
+#include "workspace/edcodetabwidget.h"
 #include "workspace/edcodeview.h"
 #include "editor/edcodeedit.h"
 
@@ -13,25 +15,6 @@
 #include <QSignalSpy>
 
 #include <memory>
-
-// Saves under a name when that is asked for, as the window does; without one the user cancelled.
-class SaverAs : public QObject
-{
-    Q_OBJECT
-
-public:
-    SaverAs(EdCentralWidget *central, const QString &path) : m_central(central), m_path(path)
-    {
-        connect(central, SIGNAL(tabSaveAsSelected()), SLOT(saveAs()));
-    }
-
-private slots:
-    void saveAs() { m_central->saveAs(m_path); }
-
-private:
-    EdCentralWidget *m_central;
-    QString m_path;
-};
 
 class TestEdCentralWidget : public QObject
 {
@@ -47,7 +30,6 @@ private slots:
     void changesAreNeverLostUnasked();
     void anOpenFileIsOnlyShown();
     void theOpenFileIsKnownByItsOtherNames();
-    void filesThatSavingWroteAreOpenedAsWritten();
     void unreadableFilesLeaveTheDocument();
     void savingAsMovesTheDocument();
     void renamingMovesTheFile();
@@ -58,8 +40,14 @@ private slots:
     void doubleClickOnNothingAsksForABuffer();
     void closingABufferDeletesIt_data();
     void closingABufferDeletesIt();
-    void replacingABufferAsks_data();
-    void replacingABufferAsks();
+    void openingShowsTheTabInWhicheverPane();
+    void tabsMoveToTheOtherPane();
+    void theOtherPaneTakesOver();
+    void closingAllAsksBeforeTheFirst();
+    void closingAllButOneKeepsIt();
+    void savingOverAnOpenDocumentClosesIt();
+    void failedSavingAsKeepsTheLists();
+    void everyReportComesOnce();
 
 private:
     QStringList bufferFiles() const;
@@ -125,12 +113,11 @@ void TestEdCentralWidget::changesAreNeverLostUnasked()
     central.currentCodeView()->codeEdit()->insertPlainText("new ");
     QSignalSpy fileClosed(&central, SIGNAL(fileClosed(QString)));
     ModalAnswer answer(button);
-    central.newMelBuffer();
+    central.closeActive();
     QCOMPARE(answer.title(), QString("Save"));
-    QCOMPARE(answer.text(),
-             QString("'%1' has been modified. Save changes?").arg(dir.file("a.mel")));
+    QCOMPARE(answer.text(), QString("'a.mel' has been modified. Save changes?"));
     QCOMPARE(int(fileClosed.size()), closed ? 1 : 0);
-    QCOMPARE(central.currentCodeView()->isBuffer(), closed);
+    QCOMPARE(central.currentCodeView() == nullptr, closed);
     QCOMPARE(QString(dir.read("a.mel")), file);
 }
 
@@ -160,20 +147,6 @@ void TestEdCentralWidget::theOpenFileIsKnownByItsOtherNames()
     QVERIFY(!answer.wasAsked());
     QCOMPARE(central.currentCodeView()->text(), QString("new old"));
     QCOMPARE(central.currentCodeView()->fileInfo().fileName(), QString("a.mel"));
-}
-
-void TestEdCentralWidget::filesThatSavingWroteAreOpenedAsWritten()
-{
-    ScratchDir dir;
-    EdCentralWidget central;
-    const QString path = dir.write("a.mel", "old");
-    SaverAs saver(&central, path);
-    central.newMelBuffer();
-    central.replace("new");
-    ModalAnswer answer("Yes");
-    central.openFile(path);
-    QVERIFY(answer.wasAsked());
-    QCOMPARE(central.currentCodeView()->text(), QString("new"));
 }
 
 void TestEdCentralWidget::unreadableFilesLeaveTheDocument()
@@ -335,41 +308,194 @@ void TestEdCentralWidget::closingABufferDeletesIt()
     QCOMPARE(central.currentCodeView() == nullptr, closed);
 }
 
-void TestEdCentralWidget::replacingABufferAsks_data()
+// Files of the scratch directory, opened in the order of their names.
+static void openFiles(EdCentralWidget *central, ScratchDir *dir, int count)
 {
-    QTest::addColumn<QString>("button");
-    QTest::addColumn<bool>("savesAs");
-    QTest::addColumn<bool>("replaced");
-
-    QTest::newRow("save") << "Yes" << true << true;
-    QTest::newRow("save-without-a-name") << "Yes" << false << false;
-    QTest::newRow("discard") << "No" << false << true;
-    QTest::newRow("cancel") << "Cancel" << false << false;
+    for (int i = 0; i < count; ++i) {
+        const QByteArray name = QByteArray(1, char('a' + i)) + ".mel";
+        central->openFile(dir->write(name.constData(), name));
+    }
 }
 
-// Even when the buffer's own file has all of its text: that goes with the buffer.
-void TestEdCentralWidget::replacingABufferAsks()
+static QString names(const EdCodeTabWidget *pane)
 {
-    QFETCH(QString, button);
-    QFETCH(bool, savesAs);
-    QFETCH(bool, replaced);
-    preferences().confirmCloseTemporaryBuffer = false;
+    QStringList names;
+    for (const EdCodeView *view : pane->codeViews())
+        names << view->fileInfo().fileName();
+    return names.join(" ");
+}
+
+static QString currentName(const EdCentralWidget &central)
+{
+    const EdCodeView *view = central.currentCodeView();
+    return view ? view->fileInfo().fileName() : QString();
+}
+
+void TestEdCentralWidget::openingShowsTheTabInWhicheverPane()
+{
     ScratchDir dir;
     EdCentralWidget central;
-    SaverAs saver(&central, savesAs ? dir.file("saved.mel") : QString());
-    central.newMelBuffer();
-    central.replace("kept");
-    central.saveBuffers();
-    ModalAnswer answer(button);
-    central.openFile(dir.write("a.mel", "other"));
-    QCOMPARE(answer.title(), QString("Save"));
-    QCOMPARE(central.currentCodeView()->text(), QString(replaced ? "other" : "kept"));
-    QCOMPARE(bufferFiles().isEmpty(), replaced);
-    if (!replaced) {
-        central.openFile(m_buffers->file("corvaneEditorBuffer-0.mel")); // its own, so only shown
-        QCOMPARE(central.currentCodeView()->text(), QString("kept"));
+    openFiles(&central, &dir, 3);
+    central.moveToOtherView(0, 2);
+    QCOMPARE(central.activePane(), 1);
+    central.openFile(dir.file("a.mel"));
+    QCOMPARE(central.activePane(), 0);
+    QCOMPARE(currentName(central), QString("a.mel"));
+    central.openFile(dir.file("c.mel"));
+    QCOMPARE(central.activePane(), 1);
+    central.focusBuffer(7);
+    central.closeBuffer(7);
+    central.closeFile("/not/open");
+    QCOMPARE(currentName(central), QString("c.mel"));
+    QCOMPARE(int(central.codeViews().size()), 3);
+}
+
+void TestEdCentralWidget::tabsMoveToTheOtherPane()
+{
+    ScratchDir dir;
+    EdCentralWidget central;
+    openFiles(&central, &dir, 2);
+    central.newPythonBuffer();
+    central.replace("x = 1");
+    EdCodeView *moved = central.currentCodeView();
+    QSignalSpy closed(&central, SIGNAL(fileClosed(QString)));
+    QSignalSpy deleted(&central, SIGNAL(bufferDeleted(int)));
+    central.moveToOtherView(0, 2);
+    QCOMPARE(names(central.pane(0)), QString("a.mel b.mel"));
+    QCOMPARE(central.currentCodeView(), moved);
+    QCOMPARE(moved->text(), QString("x = 1"));
+    QCOMPARE(central.pane(1)->tabText(0), QString("Python"));
+    QCOMPARE(int(closed.size() + deleted.size()), 0);
+    moved->codeEdit()->undo();
+    QCOMPARE(moved->text(), QString());
+    central.moveToOtherView(1, 0);
+    QCOMPARE(central.activePane(), 0);
+    QCOMPARE(int(central.pane(1)->count()), 0);
+    QVERIFY(central.pane(1)->isHidden());
+    QCOMPARE(int(central.codeViews().size()), 3);
+}
+
+void TestEdCentralWidget::theOtherPaneTakesOver()
+{
+    ScratchDir dir;
+    EdCentralWidget central;
+    openFiles(&central, &dir, 2);
+    central.moveToOtherView(0, 1);
+    QSignalSpy name(&central, SIGNAL(activeBufferNameChanged(QString)));
+    central.closeActive();
+    QCOMPARE(central.activePane(), 0);
+    QCOMPARE(name.last().first().toString(), dir.file("a.mel"));
+    central.closeActive();
+    QCOMPARE(name.last().first().toString(), QString());
+    QVERIFY(!central.currentCodeView());
+    central.newBuffer();
+    QVERIFY(central.currentCodeView());
+}
+
+void TestEdCentralWidget::closingAllAsksBeforeTheFirst()
+{
+    ScratchDir dir;
+    EdCentralWidget central;
+    openFiles(&central, &dir, 3);
+    central.moveToOtherView(0, 1);
+    central.replace("changed ");
+    ModalAnswer cancel("Cancel");
+    central.closeAll();
+    QCOMPARE(cancel.text(), QString("'b.mel' has been modified. Save changes?"));
+    QCOMPARE(int(central.codeViews().size()), 3);
+    ModalAnswer yes("Yes");
+    central.closeAll();
+    QCOMPARE(int(central.codeViews().size()), 0);
+    QCOMPARE(dir.read("b.mel"), QByteArray("changed b.mel"));
+}
+
+void TestEdCentralWidget::closingAllButOneKeepsIt()
+{
+    ScratchDir dir;
+    EdCentralWidget central;
+    openFiles(&central, &dir, 4);
+    central.moveToOtherView(0, 3);
+    central.openFile(dir.file("b.mel"));
+    central.replace("kept ");
+    ModalAnswer unexpected("Cancel"); // what stays needs no question
+    central.closeAllButCurrent();
+    QVERIFY(!unexpected.wasAsked());
+    QCOMPARE(int(central.codeViews().size()), 1);
+    QCOMPARE(central.currentCodeView()->text(), QString("kept b.mel"));
+}
+
+void TestEdCentralWidget::savingOverAnOpenDocumentClosesIt()
+{
+    ScratchDir dir;
+    EdCentralWidget central;
+    openFiles(&central, &dir, 2);
+    central.replace("b's ");
+    central.openFile(dir.file("a.mel"));
+    ModalAnswer cancel("Cancel");
+    central.saveAs(dir.file("b.mel"));
+    QVERIFY(cancel.wasAsked());
+    QCOMPARE(dir.read("b.mel"), QByteArray("b.mel"));
+    QCOMPARE(currentName(central), QString("a.mel"));
+    ModalAnswer discard("No");
+    central.saveAs(dir.file("b.mel"));
+    QCOMPARE(dir.read("b.mel"), QByteArray("a.mel"));
+    QCOMPARE(names(central.pane(0)), QString("b.mel"));
+}
+
+// A list that follows the reports, as the docks do.
+class Follower : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit Follower(EdCentralWidget *central)
+    {
+        connect(central, SIGNAL(fileOpened(QString)), SLOT(add(QString)));
+        connect(central, SIGNAL(fileClosed(QString)), SLOT(remove(QString)));
     }
-    QCOMPARE(dir.read("saved.mel"), QByteArray(savesAs ? "kept" : "(no such file)"));
+
+    QStringList paths;
+
+private slots:
+    void add(const QString &path) { paths << path; }
+    void remove(const QString &path) { paths.removeOne(path); }
+};
+
+void TestEdCentralWidget::failedSavingAsKeepsTheLists()
+{
+    ScratchDir dir;
+    EdCentralWidget central;
+    Follower follower(&central);
+    openFiles(&central, &dir, 1);
+    ModalAnswer ok("OK");
+    central.saveAs(dir.file("no/such/folder/b.mel"));
+    QVERIFY(ok.wasAsked());
+    QCOMPARE(follower.paths, QStringList(dir.file("a.mel")));
+    QVERIFY(central.currentCodeView()->isModified());
+}
+
+void TestEdCentralWidget::everyReportComesOnce()
+{
+    ScratchDir dir;
+    EdCentralWidget central;
+    openFiles(&central, &dir, 1);
+    central.newMelBuffer();
+    QSignalSpy mel(&central, SIGNAL(melScriptUpdated(MelParser)));
+    QSignalSpy name(&central, SIGNAL(activeBufferNameChanged(QString)));
+    central.pane(0)->setCurrentTab(0);
+    QCOMPARE(int(mel.size()), 1);
+    QCOMPARE(int(name.size()), 1);
+    QSignalSpy mode(&central, SIGNAL(overwriteModeChanged()));
+    central.currentCodeView()->codeEdit()->toggleOverwriteMode();
+    QCOMPARE(int(mode.size()), 1);
+    central.currentCodeView()->codeEdit()->toggleOverwriteMode();
+    QSignalSpy created(&central, SIGNAL(bufferCreated(int, QString, QFileInfo)));
+    QSignalSpy deleted(&central, SIGNAL(bufferDeleted(int)));
+    central.newBuffer();
+    central.closeActive();
+    QCOMPARE(int(created.size()), 1);
+    QCOMPARE(int(deleted.size()), 1);
+    QCOMPARE(created.first().first(), deleted.first().first());
 }
 
 CORVANE_TEST_MAIN(TestEdCentralWidget)

@@ -26,12 +26,12 @@ private slots:
     void restoringOpensWhatWasCurrent_data();
     void restoringOpensWhatWasCurrent();
     void stateAndRestoringAgree();
-    void entriesWaitUntilTheyAreOpened();
+    void panesAreRestored();
+    void entriesWaitForTheirFolder();
     void filesOfTheUserAreNoBuffers();
     void restoringShowsNoBox();
     void savingBuffersLeavesFilesAlone();
-    void buffersAreSavedAfterAPause();
-    void failedSavingAfterAPauseIsToldOnce();
+    void tidiedBuffersAreWrittenAgain();
 
 private:
     std::unique_ptr<ScratchDir> m_buffers;
@@ -112,54 +112,71 @@ void TestEdCentralWidgetState::restoringOpensWhatWasCurrent()
 void TestEdCentralWidgetState::stateAndRestoringAgree()
 {
     ScratchDir dir;
-    WorkspaceState file;
-    WorkspaceState buffer;
+    WorkspaceState state;
     {
         EdCentralWidget central;
         QVERIFY(central.state() == WorkspaceState());
         central.openFile(dir.write("a.mel", "abc"));
         central.currentCodeView()->setCursorPosition(2);
-        file = central.state();
         central.newPythonBuffer();
         central.replace("x\ny");
-        central.saveBuffers();
-        buffer = central.state();
+        QCOMPARE(central.saveBuffersQuietly(), QStringList());
+        state = central.state();
     }
-    QCOMPARE(file.openTabs, QStringList("0," + dir.file("a.mel") + ",2,0,0"));
-    QCOMPARE(buffer.openTabs,
-             QStringList("0," + m_buffers->path() + "/corvaneEditorBuffer-0.py,3,0,1,Python"));
+    QCOMPARE(state.openTabs,
+             QStringList() << "0," + dir.file("a.mel") + ",2,0,0"
+                           << "0," + m_buffers->path() +
+                                  "/corvaneEditorBuffer-0.py,3,0,1,Python");
     EdCentralWidget central;
     central.resize(400, 300);
     central.show();
     QSignalSpy created(&central, SIGNAL(bufferCreated(int, QString, QFileInfo)));
-    central.restore(buffer);
-    QVERIFY(central.state() == buffer);
+    QSignalSpy opened(&central, SIGNAL(fileOpened(QString)));
+    central.restore(state);
+    QVERIFY(central.state() == state);
     QCOMPARE(central.currentCodeView()->text(), QString("x\ny"));
     QCOMPARE(created.first().at(1).toString(), QString("Python"));
+    QCOMPARE(opened.first().first().toString(), dir.file("a.mel"));
 }
 
-void TestEdCentralWidgetState::entriesWaitUntilTheyAreOpened()
+void TestEdCentralWidgetState::panesAreRestored()
+{
+    ScratchDir dir;
+    EdCentralWidget first;
+    for (const char *name : {"a.mel", "b.mel", "c.mel", "d.mel"})
+        first.openFile(dir.write(name, "abc"));
+    first.moveToOtherView(0, 1);
+    first.moveToOtherView(0, 1);
+    first.openFile(dir.file("b.mel"));
+    const WorkspaceState state = first.state();
+    QCOMPARE(state.activeView, 1);
+    QCOMPARE(state.indexA, 1);
+    QCOMPARE(state.indexB, 0);
+    EdCentralWidget second;
+    second.restore(state);
+    QVERIFY(second.state() == state);
+    QCOMPARE(second.currentCodeView()->fileInfo().fileName(), QString("b.mel"));
+    second.restore(state); // opens nothing twice
+    QCOMPARE(int(second.codeViews().size()), 4);
+}
+
+void TestEdCentralWidgetState::entriesWaitForTheirFolder()
 {
     ScratchDir dir;
     const QString a = "0," + dir.write("a.mel", "abc") + ",1,0,0";
-    const QString gone = "0," + dir.file("gone.mel") + ",2,0,0";
-    const QString c = "1," + m_buffers->write("c.py", "abc") + ",3,0,1,Label";
+    const QString deleted = "0," + dir.file("deleted.mel") + ",2,0,0";
+    const QString gone = "0," + dir.file("drive/gone.mel") + ",0,0,0";
     const QString lost = "0," + m_buffers->file("lost.mel") + ",2,0,1,Label";
-    const WorkspaceState state = {QStringList() << lost << a << "damaged" << gone << c, 0, 1, 0};
     EdCentralWidget central;
-    QCOMPARE(central.restore(state),
-             QStringList() << dir.file("gone.mel") + " cannot be opened again."
-                           << m_buffers->file("lost.mel") + " cannot be opened again.");
-    QCOMPARE(central.state().openTabs, QStringList() << a << gone << c);
-    central.closeActive();
-    QCOMPARE(central.state().openTabs, QStringList() << gone << c);
-
-    dir.write("gone.mel", "");
-    central.openFile(dir.file("gone.mel"));
-    central.saveAs(dir.file("b.mel"));
-    const QString b = "0," + dir.file("b.mel") + ",0,0,0";
-    QCOMPARE(central.state().openTabs, QStringList() << b << c);
-    QVERIFY(QFile::exists(m_buffers->file("c.py")));
+    const QStringList problems =
+        central.restore({QStringList() << lost << a << "damaged" << gone << deleted, 0, 1, 0});
+    QCOMPARE(int(problems.size()), 3);
+    QCOMPARE(central.state().openTabs, QStringList() << a << gone);
+    QVERIFY(QDir(dir.path()).mkdir("drive"));
+    central.openFile(dir.write("drive/gone.mel", "x"));
+    QCOMPARE(central.state().openTabs, QStringList() << a << gone);
+    central.closeActive(); // from here on the user decides
+    QCOMPARE(central.state().openTabs, QStringList(a));
 }
 
 void TestEdCentralWidgetState::filesOfTheUserAreNoBuffers()
@@ -209,52 +226,24 @@ void TestEdCentralWidgetState::savingBuffersLeavesFilesAlone()
     central.save();
     QCOMPARE(m_buffers->read("corvaneEditorBuffer-0.mel"), QByteArray("x"));
     QVERIFY(central.currentCodeView()->isBuffer());
+}
 
-    QVERIFY(QFile::remove(m_buffers->file("corvaneEditorBuffer-0.mel")));
+void TestEdCentralWidgetState::tidiedBuffersAreWrittenAgain()
+{
+    EdCentralWidget central;
+    central.newMelBuffer();
+    central.replace("x");
     central.saveBuffers();
-    QCOMPARE(m_buffers->read("corvaneEditorBuffer-0.mel"), QByteArray("x"));
-}
-
-void TestEdCentralWidgetState::buffersAreSavedAfterAPause()
-{
-    EdCentralWidget central;
-    central.newMelBuffer();
-    central.replace("x");
-    central.updateDiagnostics(); // parsing earlier puts nothing off
     const QString path = m_buffers->file("corvaneEditorBuffer-0.mel");
-    QElapsedTimer clock;
-    clock.start();
-    while (QFileInfo(path).size() == 0 && clock.elapsed() < 10000)
-        QTest::qWait(20);
+    QVERIFY(QFile::remove(path));
+    QCOMPARE(central.saveBuffersQuietly(), QStringList());
     QCOMPARE(m_buffers->read("corvaneEditorBuffer-0.mel"), QByteArray("x"));
-    QVERIFY(!central.hasUnsavedContent());
-
-    ScratchDir dir;
-    EdCentralWidget files;
-    files.openFile(dir.write("a.mel", "old"));
-    files.replace("new");
-    QVERIFY(QMetaObject::invokeMethod(&files, "autosave"));
-    QCOMPARE(dir.read("a.mel"), QByteArray("old"));
-}
-
-void TestEdCentralWidgetState::failedSavingAfterAPauseIsToldOnce()
-{
-    EdCentralWidget central;
-    central.newMelBuffer();
-    central.replace("x");
-    const QString path = m_buffers->file("corvaneEditorBuffer-0.mel");
+    central.replace("y");
     QVERIFY(QFile::remove(path) && QDir().mkdir(path));
-    QSignalSpy failed(&central, SIGNAL(autosaveFailed(QString)));
     ModalAnswer answer("OK");
-    for (int pause = 0; pause < 3; ++pause)
-        QVERIFY(QMetaObject::invokeMethod(&central, "autosave"));
+    QCOMPARE(central.saveBuffersQuietly(),
+             QStringList("The buffer MEL is not saved: This is not a regular file."));
     QVERIFY(!answer.wasAsked());
-    QCOMPARE(int(failed.size()), 1);
-    QCOMPARE(failed.first().first().toString(),
-             QString("The buffer MEL is not saved: This is not a regular file."));
-    QVERIFY(QDir().rmdir(path));
-    QVERIFY(QMetaObject::invokeMethod(&central, "autosave"));
-    QCOMPARE(m_buffers->read("corvaneEditorBuffer-0.mel"), QByteArray("x"));
 }
 
 CORVANE_TEST_MAIN(TestEdCentralWidgetState)

@@ -66,6 +66,7 @@ private slots:
     void renamedDocumentsAreFoundByTheirNewPath();
     void listsAreSorted();
     void selectingReportsTheIdentity();
+    void onlyTheUserSelects();
     void clickingTheCurrentEntrySelectsItAgain();
     void theMenuActsOnItsEntry_data();
     void theMenuActsOnItsEntry();
@@ -135,6 +136,22 @@ void TestOpenLists::selectingReportsTheIdentity()
     QCOMPARE(int(selected.size()), 1);
     QCOMPARE(selected.first().first().toInt(), 4);
     list.selectBuffer(nullptr);
+    QCOMPARE(int(selected.size()), 1);
+}
+
+void TestOpenLists::onlyTheUserSelects()
+{
+    EdOpenDocumentView list;
+    QSignalSpy selected(&list, SIGNAL(documentSelected(QString)));
+    list.addDocument("/a/a.mel");
+    list.addDocument("/a/b.mel");
+    list.showCurrent("/a/b.mel");
+    QCOMPARE(list.currentItem()->text(), QString("b.mel"));
+    list.removeDocument("/a/b.mel");
+    list.showCurrent("/not/listed");
+    QVERIFY(list.selectedItems().isEmpty());
+    QCOMPARE(int(selected.size()), 0);
+    list.setCurrentRow(0);
     QCOMPARE(int(selected.size()), 1);
 }
 

@@ -1,0 +1,240 @@
+// SPDX-License-Identifier: MIT
+// Documents of both panes: opening, saving, renaming and closing them.
+#include "workspace/edcentralwidget.h"
+
+#include "compat/filesystem.h"
+#include "workspace/flagscope.h"
+#include "preferences/preferences.h"
+#include "workspace/edcodetabwidget.h"
+#include "workspace/edcodeview.h"
+#include "workspace/filewatch.h"
+
+#include <QMessageBox>
+
+EdCentralWidget::Place EdCentralWidget::placeOf(const EdCodeView *view) const
+{
+    for (EdCodeTabWidget *pane : m_panes) {
+        const int tab = pane->indexOf(view);
+        if (tab != -1)
+            return {pane, tab};
+    }
+    return {};
+}
+
+EdCentralWidget::Place EdCentralWidget::placeOfBuffer(int bufferIndex) const
+{
+    for (const EdCodeView *view : codeViews()) {
+        if (view->isBuffer() && view->bufferIndex() == bufferIndex)
+            return placeOf(view);
+    }
+    return {};
+}
+
+EdCentralWidget::Place EdCentralWidget::placeOfFile(const QFileInfo &info) const
+{
+    const QString path = info.absoluteFilePath();
+    const QList<EdCodeView *> views = codeViews();
+    for (const EdCodeView *view : views) {
+        if (view->fileInfo().absoluteFilePath() == path)
+            return placeOf(view);
+    }
+    for (const EdCodeView *view : views) {
+        if (compat::isSameFile(view->fileInfo().absoluteFilePath(), path))
+            return placeOf(view);
+    }
+    return {};
+}
+
+void EdCentralWidget::show(const Place &place)
+{
+    setActiveTabWidgetIndex(place.pane->id());
+    place.pane->setCurrentTab(place.tab);
+}
+
+void EdCentralWidget::newBuffer()
+{
+    addBuffer(EdCodeView::Text);
+}
+
+void EdCentralWidget::newMelBuffer()
+{
+    addBuffer(EdCodeView::Mel);
+}
+
+void EdCentralWidget::newPythonBuffer()
+{
+    addBuffer(EdCodeView::Python);
+}
+
+void EdCentralWidget::addBuffer(int language)
+{
+    const int index = m_nextBufferIndex++;
+    if (language == EdCodeView::Mel)
+        active()->newMelBuffer(index);
+    else if (language == EdCodeView::Python)
+        active()->newPythonBuffer(index);
+    else
+        active()->newBuffer(index);
+    onTabChange();
+}
+
+void EdCentralWidget::openFile(const QString &path)
+{
+    openFile(QFileInfo(path));
+}
+
+void EdCentralWidget::openFile(const QFileInfo &fileInfo)
+{
+    // Even a buffer's own file: two documents of it would overwrite each other's text.
+    if (const Place place = placeOfFile(fileInfo))
+        show(place);
+    else if (active()->openFile(fileInfo, -1, preferences().insertDocsOnLeft ? 0 : -1) != -1)
+        onTabChange();
+}
+
+void EdCentralWidget::save()
+{
+    const EdCodeView *view = currentCodeView();
+    if (view && m_changedFiles.contains(view->fileInfo().absoluteFilePath()))
+        checkForFileChanges();
+    active()->save();
+}
+
+void EdCentralWidget::saveAs(const QString &path)
+{
+    const EdCodeView *view = currentCodeView();
+    if (!view || path.isEmpty() || !freeName(path))
+        return;
+    const QString target = QFileInfo(path).absoluteFilePath();
+    active()->saveAs(target);
+    reportFailedSaveAs(*view, target);
+    onTabChange(); // the language may be another one
+}
+
+// The pane reports a document as moved whether it could be written or not; the lists then go by
+// what it still is.
+void EdCentralWidget::reportFailedSaveAs(const EdCodeView &view, const QString &target)
+{
+    const QString path = view.fileInfo().absoluteFilePath();
+    if (!view.isBuffer() && path == target)
+        return;
+    onFileClosed(target);
+    if (view.isBuffer())
+        onBufferCreated(view.bufferIndex(), active()->tabText(active()->currentIndex()),
+                        view.fileInfo());
+    else
+        onFileOpened(path);
+}
+
+// No file is ever open twice: the other document would ask whether to be reloaded, and overwrite
+// this one when it is saved. False when it has changes that the user would rather keep.
+bool EdCentralWidget::freeName(const QString &path)
+{
+    const Place other = placeOfFile(QFileInfo(path));
+    if (!other || other.pane->codeViewAt(other.tab) == currentCodeView())
+        return true;
+    const EdCodeView *current = currentCodeView();
+    const EdCodeView *overwritten = other.pane->codeViewAt(other.tab);
+    other.pane->closeTab(other.tab);
+    show(placeOf(current)); // closing may have shown another one
+    return !placeOf(overwritten);
+}
+
+void EdCentralWidget::saveAll()
+{
+    for (EdCodeTabWidget *pane : m_panes)
+        pane->saveAll();
+}
+
+void EdCentralWidget::saveBuffers()
+{
+    for (EdCodeTabWidget *pane : m_panes)
+        pane->saveBuffers();
+}
+
+void EdCentralWidget::rename()
+{
+    active()->rename();
+}
+
+void EdCentralWidget::renameBuffer(int bufferIndex)
+{
+    renameAt(placeOfBuffer(bufferIndex));
+}
+
+void EdCentralWidget::renameFile(const QString &path)
+{
+    renameAt(placeOfFile(QFileInfo(path)));
+}
+
+void EdCentralWidget::renameAt(const Place &place)
+{
+    if (place)
+        place.pane->rename(place.tab);
+}
+
+void EdCentralWidget::closeActive()
+{
+    if (currentCodeView())
+        active()->closeTab(active()->currentIndex());
+}
+
+void EdCentralWidget::closeBuffer(int bufferIndex)
+{
+    if (const Place place = placeOfBuffer(bufferIndex))
+        place.pane->closeTab(place.tab);
+}
+
+void EdCentralWidget::closeFile(const QString &path)
+{
+    if (const Place place = placeOfFile(QFileInfo(path)))
+        place.pane->closeTab(place.tab);
+}
+
+void EdCentralWidget::focusBuffer(int bufferIndex)
+{
+    if (const Place place = placeOfBuffer(bufferIndex))
+        show(place);
+}
+
+void EdCentralWidget::closeAll()
+{
+    closeTabsBut(nullptr);
+}
+
+void EdCentralWidget::closeAllButCurrent()
+{
+    closeTabsBut(currentCodeView());
+}
+
+void EdCentralWidget::closeAllButCurrent(int tabWidgetId)
+{
+    closeTabsBut(m_panes.at(tabWidgetId)->currentCodeView());
+}
+
+// Files are asked about before the first is closed, so that Cancel leaves all of them; a buffer
+// that the user keeps keeps no other.
+void EdCentralWidget::closeTabsBut(const EdCodeView *kept)
+{
+    for (EdCodeTabWidget *pane : m_panes) {
+        // The pane takes it the other way round: with true no tab is left out.
+        if (!pane->promptAllUnsaved(pane->indexOf(kept) == -1))
+            return;
+    }
+    {
+        // Not one parse for each document that is current for a moment.
+        const FlagScope ignoring(&m_ignoresTabs);
+        for (const EdCodeView *view : codeViews()) {
+            const Place place = placeOf(view);
+            if (view != kept && place && mayBeClosed(place))
+                place.pane->forceCloseTab(place.tab);
+        }
+    }
+    onTabChange();
+}
+
+bool EdCentralWidget::mayBeClosed(const Place &place)
+{
+    return !place.pane->codeViewAt(place.tab)->isBuffer() ||
+           !preferences().confirmCloseTemporaryBuffer || place.pane->confirmCloseBuffer(place.tab);
+}
