@@ -63,7 +63,7 @@ Kestrowl::Kestrowl(const QString &userScriptDirectory, const QString &userPrefer
     connectDocuments();
     connectBuffers();
     connectProject();
-    connectOutline();
+    //connectOutline();
     connectOtherDocks();
     resize(initialWidth, initialHeight);
     readSettings();

@@ -3,6 +3,8 @@
 // are theirs to carry out.
 #include "workspace/edcentralwidget.h"
 
+#include "analysis/melparser.h"
+#include "analysis/pythonparser.h"
 #include "editor/edcodeedit.h"
 #include "workspace/edcodetabwidget.h"
 #include "workspace/edcodeview.h"
@@ -269,6 +271,46 @@ void EdCentralWidget::onFindReplaceMessageChange(const QString &message)
 void EdCentralWidget::quickHelp(const QString &text, bool ignoreWhenHidden)
 {
     emit quickHelpSelected(text, ignoreWhenHidden);
+}
+
+void EdCentralWidget::activeViewChange()
+{
+    EdCodeView *view = currentCodeView();
+    if (!view)
+        return;
+    m_parseTimer.stop();
+    showDetails(view);
+}
+
+void EdCentralWidget::updateDiagnostics()
+{
+    for (EdCodeTabWidget *pane : m_panes) {
+        if (pane->count() > 0)
+            showDetails(pane->currentCodeView());
+    }
+}
+
+void EdCentralWidget::showDetails(EdCodeView *view)
+{
+    const bool isCurrent = view == currentCodeView();
+    const QString path = view->fileInfo().absoluteFilePath();
+    if (view->language() == EdCodeView::Mel) {
+        MelParser parser;
+        parser.parse(view->text(), path);
+        view->codeEdit()->setDiagnostics(parser);
+        if (isCurrent)
+            emit melScriptUpdated(parser);
+    } else if (view->language() == EdCodeView::Python) {
+        PythonParser parser;
+        parser.parse(view->text(), path);
+        view->codeEdit()->setDiagnostics(parser);
+        if (isCurrent)
+            emit pythonScriptUpdated(parser);
+    } else {
+        view->codeEdit()->clearDiagnostics();
+        if (isCurrent)
+            emit clearScriptDetails();
+    }
 }
 
 void EdCentralWidget::currentTabSave()

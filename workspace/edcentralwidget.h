@@ -198,7 +198,7 @@ private:
     Place placeOfBuffer(int bufferIndex) const;
     // By whatever name: over links too.
     Place placeOfFile(const QFileInfo &info) const;
-    void show(const Place &place);
+    void showPlace(const Place &place);
     void renameAt(const Place &place);
     void addBuffer(int language);
     bool freeName(const QString &path);
@@ -210,8 +210,7 @@ private:
     void askAboutMissing(const QString &path);
 
     void reportName();
-    template <typename Parser>
-    const Parser parsed(EdCodeView *view) const;
+    void showDetails(EdCodeView *view);
     QString restoreEntry(const QString &text, bool hasPanes);
     void forgetEntry(const QString &path);
     static void showStored(EdCodeTabWidget *pane, int index);

@@ -12,6 +12,7 @@
 
 namespace {
 
+// Closing the box in any other way is the answer `escape`.
 bool isYes(QWidget *parent, const QString &title, const QString &question,
            QMessageBox::StandardButton escape)
 {
@@ -19,7 +20,9 @@ bool isYes(QWidget *parent, const QString &title, const QString &question,
                     parent);
     box.setTextFormat(Qt::PlainText); // of a path that may look like markup
     box.setEscapeButton(escape);
-    return box.exec() == QMessageBox::Yes;
+    box.exec();
+    const QMessageBox::StandardButton clicked = box.standardButton(box.clickedButton());
+    return (clicked == QMessageBox::NoButton ? escape : clicked) == QMessageBox::Yes;
 }
 
 // One for all windows: the questions are modal, and giving the focus back asks for a check again.
@@ -80,15 +83,15 @@ void EdCentralWidget::askAboutChanged(const QString &path)
         path + tr("\n\nThis file has been modified by another program.\nDo you want to reload it?");
     const bool reloads = isYes(window(), tr("Reload"), question, QMessageBox::No);
     if (!reloads)
-        view->acceptFileOnDisk();
+        view->ignoreFileChange();
     else if (const Place now = placeOf(view))
         now.pane->reload(now.tab);
 }
 
 void EdCentralWidget::askAboutMissing(const QString &path)
 {
-    if (QFileInfo(path).exists())
-        return m_watch->watch(path);
+    if (QFileInfo(path).exists()) // there again, and watched all the while
+        return;
     const Place place = placeOfFile(QFileInfo(path));
     EdCodeView *view = place ? place.pane->codeViewAt(place.tab) : nullptr;
     if (!view || view->isBuffer())

@@ -45,7 +45,7 @@ EdCentralWidget::Place EdCentralWidget::placeOfFile(const QFileInfo &info) const
     return {};
 }
 
-void EdCentralWidget::show(const Place &place)
+void EdCentralWidget::showPlace(const Place &place)
 {
     setActiveTabWidgetIndex(place.pane->id());
     place.pane->setCurrentTab(place.tab);
@@ -87,7 +87,7 @@ void EdCentralWidget::openFile(const QFileInfo &fileInfo)
 {
     // Even a buffer's own file: two documents of it would overwrite each other's text.
     if (const Place place = placeOfFile(fileInfo))
-        show(place);
+        showPlace(place);
     else if (active()->openFile(fileInfo, -1, preferences().insertDocsOnLeft ? 0 : -1) != -1)
         onTabChange();
 }
@@ -136,7 +136,7 @@ bool EdCentralWidget::freeName(const QString &path)
     const EdCodeView *current = currentCodeView();
     const EdCodeView *overwritten = other.pane->codeViewAt(other.tab);
     other.pane->closeTab(other.tab);
-    show(placeOf(current)); // closing may have shown another one
+    showPlace(placeOf(current)); // closing may have shown another one
     return !placeOf(overwritten);
 }
 
@@ -194,7 +194,7 @@ void EdCentralWidget::closeFile(const QString &path)
 void EdCentralWidget::focusBuffer(int bufferIndex)
 {
     if (const Place place = placeOfBuffer(bufferIndex))
-        show(place);
+        showPlace(place);
 }
 
 void EdCentralWidget::closeAll()

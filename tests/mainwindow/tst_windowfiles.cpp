@@ -29,6 +29,7 @@ private slots:
     void newBufferAsksForTheLanguage_data();
     void newBufferAsksForTheLanguage();
     void docksListWhatIsOpen();
+    void docksShowWhatIsCurrent();
     void saveWritesTheFileAndClearsTheMark();
     void saveAsAsksForAName();
     void addedSuffixesNeverOverwriteUnasked();
@@ -78,15 +79,39 @@ void TestWindowFiles::docksListWhatIsOpen()
     fixture.window.open(fixture.dir.write("a.mel", "1"));
     QCOMPARE(entries(fixture.window, Dock::Documents), QStringList("a.mel"));
     fixture.window.open(fixture.dir.write("b.py", "2"));
-    QCOMPARE(entries(fixture.window, Dock::Documents), QStringList("b.py"));
+    QCOMPARE(entries(fixture.window, Dock::Documents), QStringList() << "a.mel"
+                                                                     << "b.py");
     QVERIFY(fixture.window.windowTitle().contains("b.py"));
 
     fixture.action(Action::NewPythonBuffer)->trigger();
-    QCOMPARE(entries(fixture.window, Dock::Documents), QStringList());
     QCOMPARE(entries(fixture.window, Dock::Buffers), QStringList("Python"));
     fixture.action(Action::Close)->trigger();
     QCOMPARE(entries(fixture.window, Dock::Buffers), QStringList());
+    QCOMPARE(entries(fixture.window, Dock::Documents), QStringList() << "a.mel"
+                                                                     << "b.py");
+    fixture.action(Action::CloseAll)->trigger();
+    QCOMPARE(entries(fixture.window, Dock::Documents), QStringList());
     QCOMPARE(fixture.window.windowTitle(), QString("Corvane Editor"));
+}
+
+static QString currentEntry(const Kestrowl &window, Dock dock)
+{
+    const QListWidget *list = qobject_cast<QListWidget *>(window.dock(dock)->widget());
+    return list->selectedItems().isEmpty() ? QString() : list->selectedItems().first()->text();
+}
+
+void TestWindowFiles::docksShowWhatIsCurrent()
+{
+    WindowFixture fixture;
+    fixture.window.open(fixture.dir.write("a.mel", "1"));
+    fixture.window.open(fixture.dir.write("b.py", "2"));
+    QCOMPARE(currentEntry(fixture.window, Dock::Documents), QString("b.py"));
+    fixture.action(Action::NewMelBuffer)->trigger();
+    QCOMPARE(currentEntry(fixture.window, Dock::Documents), QString());
+    QCOMPARE(currentEntry(fixture.window, Dock::Buffers), QString("MEL"));
+    fixture.window.open(fixture.dir.file("a.mel"));
+    QCOMPARE(currentEntry(fixture.window, Dock::Documents), QString("a.mel"));
+    QCOMPARE(currentEntry(fixture.window, Dock::Buffers), QString());
 }
 
 void TestWindowFiles::saveWritesTheFileAndClearsTheMark()
@@ -94,9 +119,10 @@ void TestWindowFiles::saveWritesTheFileAndClearsTheMark()
     WindowFixture fixture;
     fixture.window.open(fixture.dir.write("a.mel", "old"));
     fixture.edit()->insertPlainText("new ");
-    QVERIFY(fixture.window.windowTitle().contains("a.mel*"));
+    const EdCodeTabWidget *pane = fixture.window.central()->pane(0);
+    QCOMPARE(pane->tabText(0), QString("a.mel*"));
     fixture.action(Action::Save)->trigger();
-    QVERIFY(!fixture.window.windowTitle().contains("*"));
+    QCOMPARE(pane->tabText(0), QString("a.mel"));
     QCOMPARE(fixture.dir.read("a.mel"), QByteArray("new old"));
 }
 

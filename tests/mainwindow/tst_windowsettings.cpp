@@ -164,7 +164,6 @@ private slots:
     void oneFailureLeavesTheOtherFile();
     void withoutDirectoriesTheHomeIsTaken();
     void aFullDiskLeavesTheOldFile();
-    void buffersOfACrashedSessionComeBack();
     void aDamagedFileForgetsNoBuffer();
 };
 
@@ -631,19 +630,6 @@ void WindowSettingsTest::aFullDiskLeavesTheOldFile()
     }
     runs.window().writeSettings();
     QCOMPARE(valueIn(runs.settingsPath(), "tabsandspaces/tabSize"), QString("7"));
-}
-
-// Without a last word of its own: what was typed is written after a pause, and its place is kept.
-void WindowSettingsTest::buffersOfACrashedSessionComeBack()
-{
-    ScratchDir dir;
-    Kestrowl crashed(dir.path(), dir.path());
-    crashed.newPythonBuffer();
-    crashed.central()->currentCodeView()->codeEdit()->insertPlainText("typed");
-    QVERIFY(QMetaObject::invokeMethod(crashed.central(), "autosave"));
-    Kestrowl next(dir.path(), dir.path());
-    QVERIFY(next.central()->currentCodeView());
-    QCOMPARE(next.central()->currentCodeView()->text(), QString("typed"));
 }
 
 void WindowSettingsTest::aDamagedFileForgetsNoBuffer()

@@ -480,6 +480,7 @@ void TestEdCentralWidget::everyReportComesOnce()
     EdCentralWidget central;
     openFiles(&central, &dir, 1);
     central.newMelBuffer();
+    qRegisterMetaType<MelParser>("MelParser");
     QSignalSpy mel(&central, SIGNAL(melScriptUpdated(MelParser)));
     QSignalSpy name(&central, SIGNAL(activeBufferNameChanged(QString)));
     central.pane(0)->setCurrentTab(0);
