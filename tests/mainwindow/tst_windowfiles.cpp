@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/mainwindow/windowfixture.h"
+#include "workspace/edcentralwidget.h"
+#include "workspace/edcodetabwidget.h"
 #include "tests/support/modalanswer.h"
 #include "tests/support/testmain.h"
 

@@ -125,8 +125,7 @@ void TestEdCentralWidgetState::stateAndRestoringAgree()
     }
     QCOMPARE(state.openTabs,
              QStringList() << "0," + dir.file("a.mel") + ",2,0,0"
-                           << "0," + m_buffers->path() +
-                                  "/corvaneEditorBuffer-0.py,3,0,1,Python");
+                           << "0," + m_buffers->path() + "/corvaneEditorBuffer-0.py,3,0,1,Python");
     EdCentralWidget central;
     central.resize(400, 300);
     central.show();

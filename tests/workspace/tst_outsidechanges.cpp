@@ -77,9 +77,12 @@ void TestOutsideChanges::changesAreAskedAboutOnce_data()
     QTest::addColumn<QString>("button");
     QTest::addColumn<QString>("text");
 
-    QTest::newRow("yes") << "Yes" << "one\nTWO\nthree\n";
-    QTest::newRow("no") << "No" << "one\ntwo\nthree\n";
-    QTest::newRow("escape") << "(no such button)" << "one\ntwo\nthree\n";
+    QTest::newRow("yes") << "Yes"
+                         << "one\nTWO\nthree\n";
+    QTest::newRow("no") << "No"
+                        << "one\ntwo\nthree\n";
+    QTest::newRow("escape") << "(no such button)"
+                            << "one\ntwo\nthree\n";
 }
 
 void TestOutsideChanges::changesAreAskedAboutOnce()
