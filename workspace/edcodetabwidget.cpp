@@ -360,6 +360,7 @@ void EdCodeTabWidget::forceCloseTab(int tabIndex)
     const QString path = view->fileInfo().absoluteFilePath();
     const int bufferIndex = view->bufferIndex();
     view->removeBufferFile();
+    view->discardJournal();
     m_retiredViews.removeAll(QPointer<EdCodeView>());
     m_retiredViews << QPointer<EdCodeView>(view);
     view->deleteLater();

@@ -4,6 +4,7 @@
 #include "compat/filesystem.h"
 #include "editor/edcodeedit.h"
 #include "editor/editorlanguage.h"
+#include "workspace/textjournal.h"
 
 #include <QMessageBox>
 #include <QTextBlock>
@@ -54,6 +55,8 @@ EdCodeView::EdCodeView(int bufferIndex, int language, QWidget *parent)
     forceModified(); // should there be no file for it, the buffer is not saved
     createBufferFile();
 }
+
+EdCodeView::~EdCodeView() = default;
 
 void EdCodeView::connectCodeEdit()
 {
@@ -111,6 +114,7 @@ QString EdCodeView::lineText() const
 void EdCodeView::setModified(bool modified)
 {
     m_modified = modified;
+    followChanges();
     emit modificationChanged(modified);
 }
 
@@ -165,6 +169,8 @@ void EdCodeView::rename(const QString &newName)
     if (!compat::renameFile(oldPath, newPath))
         return;
     m_fileInfo = QFileInfo(newPath);
+    if (m_journal)
+        m_journal->setHeader(journalHeader());
     updateLanguage();
     emit fileRenamed(oldPath, newPath);
 }

@@ -8,9 +8,14 @@
 #include <QFileInfo>
 #include <QWidget>
 
+#include <memory>
 #include <optional>
 
 class EdCodeEdit;
+class JournalFolder;
+class TextJournal;
+struct JournalContents;
+struct JournalHeader;
 struct LineChange;
 
 // One open document: its text widget and the file behind it. A buffer is a document that the user
@@ -28,10 +33,16 @@ public:
 
     // Creates the buffer's file, unless the view awaits one.
     EdCodeView(int bufferIndex, int language, QWidget *parent = nullptr);
+    // Leaves the journal of a text that is not saved.
+    ~EdCodeView() override;
 
     // One directory for all views; it must exist.
     static QDir bufferDirectory();
     static void setBufferDirectory(const QDir &directory);
+    // Where unsaved texts are kept against the end of the program; null, as it is at first, for
+    // nowhere. It must outlive the views.
+    static JournalFolder *journalFolder();
+    static void setJournalFolder(JournalFolder *folder);
 
     // Replaces the document by the file's, which may be that of a buffer; where it is the
     // document's own, by an edit that can be undone. A file that cannot be read is reported to the
@@ -61,8 +72,19 @@ public:
     void createBufferFile();
     // Nothing for a file that is the user's.
     void removeBufferFile();
+    // Whether other buffers, for want of names, have the same file.
+    bool mayShareFile() const;
     // By the file's suffix.
     void updateLanguage();
+
+    // Gives up the text that is not saved: it will not come back.
+    void discardJournal();
+    // Makes a view that awaits a file the document of one that is missing or cannot be read.
+    void becomeDocument(const JournalHeader &header, int bufferIndex);
+    // Puts the text that a session left in the place of the document's, by an edit that can be
+    // undone, and takes over its journal, so that at any moment there is one; an empty path for
+    // none. The text is then unsaved.
+    void recover(const JournalContents &journal, const QString &journalPath);
 
     EdCodeEdit *codeEdit() const { return m_codeEdit; }
     QFileInfo fileInfo() const { return m_fileInfo; }
@@ -93,6 +115,8 @@ signals:
     void nextTabSelected();
     void commandDocumentationSelected(const QString &command, bool python);
     void longLineReached();
+    // The text is not safe from the end of the program for now.
+    void journalFailed(const QString &reason);
 
 public slots:
     // Follows the document's own flag, which forceModified() sets.
@@ -149,6 +173,9 @@ private:
     TextFile bufferContents() const;
     bool mayBeEncoded(TextFile *file);
     void finishWriting(const Fingerprint &fingerprint);
+    void followChanges();
+    void beginJournal(const QString &path);
+    JournalHeader journalHeader() const;
 
     int m_bufferIndex;
     EdCodeEdit *m_codeEdit;
@@ -157,5 +184,6 @@ private:
     bool m_isBuffer = true;
     TextEncoding m_encoding = TextEncoding::Utf8; // as the file was read, or the user chose
     LineEnds m_lineEnds;
-    std::optional<Fingerprint> m_seen; // the file's; nothing while it has none of its own
+    std::optional<Fingerprint> m_seen;      // the file's; nothing while it has none of its own
+    std::unique_ptr<TextJournal> m_journal; // null while everything is saved
 };

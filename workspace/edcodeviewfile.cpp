@@ -14,6 +14,8 @@
 
 namespace {
 
+const int mostBuffers = 100; // of one language
+
 QDir &sharedBufferDirectory()
 {
     static QDir directory;
@@ -99,6 +101,7 @@ QString EdCodeView::loadQuietly(const QFileInfo &info, bool isBuffer, int buffer
     m_codeEdit->document()->setModified(false);
     if (m_modified) // a document that gets an empty text does not tell that it is unmodified
         setModified(false);
+    followChanges();
     return QString();
 }
 
@@ -259,7 +262,6 @@ bool EdCodeView::isBufferFile(const QString &path) const
 
 void EdCodeView::createBufferFile()
 {
-    const int mostBuffers = 100;
     bool isFree = false;
     for (int number = 0; number < mostBuffers && !isFree; ++number) {
         m_fileInfo = QFileInfo(sharedBufferDirectory(), bufferFileName(number, language()));
@@ -268,11 +270,19 @@ void EdCodeView::createBufferFile()
     // Deliberate: when no name is free the buffer shares the last one, which its next saving takes.
     if (isFree)
         write(m_fileInfo.absoluteFilePath(), true);
+    followChanges();
     m_codeEdit->updateTabsAndSpaces();
+}
+
+bool EdCodeView::mayShareFile() const
+{
+    return m_isBuffer && m_fileInfo.fileName() == bufferFileName(mostBuffers - 1, language());
 }
 
 void EdCodeView::removeBufferFile()
 {
-    if (m_isBuffer)
-        QFile::remove(m_fileInfo.absoluteFilePath());
+    if (!m_isBuffer)
+        return;
+    QFile::remove(m_fileInfo.absoluteFilePath());
+    discardJournal();
 }

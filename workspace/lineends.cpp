@@ -142,6 +142,11 @@ void LineEnds::markUnusual(QTextDocument *document, const QString &text) const
     group.endEditBlock();
 }
 
+QString LineEnds::usual() const
+{
+    return charactersOf(m_usual);
+}
+
 // By blocks: toPlainText() would turn no-break spaces into spaces.
 QString LineEnds::text(const QTextDocument &document) const
 {

@@ -1,0 +1,346 @@
+// SPDX-License-Identifier: MIT
+#include "workspace/recovery.h"
+
+#include "editor/edcodeedit.h"
+#include "tests/support/scratchdir.h"
+#include "tests/support/testmain.h"
+#include "workspace/edcodeview.h"
+#include "workspace/journalfolder.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <memory>
+
+namespace {
+
+// A session of the editor without its window.
+class Session : public DocumentHost
+{
+public:
+    explicit Session(const QString &directory) : m_folder(directory)
+    {
+        EdCodeView::setJournalFolder(&m_folder);
+    }
+    ~Session() override
+    {
+        qDeleteAll(m_views);
+        EdCodeView::setJournalFolder(nullptr);
+    }
+
+    QList<EdCodeView *> codeViews() const override { return m_views; }
+    int newBufferIndex() override { return m_nextIndex++; }
+    QString nameOf(const EdCodeView &view) const override
+    {
+        return m_labels.at(int(m_views.indexOf(const_cast<EdCodeView *>(&view))));
+    }
+    void addCodeView(EdCodeView *view, const QString &label) override
+    {
+        m_views << view;
+        m_labels << label;
+    }
+
+    EdCodeView *open(const QString &path, bool isBuffer = false)
+    {
+        EdCodeView *view = new EdCodeView(EdCodeView::AwaitsFile, EdCodeView::Text);
+        const int index = isBuffer ? newBufferIndex() : -1;
+        view->load(QFileInfo(path), isBuffer, index);
+        addCodeView(view, QFileInfo(path).fileName());
+        return view;
+    }
+    EdCodeView *newBuffer(const QString &label)
+    {
+        addCodeView(new EdCodeView(newBufferIndex(), EdCodeView::Mel), label);
+        return m_views.last();
+    }
+    void close(EdCodeView *view)
+    {
+        view->removeBufferFile();
+        view->discardJournal();
+        m_labels.removeAt(int(m_views.indexOf(view)));
+        m_views.removeAll(view);
+        delete view;
+    }
+    Recovery recover()
+    {
+        const Recovery recovery = recoverDocuments(m_folder, this);
+        m_folder.forgetDeadSessions();
+        return recovery;
+    }
+
+private:
+    JournalFolder m_folder; // first to come and last to go
+    QList<EdCodeView *> m_views;
+    QStringList m_labels;
+    int m_nextIndex = 0;
+};
+
+QStringList namesOf(const Recovery &recovery)
+{
+    QStringList names;
+    for (const RecoveredDocument &document : recovery.documents)
+        names << document.name;
+    names.sort();
+    return names;
+}
+
+} // namespace
+
+class TestRecovery : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup() { m_session.reset(); }
+
+    void unsavedTextsComeBack();
+    void savedAndClosedTextsDoNot();
+    void undoLeadsToTheFile();
+    void missingFilesKeepTheirKind();
+    void renamedFilesAreFollowed();
+    void buffersBeyondTheLastNameLoseNothing();
+    void severalSessionsLoseNothing();
+    void nothingIsDoubledByAnotherCrash();
+    void foreignFilesNeverBecomeBuffers();
+    void damagedJournalsAreReported();
+
+private:
+    // The old one ends with its texts unsaved, as the host's end leaves them.
+    Session &restart()
+    {
+        m_session.reset();
+        m_session = std::make_unique<Session>(m_dir->path());
+        return *m_session;
+    }
+    QStringList journals() const
+    {
+        QStringList names;
+        const QDir root(m_dir->file("journal"));
+        for (const QString &session : root.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+            for (const QString &file : QDir(root.filePath(session)).entryList(QDir::Files)) {
+                if (file != "lock")
+                    names << file;
+            }
+        }
+        return names;
+    }
+
+    std::unique_ptr<ScratchDir> m_dir;
+    std::unique_ptr<Session> m_session;
+};
+
+void TestRecovery::init()
+{
+    m_dir = std::make_unique<ScratchDir>();
+    EdCodeView::setBufferDirectory(QDir(m_dir->path()));
+}
+
+void TestRecovery::unsavedTextsComeBack()
+{
+    const QString file = m_dir->write("a.mel", "one\ntwo\n");
+    QString buffer;
+    {
+        Session &session = restart();
+        session.open(file)->replace("new ");
+        session.newBuffer("Scratch")->replace("scratch\n");
+        buffer = session.codeViews().last()->fileInfo().absoluteFilePath();
+    }
+    for (int crash = 0; crash < 2; ++crash) {
+        Session &session = restart();
+        EdCodeView *view = session.open(file);
+        session.open(buffer, true);
+        const Recovery recovery = session.recover();
+        QCOMPARE(namesOf(recovery), QStringList() << "a.mel"
+                                                  << "corvaneEditorBuffer-0.mel");
+        QVERIFY(recovery.problems.isEmpty());
+        QCOMPARE(int(session.codeViews().size()), 2);
+        QCOMPARE(view->text(), QString("new one\ntwo\n"));
+        QVERIFY(view->isModified());
+        QCOMPARE(session.codeViews().last()->text(), QString("scratch\n"));
+    }
+    QCOMPARE(m_dir->read("a.mel"), QByteArray("one\ntwo\n"));
+}
+
+void TestRecovery::savedAndClosedTextsDoNot()
+{
+    {
+        Session &session = restart();
+        EdCodeView *saved = session.open(m_dir->write("saved.mel", "old"));
+        EdCodeView *undone = session.open(m_dir->write("undone.mel", "old"));
+        EdCodeView *closed = session.open(m_dir->write("closed.mel", "old"));
+        EdCodeView *buffer = session.newBuffer("Scratch");
+        for (EdCodeView *view : session.codeViews())
+            view->replace("new");
+        QTest::qWait(50);
+        QCOMPARE(int(journals().size()), 4);
+        saved->save();
+        undone->undo();
+        session.close(closed);
+        session.close(buffer);
+        QVERIFY(journals().isEmpty());
+        saved->replace("newer"); // and equal to the file all the same
+        saved->setCursorSelection(3, 8);
+        saved->replace(QString());
+        QVERIFY(saved->isModified());
+    }
+    m_session.reset();
+    QCOMPARE(int(journals().size()), 1);
+    QVERIFY(restart().recover().documents.isEmpty());
+    QVERIFY(m_session->codeViews().isEmpty());
+    QVERIFY(journals().isEmpty());
+}
+
+void TestRecovery::undoLeadsToTheFile()
+{
+    const QString file = m_dir->write("a.txt", "one\r\ntwo\rthree\r\n");
+    restart().open(file)->replace("new\n");
+    EdCodeView *view = restart().open(file);
+    m_session->recover();
+    QCOMPARE(view->text(), QString("new\none\ntwo\nthree\n"));
+    view->save();
+    QCOMPARE(m_dir->read("a.txt"), QByteArray("new\r\none\r\ntwo\rthree\r\n"));
+    QVERIFY(journals().isEmpty());
+    view->undo();
+    view->save();
+    QCOMPARE(m_dir->read("a.txt"), QByteArray("one\r\ntwo\rthree\r\n"));
+}
+
+void TestRecovery::missingFilesKeepTheirKind()
+{
+    {
+        Session &session = restart();
+        session.open(m_dir->write("a.mel", "caf\xE9\r\n"))->replace("new\n");
+        session.newBuffer("Scratch")->replace("scratch");
+        for (const EdCodeView *view : session.codeViews())
+            QVERIFY(QFile::remove(view->fileInfo().absoluteFilePath()));
+    }
+    Session &session = restart();
+    QCOMPARE(int(session.recover().documents.size()), 2);
+    QCOMPARE(int(session.codeViews().size()), 2);
+    for (EdCodeView *view : session.codeViews())
+        view->save();
+    QCOMPARE(m_dir->read("a.mel"), QByteArray("new\r\ncaf\xE9\r\n"));
+    QCOMPARE(m_dir->read("corvaneEditorBuffer-0.mel"), QByteArray("scratch"));
+    QCOMPARE(session.codeViews().first()->isBuffer(), !session.codeViews().last()->isBuffer());
+}
+
+void TestRecovery::renamedFilesAreFollowed()
+{
+    EdCodeView *view = restart().open(m_dir->write("a.mel", "old"));
+    view->replace("new ");
+    QTest::qWait(50);
+    view->rename("b.py");
+    Session &session = restart();
+    QCOMPARE(namesOf(session.recover()), QStringList() << "b.py");
+    QCOMPARE(session.codeViews().first()->text(), QString("new old"));
+    QCOMPARE(session.codeViews().first()->fileInfo().absoluteFilePath(), m_dir->file("b.py"));
+}
+
+void TestRecovery::buffersBeyondTheLastNameLoseNothing()
+{
+    for (int number = 0; number < 99; ++number)
+        m_dir->write(qPrintable(QString("corvaneEditorBuffer-%1.mel").arg(number)), "other");
+    const QString path = m_dir->file("corvaneEditorBuffer-99.mel");
+    QStringList texts;
+    for (int i = 0; i < 4; ++i) {
+        texts << QString("text %1").arg(i);
+        (i == 0 ? restart() : *m_session).newBuffer("MEL")->replace(texts.last());
+    }
+    for (int session = 0; session < 3; ++session) {
+        for (EdCodeView *view : m_session->codeViews()) {
+            QCOMPARE(view->fileInfo().absoluteFilePath(), path);
+            QVERIFY(view->saveBufferQuietly().isEmpty()); // as at a clean end
+        }
+        restart();
+        for (int i = 0; i < 4; ++i)
+            m_session->open(path, true);
+        QVERIFY(m_session->recover().documents.isEmpty());
+        QStringList restored;
+        for (const EdCodeView *view : m_session->codeViews())
+            restored << view->text();
+        QCOMPARE(restored, texts);
+    }
+    // The tabs are lost, and with one of the buffers the file.
+    m_session->close(m_session->codeViews().first());
+    restart().recover();
+    QCOMPARE(int(m_session->codeViews().size()), 3);
+}
+
+void TestRecovery::severalSessionsLoseNothing()
+{
+    const QString file = m_dir->write("a.mel", "old");
+    auto first = std::make_unique<Session>(m_dir->path());
+    first->open(file)->replace("first ");
+    auto second = std::make_unique<Session>(m_dir->path());
+    second->open(file)->replace("second ");
+    auto third = std::make_unique<Session>(m_dir->path());
+    third->open(file)->replace("second ");
+    first.reset();
+    QTest::qWait(1100); // some file systems count seconds
+    second.reset();
+    third.reset();
+
+    Session &session = restart();
+    EdCodeView *view = session.open(file);
+    QCOMPARE(namesOf(session.recover()), QStringList() << "a.mel"
+                                                       << "a.mel (recovered)");
+    QCOMPARE(view->text(), QString("second old"));
+    QCOMPARE(session.codeViews().last()->text(), QString("first old"));
+    QVERIFY(session.codeViews().last()->isBuffer());
+}
+
+void TestRecovery::nothingIsDoubledByAnotherCrash()
+{
+    const QString file = m_dir->write("a.mel", "old");
+    restart().open(file)->replace("new ");
+    for (int i = 0; i < 5; ++i) {
+        // Recovered, or ended before that.
+        if (i % 2 == 0)
+            restart().recover();
+        else
+            restart().open(file);
+        QCOMPARE(int(m_session->codeViews().size()), 1);
+        QCOMPARE(int(journals().size()), 1);
+    }
+}
+
+void TestRecovery::foreignFilesNeverBecomeBuffers()
+{
+    QVERIFY(QDir(m_dir->path()).mkdir("elsewhere"));
+    const QString moved = m_dir->file("elsewhere/corvaneEditorBuffer-0.mel");
+    EdCodeView::setBufferDirectory(QDir(m_dir->file("elsewhere")));
+    restart().newBuffer("MEL")->replace("text");
+    m_session.reset();
+    EdCodeView::setBufferDirectory(QDir(m_dir->path()));
+    Session &session = restart();
+    session.recover();
+    EdCodeView *view = session.codeViews().first();
+    QCOMPARE(view->text(), QString("text"));
+    QVERIFY(view->isBuffer());
+    session.close(view);
+    QVERIFY(QFileInfo(moved).exists());
+}
+
+void TestRecovery::damagedJournalsAreReported()
+{
+    const QString file = m_dir->write("a.mel", "old");
+    restart().open(file)->replace("new ");
+    m_session.reset();
+    const QDir root(m_dir->file("journal"));
+    const QString folder = root.entryList(QDir::Dirs | QDir::NoDotAndDotDot).first();
+    const QString name = QDir(root.filePath(folder)).entryList(QStringList("*.journal")).first();
+    QFile journal(root.filePath(folder + "/" + name));
+    QVERIFY(journal.open(QIODevice::ReadWrite));
+    QVERIFY(journal.resize(journal.size() - 3)); // into the mark of the complete text
+    journal.close();
+    EdCodeView *view = restart().open(file);
+    const Recovery recovery = m_session->recover();
+    QCOMPARE(int(recovery.problems.size()), 1);
+    QVERIFY(recovery.problems.first().contains("damaged-"));
+    QCOMPARE(view->text(), QString("new old"));
+    QCOMPARE(root.entryList(QStringList("damaged-*"), QDir::Files).size(), 1);
+}
+
+CORVANE_TEST_MAIN(TestRecovery)
+#include "tst_recovery.moc"

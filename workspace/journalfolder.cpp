@@ -1,0 +1,239 @@
+// SPDX-License-Identifier: MIT
+#include "workspace/journalfolder.h"
+
+#include "compat/filesystem.h"
+#include "workspace/journalfile.h"
+#include "workspace/tabentry.h"
+
+#include <QCoreApplication>
+#include <QDataStream>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace {
+
+const char journalPattern[] = "*.journal";
+
+QString lockPath(const QString &session)
+{
+    return session + QLatin1String("/lock");
+}
+
+QString tabsPath(const QString &session)
+{
+    return session + QLatin1String("/tabs");
+}
+
+QByteArray bytesOf(const WorkspaceState &state)
+{
+    QByteArray payload;
+    QDataStream stream(&payload, QIODevice::WriteOnly);
+    stream.setVersion(QDataStream::Qt_4_8);
+    stream << state.openTabs << qint32(state.activeView) << qint32(state.indexA)
+           << qint32(state.indexB);
+    return checkedRecord(payload);
+}
+
+// Nothing where there is no list, or a damaged one.
+std::optional<WorkspaceState> readTabs(const QString &session)
+{
+    QFile file(tabsPath(session));
+    int position = 0;
+    const QByteArray payload =
+        file.open(QIODevice::ReadOnly) ? takeRecord(file.readAll(), &position) : QByteArray();
+    if (payload.isNull())
+        return std::nullopt;
+    QDataStream stream(payload);
+    stream.setVersion(QDataStream::Qt_4_8);
+    WorkspaceState state;
+    qint32 numbers[3] = {};
+    stream >> state.openTabs >> numbers[0] >> numbers[1] >> numbers[2];
+    state.activeView = numbers[0];
+    state.indexA = numbers[1];
+    state.indexB = numbers[2];
+    return state;
+}
+
+QFileInfoList filesIn(const QString &session)
+{
+    return QDir(session).entryInfoList(QDir::Files | QDir::Hidden);
+}
+
+QDateTime lastChangeIn(const QString &session)
+{
+    QDateTime latest;
+    for (const QFileInfo &file : filesIn(session)) {
+        if (file.fileName() != QLatin1String("lock"))
+            latest = std::max(latest, file.lastModified());
+    }
+    return latest;
+}
+
+// A folder with journals in it stays.
+void removeSession(const QString &session)
+{
+    QFile::remove(lockPath(session));
+    QDir().rmdir(session);
+}
+
+// Entries of documents that are not in the list. A path may be there several times, as that of the
+// last buffer file is.
+void addMissing(WorkspaceState *state, const WorkspaceState &other)
+{
+    QStringList paths;
+    for (const QString &text : state->openTabs) {
+        const std::optional<TabEntry> entry = TabEntry::parse(text);
+        if (entry)
+            paths << entry->path;
+    }
+    for (const QString &text : other.openTabs) {
+        const std::optional<TabEntry> entry = TabEntry::parse(text);
+        if (entry && !paths.contains(entry->path))
+            state->openTabs << text;
+    }
+}
+
+// What an older list is still good for: buffers are closed by deleting their file.
+WorkspaceState onlyBuffers(const WorkspaceState &state)
+{
+    WorkspaceState buffers;
+    for (const QString &text : state.openTabs) {
+        const std::optional<TabEntry> entry = TabEntry::parse(text);
+        if (entry && entry->isBuffer && entry->hasFile())
+            buffers.openTabs << text;
+    }
+    return buffers;
+}
+
+} // namespace
+
+QStringList DeadSession::journals() const
+{
+    QStringList paths;
+    for (const QFileInfo &file : filesIn(path)) {
+        if (QDir::match(QLatin1String(journalPattern), file.fileName()))
+            paths << file.absoluteFilePath();
+    }
+    return paths;
+}
+
+JournalFolder::JournalFolder(const QString &directory)
+    : m_root(QDir(directory).absoluteFilePath(QLatin1String("journal")))
+{
+    compat::createPrivateFolder(m_root); // most often there is one
+    const int mostAttempts = 1000;
+    for (int i = 0; i < mostAttempts && !begin(); ++i) {
+    }
+    if (isValid())
+        findDeadSessions();
+}
+
+JournalFolder::~JournalFolder()
+{
+    if (!isValid())
+        return;
+    m_lock.release();
+    if (filesIn(m_path).size() == 1) // the lock
+        removeSession(m_path);
+}
+
+// With the next name that nobody has used. A session that begins elsewhere may take the folder for
+// a dead one before it is locked.
+bool JournalFolder::begin()
+{
+    const QString process = QString::number(QCoreApplication::applicationPid());
+    m_path = m_root + QLatin1Char('/') + process + QLatin1Char('-') + QString::number(m_count++);
+    return compat::createPrivateFolder(m_path) && m_lock.take(lockPath(m_path));
+}
+
+void JournalFolder::findDeadSessions()
+{
+    for (const QFileInfo &folder :
+         QDir(m_root).entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::NoSymLinks)) {
+        const QString path = folder.absoluteFilePath();
+        auto session = std::make_unique<DeadSession>();
+        if (path == m_path || !session->lock.take(lockPath(path)))
+            continue;
+        session->path = path;
+        session->lastChange = lastChangeIn(path);
+        session->tabs = readTabs(path);
+        m_dead.push_back(std::move(session));
+    }
+    std::sort(m_dead.begin(), m_dead.end(),
+              [](const auto &a, const auto &b) { return a->lastChange > b->lastChange; });
+}
+
+QString JournalFolder::newJournalPath()
+{
+    return m_path + QLatin1Char('/') + QString::number(m_count++) + QLatin1String(".journal");
+}
+
+bool JournalFolder::storeTabs(const WorkspaceState &state)
+{
+    if (!isValid() || (m_storedTabs && *m_storedTabs == state))
+        return isValid();
+    const QString path = tabsPath(m_path);
+    const QString fresh = path + QLatin1String(".tmp");
+    const QByteArray bytes = bytesOf(state);
+    QFile file;
+    QString ignored; // it is tried again with the next change
+    QFile::remove(fresh);
+    bool stored = compat::createFile(&file, fresh, compat::Access::UserOnly, &ignored) &&
+                  file.write(bytes) == bytes.size();
+    file.close();
+    stored = stored && compat::replaceFileSoon(path, fresh, &ignored);
+    if (stored)
+        m_storedTabs = state;
+    return stored;
+}
+
+void JournalFolder::forgetTabs()
+{
+    m_storedTabs.reset();
+    QFile::remove(tabsPath(m_path));
+}
+
+WorkspaceState JournalFolder::tabsToRestore(const WorkspaceState &stored,
+                                            const QDateTime &storedAt) const
+{
+    std::vector<const DeadSession *> sessions;
+    for (const auto &session : m_dead) {
+        if (session->tabs)
+            sessions.push_back(session.get());
+    }
+    if (sessions.empty())
+        return stored;
+    const bool isOlder =
+        storedAt.isNull() || storedAt < QFileInfo(tabsPath(sessions.front()->path)).lastModified();
+    WorkspaceState state = isOlder ? *sessions.front()->tabs : stored;
+    for (const DeadSession *session : sessions)
+        addMissing(&state, *session->tabs);
+    if (isOlder)
+        addMissing(&state, onlyBuffers(stored));
+    return state;
+}
+
+QString JournalFolder::keepAside(const QString &journal) const
+{
+    const QString session = QFileInfo(QFileInfo(journal).path()).fileName();
+    const QString target =
+        m_root + QString::fromLatin1("/damaged-%1-%2").arg(session, QFileInfo(journal).fileName());
+    return compat::renameFile(journal, target) ? target : journal;
+}
+
+void JournalFolder::forgetDeadSessions()
+{
+    for (const auto &session : m_dead) {
+        for (const QFileInfo &file : filesIn(session->path)) {
+            const QString name = file.fileName();
+            if (name == QLatin1String("tabs") || name.endsWith(QLatin1String(".tmp")))
+                QFile::remove(file.absoluteFilePath());
+        }
+        session->lock.release();
+        removeSession(session->path);
+    }
+    m_dead.clear();
+}
