@@ -13,17 +13,18 @@
 
 namespace {
 
-const int longestPause = 20;   // ms that a check may take at once
+const int longestPause = 10;   // ms that a check may take at once
 const int answerInterval = 25; // ms
 
-// Units of the longest text that is checked at once: about 500 lines, which take a few
+// Units of the longest text that is checked at once: about 250 lines, which take a few
 // milliseconds. Becomes less where Python is slow.
-int longestAtOnce = 20000;
+int longestAtOnce = 10000;
 
 } // namespace
 
-PythonSyntaxCheck::PythonSyntaxCheck(QObject *parent)
-    : SyntaxCheck(parent), m_answerFile(QDir::tempPath() + QLatin1String("/corvane-check-XXXXXX"))
+PythonSyntaxCheck::PythonSyntaxCheck(const QString &source, QObject *parent)
+    : SyntaxCheck(parent), m_source(source),
+      m_answerFile(QDir::tempPath() + QLatin1String("/corvane-check-XXXXXX"))
 {
     m_timer.setInterval(answerInterval);
     connect(&m_timer, SIGNAL(timeout()), SLOT(lookForAnswer()));
@@ -31,31 +32,34 @@ PythonSyntaxCheck::PythonSyntaxCheck(QObject *parent)
 
 SyntaxCheck *PythonSyntaxCheck::start(const QString &source, QObject *parent)
 {
-    std::unique_ptr<PythonSyntaxCheck> check(new PythonSyntaxCheck(nullptr));
-    const bool started =
-        source.size() <= longestAtOnce ? check->checkAtOnce(source) : check->startThread(source);
-    if (!started)
-        return nullptr;
-    check->setParent(parent);
-    return check.release();
+    std::unique_ptr<PythonSyntaxCheck> check(new PythonSyntaxCheck(source, parent));
+    if (source.size() > longestAtOnce) {
+        // Even to hand a long text over takes its time, which the caller has used up on parsing.
+        QTimer::singleShot(0, check.get(), SLOT(startThread()));
+        return check.release();
+    }
+    check->checkAtOnce();
+    return check->answer().isKnown ? check.release() : nullptr;
 }
 
-bool PythonSyntaxCheck::checkAtOnce(const QString &source)
+void PythonSyntaxCheck::checkAtOnce()
 {
     QElapsedTimer clock;
     clock.start();
-    setAnswer(pythonSyntaxError(source));
+    setAnswer(pythonSyntaxError(m_source));
     if (clock.elapsed() > longestPause)
-        longestAtOnce = std::min(longestAtOnce, int(source.size()) / 2);
-    return answer().isKnown;
+        longestAtOnce = std::min(longestAtOnce, int(m_source.size()) / 2);
 }
 
-bool PythonSyntaxCheck::startThread(const QString &source)
+void PythonSyntaxCheck::startThread()
 {
-    if (!m_answerFile.open() || !startPythonSyntaxThread(source, m_answerFile.fileName()))
-        return false;
-    m_timer.start();
-    return true;
+    if (m_answerFile.open() && startPythonSyntaxThread(m_source, m_answerFile.fileName())) {
+        m_source.clear();
+        m_timer.start();
+        return;
+    }
+    setAnswer(SyntaxAnswer());
+    emit answered();
 }
 
 // "answer", the line and the message, each with a line feed, are written at once.

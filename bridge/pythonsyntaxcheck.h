@@ -15,17 +15,18 @@ class PythonSyntaxCheck : public SyntaxCheck
     Q_OBJECT
 
 public:
-    // A starter. Null when the analysis script does not answer.
+    // A starter. Null when the analysis script does not answer at once.
     static SyntaxCheck *start(const QString &source, QObject *parent);
 
 private slots:
+    void startThread();
     void lookForAnswer();
 
 private:
-    explicit PythonSyntaxCheck(QObject *parent);
-    bool checkAtOnce(const QString &source);
-    bool startThread(const QString &source);
+    PythonSyntaxCheck(const QString &source, QObject *parent);
+    void checkAtOnce();
 
+    QString m_source;            // until Python has it
     QTemporaryFile m_answerFile; // the thread gives up once it is gone
     QTimer m_timer;
 };

@@ -786,6 +786,7 @@ class CorvaneParser(_ast.NodeVisitor):
         path = path.decode("utf-8") if isinstance(path, bytes) else path
 
         def check():
+            _time.sleep(0.01)  # until the caller, who has more to do, has gone on
             try:
                 _write_syntax_answer(source, path)
             except EnvironmentError:

@@ -11,6 +11,7 @@
 
 #include <maya/MGlobal.h>
 
+#include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QSignalSpy>
@@ -75,6 +76,7 @@ void PythonSyntaxCheckTest::initTestCase()
     m_session = std::make_unique<TestSession>();
     (*m_session)->setPython(standin::createPythonEngine(**m_session, (*m_session)->mel()));
     QVERIFY(loadPythonAnalysis());
+    qputenv("TMPDIR", m_session->folder().path().toUtf8()); // for the answers, of which some count
     EdCodeView::setBufferDirectory(QDir(m_session->folder().path()));
     setPythonSyntaxCheck(PythonSyntaxCheck::start);
 }
@@ -157,9 +159,10 @@ void PythonSyntaxCheckTest::longTextsDoNotHoldUpTheInterface()
     longest = clock.elapsed();
     while (!check->isAnswered()) {
         clock.start();
+        QApplication::processEvents();
         MGlobal::executePythonCommand("pass");
         longest = qMax(longest, clock.elapsed());
-        QTest::qWait(1);
+        QTest::qSleep(1);
     }
     QVERIFY2(longest < whole / 4, qPrintable(QString::number(longest)));
 }
@@ -168,7 +171,8 @@ void PythonSyntaxCheckTest::aCheckThatIsGoneLeavesNothing()
 {
     QCOMPARE(answerFiles(), QStringList());
     std::unique_ptr<SyntaxCheck> check(startPythonSyntaxCheck(manyFunctions(2000), nullptr));
-    QCOMPARE(answerFiles().size(), 1);
+    while (answerFiles().isEmpty())
+        QApplication::processEvents();
     check.reset();
     QCOMPARE(answerFiles(), QStringList());
     // The thread is still there, and must neither make the file anew nor complain.
@@ -202,8 +206,8 @@ void PythonSyntaxCheckTest::withoutTheScriptThereIsNoCheck()
 {
     MGlobal::executePythonCommand("cvParser = CorvaneParser; del CorvaneParser");
     QVERIFY(!startPythonSyntaxCheck("x = (", this));
-    QVERIFY(!startPythonSyntaxCheck(manyFunctions(1000), this));
-    QCOMPARE(answerFiles(), QStringList());
+    const std::unique_ptr<SyntaxCheck> check(startPythonSyntaxCheck(manyFunctions(1000), nullptr));
+    QVERIFY(isAnswered(*check) && !check->answer().isKnown);
     MGlobal::executePythonCommand("CorvaneParser = cvParser");
 }
 
