@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 // The edits of whole documents in the editor for MEL, against the same edits by a plain text edit
-// in one edit block.
+// in one step to undo.
 #include "bench/measure.h"
 #include "editor/edcodeedit.h"
 #include "editor/editblock.h"
 #include "editor/editorlanguage.h"
+#include "editor/findreplace.h"
 #include "editor/lineedits.h"
 
 #include <QApplication>
@@ -57,6 +58,14 @@ void insertUnits(QTextCursor &cursor)
     }
 }
 
+void replaceText(QTextCursor &cursor)
+{
+    QString text = cursor.document()->toPlainText();
+    text.replace(QString::fromLatin1("foo"), QString::fromLatin1("bar2"));
+    cursor.select(QTextCursor::Document);
+    cursor.insertText(text);
+}
+
 bool compare(const char *what, const QString &text, const Edit &ours, const Edit &plain)
 {
     EdCodeEdit editor;
@@ -74,9 +83,16 @@ int main(int argc, char **argv)
     QApplication application(argc, argv);
     const Edit convert = [](QTextCursor &cursor) { convertTabsToSpaces(cursor, style); };
     const Edit indent = [](QTextCursor &cursor) { increaseIndent(cursor, style); };
+    const FindRequest request = {QString::fromLatin1("foo"), QString::fromLatin1("bar2"),
+                                 FindRequest::ReplaceAll};
+    const Edit replaceAll = [&request](QTextCursor &cursor) { findReplace(cursor, request); };
     const QString tabs = QString::fromLatin1("a\tfoo(b);\n").repeated(100000);
     const QString lines = QString::fromLatin1("  foo(b);\n").repeated(10000);
     bool ok = compare("100,000 tabs to spaces, times a plain edit", tabs, convert, fillTabs);
     ok = compare("indenting 10,000 lines, times a plain edit", lines, indent, insertUnits) && ok;
+    const QString calls = QString::fromLatin1("  foo(b);\n").repeated(100000);
+    ok = compare("100,000 matches replaced, times a text replaced at once", calls, replaceAll,
+                 replaceText) &&
+         ok;
     return ok ? 0 : 1;
 }

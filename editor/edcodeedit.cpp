@@ -9,6 +9,7 @@
 #include "editor/edcompleter.h"
 #include "editor/edhighlighter.h"
 #include "editor/editorlanguage.h"
+#include "editor/findreplace.h"
 #include "editor/lineedits.h"
 #include "preferences/preferences.h"
 #include "preferences/textcolors.h"
@@ -52,6 +53,31 @@ int nearestPosition(const QTextDocument &document, int position)
                        document.characterAt(inside - 1).isHighSurrogate();
     return parts ? inside - 1 : inside;
 }
+
+// In the end shows what was in view before, for placing the caret scrolls to it.
+class SameView
+{
+public:
+    explicit SameView(QPlainTextEdit *edit)
+        : m_vertical(edit->verticalScrollBar()), m_horizontal(edit->horizontalScrollBar()),
+          m_top(m_vertical->value()), m_left(m_horizontal->value())
+    {
+    }
+    ~SameView()
+    {
+        m_vertical->setValue(m_top);
+        m_horizontal->setValue(m_left);
+    }
+
+    SameView(const SameView &) = delete;
+    SameView &operator=(const SameView &) = delete;
+
+private:
+    QScrollBar *m_vertical;
+    QScrollBar *m_horizontal;
+    int m_top;
+    int m_left;
+};
 
 } // namespace
 
@@ -307,12 +333,27 @@ void EdCodeEdit::decreaseIndent()
 
 void EdCodeEdit::convertTabsToSpaces()
 {
-    const int vertical = verticalScrollBar()->value();
-    const int horizontal = horizontalScrollBar()->value();
-    // Which scrolls to the caret.
+    const SameView view(this);
     editAtCaret([this](QTextCursor &cursor) { ::convertTabsToSpaces(cursor, indentStyle()); });
-    verticalScrollBar()->setValue(vertical);
-    horizontalScrollBar()->setValue(horizontal);
+}
+
+void EdCodeEdit::findReplace(const QString &findText, const QString &replaceText, int options)
+{
+    emit findReplaceMessageChanged(QString());
+    const FindRequest request = {findText, replaceText, options};
+    if (isReadOnly() && request.edits())
+        return;
+    FindOutcome outcome;
+    QTextCursor cursor = textCursor();
+    {
+        const SameView view(this);
+        outcome = ::findReplace(cursor, request);
+        setTextCursor(cursor);
+    }
+    if (outcome.selectsMatch)
+        ensureCursorVisible();
+    for (const QString &message : outcome.messages)
+        emit findReplaceMessageChanged(message);
 }
 
 bool EdCodeEdit::isOverwriting()

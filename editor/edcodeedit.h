@@ -116,6 +116,10 @@ public slots:
     void updateHiddenCharacters();
     void convertTabsToSpaces();
 
+    // Carries a FindRequest out with the caret and tells the outcome by
+    // findReplaceMessageChanged().
+    void findReplace(const QString &findText, const QString &replaceText, int options);
+
     void toggleOverwriteMode();
     // Tells the popup that the text before the caret has changed.
     void updateCompleter();

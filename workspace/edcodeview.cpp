@@ -255,6 +255,11 @@ void EdCodeView::replace(const QString &text)
     m_codeEdit->insertPlainText(text);
 }
 
+void EdCodeView::findReplace(const QString &findText, const QString &replaceText, int options)
+{
+    m_codeEdit->findReplace(findText, replaceText, options);
+}
+
 void EdCodeView::onFindReplaceMessageChange(const QString &message)
 {
     emit findReplaceMessageChanged(message);

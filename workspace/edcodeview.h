@@ -153,6 +153,8 @@ public slots:
     void setCursorSelection(int position, int anchor);
     // Puts the text in the place of the selection, or at the caret.
     void replace(const QString &text);
+    // The options are those of FindRequest.
+    void findReplace(const QString &findText, const QString &replaceText, int options);
     void onFindReplaceMessageChange(const QString &message);
     void moveToOtherView();
     void quickHelp(const QString &text, bool ignoreWhenHidden);
