@@ -93,6 +93,8 @@ public slots:
     void paste();
     void showGotoLineDialog();
     void showFindReplaceDialog();
+    // The options are those of FindRequest.
+    void findReplace(const QString &findText, const QString &replaceText, int options);
     void replace(const QString &text);
     void clearOutput();
     void clearEditor();

@@ -199,6 +199,11 @@ void Kestrowl::showPreferencesDialog()
     dialog->activateWindow();
 }
 
+void Kestrowl::findReplace(const QString &findText, const QString &replaceText, int options)
+{
+    m_central->findReplace(findText, replaceText, options);
+}
+
 void Kestrowl::replace(const QString &text)
 {
     m_central->replace(text);

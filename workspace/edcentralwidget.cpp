@@ -363,6 +363,11 @@ void EdCentralWidget::convertTabsToSpaces()
     active()->convertTabsToSpaces();
 }
 
+void EdCentralWidget::findReplace(const QString &findText, const QString &replaceText, int options)
+{
+    active()->findReplace(findText, replaceText, options);
+}
+
 void EdCentralWidget::replace(const QString &text)
 {
     active()->replace(text);

@@ -158,6 +158,8 @@ public slots:
     // Positions in the document; those outside become the nearest inside.
     void setCursorSelection(int pos, int anchor, bool focus);
     void setCursorSelection(int pos, int anchor);
+    // In the current document; the options are those of FindRequest.
+    void findReplace(const QString &findText, const QString &replaceText, int options);
     // Puts the text in the place of the selection, or at the caret.
     void replace(const QString &text);
     void onFindReplaceMessageChange(const QString &message);

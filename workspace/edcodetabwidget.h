@@ -171,6 +171,8 @@ public slots:
     void onFindReplaceMessageChange(const QString &message);
     void quickHelp(const QString &message, bool ignoreWhenHidden);
     void setCursorSelection(int position, int anchor);
+    // The options are those of FindRequest.
+    void findReplace(const QString &findText, const QString &replaceText, int options);
     void replace(const QString &text);
     void onFileDrop(const QString &path);
     // Both go round.

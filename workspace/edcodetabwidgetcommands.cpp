@@ -100,6 +100,12 @@ void EdCodeTabWidget::setCursorSelection(int position, int anchor)
         view->setCursorSelection(position, anchor);
 }
 
+void EdCodeTabWidget::findReplace(const QString &findText, const QString &replaceText, int options)
+{
+    if (EdCodeView *view = currentCodeView())
+        view->findReplace(findText, replaceText, options);
+}
+
 void EdCodeTabWidget::replace(const QString &text)
 {
     if (EdCodeView *view = currentCodeView())

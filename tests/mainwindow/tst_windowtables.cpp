@@ -161,6 +161,7 @@ const char *const slotNames[] = {
     "setStatusText(QString)",
     "updateCursorStatus(int,int,int)",
     "updateInsertOverwriteStatus()",
+    "findReplace(QString,QString,int)",
     "replace(QString)",
     "insertQuickHelpFlag(QString)",
 };

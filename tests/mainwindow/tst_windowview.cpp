@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "editor/findreplace.h"
 #include "output/edoutputview.h"
 #include "preferences/preferencesdialog.h"
 #include "tests/mainwindow/windowfixture.h"
@@ -56,6 +57,7 @@ private slots:
     void clearAllClearsBoth();
     void copyTakesTheHistoryThatHasTheFocus();
     void statusLabelsFollowTheCaret();
+    void theStatusBarTellsWhatWasFound();
     void helpActionsAskForTheirPages();
     void preferencesReachTheWindow();
     void barsHiddenByHandStayHidden();
@@ -238,8 +240,21 @@ void TestWindowView::statusLabelsFollowTheCaret()
     const QString insert = labelText(fixture.window, "modeLabel");
     QTest::keyClick(fixture.edit(), Qt::Key_Insert);
     QVERIFY(labelText(fixture.window, "modeLabel") != insert);
-    fixture.window.setStatusText("String Not Found");
-    QCOMPARE(fixture.window.statusBar()->currentMessage(), QString("String Not Found"));
+}
+
+void TestWindowView::theStatusBarTellsWhatWasFound()
+{
+    WindowFixture fixture;
+    fixture.newBuffer(0, "ab\ncdef");
+    const auto messageAfter = [&fixture](const char *findText) {
+        fixture.window.findReplace(findText, "x", FindRequest::ReplaceAll);
+        return fixture.window.statusBar()->currentMessage();
+    };
+    QCOMPARE(messageAfter("cd"), QString("1 match replaced"));
+    QCOMPARE(fixture.edit()->text(), QString("ab\nxef"));
+    QCOMPARE(messageAfter("cd"), QString("String Not Found"));
+    fixture.window.findReplace("ab", QString(), 0);
+    QCOMPARE(fixture.window.statusBar()->currentMessage(), QString());
 }
 
 void TestWindowView::helpActionsAskForTheirPages()
