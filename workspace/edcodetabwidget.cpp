@@ -147,6 +147,8 @@ bool EdCodeTabWidget::isModified(int tabIndex) const
 
 int EdCodeTabWidget::freeStackIndex() const
 {
+    if (count() == m_stack->count())
+        return -1;
     for (int i = 0; i < m_stack->count(); ++i) {
         if (indexOfStack(i) < 0)
             return i;
@@ -180,17 +182,26 @@ void EdCodeTabWidget::replaceInStack(int stackIndex, QWidget *view)
 
 int EdCodeTabWidget::insertCodeView(int position, EdCodeView *view, const QString &label)
 {
+    const int tab = addTab(position, view, label, true);
+    view->setCodeEditFocus();
+    return tab;
+}
+
+// Behind the current tab if there is one, unless it is to be in front.
+int EdCodeTabWidget::addTab(int position, EdCodeView *view, const QString &label, bool inFront)
+{
     forgetTabs();
     const int stackIndex = addToStack(view);
     const int tab = m_tabBar->insertTab(position, QString());
     m_tabBar->setTabData(tab, stackIndex);
     setTabText(tab, label);
-    m_tabBar->setCurrentIndex(tab);
-    setCurrentCodeView(tab); // the bar says nothing of its first tab
+    if (inFront)
+        m_tabBar->setCurrentIndex(tab);
+    if (inFront || count() == 1)
+        setCurrentCodeView(tab); // the bar says nothing of its first tab
     connectView(view);
     emit codeViewInserted(view);
     show();
-    view->setCodeEditFocus();
     return tab;
 }
 

@@ -71,7 +71,8 @@ public:
 
     // Appends an entry for each tab, which the pane of that id is to restore.
     void writeState(QStringList &out, int viewId) const;
-    // Damaged entries are dropped; a file that cannot be read is reported to the user.
+    // Behind the current tab, so that only a first one is looked at: what is not shown costs
+    // little. Damaged entries are dropped; a file that cannot be read is reported to the user.
     void restoreTab(const QString &entry, int bufferIndex);
     // The same without a box; returns the reason of a failure, or an empty text.
     QString restoreTabQuietly(const QString &entry, int bufferIndex);
@@ -107,7 +108,7 @@ signals:
     void fileDropped(const QString &path, int id);
     void commandDocumentationSelected(const QString &command, bool python);
     void longLineReached();
-    // Has a tab and is current; it may come from the other pane.
+    // Has a tab and, unless it was restored, is current; it may come from the other pane.
     void codeViewInserted(EdCodeView *view);
     // Its tab is being closed; a buffer's file is deleted already.
     void codeViewRetired(EdCodeView *view);
@@ -195,6 +196,7 @@ private:
     QList<EdCodeView *> stackedViews() const;
     int freeStackIndex() const;
     int addToStack(EdCodeView *view);
+    int addTab(int position, EdCodeView *view, const QString &label, bool inFront);
     void replaceInStack(int stackIndex, QWidget *view);
     EdCodeView *takeView(int tabIndex);
     void removeTab(int tabIndex);

@@ -121,7 +121,7 @@ void EdCodeTabWidget::setCodeEditFocus()
 void EdCodeTabWidget::updateTabSettings()
 {
     for (EdCodeView *view : stackedViews())
-        view->codeEdit()->updateTabsAndSpaces();
+        view->updateTabsAndSpaces();
 }
 
 void EdCodeTabWidget::updateFontAndColors()

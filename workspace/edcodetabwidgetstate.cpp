@@ -37,11 +37,11 @@ QString EdCodeTabWidget::restoreTabQuietly(const QString &entry, int bufferIndex
         delete view;
         return reason;
     }
-    insertCodeView(-1, view, tab->isBuffer ? tab->label : info.fileName());
+    addTab(-1, view, tab->isBuffer ? tab->label : info.fileName(), false);
     if (tab->isBuffer)
         emit bufferCreated(bufferIndex, tab->label, info);
     else
         emit fileOpened(info.absoluteFilePath());
-    tab->place(view); // scrolling needs the view's size
+    tab->place(view); // scrolling needs the size of a view that is seen
     return QString();
 }

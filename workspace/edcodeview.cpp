@@ -7,6 +7,7 @@
 #include "workspace/textjournal.h"
 
 #include <QMessageBox>
+#include <QScrollBar>
 #include <QTextBlock>
 #include <QVBoxLayout>
 
@@ -81,7 +82,7 @@ void EdCodeView::connectCodeEdit()
 void EdCodeView::updateLanguage()
 {
     m_codeEdit->setLanguage(editorLanguageOfFile(m_fileInfo));
-    m_codeEdit->updateTabsAndSpaces(); // each language has its own
+    updateTabsAndSpaces(); // each language has its own
 }
 
 int EdCodeView::language() const
@@ -96,19 +97,67 @@ int EdCodeView::language() const
     }
 }
 
+void EdCodeView::showEvent(QShowEvent *event)
+{
+    giveText();
+    QWidget::showEvent(event);
+}
+
+// Nobody can tell whether the editor had the text before.
+EdCodeEdit *EdCodeView::codeEdit() const
+{
+    const_cast<EdCodeView *>(this)->giveText();
+    return m_codeEdit;
+}
+
+void EdCodeView::giveText()
+{
+    if (!m_waiting)
+        return;
+    const Waiting waiting = *m_waiting;
+    m_waiting.reset();                           // first: what follows asks for the editor
+    const bool wereBlocked = blockSignals(true); // it is no change
+    setText(waiting.text);
+    setPlace(waiting.cursorPosition, waiting.scrollValue);
+    blockSignals(wereBlocked);
+}
+
+int EdCodeView::cursorPosition() const
+{
+    return m_waiting ? m_waiting->cursorPosition : m_codeEdit->textCursor().position();
+}
+
+int EdCodeView::scrollValue() const
+{
+    return m_waiting ? m_waiting->scrollValue : m_codeEdit->verticalScrollBar()->value();
+}
+
+void EdCodeView::setPlace(int cursorPosition, int scrollValue)
+{
+    if (m_waiting) {
+        m_waiting->cursorPosition = cursorPosition;
+        m_waiting->scrollValue = scrollValue;
+        return;
+    }
+    m_codeEdit->setCursorPosition(cursorPosition);
+    m_codeEdit->verticalScrollBar()->setValue(scrollValue);
+    if (isVisible()) // otherwise its size may become another one
+        m_codeEdit->ensureCursorVisible();
+}
+
 QString EdCodeView::text() const
 {
-    return m_codeEdit->text();
+    return codeEdit()->text();
 }
 
 QString EdCodeView::selectedText() const
 {
-    return m_codeEdit->textCursor().selectedText();
+    return codeEdit()->textCursor().selectedText();
 }
 
 QString EdCodeView::lineText() const
 {
-    return m_codeEdit->textCursor().block().text();
+    return codeEdit()->textCursor().block().text();
 }
 
 void EdCodeView::setModified(bool modified)
@@ -120,12 +169,12 @@ void EdCodeView::setModified(bool modified)
 
 void EdCodeView::forceModified()
 {
-    m_codeEdit->document()->setModified(true);
+    codeEdit()->document()->setModified(true);
 }
 
 void EdCodeView::clearText()
 {
-    m_codeEdit->clearText();
+    codeEdit()->clearText();
 }
 
 void EdCodeView::inFocus()
@@ -177,32 +226,37 @@ void EdCodeView::rename(const QString &newName)
 
 void EdCodeView::undo()
 {
-    m_codeEdit->undo();
+    codeEdit()->undo();
 }
 
 void EdCodeView::redo()
 {
-    m_codeEdit->redo();
+    codeEdit()->redo();
 }
 
 void EdCodeView::cut()
 {
-    m_codeEdit->cut();
+    codeEdit()->cut();
 }
 
 void EdCodeView::copy()
 {
-    m_codeEdit->copy();
+    codeEdit()->copy();
 }
 
 void EdCodeView::paste()
 {
-    m_codeEdit->paste();
+    codeEdit()->paste();
 }
 
 void EdCodeView::selectAll()
 {
-    m_codeEdit->selectAll();
+    codeEdit()->selectAll();
+}
+
+void EdCodeView::updateTabsAndSpaces()
+{
+    m_codeEdit->updateTabsAndSpaces();
 }
 
 void EdCodeView::updateFontAndColors()
@@ -217,7 +271,7 @@ void EdCodeView::updateHiddenCharacters()
 
 void EdCodeView::convertTabsToSpaces()
 {
-    m_codeEdit->convertTabsToSpaces();
+    codeEdit()->convertTabsToSpaces();
 }
 
 void EdCodeView::updateOverwriteMode()
@@ -242,17 +296,17 @@ void EdCodeView::onTextChange()
 
 void EdCodeView::setCursorPosition(int position)
 {
-    m_codeEdit->setCursorPosition(position);
+    codeEdit()->setCursorPosition(position);
 }
 
 void EdCodeView::setCursorSelection(int position, int anchor)
 {
-    m_codeEdit->setCursorSelection(position, anchor);
+    codeEdit()->setCursorSelection(position, anchor);
 }
 
 void EdCodeView::replace(const QString &text)
 {
-    m_codeEdit->insertPlainText(text);
+    codeEdit()->insertPlainText(text);
 }
 
 void EdCodeView::findReplace(const QString &findText, const QString &replaceText, int options)
@@ -292,6 +346,6 @@ void EdCodeView::nextTab()
 
 void EdCodeView::goToLine(int line)
 {
-    m_codeEdit->goToLine(line);
-    m_codeEdit->centerCursor();
+    codeEdit()->goToLine(line);
+    codeEdit()->centerCursor();
 }

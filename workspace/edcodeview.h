@@ -86,13 +86,19 @@ public:
     // none. The text is then unsaved.
     void recover(const JournalContents &journal, const QString &journalPath);
 
-    EdCodeEdit *codeEdit() const { return m_codeEdit; }
+    // What a view loads before it is ever shown waits as a mere text, which costs little: the
+    // editor gets it when the view is shown or when somebody asks for the editor here.
+    EdCodeEdit *codeEdit() const;
     QFileInfo fileInfo() const { return m_fileInfo; }
     // 0 or more for a buffer, -1 for a file.
     int bufferIndex() const { return m_bufferIndex; }
     bool isBuffer() const { return m_isBuffer; }
     bool isModified() const { return m_modified; }
     int language() const;
+    int cursorPosition() const;
+    int scrollValue() const;
+    // Brings caret and scroll bar there, and then the caret into view.
+    void setPlace(int cursorPosition, int scrollValue);
     // The whole text, lines ending in "\n".
     QString text() const;
     // The selection as the text widget reports it: U+2029 between lines. Empty without one.
@@ -140,6 +146,7 @@ public slots:
     void copy();
     void paste();
     void selectAll();
+    void updateTabsAndSpaces();
     void updateFontAndColors();
     void updateHiddenCharacters();
     void convertTabsToSpaces();
@@ -165,8 +172,20 @@ public slots:
     // view.
     void goToLine(int line);
 
+protected:
+    void showEvent(QShowEvent *event) override;
+
 private:
+    struct Waiting
+    {
+        QString text; // as in the file
+        int cursorPosition = 0;
+        int scrollValue = 0;
+    };
+
     void connectCodeEdit();
+    void setText(const QString &text);
+    void giveText();
     bool isBufferFile(const QString &path) const;
     QString read(const QString &path, QString *text);
     bool isRead(const QFileInfo &info, const QString &reason);
@@ -180,7 +199,8 @@ private:
     JournalHeader journalHeader() const;
 
     int m_bufferIndex;
-    EdCodeEdit *m_codeEdit;
+    EdCodeEdit *m_codeEdit;           // codeEdit() is the one for whatever has to do with text
+    std::optional<Waiting> m_waiting; // what the editor has not been given yet
     QFileInfo m_fileInfo;
     bool m_modified = false;
     bool m_isBuffer = true;

@@ -82,6 +82,7 @@ QString EdCodeView::loadQuietly(const QFileInfo &info, bool isBuffer, int buffer
 {
     const QString path = info.absoluteFilePath();
     const bool isAgain = m_seen && m_isBuffer == isBuffer && m_fileInfo.absoluteFilePath() == path;
+    const bool mayWait = !m_seen && !m_modified && !isVisible();
     m_isBuffer = isBuffer;
     m_bufferIndex = isBuffer ? bufferIndex : -1;
     QString text;
@@ -89,20 +90,29 @@ QString EdCodeView::loadQuietly(const QFileInfo &info, bool isBuffer, int buffer
     if (!reason.isEmpty())
         return reason;
     m_fileInfo = info;
-    if (isAgain) {
+    if (mayWait)
+        m_waiting = Waiting{text};
+    else if (isAgain)
         changeText(text);
-    } else {
-        m_codeEdit->setText(text);
-        m_lineEnds.mark(m_codeEdit->document(), text);
-    }
-    m_codeEdit->document()->setModified(false);
-    m_codeEdit->moveCursor(QTextCursor::Start);
+    else
+        setText(text);
     updateLanguage();
+    if (!m_waiting) {
+        m_codeEdit->moveCursor(QTextCursor::Start);
+        m_codeEdit->document()->setModified(false);
+    }
+    followChanges();
+    return QString();
+}
+
+void EdCodeView::setText(const QString &text)
+{
+    m_waiting.reset();
+    m_codeEdit->setText(text);
+    m_lineEnds.mark(m_codeEdit->document(), text);
     m_codeEdit->document()->setModified(false);
     if (m_modified) // a document that gets an empty text does not tell that it is unmodified
         setModified(false);
-    followChanges();
-    return QString();
 }
 
 bool EdCodeView::reload()
@@ -116,7 +126,7 @@ QString EdCodeView::reloadQuietly()
     const QString reason = read(m_fileInfo.absoluteFilePath(), &text);
     if (!reason.isEmpty())
         return reason;
-    const ViewPlace place(*m_codeEdit);
+    const ViewPlace place(*codeEdit());
     place.restore(m_codeEdit, changeText(text));
     m_fileInfo.refresh();
     m_codeEdit->document()->setModified(false);
@@ -141,7 +151,7 @@ QString EdCodeView::read(const QString &path, QString *text)
 // By one edit, with the line ends of the text.
 LineChange EdCodeView::changeText(const QString &text)
 {
-    QTextDocument *document = m_codeEdit->document();
+    QTextDocument *document = codeEdit()->document();
     if (m_lineEnds.text(*document) == text)
         return LineChange(); // an edit of nothing would be reported too
     QTextCursor edit(document);
@@ -219,7 +229,7 @@ QString EdCodeView::saveBufferQuietly()
 
 TextFile EdCodeView::contents() const
 {
-    return {m_lineEnds.text(*m_codeEdit->document()), m_encoding};
+    return {m_lineEnds.text(*codeEdit()->document()), m_encoding};
 }
 
 // In whatever holds them: only this program reads that file.
@@ -271,7 +281,7 @@ void EdCodeView::createBufferFile()
     if (isFree)
         write(m_fileInfo.absoluteFilePath(), true);
     followChanges();
-    m_codeEdit->updateTabsAndSpaces();
+    updateTabsAndSpaces();
 }
 
 bool EdCodeView::mayShareFile() const

@@ -32,14 +32,18 @@ void EdCodeView::setJournalFolder(JournalFolder *folder)
 void EdCodeView::followChanges()
 {
     const JournalFolder *folder = sharedJournalFolder();
-    if (!m_modified && !mayShareFile())
+    if (!m_modified && !mayShareFile()) {
         discardJournal();
-    else if (!m_journal && folder && folder->isValid() && !m_fileInfo.filePath().isEmpty())
+        return;
+    }
+    giveText(); // which may come here too
+    if (!m_journal && folder && folder->isValid() && !m_fileInfo.filePath().isEmpty())
         beginJournal(sharedJournalFolder()->newJournalPath());
 }
 
 void EdCodeView::beginJournal(const QString &path)
 {
+    giveText(); // first: line ends come with it
     m_journal = std::make_unique<TextJournal>(m_codeEdit->document(), path, journalHeader());
     connect(m_journal.get(), SIGNAL(failed(QString)), SIGNAL(journalFailed(QString)));
 }
@@ -83,6 +87,6 @@ void EdCodeView::recover(const JournalContents &journal, const QString &journalP
             beginJournal(path);
     }
     if (text() != journal.text)
-        changeLines(m_codeEdit->document(), journal.text);
+        changeLines(codeEdit()->document(), journal.text);
     forceModified();
 }

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "workspace/tabentry.h"
 
-#include "editor/edcodeedit.h"
 #include "workspace/edcodeview.h"
 
-#include <QScrollBar>
 #include <QStringList>
 
 namespace {
@@ -50,8 +48,8 @@ TabEntry TabEntry::of(const EdCodeView &view, int pane, const QString &label)
     TabEntry entry;
     entry.pane = pane;
     entry.path = view.fileInfo().absoluteFilePath();
-    entry.cursorPosition = view.codeEdit()->textCursor().position();
-    entry.scrollValue = view.codeEdit()->verticalScrollBar()->value();
+    entry.cursorPosition = view.cursorPosition();
+    entry.scrollValue = view.scrollValue();
     entry.isBuffer = view.isBuffer();
     entry.label = label;
     return entry;
@@ -96,11 +94,7 @@ QString TabEntry::open(EdCodeView *view, int bufferIndex) const
 
 void TabEntry::place(EdCodeView *view) const
 {
-    view->setCursorPosition(cursorPosition);
-    view->codeEdit()->verticalScrollBar()->setValue(scrollValue);
-    // Before it has its size that would scroll too far; Qt does it when the view is first shown.
-    if (view->codeEdit()->isVisible())
-        view->codeEdit()->ensureCursorVisible();
+    view->setPlace(cursorPosition, scrollValue);
 }
 
 bool TabEntry::hasFile() const

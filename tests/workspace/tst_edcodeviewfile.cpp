@@ -42,6 +42,8 @@ private slots:
     void reloadingTakesEncodingAndLineEnds();
     void failedReloadsChangeNothing();
     void loadingTheOwnFileCanBeUndone();
+    void unseenViewsLayNothingOut();
+    void unseenViewsAreLikeOthers();
 
 private:
     void open(const QByteArray &bytes);
@@ -224,6 +226,60 @@ void TestEdCodeViewFile::loadingTheOwnFileCanBeUndone()
     QCOMPARE(m_view->text(), QString("old\nkept\n"));
     QVERIFY(m_view->load(QFileInfo(m_dir->write("b.mel", "b")), false, -1));
     QVERIFY(!m_view->codeEdit()->document()->isUndoAvailable());
+}
+
+void TestEdCodeViewFile::unseenViewsLayNothingOut()
+{
+    open(numberedLines(1, 300));
+    const QTextDocument *document = m_view->findChild<EdCodeEdit *>()->document();
+    m_view->setPlace(800, 95);
+    QVERIFY(!m_view->isModified() && !m_view->isFileChanged());
+    QCOMPARE(m_view->cursorPosition(), 800);
+    QCOMPARE(m_view->scrollValue(), 95);
+    m_view->updateTabsAndSpaces();
+    m_view->updateFontAndColors();
+    QVERIFY(document->isEmpty());
+    QSignalSpy changes(m_view.get(), SIGNAL(textChanged()));
+    QSignalSpy moves(m_view.get(), SIGNAL(cursorStatusChanged()));
+    QSignalSpy flags(m_view.get(), SIGNAL(modificationChanged(bool)));
+    m_view->resize(300, 200);
+    m_view->show();
+    QVERIFY(!document->isEmpty());
+    QCOMPARE(int(changes.size() + moves.size() + flags.size()), 0);
+    QCOMPARE(m_view->cursorPosition(), 800);
+    QCOMPARE(m_view->codeEdit()->currentLine(), 101);
+    QCOMPARE(m_view->scrollValue(), 95);
+}
+
+// Whoever asks first.
+void TestEdCodeViewFile::unseenViewsAreLikeOthers()
+{
+    const QByteArray bytes = "a\xC3\xA9\r\n\nb";
+    open(bytes);
+    QCOMPARE(m_view->text(), QString::fromUtf8("a\xC3\xA9\n\nb"));
+    QVERIFY(!m_view->isModified());
+    open(bytes);
+    m_view->forceModified();
+    m_view->save();
+    QCOMPARE(m_dir->read("a.mel"), bytes);
+    open(bytes);
+    m_view->replace("x");
+    QVERIFY(m_view->isModified());
+    m_view->undo();
+    QVERIFY(!m_view->isModified());
+    open(bytes);
+    m_dir->write("a.mel", "other");
+    QVERIFY(m_view->reload());
+    m_view->undo();
+    QCOMPARE(m_view->text(), QString::fromUtf8("a\xC3\xA9\n\nb"));
+    open(bytes);
+    m_view->setPlace(-5, 7);
+    m_view->show();
+    QCOMPARE(m_view->cursorPosition(), 0);
+    open(bytes);
+    QVERIFY(m_view->load(QFileInfo(m_dir->write("b.py", "")), false, -1));
+    QVERIFY(m_view->text().isEmpty() && !m_view->isModified());
+    QCOMPARE(m_view->language(), int(EdCodeView::Python));
 }
 
 CORVANE_TEST_MAIN(TestEdCodeViewFile)
