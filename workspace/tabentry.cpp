@@ -83,15 +83,6 @@ QString TabEntry::text() const
     return fields.join(QString(comma));
 }
 
-QString TabEntry::open(EdCodeView *view, int bufferIndex) const
-{
-    const QString reason =
-        view->loadQuietly(QFileInfo(path), isBuffer, isBuffer ? bufferIndex : -1);
-    if (reason.isEmpty())
-        place(view);
-    return reason;
-}
-
 void TabEntry::place(EdCodeView *view) const
 {
     view->setPlace(cursorPosition, scrollValue);

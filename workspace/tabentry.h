@@ -24,9 +24,6 @@ struct TabEntry
 
     // Deliberate: commas in path and label are not escaped.
     QString text() const;
-    // Loads the document into a view that awaits a file; returns the reason of a failure, or an
-    // empty text.
-    QString open(EdCodeView *view, int bufferIndex) const;
     // Takes a loaded document to where its caret and its scroll bar were.
     void place(EdCodeView *view) const;
     // Whether there is a file that may be read.
