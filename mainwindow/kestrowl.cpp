@@ -63,7 +63,7 @@ Kestrowl::Kestrowl(const QString &userScriptDirectory, const QString &userPrefer
     connectDocuments();
     connectBuffers();
     connectProject();
-    //connectOutline();
+    connectOutline();
     connectOtherDocks();
     resize(initialWidth, initialHeight);
     readSettings();
@@ -106,7 +106,7 @@ void Kestrowl::connectCentralWidget()
     connect(m_central, SIGNAL(tabSaveSelected()), SLOT(save()));
     connect(m_central, SIGNAL(tabSaveAsSelected()), SLOT(saveAs()));
     connect(m_central, SIGNAL(activeBufferNameChanged(QString)), SLOT(setTitleBufferName(QString)));
-    connect(m_central, SIGNAL(activeBufferNameChanged(QString)), SLOT(showCurrentDocument()));
+    connect(m_central, SIGNAL(activeBufferNameChanged(QString)), SLOT(followDocument()));
 }
 
 void Kestrowl::connectDocuments()

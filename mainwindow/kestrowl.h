@@ -9,6 +9,7 @@
 #include <QByteArray>
 #include <QList>
 #include <QMainWindow>
+#include <QPointer>
 #include <QString>
 
 class EdBufferView;
@@ -21,6 +22,7 @@ class EdOutputView;
 class EdQuickHelpView;
 class QModelIndex;
 class QShortcut;
+class QTextDocument;
 class QToolBar;
 struct WorkspaceState;
 
@@ -84,8 +86,8 @@ public slots:
     void sourceScript();
     // Empty: only the program's name is left in the title.
     void setTitleBufferName(const QString &bufferName);
-    // In the lists of buffers and documents.
-    void showCurrentDocument();
+    // Lets lists and outline go with the active document.
+    void followDocument();
 
     // Editing: the history when it has the focus, which can only be copied, else the document.
     void cut();
@@ -224,6 +226,8 @@ private:
     EdOutputView *m_output;
     EdOutlineView *m_outline;
     EdQuickHelpView *m_quickHelp;
+
+    QPointer<QTextDocument> m_followed; // whose edits the outline hears of
 
     DockArray<QDockWidget *> m_docks;
     DockArray<QByteArray> m_dockGeometry; // as of the last change of a dock's place

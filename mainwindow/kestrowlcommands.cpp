@@ -7,11 +7,9 @@
 #include "output/edoutputview.h"
 #include "preferences/preferences.h"
 #include "preferences/preferencesdialog.h"
-#include "workspace/edbufferview.h"
 #include "workspace/edcentralwidget.h"
 #include "workspace/edcodeview.h"
 #include "workspace/edexplorerview.h"
-#include "workspace/edopendocumentview.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
@@ -142,13 +140,6 @@ void Kestrowl::setTitleBufferName(const QString &bufferName)
 {
     const QString program = QLatin1String(CORVANE_APPLICATION_NAME);
     setWindowTitle(bufferName.isEmpty() ? program : bufferName + QLatin1String(" - ") + program);
-}
-
-void Kestrowl::showCurrentDocument()
-{
-    const EdCodeView *view = currentView();
-    m_documents->showCurrent(view ? view->fileInfo().absoluteFilePath() : QString());
-    m_buffers->showCurrent(view ? view->bufferIndex() : -1);
 }
 
 // Cut and paste go nowhere while the history has the focus: doing them to a document that the user

@@ -2,6 +2,7 @@
 // What the window shows: switches, panes, docks, status.
 #include "mainwindow/kestrowl.h"
 
+#include "analysis/edoutlineview.h"
 #include "compat/icon.h"
 #include "editor/edcodeedit.h"
 #include "editor/longlines.h"
@@ -9,8 +10,10 @@
 #include "mainwindow/visibility.h"
 #include "output/edoutputview.h"
 #include "preferences/preferences.h"
+#include "workspace/edbufferview.h"
 #include "workspace/edcentralwidget.h"
 #include "workspace/edcodeview.h"
+#include "workspace/edopendocumentview.h"
 
 #include <QAction>
 #include <QDockWidget>
@@ -214,8 +217,26 @@ void Kestrowl::setStatusText(const QString &text)
     statusBar()->showMessage(text);
 }
 
+void Kestrowl::followDocument()
+{
+    const EdCodeView *view = currentView();
+    m_documents->showCurrent(view ? view->fileInfo().absoluteFilePath() : QString());
+    m_buffers->showCurrent(view ? view->bufferIndex() : -1);
+    QTextDocument *document = view ? view->codeEdit()->document() : nullptr;
+    if (document == m_followed)
+        return;
+    if (m_followed)
+        m_followed->disconnect(m_outline);
+    if (document)
+        connect(document, SIGNAL(contentsChange(int, int, int)), m_outline,
+                SLOT(contentsChange(int, int, int)));
+    m_followed = document;
+}
+
 void Kestrowl::updateCursorStatus(int, int column, int sel)
 {
+    if (currentView())
+        m_outline->followCaret(currentView()->codeEdit()->textCursor());
     m_statusLabels.showColumn(column);
     m_statusLabels.showSelectionSize(sel);
     updateInsertOverwriteStatus();
