@@ -3,12 +3,11 @@
 // are theirs to carry out.
 #include "workspace/edcentralwidget.h"
 
-#include "analysis/melparser.h"
-#include "analysis/pythonparser.h"
 #include "editor/edcodeedit.h"
 #include "workspace/edcodetabwidget.h"
 #include "workspace/edcodeview.h"
 #include "workspace/filewatch.h"
+#include "workspace/scriptdetails.h"
 
 #include <QDragEnterEvent>
 #include <QDropEvent>
@@ -170,7 +169,9 @@ void EdCentralWidget::onTabChange()
     if (m_ignoresTabs)
         return;
     activeViewChange();
-    if (currentCodeView() && active()->isVisible())
+    if (!currentCodeView())
+        emit clearScriptDetails();
+    else if (active()->isVisible())
         active()->setCodeEditFocus();
     reportName();
     onCursorStatusChange();
@@ -279,38 +280,22 @@ void EdCentralWidget::activeViewChange()
     if (!view)
         return;
     m_parseTimer.stop();
-    showDetails(view);
+    const ScriptDetails &details = ScriptDetails::of(view);
+    if (const MelParser *parser = details.mel())
+        emit melScriptUpdated(*parser);
+    else if (const PythonParser *python = details.python())
+        emit pythonScriptUpdated(*python);
+    else
+        emit clearScriptDetails();
 }
 
 void EdCentralWidget::updateDiagnostics()
 {
     for (EdCodeTabWidget *pane : m_panes) {
-        if (pane->count() > 0)
-            showDetails(pane->currentCodeView());
+        if (pane != active() && pane->count() > 0)
+            ScriptDetails::of(pane->currentCodeView());
     }
-}
-
-void EdCentralWidget::showDetails(EdCodeView *view)
-{
-    const bool isCurrent = view == currentCodeView();
-    const QString path = view->fileInfo().absoluteFilePath();
-    if (view->language() == EdCodeView::Mel) {
-        MelParser parser;
-        parser.parse(view->text(), path);
-        view->codeEdit()->setDiagnostics(parser);
-        if (isCurrent)
-            emit melScriptUpdated(parser);
-    } else if (view->language() == EdCodeView::Python) {
-        PythonParser parser;
-        parser.parse(view->text(), path);
-        view->codeEdit()->setDiagnostics(parser);
-        if (isCurrent)
-            emit pythonScriptUpdated(parser);
-    } else {
-        view->codeEdit()->clearDiagnostics();
-        if (isCurrent)
-            emit clearScriptDetails();
-    }
+    activeViewChange();
 }
 
 void EdCentralWidget::currentTabSave()

@@ -166,7 +166,7 @@ public slots:
     void quickHelp(const QString &text, bool ignoreWhenHidden);
     // Parses the current document, unless that is done, and tells what was found.
     void activeViewChange();
-    // The same for both panes, and tells nobody but the documents.
+    // The same for what both panes show.
     void updateDiagnostics();
 
     // Another program may have changed the file; asked about at the next check.
@@ -212,7 +212,6 @@ private:
     void askAboutMissing(const QString &path);
 
     void reportName();
-    void showDetails(EdCodeView *view);
     QString restoreEntry(const QString &text, bool hasPanes);
     void forgetEntry(const QString &path);
     static void showStored(EdCodeTabWidget *pane, int index);

@@ -7,6 +7,7 @@
 #include "workspace/edcentralwidget.h"
 #include "workspace/edcodetabwidget.h"
 #include "workspace/edcodeview.h"
+#include "workspace/scriptdetails.h"
 #include "editor/edcodeedit.h"
 
 #include <QDir>
@@ -37,6 +38,7 @@ private slots:
     void reloadingAsksWhenModified();
     void namesAndCursorAreReported();
     void diagnosticsFollowTheText();
+    void switchingTabsParsesNothingAgain();
     void doubleClickOnNothingAsksForABuffer();
     void closingABufferDeletesIt_data();
     void closingABufferDeletesIt();
@@ -257,6 +259,23 @@ void TestEdCentralWidget::diagnosticsFollowTheText()
     // As plain text it means nothing.
     central.saveAs(dir.file("a.txt"));
     QCOMPARE(edit->infoLines().size(), 0);
+}
+
+void TestEdCentralWidget::switchingTabsParsesNothingAgain()
+{
+    ScratchDir dir;
+    EdCentralWidget central;
+    central.openFile(dir.write("a.mel", "proc a() {}"));
+    EdCodeView *view = central.currentCodeView();
+    central.newPythonBuffer();
+    const int parses = ScriptDetails::of(view).parseCount();
+    central.pane(0)->previousTab();
+    central.pane(0)->previousTab();
+    central.pane(0)->previousTab();
+    QCOMPARE(ScriptDetails::of(view).parseCount(), parses);
+    view->codeEdit()->insertPlainText("proc b() {}");
+    central.activeViewChange();
+    QCOMPARE(ScriptDetails::of(view).parseCount(), parses + 1);
 }
 
 void TestEdCentralWidget::doubleClickOnNothingAsksForABuffer()
