@@ -134,6 +134,28 @@ QString linkTarget(const QString &path)
     return error ? QString() : qtPath(link.parent_path() / target);
 }
 
+// The reason of a failure is the system's last error.
+bool renameOnce(const QString &path, const QString &newPath)
+{
+#ifdef Q_OS_UNIX
+    const QByteArray from = QFile::encodeName(path);
+    const QByteArray to = QFile::encodeName(newPath);
+#ifdef SYS_renameat2
+    const unsigned noReplacing = 1;
+    if (syscall(SYS_renameat2, AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), noReplacing) ==
+        0)
+        return true;
+    if (errno != ENOSYS && errno != EINVAL) // old systems and some file systems do not have it
+        return false;
+#endif
+    if (linkat(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), 0) == 0)
+        return unlink(from.constData()) == 0;
+    if (errno == EEXIST)
+        return false;
+#endif
+    return QFile::rename(path, newPath);
+}
+
 } // namespace
 
 bool createFile(QFile *file, const QString &path, Access access, QString *errorMessage)
@@ -248,25 +270,74 @@ bool createPrivateFolder(const QString &path)
 #endif
 }
 
-bool renameFile(const QString &path, const QString &newPath)
+bool renameFile(const QString &path, const QString &newPath, QString *errorMessage)
 {
-#ifdef Q_OS_UNIX
-    const QByteArray from = QFile::encodeName(path);
-    const QByteArray to = QFile::encodeName(newPath);
-#ifdef SYS_renameat2
-    const unsigned noReplacing = 1;
-    if (syscall(SYS_renameat2, AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), noReplacing) ==
-        0)
+    const bool renamed = renameOnce(path, newPath);
+    if (!renamed && errorMessage)
+        *errorMessage = messageOf(lastError());
+    return renamed;
+}
+
+bool isTaken(const QString &path)
+{
+    std::error_code error;
+    return std::filesystem::exists(std::filesystem::symlink_status(nativePath(path), error));
+}
+
+bool isLink(const QString &path)
+{
+    std::error_code error;
+    return std::filesystem::is_symlink(nativePath(path), error);
+}
+
+bool copyTree(const QString &path, const QString &newPath, QString *errorMessage)
+{
+    const std::filesystem::path from = nativePath(path);
+    const std::filesystem::path to = nativePath(newPath);
+    std::error_code error;
+    if (isTaken(newPath))
+        error = std::make_error_code(std::errc::file_exists);
+    else
+        std::filesystem::copy(from, to,
+                              std::filesystem::copy_options::recursive |
+                                  std::filesystem::copy_options::copy_symlinks,
+                              error);
+    if (!error)
         return true;
-    if (errno != ENOSYS && errno != EINVAL) // old systems and some file systems do not have it
-        return false;
+    *errorMessage = messageOf(error);
+    // What appeared under the name meanwhile is not ours.
+    if (error != std::errc::file_exists)
+        std::filesystem::remove_all(to, error);
+    return false;
+}
+
+bool removeTree(const QString &path, QString *errorMessage)
+{
+    std::error_code error;
+    std::filesystem::remove_all(nativePath(path), error);
+    if (error)
+        *errorMessage = messageOf(error);
+    return !error;
+}
+
+bool hasTrash()
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 15, 0)
+    return true;
+#else
+    return false;
 #endif
-    if (linkat(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), 0) == 0)
-        return unlink(from.constData()) == 0;
-    if (errno == EEXIST)
-        return false;
+}
+
+bool moveToTrash(const QString &path, QString *errorMessage)
+{
+    QFile file(path);
+#if QT_VERSION >= QT_VERSION_CHECK(5, 15, 0)
+    if (file.moveToTrash())
+        return true;
 #endif
-    return QFile::rename(path, newPath);
+    *errorMessage = file.errorString();
+    return false;
 }
 
 bool FileStamp::operator==(const FileStamp &other) const

@@ -43,7 +43,24 @@ bool replaceFileSoon(const QString &path, const QString &by, QString *errorMessa
 bool createPrivateFolder(const QString &path);
 
 // Renames a file or a link; never in the place of another, even one that appears meanwhile.
-bool renameFile(const QString &path, const QString &newPath);
+bool renameFile(const QString &path, const QString &newPath, QString *errorMessage = nullptr);
+
+// Whether there is something of that name, a link that leads nowhere included.
+bool isTaken(const QString &path);
+
+// Unlike Qt's notion of them, never a shortcut of Windows, which is a file.
+bool isLink(const QString &path);
+
+// Copies a file, a link or a folder with all that it holds; links are copied as links. Fails where
+// there is something of the new name, and leaves nothing behind then.
+bool copyTree(const QString &path, const QString &newPath, QString *errorMessage);
+
+// Deletes for good a file, a link or a folder with all that it holds; what links lead to stays.
+bool removeTree(const QString &path, QString *errorMessage);
+
+// Whether files can be moved to the desktop's trash at all, and moving one there.
+bool hasTrash();
+bool moveToTrash(const QString &path, QString *errorMessage);
 
 // What tells that a file is not what it was, without reading it. Equal for what is missing.
 struct FileStamp
