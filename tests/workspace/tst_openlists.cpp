@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/menuchoice.h"
 #include "tests/support/testmain.h"
 #include "workspace/edbufferview.h"
 #include "workspace/edopendocumentview.h"
 
 #include <QApplication>
 #include <QFocusEvent>
-#include <QMenu>
 #include <QSignalSpy>
-#include <QTimer>
 
 namespace {
 
@@ -18,41 +17,6 @@ QStringList textsOf(const QListWidget &list)
         texts << list.item(i)->text();
     return texts;
 }
-
-// Triggers an entry of the next popup menu, or closes it for a text that no entry has.
-class MenuChoice : public QObject
-{
-    Q_OBJECT
-
-public:
-    explicit MenuChoice(const QString &text) : m_text(text)
-    {
-        connect(&m_timer, SIGNAL(timeout()), SLOT(choose()));
-        m_timer.start(5);
-    }
-
-    QStringList entries() const { return m_entries; }
-
-private slots:
-    void choose()
-    {
-        QMenu *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
-        if (!menu)
-            return;
-        m_timer.stop();
-        for (QAction *action : menu->actions()) {
-            m_entries << action->text();
-            if (action->text() == m_text)
-                action->trigger();
-        }
-        menu->close();
-    }
-
-private:
-    QString m_text;
-    QStringList m_entries;
-    QTimer m_timer;
-};
 
 } // namespace
 
