@@ -138,6 +138,7 @@ void Kestrowl::connectProject()
 {
     connect(m_explorer, SIGNAL(doubleClicked(QModelIndex)), SLOT(open(QModelIndex)));
     connect(m_explorer, SIGNAL(openSelected(QString)), SLOT(open(QString)));
+    connect(m_explorer, SIGNAL(fileOpened(QString)), SLOT(open(QString)));
 }
 
 void Kestrowl::connectOutline()

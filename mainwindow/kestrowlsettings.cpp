@@ -191,6 +191,7 @@ void Kestrowl::updatePreferences()
     if (preferences().projectDir.isEmpty())
         preferences().projectDir = m_scriptDirectory;
     m_explorer->setProjectDirectory(preferences().projectDir);
+    m_explorer->updateFilter();
     overrideScriptEditorButton(preferences().overrideScriptEditor);
 }
 

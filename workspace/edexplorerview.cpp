@@ -1,58 +1,202 @@
 // SPDX-License-Identifier: MIT
 #include "workspace/edexplorerview.h"
 
-#include <QFileSystemModel>
-#include <QKeyEvent>
+#include "preferences/preferences.h"
+#include "workspace/edexplorertree.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QFileSystemWatcher>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QStyle>
 #include <QTimer>
+#include <QToolButton>
+#include <QVBoxLayout>
 
 namespace {
 
 const int listingDelay = 50; // ms after the view is shown
+const int margin = 4;        // pixels
+const QSize treeSize(256, 192);
+
+QString nameOf(const QString &folder)
+{
+    const QString name = QDir(folder).dirName();
+    return name.isEmpty() ? folder : name; // of a drive
+}
+
+QString parentOf(const QString &folder)
+{
+    return QFileInfo(QDir::cleanPath(folder)).absolutePath();
+}
+
+QString nearestFolder(QString path)
+{
+    while (!QFileInfo(path).isDir() && parentOf(path) != path)
+        path = parentOf(path);
+    return path;
+}
 
 } // namespace
 
-EdExplorerView::EdExplorerView(QWidget *parent) : QTreeView(parent)
+EdExplorerView::EdExplorerView(QWidget *parent) : QWidget(parent) {}
+
+// The same before and after it is filled, or the docks would move.
+QSize EdExplorerView::sizeHint() const
 {
-    setHeaderHidden(true);
+    return treeSize;
+}
+
+QString EdExplorerView::filePath(const QModelIndex &index) const
+{
+    return m_tree ? m_tree->openablePath(index) : QString();
 }
 
 void EdExplorerView::setProjectDirectory(const QString &path)
 {
     m_directory = path;
-    if (m_model)
-        setRootIndex(m_model->setRootPath(path));
+    if (m_tree)
+        updateRoot();
+}
+
+void EdExplorerView::updateFilter()
+{
+    if (m_tree)
+        m_tree->setHidesCompiledFiles(preferences().pythonHideCompiledFiles);
 }
 
 void EdExplorerView::showEvent(QShowEvent *event)
 {
-    QTreeView::showEvent(event);
-    if (!m_model)
-        QTimer::singleShot(listingDelay, this, SLOT(list()));
+    QWidget::showEvent(event);
+    if (!m_tree)
+        QTimer::singleShot(listingDelay, this, SLOT(create()));
 }
 
-void EdExplorerView::list()
+void EdExplorerView::create()
 {
-    if (m_model) // shown twice within the delay
+    if (m_tree) // shown twice within the delay
         return;
-    m_model = new QFileSystemModel(this);
-    setModel(m_model);
-    // Only the name: the dock is narrow.
-    for (int column = 1; column < m_model->columnCount(); ++column)
-        hideColumn(column);
-    setProjectDirectory(m_directory);
+    m_tree = new EdExplorerTree;
+    m_watcher = new QFileSystemWatcher(this);
+    connect(m_watcher, SIGNAL(directoryChanged(QString)), SLOT(updateRoot()));
+    connectTree();
+    m_pages = new QStackedWidget;
+    QVBoxLayout *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(createHead());
+    layout->addWidget(m_pages);
+    m_pages->addWidget(m_tree);
+    m_pages->addWidget(createHint());
+    setFocusProxy(m_tree);
+    updateFilter();
+    updateRoot();
 }
 
-QString EdExplorerView::filePath(const QModelIndex &index) const
+QWidget *EdExplorerView::createHead()
 {
-    return !m_model || m_model->isDir(index) ? QString() : m_model->filePath(index);
+    m_name = new QLabel;
+    m_name->setTextFormat(Qt::PlainText);
+    // A long name is cut off rather than the dock made wider.
+    m_name->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_up = new QToolButton;
+    m_up->setIcon(style()->standardIcon(QStyle::SP_FileDialogToParent));
+    m_up->setToolTip(tr("Up"));
+    QToolButton *choose = new QToolButton;
+    choose->setText(QLatin1String("..."));
+    choose->setToolTip(tr("Set Project Folder..."));
+    connect(m_up, SIGNAL(clicked()), SLOT(goUp()));
+    connect(choose, SIGNAL(clicked()), SLOT(chooseProjectDirectory()));
+    QWidget *head = new QWidget;
+    QHBoxLayout *layout = new QHBoxLayout(head);
+    layout->setContentsMargins(margin, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(m_name);
+    for (QToolButton *button : {m_up, choose}) {
+        button->setAutoRaise(true);
+        layout->addWidget(button);
+    }
+    return head;
 }
 
-void EdExplorerView::keyPressEvent(QKeyEvent *event)
+QWidget *EdExplorerView::createHint()
 {
-    const bool open = event->key() == Qt::Key_Return && event->modifiers() == Qt::NoModifier;
-    const QString path = open ? filePath(currentIndex()) : QString();
-    if (path.isEmpty())
-        QTreeView::keyPressEvent(event);
+    m_hint = new QLabel;
+    m_hint->setTextFormat(Qt::PlainText);
+    m_hint->setWordWrap(true);
+    m_hint->setEnabled(false); // quiet
+    m_hint->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    QPushButton *choose = new QPushButton(tr("Set Project Folder..."));
+    connect(choose, SIGNAL(clicked()), SLOT(chooseProjectDirectory()));
+    QWidget *page = new QWidget;
+    QVBoxLayout *layout = new QVBoxLayout(page);
+    layout->addWidget(m_hint);
+    layout->addWidget(choose, 0, Qt::AlignLeft);
+    layout->addStretch();
+    return page;
+}
+
+void EdExplorerView::connectTree()
+{
+    connect(m_tree, SIGNAL(doubleClicked(QModelIndex)), SIGNAL(doubleClicked(QModelIndex)));
+    connect(m_tree, SIGNAL(openSelected(QString)), SIGNAL(openSelected(QString)));
+    connect(m_tree, SIGNAL(fileOpened(QString)), SIGNAL(fileOpened(QString)));
+    connect(m_tree, SIGNAL(fileRenamed(QString, QString)), SIGNAL(fileRenamed(QString, QString)));
+    connect(m_tree, SIGNAL(fileDeleted(QString)), SIGNAL(fileDeleted(QString)));
+    connect(m_tree, SIGNAL(rootSelected(QString)), SLOT(changeProjectDirectory(QString)));
+}
+
+void EdExplorerView::updateRoot()
+{
+    const bool exists = QFileInfo(m_directory).isDir();
+    m_name->setText(nameOf(m_directory));
+    m_name->setToolTip(QDir::toNativeSeparators(m_directory));
+    m_up->setEnabled(parentOf(m_directory) != m_directory);
+    m_hint->setText(
+        tr("The project folder %1 does not exist.").arg(QDir::toNativeSeparators(m_directory)));
+    if (exists)
+        m_tree->setRoot(m_directory);
     else
-        emit openSelected(path);
+        m_tree->clear();
+    m_pages->setCurrentIndex(exists ? 0 : 1);
+    watch();
+}
+
+// Where it is missing, the folder that it would appear in.
+void EdExplorerView::watch()
+{
+    const QStringList wanted(nearestFolder(m_directory));
+    const QStringList watched = m_watcher->directories();
+    if (watched == wanted)
+        return;
+    if (!watched.isEmpty())
+        m_watcher->removePaths(watched);
+    m_watcher->addPaths(wanted);
+}
+
+void EdExplorerView::chooseProjectDirectory()
+{
+    changeProjectDirectory(QString());
+}
+
+void EdExplorerView::goUp()
+{
+    changeProjectDirectory(parentOf(m_directory));
+}
+
+void EdExplorerView::changeProjectDirectory(const QString &path)
+{
+    const QString chosen = !path.isEmpty()
+                               ? path
+                               : QFileDialog::getExistingDirectory(this, tr("Set Project Folder"),
+                                                                   nearestFolder(m_directory));
+    if (chosen.isEmpty() || chosen == m_directory)
+        return;
+    preferences().projectDir = chosen;
+    setProjectDirectory(chosen);
+    emit projectDirectoryChanged(chosen);
 }

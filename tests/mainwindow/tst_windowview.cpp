@@ -4,6 +4,7 @@
 #include "preferences/preferencesdialog.h"
 #include "tests/mainwindow/windowfixture.h"
 #include "tests/support/testmain.h"
+#include "workspace/edexplorerview.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -11,7 +12,6 @@
 #include <QDir>
 #include <QDockWidget>
 #include <QFile>
-#include <QFileSystemModel>
 #include <QIcon>
 #include <QImage>
 #include <QLabel>
@@ -363,22 +363,23 @@ void TestWindowView::theProjectFolderFollowsThePreferences()
     WindowFixture fixture;
     QVERIFY(QDir(fixture.dir.path()).mkdir("project"));
     fixture.window.show();
-    const QTreeView *tree = qobject_cast<QTreeView *>(fixture.window.dock(Dock::Project)->widget());
-    for (int i = 0; i < 200 && !tree->model(); ++i)
+    const EdExplorerView *view = fixture.window.findChild<EdExplorerView *>();
+    for (int i = 0; i < 200 && !view->findChild<QTreeView *>(); ++i)
         QTest::qWait(5);
-    const QFileSystemModel *files = qobject_cast<const QFileSystemModel *>(tree->model());
-    QVERIFY(files);
-    QCOMPARE(files->rootPath(), QDir(fixture.dir.path()).absolutePath());
+    const QTreeView *tree = view->findChild<QTreeView *>();
+    QVERIFY(tree);
+    const QString home = QDir(fixture.dir.path()).absolutePath();
+    QCOMPARE(view->projectDirectory(), home);
+    QCOMPARE(tree->rootIndex().data().toString(), QDir(home).dirName());
 
-    preferences().projectDir = QDir(fixture.dir.path()).absoluteFilePath("project");
+    preferences().projectDir = QDir(home).absoluteFilePath("project");
     fixture.window.updatePreferences();
-    QCOMPARE(files->rootPath(), preferences().projectDir);
-    QCOMPARE(files->filePath(tree->rootIndex()), preferences().projectDir);
+    QCOMPARE(tree->rootIndex().data().toString(), QString("project"));
     // As the dialog leaves it to restore the default.
     preferences().projectDir.clear();
     fixture.window.updatePreferences();
-    QCOMPARE(files->rootPath(), QDir(fixture.dir.path()).absolutePath());
-    QCOMPARE(preferences().projectDir, files->rootPath());
+    QCOMPARE(tree->rootIndex().data().toString(), QDir(home).dirName());
+    QCOMPARE(preferences().projectDir, home);
 }
 
 void TestWindowView::settingsAreReadAndWritten()

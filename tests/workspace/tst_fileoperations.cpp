@@ -1,0 +1,209 @@
+// SPDX-License-Identifier: MIT
+#include "workspace/fileoperations.h"
+
+#include "compat/filesystem.h"
+#include "tests/support/scratchdir.h"
+#include "tests/support/testmain.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+
+class TestFileOperations : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void namesAreNoPaths_data();
+    void namesAreNoPaths();
+    void copiesTakeFreeNames_data();
+    void copiesTakeFreeNames();
+    void nothingIsReplaced();
+    void foldersAreCopiedWhole();
+    void foldersAreNotCopiedIntoThemselves();
+    void linksAreCopiedAndDeletedAsLinks();
+    void failedCopiesLeaveNothingBehind();
+    void filesOfAFolderAreCountedWithoutFollowingLinks();
+    void pathsWithinOthersAreLeftOut();
+};
+
+void TestFileOperations::namesAreNoPaths_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("nothing") << "";
+    QTest::newRow("blanks") << "  ";
+    QTest::newRow("same-folder") << ".";
+    QTest::newRow("parent") << "..";
+    QTest::newRow("inner") << "inner/x.py";
+    QTest::newRow("outer") << "../x.py";
+    QTest::newRow("of-windows") << "inner\\x.py";
+}
+
+void TestFileOperations::namesAreNoPaths()
+{
+    QFETCH(QString, name);
+    ScratchDir dir;
+    QVERIFY(QDir(dir.path()).mkpath("root/inner"));
+    const QString path = dir.write("root/a.py", "text");
+    QString reason;
+    QCOMPARE(createFile(dir.file("root"), name, &reason), QString());
+    QVERIFY(!reason.isEmpty());
+    QCOMPARE(createFolder(dir.file("root"), name, &reason), QString());
+    QCOMPARE(renameTo(name, path, &reason), QString());
+    QCOMPARE(countFiles(dir.path(), 9), 1);
+    QVERIFY(QFile::exists(path));
+}
+
+void TestFileOperations::copiesTakeFreeNames_data()
+{
+    QTest::addColumn<QString>("taken");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("free") << "b.py"
+                          << "a.py"
+                          << "a.py";
+    QTest::newRow("taken") << "a.py"
+                           << "a.py"
+                           << "a copy.py";
+    QTest::newRow("twice") << "a.py|a copy.py"
+                           << "a.py"
+                           << "a copy 2.py";
+    QTest::newRow("no-suffix") << "a"
+                               << "a"
+                               << "a copy";
+    QTest::newRow("two-dots") << "a.b.py"
+                              << "a.b.py"
+                              << "a.b copy.py";
+    QTest::newRow("all-suffix") << ".a"
+                                << ".a"
+                                << ".a copy";
+}
+
+void TestFileOperations::copiesTakeFreeNames()
+{
+    QFETCH(QString, taken);
+    QFETCH(QString, name);
+    QFETCH(QString, expected);
+    ScratchDir dir;
+    for (const QString &file : taken.split('|'))
+        dir.write(file.toUtf8(), "");
+    QCOMPARE(QFileInfo(freePath(dir.path(), name)).fileName(), expected);
+}
+
+void TestFileOperations::nothingIsReplaced()
+{
+    ScratchDir dir;
+    const QString path = dir.write("a.py", "a");
+    dir.write("b.py", "b");
+    QString reason;
+    QCOMPARE(createFile(dir.path(), "b.py", &reason), QString());
+    QCOMPARE(createFolder(dir.path(), "b.py", &reason), QString());
+    QCOMPARE(renameTo("b.py", path, &reason), QString());
+    QCOMPARE(reason, QString("There is something of that name already"));
+    QVERIFY(!compat::copyTree(path, dir.file("b.py"), &reason));
+    QCOMPARE(dir.read("a.py"), QByteArray("a"));
+    QCOMPARE(dir.read("b.py"), QByteArray("b"));
+    QCOMPARE(copyInto(dir.path(), path, &reason), dir.file("a copy.py"));
+    QCOMPARE(dir.read("a copy.py"), QByteArray("a"));
+}
+
+void TestFileOperations::foldersAreCopiedWhole()
+{
+    ScratchDir dir;
+    QVERIFY(QDir(dir.path()).mkpath("from/inner/empty"));
+    QVERIFY(QDir(dir.path()).mkpath("to"));
+    dir.write("from/inner/.hidden", "h");
+    dir.write("from/a.py", "a");
+    QString reason;
+    QCOMPARE(copyInto(dir.file("to"), dir.file("from"), &reason), dir.file("to/from"));
+    QCOMPARE(dir.read("to/from/inner/.hidden"), QByteArray("h"));
+    QCOMPARE(dir.read("to/from/a.py"), QByteArray("a"));
+    QVERIFY(QFileInfo(dir.file("to/from/inner/empty")).isDir());
+}
+
+void TestFileOperations::foldersAreNotCopiedIntoThemselves()
+{
+    ScratchDir dir;
+    QVERIFY(QDir(dir.path()).mkpath("a/inner"));
+    QVERIFY(QDir(dir.path()).mkpath("a b"));
+    QVERIFY(QFile::link(dir.file("a/inner"), dir.file("link")));
+    QString reason;
+    QCOMPARE(copyInto(dir.file("a"), dir.file("a"), &reason), QString());
+    QCOMPARE(copyInto(dir.file("a/inner"), dir.file("a"), &reason), QString());
+    QCOMPARE(reason, QString("A folder cannot be copied into itself"));
+    QCOMPARE(copyInto(dir.file("link"), dir.file("a"), &reason), QString());
+    QCOMPARE(QDir(dir.file("a/inner")).entryList(QDir::NoDotAndDotDot | QDir::AllEntries),
+             QStringList());
+    // Whose name only begins like it.
+    QCOMPARE(copyInto(dir.file("a b"), dir.file("a"), &reason), dir.file("a b/a"));
+}
+
+void TestFileOperations::linksAreCopiedAndDeletedAsLinks()
+{
+#ifdef Q_OS_UNIX
+    ScratchDir dir;
+    QVERIFY(QDir(dir.path()).mkpath("folder"));
+    QVERIFY(QDir(dir.path()).mkpath("to"));
+    dir.write("folder/a.py", "a");
+    QVERIFY(QFile::link("..", dir.file("folder/up")));
+    QVERIFY(QFile::link("missing", dir.file("dangling")));
+    QVERIFY(QFile::link(dir.file("folder"), dir.file("link")));
+    QString reason;
+    for (const char *name : {"folder", "dangling", "link"}) {
+        QVERIFY2(!copyInto(dir.file("to"), dir.file(name), &reason).isEmpty(), name);
+        QVERIFY(compat::isTaken(dir.file("to") + "/" + name));
+    }
+    QVERIFY(compat::isLink(dir.file("to/folder/up")));
+    QVERIFY(compat::isLink(dir.file("to/link")));
+    QVERIFY(compat::removeTree(dir.file("to"), &reason));
+    QVERIFY(!compat::isTaken(dir.file("to")));
+    QVERIFY(compat::removeTree(dir.file("link"), &reason));
+    QCOMPARE(dir.read("folder/a.py"), QByteArray("a"));
+#endif
+}
+
+void TestFileOperations::failedCopiesLeaveNothingBehind()
+{
+#ifdef Q_OS_UNIX
+    ScratchDir dir;
+    QVERIFY(QDir(dir.path()).mkpath("from"));
+    QVERIFY(QDir(dir.path()).mkpath("to"));
+    dir.write("from/a.py", "a");
+    // What is neither a file nor a folder cannot be copied.
+    QCOMPARE(QProcess::execute("mkfifo", QStringList(dir.file("from/pipe"))), 0);
+    QString reason;
+    QCOMPARE(copyInto(dir.file("to"), dir.file("from"), &reason), QString());
+    QVERIFY(!reason.isEmpty());
+    QVERIFY(!compat::isTaken(dir.file("to/from")));
+    QCOMPARE(copyInto(dir.file("to"), dir.file("gone"), &reason), QString());
+    QVERIFY(!compat::isTaken(dir.file("to/gone")));
+#endif
+}
+
+void TestFileOperations::filesOfAFolderAreCountedWithoutFollowingLinks()
+{
+    ScratchDir dir;
+    QVERIFY(QDir(dir.path()).mkpath("a/inner"));
+    dir.write("outside.py", "");
+    dir.write("a/x.py", "");
+    dir.write("a/.hidden", "");
+    dir.write("a/inner/y.py", "");
+    QVERIFY(QFile::link(dir.path(), dir.file("a/inner/link")));
+    QCOMPARE(countFiles(dir.file("a"), 99), 3);
+    QCOMPARE(countFiles(dir.file("a"), 2), 2);
+}
+
+void TestFileOperations::pathsWithinOthersAreLeftOut()
+{
+    const QStringList paths = QStringList() << "/a/b/c.py"
+                                            << "/a/b"
+                                            << "/a/b c"
+                                            << "/d";
+    QCOMPARE(outermostPaths(paths), QStringList() << "/a/b"
+                                                  << "/a/b c"
+                                                  << "/d");
+}
+
+CORVANE_TEST_MAIN(TestFileOperations)
+#include "tst_fileoperations.moc"
