@@ -5,6 +5,7 @@
 #include "standin/python/python.h"
 #include "standin/ui/mainwindow.h"
 #include "standin/ui/userinterface.h"
+#include "tests/support/scratchdir.h"
 #include "tests/support/sessionlog.h"
 #include "tests/support/testmain.h"
 
@@ -30,13 +31,24 @@ QWidget *editorWindow()
     return nullptr;
 }
 
-QPlainTextEdit *outputView(QWidget *editor)
+template <typename Widget>
+Widget *childOfClass(QWidget *editor, const char *name)
 {
-    for (QPlainTextEdit *view : editor->findChildren<QPlainTextEdit *>()) {
-        if (view->inherits("EdOutputView"))
-            return view;
+    for (Widget *child : editor->findChildren<Widget *>()) {
+        if (child->inherits(name))
+            return child;
     }
     return nullptr;
+}
+
+QPlainTextEdit *outputView(QWidget *editor)
+{
+    return childOfClass<QPlainTextEdit>(editor, "EdOutputView");
+}
+
+QStringList answerFiles(const QString &folder)
+{
+    return QDir(folder).entryList(QStringList() << QLatin1String("corvane-check-*"));
 }
 
 } // namespace
@@ -59,6 +71,7 @@ private slots:
     void theScriptEditorButtonIsTakenAndGivenBack();
     void theQuitJobIsProtectedAndWritesSettings();
     void unloadingLeavesNothingBehind();
+    void unloadingDoesNotWaitForPython();
     void batchSessionsGetNothing();
     void loadingAHundredTimesLeavesNothingBehind();
 
@@ -263,6 +276,32 @@ void PluginTest::unloadingLeavesNothingBehind()
     QCOMPARE(QApplication::clipboard()->text(), QString());
     QCOMPARE(editorWindow(), static_cast<QWidget *>(nullptr));
     mel("print(\"no callback is left\\n\")");
+}
+
+// A thread of Python's is checking the text, and goes on for a while.
+void PluginTest::unloadingDoesNotWaitForPython()
+{
+    const ScratchDir answers;
+    qputenv("TMPDIR", answers.path().toUtf8());
+    QVERIFY(load());
+    mel("corvaneEditor");
+    QWidget *central = childOfClass<QWidget>(editorWindow(), "EdCentralWidget");
+    QVERIFY(QMetaObject::invokeMethod(central, "newPythonBuffer"));
+    QPlainTextEdit *edit = childOfClass<QPlainTextEdit>(central, "EdCodeEdit");
+    // Valid, but the editor's own scan takes the second line for an indent too much.
+    edit->setPlainText(QString::fromLatin1("x = 1 + \\\n    2\n").repeated(50000));
+    QVERIFY(QMetaObject::invokeMethod(central, "activeViewChange"));
+    while (answerFiles(answers.path()).isEmpty())
+        QCoreApplication::processEvents();
+    m_log->take();
+    unload();
+    QCOMPARE(answerFiles(answers.path()), QStringList());
+    const char threads[] = "__import__('threading').active_count()";
+    while (std::get<int>(m_session->executePython(threads, false).value) > 1)
+        QTest::qWait(1);
+    QCOMPARE(m_log->take().filter(QLatin1String("error")), QStringList());
+    QCOMPARE(answerFiles(answers.path()), QStringList());
+    qunsetenv("TMPDIR");
 }
 
 void PluginTest::batchSessionsGetNothing()
