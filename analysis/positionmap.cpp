@@ -64,14 +64,19 @@ int PositionMap::now(int position) const
 
 PositionMap::Range PositionMap::now(const Range &range) const
 {
-    const auto edit = firstBehind(range.start);
-    const bool isInside =
-        edit != m_edits.end() && edit->before.start <= range.start && range.end <= edit->before.end;
-    if (isInside && edit->size() != range.end - range.start)
-        return guess(range, edit);
+    const auto first = firstBehind(range.start);
     const auto last = firstBehind(range.end - 1);
+    const bool startIsGone = first != m_edits.end() && first->before.start <= range.start;
     const bool endIsGone = last != m_edits.end() && last->before.start < range.end;
-    return {now(range.start), endIsGone ? last->after.end : range.end + shiftBefore(last)};
+    if (startIsGone && first == last && first->size() != range.end - range.start)
+        return guess(range, first);
+    Range result = {now(range.start), range.end + shiftBefore(last)};
+    // What took the place of more than a part of the stretch does not belong to it.
+    if (startIsGone && first->before.start < range.start)
+        result.start = first->after.end;
+    if (endIsGone)
+        result.end = last->before.end > range.end ? last->after.start : last->after.end;
+    return result;
 }
 
 // Of a stretch that went with more around it.

@@ -45,6 +45,8 @@ void TestPositionMap::aNameIsFoundAfterAnEdit_data()
     QTest::newRow("typed-at-its-end") << 7 << 0 << 2 << 4 << 7;
     QTest::newRow("first-letter-replaced") << 4 << 1 << 1 << 4 << 7;
     QTest::newRow("last-letters-replaced") << 5 << 2 << 3 << 4 << 8;
+    QTest::newRow("start-and-more-replaced") << 2 << 3 << 9 << 11 << 13;
+    QTest::newRow("end-and-more-replaced") << 6 << 5 << 9 << 4 << 6;
     QTest::newRow("replaced") << 4 << 3 << 5 << 4 << 9;
     QTest::newRow("deleted") << 4 << 3 << 0 << 4 << 4;
     QTest::newRow("deleted-with-more") << 2 << 9 << 0 << 2 << 2;
