@@ -301,11 +301,14 @@ void TestEdOutlineView::whatDoesNotChangeStays()
     QTreeWidgetItem *stop = find(view, "stop");
     tool->setExpanded(true);
     treeOf(view)->setCurrentItem(stop);
-    view.parsePythonCode(parsed("import sys\nimport re\n" + QString(script).remove("import os\n")));
+    QString edited = "import sys\nimport re\n" + QString(script).remove("import os\n");
+    view.parsePythonCode(parsed(edited));
     QCOMPARE(drawn(view), QString("sys re Tool+(run(re) stop) main"));
     QCOMPARE(find(view, "Tool"), tool);
     QCOMPARE(treeOf(view)->currentItem(), stop);
     QCOMPARE(stop->data(1, Qt::UserRole).toInt(), 85 + 11);
+    view.parsePythonCode(parsed(edited.remove("    def stop(self):\n")));
+    QVERIFY(treeOf(view)->selectedItems().isEmpty()); // rather than a neighbour
 }
 
 void TestEdOutlineView::aRenamedClassStaysOpen()
@@ -328,8 +331,9 @@ void TestEdOutlineView::whatIsGoneForNowComesBackExpanded()
     view.parsePythonCode(parsed(script));
     QCOMPARE(drawn(view), QString("os Tool+(run+(re) stop) main"));
     find(view, "run")->setExpanded(false);
-    view.parsePythonCode(parsed(QString(script).remove("import os\n")));
-    QCOMPARE(drawn(view), QString("Tool+(run(re) stop) main"));
+    view.parsePythonCode(parsed("import os"));
+    view.parsePythonCode(parsed(script));
+    QCOMPARE(drawn(view), QString("os Tool+(run(re) stop) main"));
 }
 
 void TestEdOutlineView::theViewStandsStillBelowNewItems()
@@ -346,6 +350,9 @@ void TestEdOutlineView::theViewStandsStillBelowNewItems()
     items.insert(10, item(FunctionItem, "new", 0));
     view.parsePythonCode(parserWith(items));
     QCOMPARE(treeOf(view)->itemAt(0, 0), first);
+    view.parsePythonCode(parsed(script, "/scripts/b.py"));
+    view.parsePythonCode(parserWith(items));
+    QCOMPARE(treeOf(view)->itemAt(0, 0)->text(0), QString("f100"));
 }
 
 void TestEdOutlineView::documentsAreShownAsTheyWereLeft()
