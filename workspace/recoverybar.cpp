@@ -1,0 +1,162 @@
+// SPDX-License-Identifier: MIT
+#include "workspace/recoverybar.h"
+
+#include "workspace/comparedialog.h"
+#include "workspace/edcodeview.h"
+#include "workspace/textfile.h"
+
+#include <QComboBox>
+#include <QDir>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+
+namespace {
+
+QString pathOf(const EdCodeView &view)
+{
+    return view.fileInfo().absoluteFilePath();
+}
+
+} // namespace
+
+RecoveryBar::RecoveryBar(QWidget *parent)
+    : QFrame(parent), m_message(new QLabel(this)), m_list(new QComboBox(this))
+{
+    setObjectName(QLatin1String("recoverybar"));
+    setFrameStyle(QFrame::StyledPanel);
+    m_list->setAccessibleName(tr("Recovered documents"));
+    m_list->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    m_message->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // for narrow windows
+    QHBoxLayout *layout = new QHBoxLayout(this);
+    layout->setContentsMargins(6, 2, 6, 2);
+    layout->addWidget(m_message, 1);
+    layout->addWidget(m_list);
+    addButton(tr("Compare"), tr("Show what differs from the file"), SLOT(compare()));
+    addButton(tr("Keep"), tr("Keep the recovered text"), SLOT(keep()));
+    addButton(tr("Discard"), tr("Go back to the text of the file"), SLOT(discard()));
+    m_keepAll = addButton(tr("Keep All"), tr("Keep all recovered texts"), SLOT(keepAll()));
+    connect(m_list, SIGNAL(activated(int)), SLOT(choose(int)));
+    hide();
+}
+
+QPushButton *RecoveryBar::addButton(const QString &text, const QString &toolTip, const char *slot)
+{
+    auto *button = new QPushButton(text, this);
+    button->setToolTip(toolTip);
+    button->setAutoDefault(false);
+    connect(button, SIGNAL(clicked()), slot);
+    layout()->addWidget(button);
+    return button;
+}
+
+void RecoveryBar::add(const QList<RecoveredDocument> &documents)
+{
+    for (const RecoveredDocument &document : documents) {
+        if (!document.view)
+            continue;
+        m_documents << document;
+        m_list->addItem(document.name);
+        m_list->setItemData(m_list->count() - 1, QDir::toNativeSeparators(pathOf(*document.view)),
+                            Qt::ToolTipRole);
+        connect(document.view, SIGNAL(modificationChanged(bool)), SLOT(forgetSaved(bool)));
+        connect(document.view, SIGNAL(destroyed(QObject *)), SLOT(forgetClosed(QObject *)));
+    }
+    refresh();
+}
+
+EdCodeView *RecoveryBar::chosen() const
+{
+    const int index = m_list->currentIndex();
+    return index < 0 || index >= count() ? nullptr : m_documents.at(index).view.data();
+}
+
+void RecoveryBar::compare()
+{
+    const EdCodeView *view = chosen();
+    if (!view)
+        return;
+    TextFile file; // stays empty where there is none
+    QString ignored;
+    readTextFile(pathOf(*view), &file, &ignored);
+    const QString title = tr("%1: File and Recovered Text").arg(m_list->currentText());
+    (new CompareDialog(title, file.text, view->text(), window()))->show();
+}
+
+void RecoveryBar::keep()
+{
+    if (m_list->currentIndex() >= 0)
+        remove(m_list->currentIndex());
+}
+
+void RecoveryBar::discard()
+{
+    EdCodeView *view = chosen();
+    if (!view)
+        return;
+    if (!QFileInfo(pathOf(*view)).exists()) {
+        forget(view);
+        emit closeWanted(view);
+        return;
+    }
+    const QString reason = view->reloadQuietly();
+    if (reason.isEmpty())
+        forget(view);
+    else
+        m_message->setText(tr("The file cannot be read: %1.").arg(reason));
+}
+
+void RecoveryBar::keepAll()
+{
+    while (count() > 0)
+        remove(0);
+}
+
+void RecoveryBar::forget(EdCodeView *view)
+{
+    for (int i = count() - 1; i >= 0; --i) {
+        if (m_documents.at(i).view == view)
+            remove(i);
+    }
+}
+
+void RecoveryBar::choose(int index)
+{
+    if (index >= 0 && index < count() && m_documents.at(index).view)
+        emit documentChosen(m_documents.at(index).view);
+}
+
+void RecoveryBar::forgetSaved(bool modified)
+{
+    if (!modified)
+        forget(qobject_cast<EdCodeView *>(sender()));
+}
+
+// The guarded pointer may or may not know it yet.
+void RecoveryBar::forgetClosed(QObject *view)
+{
+    for (int i = count() - 1; i >= 0; --i) {
+        const QObject *listed = m_documents.at(i).view;
+        if (!listed || listed == view)
+            remove(i);
+    }
+}
+
+void RecoveryBar::remove(int index)
+{
+    const RecoveredDocument document = m_documents.takeAt(index);
+    if (document.view)
+        document.view->disconnect(this);
+    m_list->removeItem(index);
+    refresh();
+}
+
+void RecoveryBar::refresh()
+{
+    const bool isOne = count() == 1;
+    m_message->setText(isOne ? tr("Unsaved text of %1 was recovered.").arg(m_list->itemText(0))
+                             : tr("Unsaved text of %1 documents was recovered.").arg(count()));
+    m_list->setVisible(!isOne);
+    m_keepAll->setVisible(!isOne);
+    setVisible(count() > 0);
+}
