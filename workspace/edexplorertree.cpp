@@ -6,6 +6,7 @@
 #include "workspace/filenameedit.h"
 
 #include <QContextMenuEvent>
+#include <QDir>
 #include <QFileInfo>
 #include <QFileSystemModel>
 #include <QMenu>
@@ -67,7 +68,7 @@ EdExplorerTree::EdExplorerTree(QWidget *parent) : QTreeView(parent)
 
 void EdExplorerTree::setRoot(const QString &path)
 {
-    m_root = path;
+    m_root = QDir::cleanPath(path); // as the model has it
     if (!m_files) {
         m_files = new QFileSystemModel(this);
         // A path is that of the link, not of what it leads to and what would be deleted with it.

@@ -130,6 +130,26 @@ QStringList list(const char *names)
     return QString(names).split('|');
 }
 
+// Notes the files: not every version of Qt lets a spy keep an index.
+class DoubleClicks : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit DoubleClicks(EdExplorerView *view) : m_view(view)
+    {
+        connect(view, SIGNAL(doubleClicked(QModelIndex)), SLOT(note(QModelIndex)));
+    }
+
+    QStringList paths;
+
+public slots:
+    void note(const QModelIndex &index) { paths << m_view->filePath(index); }
+
+private:
+    EdExplorerView *m_view;
+};
+
 // Notes what a desktop would have been asked to open.
 class Desktop : public QObject
 {
@@ -248,12 +268,11 @@ void TestEdExplorerView::filesAreOpenedByKeyAndMouse()
     QCOMPARE(int(opened.count()), 3);
     QCOMPARE(opened.at(2).at(0).toString(), path);
 
-    QSignalSpy clicked(&fixture.view, SIGNAL(doubleClicked(QModelIndex)));
+    DoubleClicks clicks(&fixture.view);
     const QPoint place = fixture.tree()->visualRect(fixture.find("a.py")).center();
     QTest::mouseClick(fixture.tree()->viewport(), Qt::LeftButton, Qt::NoModifier, place);
     QTest::mouseDClick(fixture.tree()->viewport(), Qt::LeftButton, Qt::NoModifier, place);
-    QCOMPARE(int(clicked.count()), 1);
-    QCOMPARE(fixture.view.filePath(clicked.at(0).at(0).value<QModelIndex>()), path);
+    QCOMPARE(clicks.paths, QStringList(path));
 }
 
 void TestEdExplorerView::foldersAreOpenedInPlace()
