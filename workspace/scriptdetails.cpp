@@ -140,10 +140,10 @@ void ScriptDetails::dropCheck()
     m_check = nullptr;
 }
 
-// An answer on a text that has changed since is dropped: the next parse asks again.
+// An answer that has come too late is dropped: the next parse asks again.
 void ScriptDetails::showAnswer()
 {
-    if (m_origin.revision == m_view->codeEdit()->document()->revision()) {
+    if (isCurrent()) {
         m_wasInvalid = m_check->answer().line > 0;
         m_view->codeEdit()->setErrors(errorsAfter(*m_check));
     }

@@ -282,6 +282,7 @@ void PluginTest::unloadingLeavesNothingBehind()
 void PluginTest::unloadingDoesNotWaitForPython()
 {
     const ScratchDir answers;
+    const QByteArray before = qgetenv("TMPDIR");
     qputenv("TMPDIR", answers.path().toUtf8());
     QVERIFY(load());
     mel("corvaneEditor");
@@ -301,7 +302,7 @@ void PluginTest::unloadingDoesNotWaitForPython()
         QTest::qWait(1);
     QCOMPARE(m_log->take().filter(QLatin1String("error")), QStringList());
     QCOMPARE(answerFiles(answers.path()), QStringList());
-    qunsetenv("TMPDIR");
+    qputenv("TMPDIR", before);
 }
 
 void PluginTest::batchSessionsGetNothing()

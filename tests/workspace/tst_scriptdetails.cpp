@@ -109,7 +109,7 @@ void ScriptDetailsTest::nothingIsParsedTwice()
 {
     setText("def f():\n    pass\n");
     QCOMPARE(details().parseCount(), 1);
-    QCOMPARE(details().python()->outlineItems().size(), 1);
+    QCOMPARE(int(details().python()->outlineItems().size()), 1);
     edit()->moveCursor(QTextCursor::End);
     QCOMPARE(details().parseCount(), 1);
     QVERIFY(details().isCurrent());
@@ -143,7 +143,7 @@ void ScriptDetailsTest::theLanguageDecidesTheParser()
     QVERIFY(details().python() && !details().mel());
     QVERIFY(m_view->write(m_folder->file("a.mel"), false));
     QVERIFY(details().mel() && !details().python());
-    QCOMPARE(details().mel()->outlineItems().size(), 1);
+    QCOMPARE(int(details().mel()->outlineItems().size()), 1);
     QCOMPARE(edit()->infos().all().size(), size_t(1));
     QVERIFY(m_view->write(m_folder->file("a.txt"), false));
     QVERIFY(!details().mel() && !details().python());
@@ -155,12 +155,12 @@ void ScriptDetailsTest::withoutAnInterpreterTheParserIsBelieved()
     setPythonSyntaxCheck(nullptr);
     setText(unclosed);
     QCOMPARE(details().python()->errors().count(), 1);
-    QCOMPARE(errors().size(), 1);
+    QCOMPARE(int(errors().size()), 1);
     setPythonSyntaxCheck(startTestCheck);
     edit()->insertPlainText("\n");
     details();
     lastCheck->give(-1, ""); // it could not be asked after all
-    QCOMPARE(errors().size(), 1);
+    QCOMPARE(int(errors().size()), 1);
 }
 
 void ScriptDetailsTest::errorsOfValidTextAreNotShown()
@@ -178,7 +178,7 @@ void ScriptDetailsTest::theInterpreterComesFirst()
     const DiagnosticList &own = details().python()->errors();
     lastCheck->give(1, "never closed");
     QCOMPARE(errors().value(0), QString("1: never closed"));
-    QCOMPARE(errors().size(), 1 + own.count());
+    QCOMPARE(int(errors().size()), 1 + own.count());
     QVERIFY(errors().value(1).endsWith(own.messages.first()));
 }
 
