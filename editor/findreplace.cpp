@@ -2,8 +2,9 @@
 #include "editor/findreplace.h"
 
 #include "editor/editblock.h"
+#include "editor/textmatcher.h"
 
-#include <QStringMatcher>
+#include <QTextBlock>
 #include <QTextDocument>
 
 #include <algorithm>
@@ -31,7 +32,7 @@ QString withDocumentBreaks(QString text)
     return text;
 }
 
-// QTextDocument::find() takes the no-break spaces of a document for blanks.
+// Nobody sees or types no-break spaces as such.
 QString withPlainBlanks(QString text)
 {
     return text.replace(QChar(QChar::Nbsp), QLatin1Char(' '));
@@ -75,25 +76,71 @@ void replaceSelection(QTextCursor &cursor, const QString &text)
     select(cursor, start, cursor.position());
 }
 
-QTextCursor nextMatch(const QTextCursor &cursor, const FindRequest &request, int from)
+bool isLetterOrNumber(const QString &text, int index)
 {
-    const int flagBits =
-        FindRequest::Backward | FindRequest::CaseSensitive | FindRequest::WholeWords;
-    return cursor.document()->find(request.findText, from,
-                                   QTextDocument::FindFlags(QFlag(request.options & flagBits)));
+    return index >= 0 && index < text.size() && text.at(index).isLetterOrNumber();
+}
+
+// As QTextDocument::find() has it.
+Matches wholeWords(const Matches &matches, const QString &text, const FindRequest &request)
+{
+    Matches words;
+    for (int start : matches) {
+        const int end = start + int(request.findText.size());
+        if (!isLetterOrNumber(text, start - 1) && !isLetterOrNumber(text, end))
+            words.push_back(start);
+    }
+    return words;
+}
+
+// The start of the match in the line that is next to a place before, inside or behind the line; -1
+// when there is none.
+int matchInLine(const QTextBlock &line, const TextMatcher &matcher, const FindRequest &request,
+                int place)
+{
+    const QString text = withPlainBlanks(line.text());
+    Matches matches = matcher.matchesIn(text);
+    if (request.has(FindRequest::WholeWords))
+        matches = wholeWords(matches, text, request);
+    const int column = place - line.position();
+    if (request.has(FindRequest::Backward)) {
+        const auto behind = std::upper_bound(matches.begin(), matches.end(), column);
+        return behind == matches.begin() ? -1 : line.position() + *(behind - 1);
+    }
+    const auto match = std::lower_bound(matches.begin(), matches.end(), column);
+    return match == matches.end() ? -1 : line.position() + *match;
+}
+
+// Like QTextDocument::find(), a match does not go over line breaks. Null when there is none.
+QTextCursor nextMatch(QTextDocument *document, const FindRequest &request, int from)
+{
+    const TextMatcher matcher(request.findText, sensitivity(request));
+    const bool isBackward = request.has(FindRequest::Backward);
+    const int place = isBackward ? from - 1 : from;
+    QTextBlock line = document->findBlock(place);
+    for (; line.isValid(); line = isBackward ? line.previous() : line.next()) {
+        const int start = matchInLine(line, matcher, request, place);
+        if (start < 0)
+            continue;
+        QTextCursor match(document);
+        select(match, start, start + int(request.findText.size()));
+        return match;
+    }
+    return QTextCursor();
 }
 
 // Selects the next match that begins at or behind `from`, or, backwards, before it.
 FindOutcome find(QTextCursor &cursor, const FindRequest &request, int from)
 {
     FindOutcome outcome;
+    QTextDocument *document = cursor.document();
     QTextCursor match;
     if (canMatch(request)) {
-        match = nextMatch(cursor, request, from);
+        match = nextMatch(document, request, from);
         if (match.isNull() && request.has(FindRequest::Wrap)) {
             outcome.messages << QString::fromLatin1("Wrapped search");
-            const int end = cursor.document()->characterCount() - 1;
-            match = nextMatch(cursor, request, request.has(FindRequest::Backward) ? end : 0);
+            const int end = document->characterCount() - 1;
+            match = nextMatch(document, request, request.has(FindRequest::Backward) ? end : 0);
         }
     }
     outcome.selectsMatch = !match.isNull();
@@ -152,21 +199,19 @@ bool isWordEdge(const QString &text, int index)
     return isWordCharacter(text, index - 1) != isWordCharacter(text, index);
 }
 
-// Those that do not overlap an earlier one. Compared character by character: pattern engines look
-// through the whole text at every call.
+// Those that do not overlap an earlier one.
 Matches matchesIn(const QString &text, const FindRequest &request)
 {
-    const bool isWord = request.has(FindRequest::WholeWords);
-    const QStringMatcher matcher(request.findText, sensitivity(request));
-    const int length = int(request.findText.size());
-    Matches matches;
     if (!canMatch(request))
-        return matches;
-    for (int at = int(matcher.indexIn(text)); at >= 0;) {
-        const bool fits = !isWord || (isWordEdge(text, at) && isWordEdge(text, at + length));
-        if (fits)
-            matches.push_back(at);
-        at = int(matcher.indexIn(text, at + (fits ? length : 1)));
+        return Matches();
+    const bool isWord = request.has(FindRequest::WholeWords);
+    const int length = int(request.findText.size());
+    const TextMatcher matcher(request.findText, sensitivity(request));
+    Matches matches;
+    for (int start : matcher.matchesIn(text)) {
+        const bool overlaps = !matches.empty() && start < matches.back() + length;
+        if (!overlaps && (!isWord || (isWordEdge(text, start) && isWordEdge(text, start + length))))
+            matches.push_back(start);
     }
     return matches;
 }

@@ -3,6 +3,7 @@
 #include "editor/edcodeedit.h"
 #include "editor/edtextblockdata.h"
 #include "editor/findreplace.h"
+#include "editor/textmatcher.h"
 #include "tests/editor/scriptedit.h"
 #include "tests/support/lineartime.h"
 #include "tests/support/testmain.h"
@@ -21,6 +22,8 @@ private slots:
     void crowdsOfMatchesAreReplacedLikeFew();
     void replacingAllTakesTimeByTheText_data();
     void replacingAllTakesTimeByTheText();
+    void searchingTakesTimeByTheText();
+    void matchesAreThoseOfAPlainSearch();
     void textsThatWouldFillTheMemoryAreLeftAlone();
     void replacingAllKeepsMarksAndDataOfOtherText();
     void editorTellsAndShowsWhatWasFound();
@@ -225,6 +228,38 @@ void FindReplaceTest::replacingAllTakesTimeByTheText()
         replacedAll(text, QString::fromLatin1("a"), QString::fromLatin1("xy"));
     });
     QVERIFY2(complaint.isEmpty(), qPrintable(complaint));
+}
+
+// Each place of the text fits but for its first character, or but for the word's edges.
+void FindReplaceTest::searchingTakesTimeByTheText()
+{
+    const QString many(5000, QLatin1Char('a'));
+    const QString almost = QLatin1Char('b') + many;
+    const QString complaint =
+        slowness(longText(QString::fromLatin1("a")), [&](const QString &text) {
+            QTextDocument document;
+            document.setPlainText(text);
+            QTextCursor cursor(&document);
+            for (int options : {0, B | Wrap, C, All, W | B | Wrap, W | All}) {
+                const bool isWord = (options & W) != 0;
+                const FindRequest request = {isWord ? many : almost, QString(), options};
+                QVERIFY(!findReplace(cursor, request).selectsMatch);
+            }
+        });
+    QVERIFY2(complaint.isEmpty(), qPrintable(complaint));
+}
+
+void FindReplaceTest::matchesAreThoseOfAPlainSearch()
+{
+    for (int number = 0; number < 4096; ++number) {
+        const QString digits = QString::number(number, 2);
+        const QString wanted = digits.left(1 + number % 5);
+        std::vector<int> expected;
+        for (int at = -1; (at = int(digits.indexOf(wanted, at + 1))) >= 0;)
+            expected.push_back(at);
+        QVERIFY2(TextMatcher(wanted, Qt::CaseSensitive).matchesIn(digits) == expected,
+                 qPrintable(digits + QLatin1Char(' ') + wanted));
+    }
 }
 
 void FindReplaceTest::textsThatWouldFillTheMemoryAreLeftAlone()
