@@ -311,7 +311,7 @@ void EdCodeView::replace(const QString &text)
 
 void EdCodeView::findReplace(const QString &findText, const QString &replaceText, int options)
 {
-    m_codeEdit->findReplace(findText, replaceText, options);
+    codeEdit()->findReplace(findText, replaceText, options);
 }
 
 void EdCodeView::onFindReplaceMessageChange(const QString &message)
