@@ -27,6 +27,7 @@ RecoveryBar::RecoveryBar(QWidget *parent)
     setFrameStyle(QFrame::StyledPanel);
     m_list->setAccessibleName(tr("Recovered documents"));
     m_list->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    m_message->setTextFormat(Qt::PlainText); // names may look like markup
     m_message->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // for narrow windows
     QHBoxLayout *layout = new QHBoxLayout(this);
     layout->setContentsMargins(6, 2, 6, 2);

@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "workspace/recovery.h"
 
-#include "editor/edcodeedit.h"
 #include "tests/support/scratchdir.h"
 #include "tests/support/testmain.h"
-#include "workspace/edcodeview.h"
-#include "workspace/journalfolder.h"
+#include "tests/workspace/editorsession.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -13,67 +11,6 @@
 #include <memory>
 
 namespace {
-
-// A session of the editor without its window.
-class Session : public DocumentHost
-{
-public:
-    explicit Session(const QString &directory) : m_folder(directory)
-    {
-        EdCodeView::setJournalFolder(&m_folder);
-    }
-    ~Session() override
-    {
-        qDeleteAll(m_views);
-        EdCodeView::setJournalFolder(nullptr);
-    }
-
-    QList<EdCodeView *> codeViews() const override { return m_views; }
-    int newBufferIndex() override { return m_nextIndex++; }
-    QString nameOf(const EdCodeView &view) const override
-    {
-        return m_labels.at(int(m_views.indexOf(const_cast<EdCodeView *>(&view))));
-    }
-    void addCodeView(EdCodeView *view, const QString &label) override
-    {
-        m_views << view;
-        m_labels << label;
-    }
-
-    EdCodeView *open(const QString &path, bool isBuffer = false)
-    {
-        EdCodeView *view = new EdCodeView(EdCodeView::AwaitsFile, EdCodeView::Text);
-        const int index = isBuffer ? newBufferIndex() : -1;
-        view->load(QFileInfo(path), isBuffer, index);
-        addCodeView(view, QFileInfo(path).fileName());
-        return view;
-    }
-    EdCodeView *newBuffer(const QString &label)
-    {
-        addCodeView(new EdCodeView(newBufferIndex(), EdCodeView::Mel), label);
-        return m_views.last();
-    }
-    void close(EdCodeView *view)
-    {
-        view->removeBufferFile();
-        view->discardJournal();
-        m_labels.removeAt(int(m_views.indexOf(view)));
-        m_views.removeAll(view);
-        delete view;
-    }
-    Recovery recover()
-    {
-        const Recovery recovery = recoverDocuments(m_folder, this);
-        m_folder.forgetDeadSessions();
-        return recovery;
-    }
-
-private:
-    JournalFolder m_folder; // first to come and last to go
-    QList<EdCodeView *> m_views;
-    QStringList m_labels;
-    int m_nextIndex = 0;
-};
 
 QStringList namesOf(const Recovery &recovery)
 {
@@ -107,27 +44,23 @@ private slots:
 
 private:
     // The old one ends with its texts unsaved, as the host's end leaves them.
-    Session &restart()
+    EditorSession &restart()
     {
         m_session.reset();
-        m_session = std::make_unique<Session>(m_dir->path());
+        m_session = std::make_unique<EditorSession>(m_dir->path());
         return *m_session;
     }
     QStringList journals() const
     {
         QStringList names;
         const QDir root(m_dir->file("journal"));
-        for (const QString &session : root.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
-            for (const QString &file : QDir(root.filePath(session)).entryList(QDir::Files)) {
-                if (file != "lock")
-                    names << file;
-            }
-        }
+        for (const QString &session : root.entryList(QDir::Dirs | QDir::NoDotAndDotDot))
+            names << QDir(root.filePath(session)).entryList(QStringList("*.journal*"));
         return names;
     }
 
     std::unique_ptr<ScratchDir> m_dir;
-    std::unique_ptr<Session> m_session;
+    std::unique_ptr<EditorSession> m_session;
 };
 
 void TestRecovery::init()
@@ -141,13 +74,13 @@ void TestRecovery::unsavedTextsComeBack()
     const QString file = m_dir->write("a.mel", "one\ntwo\n");
     QString buffer;
     {
-        Session &session = restart();
+        EditorSession &session = restart();
         session.open(file)->replace("new ");
         session.newBuffer("Scratch")->replace("scratch\n");
         buffer = session.codeViews().last()->fileInfo().absoluteFilePath();
     }
     for (int crash = 0; crash < 2; ++crash) {
-        Session &session = restart();
+        EditorSession &session = restart();
         EdCodeView *view = session.open(file);
         session.open(buffer, true);
         const Recovery recovery = session.recover();
@@ -165,7 +98,7 @@ void TestRecovery::unsavedTextsComeBack()
 void TestRecovery::savedAndClosedTextsDoNot()
 {
     {
-        Session &session = restart();
+        EditorSession &session = restart();
         EdCodeView *saved = session.open(m_dir->write("saved.mel", "old"));
         EdCodeView *undone = session.open(m_dir->write("undone.mel", "old"));
         EdCodeView *closed = session.open(m_dir->write("closed.mel", "old"));
@@ -209,13 +142,13 @@ void TestRecovery::undoLeadsToTheFile()
 void TestRecovery::missingFilesKeepTheirKind()
 {
     {
-        Session &session = restart();
+        EditorSession &session = restart();
         session.open(m_dir->write("a.mel", "caf\xE9\r\n"))->replace("new\n");
         session.newBuffer("Scratch")->replace("scratch");
         for (const EdCodeView *view : session.codeViews())
             QVERIFY(QFile::remove(view->fileInfo().absoluteFilePath()));
     }
-    Session &session = restart();
+    EditorSession &session = restart();
     QCOMPARE(int(session.recover().documents.size()), 2);
     QCOMPARE(int(session.codeViews().size()), 2);
     for (EdCodeView *view : session.codeViews())
@@ -231,7 +164,7 @@ void TestRecovery::renamedFilesAreFollowed()
     view->replace("new ");
     QTest::qWait(50);
     view->rename("b.py");
-    Session &session = restart();
+    EditorSession &session = restart();
     QCOMPARE(namesOf(session.recover()), QStringList() << "b.py");
     QCOMPARE(session.codeViews().first()->text(), QString("new old"));
     QCOMPARE(session.codeViews().first()->fileInfo().absoluteFilePath(), m_dir->file("b.py"));
@@ -270,19 +203,22 @@ void TestRecovery::buffersBeyondTheLastNameLoseNothing()
 void TestRecovery::severalSessionsLoseNothing()
 {
     const QString file = m_dir->write("a.mel", "old");
-    auto first = std::make_unique<Session>(m_dir->path());
+    auto first = std::make_unique<EditorSession>(m_dir->path());
     first->open(file)->replace("first ");
-    auto second = std::make_unique<Session>(m_dir->path());
-    second->open(file)->replace("second ");
-    auto third = std::make_unique<Session>(m_dir->path());
-    third->open(file)->replace("second ");
+    auto second = std::make_unique<EditorSession>(m_dir->path());
+    EdCodeView *view = second->open(file);
     first.reset();
     QTest::qWait(1100); // some file systems count seconds
+    EdCodeView::setJournalFolder(second->folder());
+    view->replace("second ");
+    auto third = std::make_unique<EditorSession>(m_dir->path());
+    third->open(file)->replace("second ");
+    // The first one is not taken up: the third has it until its end.
     second.reset();
     third.reset();
 
-    Session &session = restart();
-    EdCodeView *view = session.open(file);
+    EditorSession &session = restart();
+    view = session.open(file);
     QCOMPARE(namesOf(session.recover()), QStringList() << "a.mel"
                                                        << "a.mel (recovered)");
     QCOMPARE(view->text(), QString("second old"));
@@ -313,7 +249,7 @@ void TestRecovery::foreignFilesNeverBecomeBuffers()
     restart().newBuffer("MEL")->replace("text");
     m_session.reset();
     EdCodeView::setBufferDirectory(QDir(m_dir->path()));
-    Session &session = restart();
+    EditorSession &session = restart();
     session.recover();
     EdCodeView *view = session.codeViews().first();
     QCOMPARE(view->text(), QString("text"));
