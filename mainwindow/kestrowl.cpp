@@ -12,8 +12,10 @@
 #include "resources/resources.h"
 #include "workspace/edbufferview.h"
 #include "workspace/edcentralwidget.h"
+#include "workspace/edcodeview.h"
 #include "workspace/edexplorerview.h"
 #include "workspace/edopendocumentview.h"
+#include "workspace/journalfolder.h"
 
 #include <QDir>
 #include <QDockWidget>
@@ -48,7 +50,8 @@ Kestrowl::Kestrowl(const QString &userScriptDirectory, const QString &userPrefer
     // The order matters: icons need resources, docks the View menu, connections both ends, and
     // settings everything that they set.
     initResources();
-    makeBufferDirectory();
+    m_journals = std::make_unique<JournalFolder>(makeBufferDirectory());
+    EdCodeView::setJournalFolder(m_journals.get());
     setObjectName(QLatin1String("Kestrowl"));
     setWindowIcon(compat::icon(iconPath("corvane")));
     setCentralWidget(m_central);
@@ -74,6 +77,9 @@ Kestrowl::~Kestrowl()
 {
     for (QObject *child : findChildren<QObject *>())
         child->disconnect(this);
+    delete m_central; // first: its documents write their journals
+    if (EdCodeView::journalFolder() == m_journals.get())
+        EdCodeView::setJournalFolder(nullptr);
 }
 
 DockArray<QWidget *> Kestrowl::createDockContents()
@@ -102,6 +108,8 @@ void Kestrowl::connectCentralWidget()
     connect(m_central, SIGNAL(commandDocumentationSelected(QString, bool)),
             SIGNAL(commandHelpRequested(QString, bool)));
     connect(m_central, SIGNAL(longLineReached()), SLOT(explainLongLine()));
+    connect(m_central, SIGNAL(tabsChanged()), SLOT(rememberTabs()));
+    connect(m_central, SIGNAL(journalFailed(QString)), SLOT(warnOfJournal(QString)));
     connect(m_central, SIGNAL(findReplaceMessageChanged(QString)), SLOT(setStatusText(QString)));
     connect(m_central, SIGNAL(tabSaveSelected()), SLOT(save()));
     connect(m_central, SIGNAL(tabSaveAsSelected()), SLOT(saveAs()));

@@ -12,6 +12,8 @@
 #include <QPointer>
 #include <QString>
 
+#include <memory>
+
 class EdBufferView;
 class EdCentralWidget;
 class EdCodeView;
@@ -20,6 +22,7 @@ class EdOpenDocumentView;
 class EdOutlineView;
 class EdOutputView;
 class EdQuickHelpView;
+class JournalFolder;
 class QModelIndex;
 class QShortcut;
 class QTextDocument;
@@ -146,6 +149,9 @@ public slots:
     void updateCursorStatus(int line, int column, int sel);
     void updateInsertOverwriteStatus();
     void explainLongLine();
+    // Keeps the list of open documents, in case Maya crashes before the settings are written.
+    void rememberTabs();
+    void warnOfJournal(const QString &reason);
 
     void melCommandReference();
     void pythonCommandReference();
@@ -189,7 +195,8 @@ private:
     void connectProject();
     void connectOutline();
     void connectOtherDocks();
-    void makeBufferDirectory();
+    QString makeBufferDirectory();
+    void restoreDocuments(const WorkspaceState &stored);
     void readSettings();
     // Returns the reason of a failure, else an empty text.
     QString storeSettings(const WorkspaceState &documents);
@@ -210,6 +217,7 @@ private:
 
     QString m_scriptDirectory; // absolute
     QString m_preferencesDirectory;
+    std::unique_ptr<JournalFolder> m_journals;
     QString m_lastOpenDirectory; // where the Open File dialog starts
     QString m_lastSourcePath;    // where Source Script starts: a directory, later the last file
 

@@ -12,8 +12,10 @@
 #include "workspace/edcentralwidget.h"
 #include "workspace/edcodeview.h"
 #include "workspace/edexplorerview.h"
+#include "workspace/journalfolder.h"
 #include "workspace/workspacestate.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QDockWidget>
 #include <QFileInfo>
@@ -30,12 +32,13 @@ QString Kestrowl::colorsPath() const
     return joinedPath(m_preferencesDirectory, QLatin1String(CORVANE_BASE_NAME "Colors.ini"));
 }
 
-void Kestrowl::makeBufferDirectory()
+QString Kestrowl::makeBufferDirectory()
 {
     const QString path =
         joinedPath(m_preferencesDirectory, QLatin1String(CORVANE_BASE_NAME "Temp"));
     QDir().mkpath(path);
     EdCodeView::setBufferDirectory(QDir(path));
+    return path;
 }
 
 // Documents come last: they are shown in the colours, and as the preferences say.
@@ -55,19 +58,40 @@ void Kestrowl::readSettings()
         warnOf(keepLaterVersion(colorsPath()));
     applyToggles();
     updatePreferences();
-    for (const QString &problem : m_central->restore(documents))
+    restoreDocuments(documents);
+}
+
+void Kestrowl::restoreDocuments(const WorkspaceState &stored)
+{
+    const QFileInfo settings(settingsPath());
+    const QDateTime storedAt = settings.exists() ? settings.lastModified() : QDateTime();
+    QStringList problems = m_central->restore(m_journals->tabsToRestore(stored, storedAt));
+    problems += m_central->recover(*m_journals);
+    for (const QString &problem : problems)
         warnOf(problem);
-    // A file that was kept aside lists nothing any more.
-    const bool isListed = documents.openTabs.isEmpty() || QFileInfo(settingsPath()).exists();
-    if (!isListed)
-        warnOf(storeSettings(m_central->state()));
+    rememberTabs(); // what other lists told is in none of them any more
+    m_journals->forgetDeadSessions();
+}
+
+void Kestrowl::rememberTabs()
+{
+    if (m_journals->isValid() && !m_journals->storeTabs(m_central->state()))
+        setStatusText(tr("The list of open documents cannot be kept."));
+}
+
+void Kestrowl::warnOfJournal(const QString &reason)
+{
+    setStatusText(tr("Unsaved text is not safe from a crash: %1.").arg(reason));
 }
 
 QString Kestrowl::writeSettings()
 {
     makeBufferDirectory(); // somebody may have tidied up
     QStringList problems = m_central->saveBuffersQuietly();
-    problems << storeSettings(m_central->state());
+    const QString failure = storeSettings(m_central->state());
+    if (failure.isEmpty()) // the settings have the list now
+        m_journals->forgetTabs();
+    problems << failure;
     return problems.join(QLatin1String(" ")).trimmed();
 }
 

@@ -45,6 +45,8 @@ EdCentralWidget::EdCentralWidget(QWidget *parent)
     m_splitter->setChildrenCollapsible(false); // a pane of no width would seem lost
     m_parseTimer.setSingleShot(true);
     connect(&m_parseTimer, SIGNAL(timeout()), SLOT(activeViewChange()));
+    m_tabsTimer.setSingleShot(true);
+    connect(&m_tabsTimer, SIGNAL(timeout()), SIGNAL(tabsChanged()));
     for (int id = 0; id < PaneCount; ++id) {
         m_panes << new EdCodeTabWidget(id, m_splitter);
         m_splitter->addWidget(m_panes.last());
@@ -91,6 +93,7 @@ void EdCentralWidget::connectPane(EdCodeTabWidget *pane)
     connect(pane, SIGNAL(commandDocumentationSelected(QString, bool)),
             SIGNAL(commandDocumentationSelected(QString, bool)));
     connect(pane, SIGNAL(longLineReached()), SIGNAL(longLineReached()));
+    connect(pane, SIGNAL(codeViewInserted(EdCodeView *)), SLOT(onCodeViewInserted(EdCodeView *)));
 }
 
 EdCodeView *EdCentralWidget::currentCodeView() const
@@ -178,8 +181,16 @@ void EdCentralWidget::onTabChange()
     update(); // of the hint
 }
 
+// It may come from the other pane, and be connected already.
+void EdCentralWidget::onCodeViewInserted(EdCodeView *view)
+{
+    connect(view, SIGNAL(journalFailed(QString)), this, SIGNAL(journalFailed(QString)),
+            Qt::UniqueConnection);
+}
+
 void EdCentralWidget::reportName()
 {
+    m_tabsTimer.start(0);
     const EdCodeView *view = currentCodeView();
     QString name;
     if (view && view->isBuffer())

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "workspace/recovery.h"
 #include "workspace/workspacestate.h"
 
 #include <QFileInfo>
@@ -13,16 +14,18 @@
 class EdCodeTabWidget;
 class EdCodeView;
 class FileWatch;
+class JournalFolder;
 class MelParser;
 class PythonParser;
 class QSplitter;
+class RecoveryBar;
 
 // The centre of the window: two panes of tabs, of which one is active: that which had the focus
 // last. The window talks to documents only through this widget, which hands out buffer indices,
 // starts the parsing after pauses in typing, and knows when other programs change the open files.
 // Commands without a document in their name are for the active pane's current one, and do nothing
 // when there is none.
-class EdCentralWidget : public QWidget
+class EdCentralWidget : public QWidget, private DocumentHost
 {
     Q_OBJECT
 
@@ -38,7 +41,7 @@ public:
     EdCodeTabWidget *pane(int id) const { return m_panes.at(id); }
     int activePane() const { return m_activeView; }
     // Of both panes, in the order of their tabs.
-    QList<EdCodeView *> codeViews() const;
+    QList<EdCodeView *> codeViews() const override;
     // Whether there is text that is in no file yet.
     bool hasUnsavedContent() const;
 
@@ -46,6 +49,10 @@ public:
     // damaged entries are dropped. restore() shows no box but returns what there is to say.
     WorkspaceState state() const;
     QStringList restore(const WorkspaceState &state);
+
+    // Gives the documents back what sessions that ended had not saved, which the user is told of
+    // above the panes; returns what else there is to say. After restore().
+    QStringList recover(const JournalFolder &journals);
 
     // Writes the changes of all buffers, and those without changes whose file is gone. Asks nothing
     // and shows nothing; returns the reasons of failures.
@@ -76,6 +83,10 @@ signals:
     // A buffer's label, or a file's path; empty without a document.
     void activeBufferNameChanged(const QString &text);
     void commandDocumentationSelected(const QString &command, bool python);
+    // What state() tells of tabs has changed; once for several changes that follow each other.
+    void tabsChanged();
+    // The text of a document is not safe from the end of the program for now.
+    void journalFailed(const QString &reason);
     // The caret has come to a line that goes without colours and marks; once for each document.
     void longLineReached();
 
@@ -184,6 +195,11 @@ protected:
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
 
+private slots:
+    void onCodeViewInserted(EdCodeView *view);
+    void showDocument(EdCodeView *view);
+    void closeDocument(EdCodeView *view);
+
 private:
     // A tab of a pane, or none.
     struct Place
@@ -214,13 +230,20 @@ private:
     void reportName();
     QString restoreEntry(const QString &text, bool hasPanes);
     void forgetEntry(const QString &path);
+
+    int newBufferIndex() override { return m_nextBufferIndex++; }
+    QString nameOf(const EdCodeView &view) const override;
+    void addCodeView(EdCodeView *view, const QString &label) override;
+    void showRecovered(const QList<RecoveredDocument> &documents);
     static void showStored(EdCodeTabWidget *pane, int index);
 
     QSplitter *m_splitter;
-    QList<EdCodeTabWidget *> m_panes; // by id
-    QTimer m_parseTimer;              // runs until a pause after the last change of the text
-    int m_activeView = 0;             // the id of a pane
-    int m_nextBufferIndex = 0;        // never used twice, so that lists cannot mix buffers up
+    QList<EdCodeTabWidget *> m_panes;     // by id
+    QTimer m_parseTimer;                  // runs until a pause after the last change of the text
+    QTimer m_tabsTimer;                   // runs until tabsChanged()
+    RecoveryBar *m_recoveryBar = nullptr; // once there was something to recover
+    int m_activeView = 0;                 // the id of a pane
+    int m_nextBufferIndex = 0;            // never used twice, so that lists cannot mix buffers up
     FileWatch *m_watch;
     QStringList m_changedFiles; // reported and not asked about yet
     QStringList m_missingFiles;

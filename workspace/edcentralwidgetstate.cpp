@@ -5,8 +5,10 @@
 #include "workspace/edcodetabwidget.h"
 #include "workspace/edcodeview.h"
 #include "workspace/flagscope.h"
+#include "workspace/recoverybar.h"
 #include "workspace/tabentry.h"
 
+#include <QBoxLayout>
 #include <QDir>
 
 #include <algorithm>
@@ -98,6 +100,67 @@ QString EdCentralWidget::restoreEntry(const QString &text, bool hasPanes)
     if (mayComeBack(*entry))
         m_waitingEntries << text;
     return tr("%1 cannot be opened again: %2.").arg(entry->path, reason);
+}
+
+QStringList EdCentralWidget::recover(const JournalFolder &journals)
+{
+    EdCodeView *current = currentCodeView();
+    Recovery recovery;
+    {
+        const FlagScope ignoring(&m_ignoresTabs);
+        recovery = recoverDocuments(journals, this);
+        if (current)
+            showPlace(placeOf(current));
+    }
+    onTabChange();
+    if (!recovery.documents.isEmpty())
+        showRecovered(recovery.documents);
+    return recovery.problems;
+}
+
+void EdCentralWidget::showRecovered(const QList<RecoveredDocument> &documents)
+{
+    if (!m_recoveryBar) {
+        m_recoveryBar = new RecoveryBar(this);
+        connect(m_recoveryBar, SIGNAL(documentChosen(EdCodeView *)),
+                SLOT(showDocument(EdCodeView *)));
+        connect(m_recoveryBar, SIGNAL(closeWanted(EdCodeView *)),
+                SLOT(closeDocument(EdCodeView *)));
+        for (EdCodeTabWidget *pane : m_panes)
+            connect(pane, SIGNAL(codeViewRetired(EdCodeView *)), m_recoveryBar,
+                    SLOT(forget(EdCodeView *)));
+        qobject_cast<QBoxLayout *>(layout())->insertWidget(0, m_recoveryBar);
+    }
+    m_recoveryBar->add(documents);
+}
+
+QString EdCentralWidget::nameOf(const EdCodeView &view) const
+{
+    if (!view.isBuffer())
+        return view.fileInfo().fileName();
+    const Place place = placeOf(&view);
+    return place.pane->tabText(place.tab);
+}
+
+void EdCentralWidget::addCodeView(EdCodeView *view, const QString &label)
+{
+    active()->insertCodeView(-1, view, label);
+    if (view->isBuffer())
+        onBufferCreated(view->bufferIndex(), label, view->fileInfo());
+    else
+        onFileOpened(view->fileInfo().absoluteFilePath());
+}
+
+void EdCentralWidget::showDocument(EdCodeView *view)
+{
+    if (const Place place = placeOf(view))
+        showPlace(place);
+}
+
+void EdCentralWidget::closeDocument(EdCodeView *view)
+{
+    if (const Place place = placeOf(view))
+        place.pane->forceCloseTab(place.tab);
 }
 
 // What becomes of an open document from here on, the user decides.

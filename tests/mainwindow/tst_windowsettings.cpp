@@ -164,6 +164,7 @@ private slots:
     void oneFailureLeavesTheOtherFile();
     void withoutDirectoriesTheHomeIsTaken();
     void aFullDiskLeavesTheOldFile();
+    void documentsOfACrashedSessionComeBack();
     void aDamagedFileForgetsNoBuffer();
 };
 
@@ -632,6 +633,36 @@ void WindowSettingsTest::aFullDiskLeavesTheOldFile()
     QCOMPARE(valueIn(runs.settingsPath(), "tabsandspaces/tabSize"), QString("7"));
 }
 
+// Without a last word of its own.
+void WindowSettingsTest::documentsOfACrashedSessionComeBack()
+{
+    ScratchDir dir;
+    const QString path = dir.write("a.mel", "old");
+    {
+        Kestrowl crashed(dir.path(), dir.path());
+        crashed.newPythonBuffer();
+        crashed.central()->replace("typed");
+        crashed.open(path);
+        crashed.central()->replace("new ");
+        crashed.open(dir.write("b.mel", "unchanged"));
+        QTest::qWait(50); // for the list
+    }
+    Kestrowl next(dir.path(), dir.path());
+    const QList<EdCodeView *> views = next.central()->codeViews();
+    QCOMPARE(int(views.size()), 3);
+    QCOMPARE(views.at(0)->text(), QString("typed"));
+    QVERIFY(views.at(0)->isBuffer() && views.at(0)->isModified());
+    QCOMPARE(views.at(1)->text(), QString("new old"));
+    QVERIFY(views.at(1)->isModified() && !views.at(2)->isModified());
+    QCOMPARE(next.central()->currentCodeView(), views.at(2));
+    QCOMPARE(dir.read("a.mel"), QByteArray("old"));
+    const RecoveryBar *bar = next.findChild<RecoveryBar *>();
+    QVERIFY(bar && bar->count() == 2);
+    // A session that is at work keeps its own.
+    Kestrowl beside(dir.path(), dir.path());
+    QVERIFY(!beside.findChild<RecoveryBar *>());
+}
+
 void WindowSettingsTest::aDamagedFileForgetsNoBuffer()
 {
     ScratchDir dir;
@@ -645,8 +676,10 @@ void WindowSettingsTest::aDamagedFileForgetsNoBuffer()
     QVERIFY(file.open(QIODevice::Append));
     file.write("this line is broken\n");
     file.close();
-    Kestrowl crashed(dir.path(), dir.path());
-    QVERIFY(crashed.central()->currentCodeView());
+    {
+        Kestrowl crashed(dir.path(), dir.path()); // writes no settings
+        QVERIFY(crashed.central()->currentCodeView());
+    }
     Kestrowl next(dir.path(), dir.path());
     QVERIFY(next.central()->currentCodeView());
     QCOMPARE(next.central()->currentCodeView()->text(), QString("typed"));
