@@ -8,6 +8,7 @@
 #include "tests/support/filesizelimit.h"
 #include "tests/support/ordinaryuser.h"
 #include "tests/support/testmain.h"
+#include "workspace/recoverybar.h"
 
 #include <QDir>
 #include <QDockWidget>
