@@ -25,6 +25,7 @@ RecoveryBar::RecoveryBar(QWidget *parent)
 {
     setObjectName(QLatin1String("recoverybar"));
     setFrameStyle(QFrame::StyledPanel);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     m_list->setAccessibleName(tr("Recovered documents"));
     m_list->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     m_message->setTextFormat(Qt::PlainText); // names may look like markup
@@ -157,6 +158,7 @@ void RecoveryBar::refresh()
     const bool isOne = count() == 1;
     m_message->setText(isOne ? tr("Unsaved text of %1 was recovered.").arg(m_list->itemText(0))
                              : tr("Unsaved text of %1 documents was recovered.").arg(count()));
+    m_message->setToolTip(m_message->text());
     m_list->setVisible(!isOne);
     m_keepAll->setVisible(!isOne);
     setVisible(count() > 0);

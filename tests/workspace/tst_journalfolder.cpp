@@ -92,7 +92,6 @@ private slots:
     void tabsAreThoseOfTheLatest_data();
     void tabsAreThoseOfTheLatest();
     void buffersOfTheSettingsAreKept();
-    void damagedJournalsAreKeptAside();
 
 private:
     QStringList sessions() const
@@ -226,21 +225,6 @@ void TestJournalFolder::buffersOfTheSettingsAreKept()
     const JournalFolder folder(m_dir->path());
     QCOMPARE(filesOf(folder.tabsToRestore(settings, QDateTime())), QStringList()
                                                                        << "/a.mel" << buffer);
-}
-
-void TestJournalFolder::damagedJournalsAreKeptAside()
-{
-    {
-        JournalFolder folder(m_dir->path());
-        writeFile(folder.newJournalPath(), "damaged");
-    }
-    JournalFolder folder(m_dir->path());
-    const QString journal = folder.deadSessions().front()->journals().first();
-    const QString aside = folder.keepAside(journal);
-    QVERIFY(aside != journal && QFileInfo(aside).exists());
-    folder.forgetDeadSessions();
-    QVERIFY(QFileInfo(aside).exists());
-    QCOMPARE(int(sessions().size()), 1);
 }
 
 CORVANE_TEST_MAIN(TestJournalFolder)

@@ -28,15 +28,6 @@ JournalHeader headerOf(const char *path)
     return header;
 }
 
-JournalEdit edit(int position, int removed, const char *added)
-{
-    JournalEdit edit;
-    edit.position = position;
-    edit.removed = removed;
-    edit.added = QLatin1String(added);
-    return edit;
-}
-
 // What a user, or a command, does to the text.
 class RandomEdits
 {
@@ -126,8 +117,6 @@ private slots:
     void init();
     void cleanup();
 
-    void editsAreMerged_data();
-    void editsAreMerged();
     void everyFlushHoldsTheText_data();
     void everyFlushHoldsTheText();
     void copyingGoesOnDuringEdits();
@@ -169,37 +158,6 @@ void TestTextJournal::begin(const QString &text)
     m_editor->setText(text);
     m_journal =
         std::make_unique<TextJournal>(m_editor->document(), m_dir->file("j"), headerOf("/a.mel"));
-}
-
-void TestTextJournal::editsAreMerged_data()
-{
-    QTest::addColumn<int>("position");
-    QTest::addColumn<int>("removed");
-    QTest::addColumn<bool>("merges");
-
-    QTest::newRow("behind") << 6 << 0 << true;
-    QTest::newRow("inside") << 4 << 2 << true;
-    QTest::newRow("all") << 3 << 3 << true;
-    QTest::newRow("before") << 3 << 0 << true;
-    QTest::newRow("backspace-before") << 1 << 2 << true;
-    QTest::newRow("across-the-end") << 5 << 2 << false;
-    QTest::newRow("across-the-start") << 2 << 2 << false;
-    QTest::newRow("elsewhere") << 8 << 0 << false;
-}
-
-void TestTextJournal::editsAreMerged()
-{
-    QFETCH(int, position);
-    QFETCH(int, removed);
-    QFETCH(bool, merges);
-    JournalEdit first = edit(3, 2, "abc");
-    const JournalEdit second = edit(position, removed, "XY");
-    QString expected = "0123456789";
-    QVERIFY(first.apply(&expected) && second.apply(&expected));
-    QCOMPARE(first.merge(second), merges);
-    QString merged = "0123456789";
-    QVERIFY(first.apply(&merged));
-    QCOMPARE(merged == expected, merges);
 }
 
 void TestTextJournal::everyFlushHoldsTheText_data()
