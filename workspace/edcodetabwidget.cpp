@@ -168,14 +168,28 @@ int EdCodeTabWidget::addToStack(EdCodeView *view)
     return stackIndex;
 }
 
+// A view that is hidden while it has the focus passes it on, perhaps to the other pane, which would
+// become the active one.
+void EdCodeTabWidget::bringToFront(EdCodeView *view)
+{
+    const QWidget *old = m_stack->currentWidget();
+    const QWidget *focused = window()->focusWidget();
+    const bool hasFocus = old && old != view && focused && old->isAncestorOf(focused);
+    if (hasFocus)
+        setFocus(Qt::OtherFocusReason);
+    m_stack->setCurrentWidget(view);
+    if (hasFocus)
+        view->setCodeEditFocus();
+}
+
 // Never takes another view to the front, which would then be laid out and painted.
-void EdCodeTabWidget::replaceInStack(int stackIndex, QWidget *view)
+void EdCodeTabWidget::replaceInStack(int stackIndex, EdCodeView *view)
 {
     QWidget *old = m_stack->widget(stackIndex);
     const bool isInFront = m_stack->currentWidget() == old;
     m_stack->insertWidget(stackIndex, view);
     if (isInFront)
-        m_stack->setCurrentWidget(view);
+        bringToFront(view);
     m_stack->removeWidget(old);
     old->hide();
 }
@@ -308,7 +322,7 @@ void EdCodeTabWidget::setCurrentCodeView(int tabIndex)
         return;
     endDrag();
     if (EdCodeView *view = codeViewAt(tabIndex))
-        m_stack->setCurrentWidget(view);
+        bringToFront(view);
 }
 
 void EdCodeTabWidget::focusBuffer(int bufferIndex)

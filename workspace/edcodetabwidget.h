@@ -197,7 +197,8 @@ private:
     int freeStackIndex() const;
     int addToStack(EdCodeView *view);
     int addTab(int position, EdCodeView *view, const QString &label, bool inFront);
-    void replaceInStack(int stackIndex, QWidget *view);
+    void bringToFront(EdCodeView *view);
+    void replaceInStack(int stackIndex, EdCodeView *view);
     EdCodeView *takeView(int tabIndex);
     void removeTab(int tabIndex);
     void forgetTabs();
