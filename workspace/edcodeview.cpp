@@ -167,9 +167,14 @@ void EdCodeView::setModified(bool modified)
     emit modificationChanged(modified);
 }
 
+// Set anew where it is set already, or undoing the changes would take it away.
 void EdCodeView::forceModified()
 {
-    codeEdit()->document()->setModified(true);
+    QTextDocument *document = codeEdit()->document();
+    const bool wereBlocked = document->blockSignals(true);
+    document->setModified(false);
+    document->blockSignals(wereBlocked);
+    document->setModified(true);
 }
 
 void EdCodeView::clearText()
