@@ -203,6 +203,16 @@ void EdCodeView::saveAs(const QString &path)
     write(path, false);
 }
 
+// In its window. A document keeps its name while its file is gone.
+bool EdCodeView::isOpen(const QString &path) const
+{
+    for (const EdCodeView *view : window()->findChildren<EdCodeView *>()) {
+        if (view->fileInfo().absoluteFilePath() == path)
+            return true;
+    }
+    return false;
+}
+
 void EdCodeView::rename(const QString &newName)
 {
     if (m_isBuffer || newName == m_fileInfo.fileName())
@@ -216,7 +226,7 @@ void EdCodeView::rename(const QString &newName)
     const QFileInfo target(QString::fromLatin1("%1/%2").arg(m_fileInfo.absolutePath(), newName));
     const QString newPath = target.absoluteFilePath();
     // Renaming would refuse as well, but not say why.
-    if (target.exists()) {
+    if (target.exists() || isOpen(newPath)) {
         QMessageBox::warning(this, tr("Error"), tr("File already exists:\n%1").arg(newPath));
         return;
     }

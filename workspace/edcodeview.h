@@ -187,6 +187,7 @@ private:
     void setText(const QString &text);
     void giveText();
     bool isBufferFile(const QString &path) const;
+    bool isOpen(const QString &path) const;
     QString read(const QString &path, QString *text);
     bool isRead(const QFileInfo &info, const QString &reason);
     LineChange changeText(const QString &text);
