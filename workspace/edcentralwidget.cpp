@@ -210,6 +210,7 @@ void EdCentralWidget::onFileRenamed(const QString &oldPath, const QString &newPa
 {
     m_watch->unwatch(oldPath);
     m_watch->watch(newPath);
+    externalFileChange(newPath); // what others did to it under its old name is still to be asked
     emit fileRenamed(oldPath, newPath);
     reportName();
 }
