@@ -118,12 +118,17 @@ bool EdCentralWidget::hasUnsavedContent() const
     return false;
 }
 
+void EdCentralWidget::activate(int id)
+{
+    if (id == m_activeView)
+        return;
+    m_activeView = id;
+    onTabChange();
+}
+
 void EdCentralWidget::setActiveTabWidgetIndex(int id)
 {
-    if (id != m_activeView) {
-        m_activeView = id;
-        onTabChange();
-    }
+    activate(id);
     // A pane that reports the focus is in the middle of an event, perhaps of a mouse button that
     // would be released over the question.
     if (sender())
@@ -136,10 +141,7 @@ void EdCentralWidget::moveToOtherView(int id, int tabIndex)
 {
     const int other = std::max(id - 1, 1 - id);
     if (tabIndex == -1) {
-        if (m_activeView != other) {
-            m_activeView = other;
-            onTabChange();
-        }
+        activate(other);
         checkForFileChanges();
         return;
     }

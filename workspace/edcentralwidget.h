@@ -211,6 +211,7 @@ private:
 
     EdCodeTabWidget *active() const { return m_panes.at(m_activeView); }
     void connectPane(EdCodeTabWidget *pane);
+    void activate(int id);
 
     Place placeOf(const EdCodeView *view) const;
     Place placeOfBuffer(int bufferIndex) const;

@@ -47,8 +47,13 @@ EdCentralWidget::Place EdCentralWidget::placeOfFile(const QFileInfo &info) const
 
 void EdCentralWidget::showPlace(const Place &place)
 {
-    setActiveTabWidgetIndex(place.pane->id());
-    place.pane->setCurrentTab(place.tab);
+    const EdCodeView *view = place.pane->codeViewAt(place.tab);
+    setActiveTabWidgetIndex(place.pane->id()); // which may ask, and show and close others
+    const Place now = placeOf(view);
+    if (!now)
+        return;
+    activate(now.pane->id());
+    now.pane->setCurrentTab(now.tab);
 }
 
 void EdCentralWidget::newBuffer()
@@ -97,14 +102,15 @@ void EdCentralWidget::save()
     const EdCodeView *view = currentCodeView();
     if (view && m_changedFiles.contains(view->fileInfo().absoluteFilePath()))
         checkForFileChanges();
-    active()->save();
+    if (const Place place = placeOf(view)) // what was asked may have shown another one
+        place.pane->save(place.tab);
 }
 
 void EdCentralWidget::saveAs(const QString &path)
 {
     const EdCodeView *view = currentCodeView();
-    if (!view || path.isEmpty() || !freeName(path))
-        return;
+    if (!view || path.isEmpty() || !freeName(path) || currentCodeView() != view)
+        return; // what was asked may even have closed it
     const QString target = QFileInfo(path).absoluteFilePath();
     active()->saveAs(target);
     reportFailedSaveAs(*view, target);
@@ -136,7 +142,8 @@ bool EdCentralWidget::freeName(const QString &path)
     const EdCodeView *current = currentCodeView();
     const EdCodeView *overwritten = other.pane->codeViewAt(other.tab);
     other.pane->closeTab(other.tab);
-    showPlace(placeOf(current)); // closing may have shown another one
+    if (const Place place = placeOf(current))
+        showPlace(place); // closing may have shown another one
     return !placeOf(overwritten);
 }
 
