@@ -71,7 +71,7 @@ void EdCentralWidget::checkForFileChanges()
 void EdCentralWidget::askAboutChanged(const QString &path)
 {
     if (!QFileInfo(path).exists()) {
-        m_missingFiles << path;
+        externalFileChange(path); // which it may be known to be already
         return;
     }
     const Place place = placeOfFile(QFileInfo(path));
