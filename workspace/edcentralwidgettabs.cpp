@@ -114,6 +114,8 @@ void EdCentralWidget::saveAs(const QString &path)
     const QString target = QFileInfo(path).absoluteFilePath();
     active()->saveAs(target);
     reportFailedSaveAs(*view, target);
+    if (view->isFileChanged()) // it failed, and what others did before is still to be asked about
+        externalFileChange(view->fileInfo().absoluteFilePath());
     onTabChange(); // the language may be another one
 }
 
