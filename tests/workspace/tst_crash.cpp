@@ -154,10 +154,18 @@ void TestCrash::nothingIsLost()
     std::mt19937 random(11);
     QMap<QString, int> safe;
     const int rounds = qMax(6, qgetenv("CORVANE_CRASHES").toInt());
+    const QStringList arguments = QStringList() << "--type" << dir.path();
     for (int round = 0; round < rounds; ++round) {
+        // One that is killed at its start, perhaps while it recovers.
+        QProcess starting;
+        starting.start(QCoreApplication::applicationFilePath(), arguments);
+        if (round > 0 && starting.waitForStarted())
+            starting.waitForReadyRead(int(random() % 100));
+        starting.kill();
+        starting.waitForFinished();
+
         QProcess program;
-        program.start(QCoreApplication::applicationFilePath(), QStringList()
-                                                                   << "--type" << dir.path());
+        program.start(QCoreApplication::applicationFilePath(), arguments);
         checkRestored(&program, safe);
         if (QTest::currentTestFailed())
             return;
