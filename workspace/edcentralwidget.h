@@ -225,6 +225,7 @@ private:
     void closeTabsBut(const EdCodeView *kept);
     bool mayBeClosed(const Place &place);
 
+    void noteMissingFiles();
     void askAboutChanged(const QString &path);
     void askAboutMissing(const QString &path);
 

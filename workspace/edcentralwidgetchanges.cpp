@@ -57,6 +57,7 @@ void EdCentralWidget::checkForFileChanges()
     if (preferences().checkForModifiedFiles) {
         const FlagScope checking(&isChecking);
         m_watch->checkNow();
+        noteMissingFiles();
         for (const QString &path : QStringList(m_changedFiles))
             askAboutChanged(path);
         for (const QString &path : QStringList(m_missingFiles))
@@ -64,6 +65,16 @@ void EdCentralWidget::checkForFileChanges()
     }
     m_changedFiles.clear();
     m_missingFiles.clear();
+}
+
+// Of documents that count as saved. A file that this program brought back, and others removed again
+// at once, looks to the watch as before.
+void EdCentralWidget::noteMissingFiles()
+{
+    for (const EdCodeView *view : codeViews()) {
+        if (!view->isBuffer() && !view->isModified() && view->isFileMissing())
+            externalFileChange(view->fileInfo().absoluteFilePath());
+    }
 }
 
 // A file that the program itself wrote, or that somebody else only touched, is what the document
