@@ -35,6 +35,9 @@ private slots:
     void filesThatComeBackAreWatched();
     void nothingIsAskedUnlessWanted();
     void savingAsksFirst();
+    void whatIsAskedDoesNotChangeWhatIsSaved();
+    void renamedFilesAreStillAskedAbout();
+    void filesThatChangedAndWentAreAskedAboutOnce();
 
 private:
     // What others do; the second waits until it has been noticed.
@@ -233,6 +236,43 @@ void TestOutsideChanges::savingAsksFirst()
     QCOMPARE(m_dir->read("a.mel"), QByteArray("theirs"));
     m_central->undo();
     QCOMPARE(text(), QString("mine one\ntwo\nthree\n"));
+}
+
+void TestOutsideChanges::whatIsAskedDoesNotChangeWhatIsSaved()
+{
+    m_central->openFile(m_dir->write("b.mel", "b"));
+    m_central->openFile(m_dir->file("a.mel"));
+    m_central->replace("mine ");
+    for (const char *name : {"a.mel", "b.mel"}) {
+        m_dir->write(name, "theirs");
+        m_central->externalFileChange(m_dir->file(name));
+    }
+    ModalAnswer answer("No");
+    answer.thenPress("No");
+    m_central->save();
+    QCOMPARE(m_dir->read("a.mel"), QByteArray("mine one\ntwo\nthree\n"));
+    QCOMPARE(m_dir->read("b.mel"), QByteArray("theirs"));
+}
+
+void TestOutsideChanges::renamedFilesAreStillAskedAbout()
+{
+    m_dir->write("a.mel", "theirs");
+    m_central->currentCodeView()->rename("b.mel");
+    ModalAnswer answer("Yes");
+    comeBack();
+    QVERIFY(answer.wasAsked());
+    QCOMPARE(text(), QString("theirs"));
+}
+
+void TestOutsideChanges::filesThatChangedAndWentAreAskedAboutOnce()
+{
+    m_central->externalFileChange(m_dir->file("a.mel"));
+    QVERIFY(QFile::remove(m_dir->file("a.mel")));
+    m_central->externalFileChange(m_dir->file("a.mel"));
+    ModalAnswer answer("Yes");
+    answer.thenPress("No"); // which would close it
+    comeBack();
+    QVERIFY(m_central->currentCodeView() != nullptr);
 }
 
 CORVANE_TEST_MAIN(TestOutsideChanges)
