@@ -147,6 +147,8 @@ void Kestrowl::connectProject()
     connect(m_explorer, SIGNAL(doubleClicked(QModelIndex)), SLOT(open(QModelIndex)));
     connect(m_explorer, SIGNAL(openSelected(QString)), SLOT(open(QString)));
     connect(m_explorer, SIGNAL(fileOpened(QString)), SLOT(open(QString)));
+    connect(m_explorer, SIGNAL(fileRenamed(QString, QString)), m_central,
+            SLOT(followRenamed(QString, QString)));
 }
 
 void Kestrowl::connectOutline()

@@ -52,6 +52,7 @@ EdCentralWidget::EdCentralWidget(QWidget *parent)
         m_splitter->addWidget(m_panes.last());
         connectPane(m_panes.last());
     }
+    makeActive(0);
     connect(m_watch, SIGNAL(fileChanged(QString)), SLOT(externalFileChange(QString)));
     QVBoxLayout *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -118,11 +119,19 @@ bool EdCentralWidget::hasUnsavedContent() const
     return false;
 }
 
+// With both in sight, their tabs tell which one commands go to.
+void EdCentralWidget::makeActive(int id)
+{
+    m_activeView = id;
+    for (EdCodeTabWidget *pane : m_panes)
+        pane->setActive(pane->id() == id);
+}
+
 void EdCentralWidget::activate(int id)
 {
     if (id == m_activeView)
         return;
-    m_activeView = id;
+    makeActive(id);
     onTabChange();
 }
 
@@ -150,7 +159,7 @@ void EdCentralWidget::moveToOtherView(int id, int tabIndex)
         return;
     const QString label = m_panes.at(id)->tabText(tabIndex);
     m_panes.at(id)->tabMoved(tabIndex);
-    m_activeView = other;
+    makeActive(other);
     m_panes.at(other)->insertCodeView(-1, view, label);
     onTabChange();
 }
@@ -214,6 +223,9 @@ void EdCentralWidget::onFileRenamed(const QString &oldPath, const QString &newPa
     m_watch->watch(newPath);
     externalFileChange(newPath); // what others did to it under its old name is still to be asked
     emit fileRenamed(oldPath, newPath);
+    const EdCodeView *current = currentCodeView();
+    if (current && current->fileInfo().absoluteFilePath() == newPath)
+        activeViewChange(); // the language may be another one
     reportName();
 }
 
@@ -255,7 +267,7 @@ void EdCentralWidget::onBufferDeleted(int id)
 // waits.
 void EdCentralWidget::onFileDrop(const QString &path, int tabWidgetId)
 {
-    m_activeView = tabWidgetId;
+    makeActive(tabWidgetId);
     emit fileDropped(path);
 }
 

@@ -186,6 +186,8 @@ public slots:
     void checkForFileChanges();
     // Deletes documents that were closed.
     void tabCleanup();
+    // A file, or a folder with all that it holds, was renamed elsewhere in the program.
+    void followRenamed(const QString &oldPath, const QString &newPath);
     void onFileDrop(const QString &path, int tabWidgetId);
 
 protected:
@@ -210,6 +212,7 @@ private:
     };
 
     EdCodeTabWidget *active() const { return m_panes.at(m_activeView); }
+    void makeActive(int id);
     void connectPane(EdCodeTabWidget *pane);
     void activate(int id);
 

@@ -73,9 +73,9 @@ QStringList EdCentralWidget::restore(const WorkspaceState &stored)
         showStored(m_panes.at(1), state.indexB);
     }
     problems.removeAll(QString());
-    m_activeView = state.activeView == 1 ? 1 : 0;
-    if (!currentCodeView())
-        m_activeView = m_panes.at(1 - m_activeView)->count() > 0 ? 1 - m_activeView : 0;
+    const int wanted = state.activeView == 1 ? 1 : 0;
+    const bool isEmpty = m_panes.at(wanted)->count() == 0;
+    makeActive(isEmpty && m_panes.at(1 - wanted)->count() > 0 ? 1 - wanted : wanted);
     onTabChange();
     return problems;
 }

@@ -176,6 +176,16 @@ void EdCentralWidget::renameFile(const QString &path)
     renameAt(placeOfFile(QFileInfo(path)));
 }
 
+void EdCentralWidget::followRenamed(const QString &oldPath, const QString &newPath)
+{
+    const QString folder = oldPath + QLatin1Char('/');
+    for (EdCodeView *view : codeViews()) {
+        const QString path = view->fileInfo().absoluteFilePath();
+        if (path == oldPath || path.startsWith(folder))
+            view->followFile(newPath + path.mid(oldPath.size()));
+    }
+}
+
 void EdCentralWidget::renameAt(const Place &place)
 {
     if (place)

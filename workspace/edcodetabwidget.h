@@ -66,6 +66,8 @@ public:
     void reload(int tabIndex);
     // Gives the tab's view the focus; nothing for an index outside.
     void setCurrentTab(int tabIndex);
+    // The tabs of the other pane are dimmed.
+    void setActive(bool active);
     // Every view takes the preferred indentation.
     void updateTabSettings();
 

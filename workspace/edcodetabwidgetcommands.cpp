@@ -142,6 +142,14 @@ void EdCodeTabWidget::updateOverwriteMode()
         view->updateOverwriteMode();
 }
 
+void EdCodeTabWidget::setActive(bool active)
+{
+    QPalette dimmed = palette();
+    for (QPalette::ColorRole role : {QPalette::WindowText, QPalette::ButtonText})
+        dimmed.setColor(role, palette().color(QPalette::Disabled, role));
+    m_tabBar->setPalette(active ? QPalette() : dimmed);
+}
+
 void EdCodeTabWidget::setTabBarVisible(bool visible)
 {
     m_tabBar->setVisible(visible);

@@ -230,8 +230,13 @@ void EdCodeView::rename(const QString &newName)
         QMessageBox::warning(this, tr("Error"), tr("File already exists:\n%1").arg(newPath));
         return;
     }
-    if (!compat::renameFile(oldPath, newPath))
-        return;
+    if (compat::renameFile(oldPath, newPath))
+        followFile(newPath);
+}
+
+void EdCodeView::followFile(const QString &newPath)
+{
+    const QString oldPath = m_fileInfo.absoluteFilePath();
     m_fileInfo = QFileInfo(newPath);
     if (m_journal)
         m_journal->setHeader(journalHeader());

@@ -140,6 +140,8 @@ public slots:
     // unsaved. A name that is taken, or none, is reported to the user; after other failures nothing
     // is changed. Buffers are left alone.
     void rename(const QString &newName);
+    // The file was renamed, or moved, by somebody else.
+    void followFile(const QString &newPath);
     void undo();
     void redo();
     void cut();

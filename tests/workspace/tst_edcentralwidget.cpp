@@ -34,6 +34,7 @@ private slots:
     void unreadableFilesLeaveTheDocument();
     void savingAsMovesTheDocument();
     void renamingMovesTheFile();
+    void documentsFollowRenamedFolders();
     void renamingNeverOverwrites();
     void reloadingAsksWhenModified();
     void namesAndCursorAreReported();
@@ -192,6 +193,25 @@ void TestEdCentralWidget::renamingMovesTheFile()
     QCOMPARE(renamed.first().at(1).toString(), dir.file("b.py"));
     QVERIFY(!QFile::exists(dir.file("a.mel")));
     QCOMPARE(central.currentCodeView()->language(), int(EdCodeView::Python));
+}
+
+void TestEdCentralWidget::documentsFollowRenamedFolders()
+{
+    ScratchDir dir;
+    EdCentralWidget central;
+    QVERIFY(QDir(dir.path()).mkdir("old"));
+    central.openFile(dir.write("old/a.mel", "x"));
+    central.openFile(dir.write("older.mel", "y"));
+    QVERIFY(QDir(dir.path()).rename("old", "new"));
+    central.followRenamed(dir.file("old"), dir.file("new"));
+    QVERIFY(QFile::rename(dir.file("older.mel"), dir.file("older.py")));
+    central.followRenamed(dir.file("older.mel"), dir.file("older.py"));
+    QCOMPARE(central.currentCodeView()->language(), int(EdCodeView::Python));
+    central.pane(0)->previousTab();
+    central.replace("new ");
+    central.save();
+    QCOMPARE(dir.read("new/a.mel"), QByteArray("new x"));
+    QVERIFY(!QFile::exists(dir.file("old")));
 }
 
 void TestEdCentralWidget::renamingNeverOverwrites()
