@@ -78,6 +78,8 @@ Kestrowl::~Kestrowl()
     for (QObject *child : findChildren<QObject *>())
         child->disconnect(this);
     delete m_central; // first: its documents write their journals
+    if (m_settingsHaveTabs)
+        m_journals->forgetTabs();
     if (EdCodeView::journalFolder() == m_journals.get())
         EdCodeView::setJournalFolder(nullptr);
 }

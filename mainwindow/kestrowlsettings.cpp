@@ -75,6 +75,7 @@ void Kestrowl::restoreDocuments(const WorkspaceState &stored)
 
 void Kestrowl::rememberTabs()
 {
+    m_settingsHaveTabs = false;
     if (m_journals->isValid() && !m_journals->storeTabs(m_central->state()))
         setStatusText(tr("The list of open documents cannot be kept."));
 }
@@ -89,8 +90,7 @@ QString Kestrowl::writeSettings()
     makeBufferDirectory(); // somebody may have tidied up
     QStringList problems = m_central->saveBuffersQuietly();
     const QString failure = storeSettings(m_central->state());
-    if (failure.isEmpty()) // the settings have the list now
-        m_journals->forgetTabs();
+    m_settingsHaveTabs = failure.isEmpty();
     problems << failure;
     return problems.join(QLatin1String(" ")).trimmed();
 }
