@@ -128,6 +128,7 @@ QString Walk::difference()
     }
     if (complaints.isEmpty()) {
         noteUndoSteps();
+        complaints = m_model.takeComplaints();
         const QString stray = m_window->strayViews();
         if (!stray.isEmpty())
             complaints << stray;

@@ -198,12 +198,15 @@ void WalkModel::undo(int step, const QString &text, bool isModified, int undoSte
         complain("a text that is in no file counts as saved");
     document.text = text;
     document.isModified = isModified;
+    document.undoSteps = undoSteps;
 }
 
-// What can be redone goes with the first other change.
+// Nothing but undoing takes steps away. What can be redone goes with the first other change.
 void WalkModel::noteUndoSteps(int pane, int tab, int undoSteps)
 {
     WalkDocument &document = at({pane, tab});
+    if (undoSteps < document.undoSteps)
+        complain("what could be undone cannot be any more: " + document.path);
     if (!document.texts.contains(undoSteps) || document.texts.value(undoSteps) != document.text) {
         for (int steps : document.texts.keys()) {
             if (steps >= undoSteps || steps > document.undoSteps)
