@@ -389,9 +389,10 @@ void Walk::changeFileOf(const QString &path, const std::optional<QByteArray> &by
         file.open(QIODevice::WriteOnly);
         file.write(*bytes);
     }
-    m_model.changeOutside(path, bytes);
-    if ((bytes || wasThere) && oneOf(2))
+    const bool isReported = (bytes || wasThere) && oneOf(2);
+    if (isReported)
         central()->externalFileChange(path);
+    m_model.changeOutside(path, bytes, isReported);
 }
 
 void Walk::comeBack()

@@ -104,16 +104,6 @@ QStringList WalkModel::openPaths() const
     return paths;
 }
 
-QList<int> WalkModel::bufferIndices() const
-{
-    QList<int> indices;
-    for (const WalkDocument &document : m_documents) {
-        if (document.isBuffer())
-            indices << document.bufferIndex;
-    }
-    return indices;
-}
-
 WalkDocument &WalkModel::at(const Place &place)
 {
     return m_documents[keyAt(place)];
@@ -217,7 +207,8 @@ void WalkModel::noteUndoSteps(int pane, int tab, int undoSteps)
     document.undoSteps = undoSteps;
 }
 
-void WalkModel::changeOutside(const QString &path, const std::optional<QByteArray> &bytes)
+void WalkModel::changeOutside(const QString &path, const std::optional<QByteArray> &bytes,
+                              bool isReported)
 {
     if (!bytes && !m_files.contains(path))
         return;
@@ -229,6 +220,7 @@ void WalkModel::changeOutside(const QString &path, const std::optional<QByteArra
     if (!place)
         return;
     at(place).mustBeAskedAbout = true;
+    at(place).isReported = isReported;
     if (bytes)
         at(place).isKeptWithoutFile = false;
 }
@@ -303,6 +295,15 @@ void WalkModel::mustCheck()
     m_mustCheck = m_mustCheck || !m_isChecking;
 }
 
+bool WalkModel::isUnasked(const WalkDocument &document) const
+{
+    const bool differs = m_files.contains(document.path)
+                             ? m_files.value(document.path) != document.seen
+                             : !document.isKeptWithoutFile;
+    return differs && document.mustBeAskedAbout && !document.isBuffer() &&
+           preferences().checkForModifiedFiles;
+}
+
 void WalkModel::settle(int activePane)
 {
     mayCheck();
@@ -310,11 +311,7 @@ void WalkModel::settle(int activePane)
         m_active = activePane;
     m_isActiveSure = true;
     for (WalkDocument &document : m_documents) {
-        const bool isMissing = !m_files.contains(document.path);
-        const bool differs =
-            isMissing ? !document.isKeptWithoutFile : m_files.value(document.path) != document.seen;
-        if (m_mustCheck && document.mustBeAskedAbout && differs && !document.isBuffer() &&
-            preferences().checkForModifiedFiles)
+        if (m_mustCheck && isUnasked(document))
             complain("the change of a file is not asked about: " + document.path);
         // Without a question it is forgotten.
         if (m_mustCheck || !preferences().checkForModifiedFiles)

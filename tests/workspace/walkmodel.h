@@ -23,6 +23,7 @@ struct WalkDocument
     bool endsLinesWithReturn = false; // and a line feed, in its file
     QByteArray seen;                  // what its file had when it was read or written
     bool mustBeAskedAbout = false;    // its file has changed since the last check
+    bool isReported = false;          // which the program was told
     bool isKeptWithoutFile = false;   // the user was asked already
     int undoSteps = 0;
     QMap<int, QString> texts; // by the number of steps that can be undone
@@ -51,13 +52,11 @@ public:
     // Everything that can be seen of it, a line each.
     QStringList picture() const;
 
-    int activePane() const { return m_active; }
     const Pane &pane(int id) const { return m_panes[id]; }
     int documentCount() const { return int(m_documents.size()); }
     const WalkDocument *current() const;
     const WalkDocument &document(int pane, int tab) const;
     QStringList openPaths() const;
-    QList<int> bufferIndices() const;
     const QMap<QString, QByteArray> &files() const { return m_files; }
 
     // The commands.
@@ -70,8 +69,6 @@ public:
     void rename(int bufferIndex, const QString &path, const QString &name);
     void closeActive();
     void closeTab(int pane, int tab);
-    void closeBuffer(int bufferIndex);
-    void closeFile(const QString &path);
     void closeAll() { closeBut(-1); }
     void closeAllBut(int pane);
     void moveToOtherView(int pane, int tab);
@@ -80,7 +77,7 @@ public:
     void selectBuffer(int bufferIndex);
     void reloadFromDisk();
     void restart();
-    // What the pane does that gets the focus back.
+    // From another program, to the pane that has the focus again.
     void comeBack();
 
     // The current document has got a text that only the program can tell. By undoing, it must be
@@ -88,8 +85,9 @@ public:
     void edit(const QString &text, bool isModified);
     void undo(int step, const QString &text, bool isModified, int undoSteps);
     void noteUndoSteps(int pane, int tab, int undoSteps);
-    // Others write a file, or remove it. `reported` is whether the program has heard of it.
-    void changeOutside(const QString &path, const std::optional<QByteArray> &bytes);
+    // Others write a file, or remove it.
+    void changeOutside(const QString &path, const std::optional<QByteArray> &bytes,
+                       bool isReported);
     // All that a command has set off is done. `activePane` is the one that the focus went to where
     // boxes that came and went leave that to the system.
     void settle(int activePane);
@@ -124,6 +122,7 @@ private:
     // For a question about it.
     void present(const Place &place);
     bool isCheckBox() const;
+    bool isUnasked(const WalkDocument &document) const;
     void askedAboutChanged(const Place &place, const QString &answer);
     void askedAboutMissing(const Place &place, const QString &answer);
 

@@ -106,8 +106,12 @@ void WalkModel::save()
 {
     const int key = currentKey();
     mayCheck();
-    if (m_documents.contains(key))
-        saveDocument(&m_documents[key]);
+    if (!m_documents.contains(key))
+        return;
+    WalkDocument &document = m_documents[key];
+    if (document.isReported && m_files.contains(document.path) && isUnasked(document))
+        complain("what others wrote is overwritten unasked: " + document.path);
+    saveDocument(&document);
 }
 
 void WalkModel::saveAll()
@@ -191,18 +195,6 @@ void WalkModel::closeTab(int pane, int tab)
         if (const Place place = placeOf(key))
             removeDocument(place);
     }
-}
-
-void WalkModel::closeBuffer(int bufferIndex)
-{
-    if (const Place place = placeOfBuffer(bufferIndex))
-        closeTab(place.pane, place.tab);
-}
-
-void WalkModel::closeFile(const QString &path)
-{
-    if (const Place place = placeOfFile(path))
-        closeTab(place.pane, place.tab);
 }
 
 bool WalkModel::mayClose(int key)

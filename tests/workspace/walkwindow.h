@@ -7,7 +7,6 @@
 
 class EdBufferView;
 class EdCentralWidget;
-class EdCodeView;
 class EdOpenDocumentView;
 
 // The part of the editor's window that a walk goes through: the panes and the two lists of what is
