@@ -87,6 +87,17 @@ bool hasName(int file)
     return fstat(file, &status) == 0 && status.st_nlink > 0;
 }
 
+// A link of that name may lead to a file of the user's, which is not to be emptied. -1 for that.
+int openLock(const QString &path)
+{
+    const int file = ::open(QFile::encodeName(path).constData(),
+                            O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0600);
+    if (file < 0 || isOwnFile(file))
+        return file;
+    ::close(file);
+    return -1;
+}
+
 // A lock of the open file, not of the process: another one here is kept out too.
 bool lock(int file)
 {
@@ -103,8 +114,7 @@ bool lock(int file)
 bool FileLock::take(const QString &path)
 {
     release();
-    const int file =
-        ::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    const int file = openLock(path);
     if (file < 0)
         return false;
     const QByteArray identity = processIdentity();

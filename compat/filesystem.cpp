@@ -211,6 +211,41 @@ bool hasOtherNames(const QFile &file)
 #endif
 }
 
+bool isOwnFile(int handle)
+{
+#ifdef Q_OS_UNIX
+    struct stat status;
+    return fstat(handle, &status) == 0 && S_ISREG(status.st_mode) && status.st_nlink == 1 &&
+           status.st_uid == geteuid();
+#else
+    Q_UNUSED(handle);
+    return true;
+#endif
+}
+
+bool openToAppend(QFile *file, const QString &path, QString *errorMessage)
+{
+    const QIODevice::OpenMode append =
+        QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered;
+#ifdef Q_OS_UNIX
+    const int handle = ::open(QFile::encodeName(path).constData(),
+                              O_WRONLY | O_APPEND | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    if (handle >= 0 && isOwnFile(handle))
+        return file->open(handle, append, QFile::AutoCloseHandle);
+    *errorMessage =
+        messageOf(handle < 0 ? lastError() : std::make_error_code(std::errc::too_many_links));
+    if (handle >= 0)
+        ::close(handle);
+    return false;
+#else
+    file->setFileName(path);
+    const bool opened = file->exists() && file->open(append);
+    if (!opened)
+        *errorMessage = file->errorString();
+    return opened;
+#endif
+}
+
 bool takeAfter(const QFile &file, const QFile &model)
 {
 #ifdef Q_OS_UNIX

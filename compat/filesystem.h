@@ -27,6 +27,13 @@ bool isSameFile(const QString &path, const QString &other);
 // Whether the open file is known by another name too, as hard links are.
 bool hasOtherNames(const QFile &file);
 
+// Whether the open file is a regular one of this user's without another name. For one that was
+// opened through no link, nobody else's can be meant by its name.
+bool isOwnFile(int handle);
+
+// Opens such a file for adding to its end, unbuffered, or fails.
+bool openToAppend(QFile *file, const QString &path, QString *errorMessage);
+
 // Gives the one open file the owner, the permissions and the attributes of the other; false when
 // some of them cannot be given. Writing to the file may take some of them off again.
 bool takeAfter(const QFile &file, const QFile &model);

@@ -9,6 +9,7 @@
 
 #include <csignal>
 
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -20,6 +21,7 @@ class TestFileLock : public QObject
 
 private slots:
     void oneHolderAtATime();
+    void linksAreNotFollowed();
     void deathLetsGo();
     void identitiesTellProcessesApart();
 };
@@ -36,6 +38,19 @@ void TestFileLock::oneHolderAtATime()
     lock.release();
     QVERIFY(other.take(dir.file("lock")));
     QVERIFY(!lock.take(dir.file("no such folder/lock")));
+}
+
+void TestFileLock::linksAreNotFollowed()
+{
+    ScratchDir dir;
+    const QByteArray file = dir.write("file", "the user's").toLocal8Bit();
+    FileLock lock;
+    QVERIFY(::symlink(file.constData(), dir.file("symbolic").toLocal8Bit().constData()) == 0);
+    QVERIFY(::link(file.constData(), dir.file("hard").toLocal8Bit().constData()) == 0);
+    QVERIFY(::mkfifo(dir.file("pipe").toLocal8Bit().constData(), 0600) == 0);
+    for (const char *name : {"symbolic", "hard", "pipe"})
+        QVERIFY2(!lock.take(dir.file(name)), name);
+    QCOMPARE(dir.read("file"), QByteArray("the user's"));
 }
 
 void TestFileLock::deathLetsGo()
