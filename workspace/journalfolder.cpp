@@ -124,11 +124,10 @@ JournalFolder::JournalFolder(const QString &directory)
     : m_root(QDir(directory).absoluteFilePath(QLatin1String("journal")))
 {
     compat::createPrivateFolder(m_root); // most often there is one
-    const int mostAttempts = 1000;
+    const int mostAttempts = 20;         // names may be taken; where locks fail, all of them do
     for (int i = 0; i < mostAttempts && !begin(); ++i) {
     }
-    if (isValid())
-        findDeadSessions();
+    findDeadSessions();
 }
 
 JournalFolder::~JournalFolder()
@@ -146,7 +145,11 @@ bool JournalFolder::begin()
 {
     const QString process = QString::number(QCoreApplication::applicationPid());
     m_path = m_root + QLatin1Char('/') + process + QLatin1Char('-') + QString::number(m_count++);
-    return compat::createPrivateFolder(m_path) && m_lock.take(lockPath(m_path));
+    if (!compat::createPrivateFolder(m_path))
+        return false;
+    if (!m_lock.take(lockPath(m_path)))
+        removeSession(m_path);
+    return m_lock.isHeld();
 }
 
 void JournalFolder::findDeadSessions()
@@ -158,6 +161,11 @@ void JournalFolder::findDeadSessions()
         if (path == m_path || !session->lock.take(lockPath(path)))
             continue;
         session->path = path;
+        if (filesIn(path).size() == 1) { // the lock: locks are open files, of which not many may be
+            session->lock.release();
+            removeSession(path);
+            continue;
+        }
         session->lastChange = lastChangeIn(path);
         session->tabs = readTabs(path);
         m_dead.push_back(std::move(session));
