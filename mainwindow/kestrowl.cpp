@@ -201,6 +201,14 @@ void Kestrowl::showEvent(QShowEvent *event)
         showFloatingDocks();
 }
 
+// What is begun elsewhere in the host may run for long, and crash it.
+void Kestrowl::changeEvent(QEvent *event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && !isActiveWindow())
+        m_central->flushJournals();
+}
+
 void Kestrowl::keyPressEvent(QKeyEvent *event)
 {
     if (!activateShortcut(m_shortcuts, *event))

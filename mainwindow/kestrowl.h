@@ -184,6 +184,7 @@ signals:
 protected:
     void hideEvent(QHideEvent *event) override;
     void showEvent(QShowEvent *event) override;
+    void changeEvent(QEvent *event) override;
     // Keys that should have been a shortcut and were not.
     void keyPressEvent(QKeyEvent *event) override;
 
@@ -219,8 +220,8 @@ private:
     QString m_preferencesDirectory;
     std::unique_ptr<JournalFolder> m_journals;
     bool m_settingsHaveTabs = false; // all that the journals' folder tells of them
-    QString m_lastOpenDirectory; // where the Open File dialog starts
-    QString m_lastSourcePath;    // where Source Script starts: a directory, later the last file
+    QString m_lastOpenDirectory;     // where the Open File dialog starts
+    QString m_lastSourcePath;        // where Source Script starts: a directory, later the last file
 
     ActionSet m_actions;
     QList<QToolBar *> m_toolBars;

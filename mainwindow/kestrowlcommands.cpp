@@ -133,6 +133,7 @@ void Kestrowl::sourceScript()
     if (path.isEmpty())
         return;
     m_lastSourcePath = path; // the dialog then offers the same file again
+    m_central->flushJournals();
     emit sourceScriptSelected(path);
 }
 
@@ -247,6 +248,7 @@ void Kestrowl::execute(const QString &script)
     saveBeforeExecuting();
     if (script.isEmpty())
         return;
+    m_central->flushJournals(); // a script may run for minutes, and crash the host
     if (currentView()->language() == EdCodeView::Mel)
         emit melExecuted(script);
     else if (currentView()->language() == EdCodeView::Python)

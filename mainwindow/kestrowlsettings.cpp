@@ -69,14 +69,17 @@ void Kestrowl::restoreDocuments(const WorkspaceState &stored)
     problems += m_central->recover(*m_journals);
     for (const QString &problem : problems)
         warnOf(problem);
-    rememberTabs(); // what other lists told is in none of them any more
-    m_journals->forgetDeadSessions();
+    if (!m_journals->isValid())
+        warnOf(tr("Unsaved text is not safe from a crash: no folder can be made for it."));
+    rememberTabs();
 }
 
 void Kestrowl::rememberTabs()
 {
     m_settingsHaveTabs = false;
-    if (m_journals->isValid() && !m_journals->storeTabs(m_central->state()))
+    if (m_journals->storeTabs(m_central->state()))
+        m_journals->forgetDeadSessions(); // what their lists told is in this one
+    else if (m_journals->isValid())
         setStatusText(tr("The list of open documents cannot be kept."));
 }
 
@@ -87,7 +90,8 @@ void Kestrowl::warnOfJournal(const QString &reason)
 
 QString Kestrowl::writeSettings()
 {
-    makeBufferDirectory(); // somebody may have tidied up
+    makeBufferDirectory();      // somebody may have tidied up
+    m_central->flushJournals(); // the host may end without another word
     QStringList problems = m_central->saveBuffersQuietly();
     const QString failure = storeSettings(m_central->state());
     m_settingsHaveTabs = failure.isEmpty();

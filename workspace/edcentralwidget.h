@@ -54,6 +54,8 @@ public:
     // above the panes; returns what else there is to say. After restore().
     QStringList recover(const JournalFolder &journals);
 
+    // Has unsaved texts safe at once: before whatever may take long, or crash.
+    void flushJournals();
     // Writes the changes of all buffers, and those without changes whose file is gone. Asks nothing
     // and shows nothing; returns the reasons of failures.
     QStringList saveBuffersQuietly();

@@ -25,6 +25,12 @@ bool mayComeBack(const TabEntry &entry)
 
 } // namespace
 
+void EdCentralWidget::flushJournals()
+{
+    for (EdCodeView *view : codeViews())
+        view->flushJournal();
+}
+
 QStringList EdCentralWidget::saveBuffersQuietly()
 {
     QStringList problems;

@@ -77,6 +77,8 @@ public:
     // By the file's suffix.
     void updateLanguage();
 
+    // Has the journal hold the text as it is now, before something that may take the program away.
+    void flushJournal();
     // Gives up the text that is not saved: it will not come back.
     void discardJournal();
     // Makes a view that awaits a file the document of one that is missing or cannot be read.

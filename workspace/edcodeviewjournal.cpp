@@ -59,6 +59,12 @@ JournalHeader EdCodeView::journalHeader() const
     return header;
 }
 
+void EdCodeView::flushJournal()
+{
+    if (m_journal)
+        m_journal->flush();
+}
+
 void EdCodeView::discardJournal()
 {
     if (m_journal)

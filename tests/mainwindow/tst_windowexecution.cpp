@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "tests/mainwindow/windowfixture.h"
 #include "tests/support/testmain.h"
+#include "workspace/journalfile.h"
 
+#include <QDirIterator>
 #include <QKeyEvent>
 #include <QSignalSpy>
 #include <QTextDocument>
@@ -34,6 +36,30 @@ private:
 
     QSignalSpy m_mel;
     QSignalSpy m_python;
+};
+
+// What would come back if the host crashed in the script.
+class CrashWitness : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit CrashWitness(const QString &directory) : m_directory(directory) {}
+
+    QStringList texts;
+
+public slots:
+    void look()
+    {
+        texts.clear();
+        QDirIterator journals(m_directory, QStringList("*.journal"), QDir::Files,
+                              QDirIterator::Subdirectories);
+        while (journals.hasNext())
+            texts << readJournal(journals.next()).text;
+    }
+
+private:
+    QString m_directory;
 };
 
 void select(EdCodeEdit *edit, int from, int to)
@@ -81,6 +107,7 @@ class TestWindowExecution : public QObject
 private slots:
     void aSelectionRunsWithLineFeeds();
     void withoutASelectionEverythingRuns();
+    void textsAreSafeBeforeTheHostIsBusy();
     void theLineRunsTrimmed();
     void theLanguageChoosesTheSignal();
     void nothingRunsWithoutTextOrDocument();
@@ -111,6 +138,29 @@ void TestWindowExecution::withoutASelectionEverythingRuns()
     fixture.window.execute();
     fixture.window.executeAll();
     QCOMPARE(executed.mel(), QStringList() << QString::fromUtf8(text) << QString::fromUtf8(text));
+}
+
+void TestWindowExecution::textsAreSafeBeforeTheHostIsBusy()
+{
+    WindowFixture fixture;
+    preferences().saveOnExecute = false;
+    CrashWitness witness(fixture.dir.path());
+    witness.connect(&fixture.window, SIGNAL(melExecuted(QString)), SLOT(look()));
+    fixture.showActive();
+    fixture.newBuffer(MelBuffer, "");
+    fixture.window.replace("polySphere;");
+    fixture.window.execute();
+    QCOMPARE(witness.texts, QStringList("polySphere;"));
+    // The host's own windows can make it busy as well.
+    fixture.window.replace("typed ");
+    QApplication::setActiveWindow(nullptr);
+    witness.look();
+    QCOMPARE(witness.texts, QStringList("polySphere;typed "));
+    fixture.window.replace("more");
+    fixture.window.writeSettings();
+    witness.look();
+    QVERIFY(witness.texts.isEmpty()); // the buffer's file has it
+    preferences() = Preferences();
 }
 
 void TestWindowExecution::theLineRunsTrimmed()
