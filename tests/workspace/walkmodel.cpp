@@ -219,10 +219,13 @@ void WalkModel::changeOutside(const QString &path, const std::optional<QByteArra
     const Place place = placeOfFile(path);
     if (!place)
         return;
-    at(place).mustBeAskedAbout = true;
-    at(place).isReported = isReported;
+    WalkDocument &document = at(place);
+    const bool wasBack = document.isBack;
+    document.isBack = bytes && (document.isBack || document.isKeptWithoutFile);
+    document.mustBeAskedAbout = bytes || !wasBack;
+    document.isReported = isReported;
     if (bytes)
-        at(place).isKeptWithoutFile = false;
+        document.isKeptWithoutFile = false;
 }
 
 bool WalkModel::isCheckBox() const
@@ -316,6 +319,8 @@ void WalkModel::settle(int activePane)
         // Without a question it is forgotten.
         if (m_mustCheck || !preferences().checkForModifiedFiles)
             document.mustBeAskedAbout = false;
+        if (m_mustCheck && preferences().checkForModifiedFiles)
+            document.isBack = false;
     }
     m_mustCheck = false;
 }

@@ -25,6 +25,7 @@ struct WalkDocument
     bool mustBeAskedAbout = false;    // its file has changed since the last check
     bool isReported = false;          // which the program was told
     bool isKeptWithoutFile = false;   // the user was asked already
+    bool isBack = false;              // the file, after that, and perhaps nobody has noticed
     int undoSteps = 0;
     QMap<int, QString> texts; // by the number of steps that can be undone
 
