@@ -87,12 +87,16 @@ void Kestrowl::save()
     m_central->save();
 }
 
+// What is asked for is about the document that was current before: a dialog lets events through,
+// and a question about another document may come up beside it.
+
 void Kestrowl::saveAs()
 {
-    if (!currentView())
+    const QPointer<EdCodeView> view = currentView();
+    if (!view)
         return;
-    const QString name = askSaveName(this, *currentView(), preferences().projectDir);
-    if (!name.isEmpty())
+    const QString name = askSaveName(this, *view, preferences().projectDir);
+    if (!name.isEmpty() && view && view == currentView())
         m_central->saveAs(name);
 }
 
@@ -116,15 +120,15 @@ void Kestrowl::saveSettings()
 // Deliberate: the label is asked for first, even when there turns out to be nothing to save.
 void Kestrowl::saveScriptToShelf()
 {
-    if (!currentView())
+    const QPointer<EdCodeView> view = currentView();
+    if (!view)
         return;
     const QString label = askShelfLabel(this);
-    if (label.isEmpty())
+    if (label.isEmpty() || !view)
         return;
-    const EdCodeView &view = *currentView();
-    const QString script = view.selectedText().isEmpty() ? view.text() : view.selectedText();
-    if (!script.isEmpty() && view.language() != EdCodeView::Text)
-        emit scriptToShelfRequested(label, script, view.language() == EdCodeView::Mel);
+    const QString script = view->selectedText().isEmpty() ? view->text() : view->selectedText();
+    if (!script.isEmpty() && view->language() != EdCodeView::Text)
+        emit scriptToShelfRequested(label, script, view->language() == EdCodeView::Mel);
 }
 
 void Kestrowl::sourceScript()
@@ -167,9 +171,10 @@ void Kestrowl::paste()
 
 void Kestrowl::showGotoLineDialog()
 {
-    const int line = currentView() ? askLineNumber(this, *currentView()) : 0;
-    if (line > 0)
-        currentView()->goToLine(line);
+    const QPointer<EdCodeView> view = currentView();
+    const int line = view ? askLineNumber(this, *view) : 0;
+    if (line > 0 && view)
+        view->goToLine(line);
 }
 
 void Kestrowl::showFindReplaceDialog()
@@ -227,31 +232,36 @@ void Kestrowl::execute()
 
 void Kestrowl::executeLine()
 {
-    if (!currentView())
+    const QPointer<EdCodeView> view = currentView();
+    if (!view)
         return;
     saveBeforeExecuting();
-    execute(currentView()->lineText().trimmed());
+    if (view && view == currentView())
+        execute(view->lineText().trimmed());
 }
 
 void Kestrowl::executeAll()
 {
-    if (!currentView())
+    const QPointer<EdCodeView> view = currentView();
+    if (!view)
         return;
     saveBeforeExecuting();
-    execute(currentView()->text());
+    if (view && view == currentView())
+        execute(view->text());
 }
 
 void Kestrowl::execute(const QString &script)
 {
-    if (!currentView())
+    const QPointer<EdCodeView> view = currentView();
+    if (!view)
         return;
     saveBeforeExecuting();
-    if (script.isEmpty())
+    if (script.isEmpty() || !view)
         return;
     m_central->flushJournals(); // a script may run for minutes, and crash the host
-    if (currentView()->language() == EdCodeView::Mel)
+    if (view->language() == EdCodeView::Mel)
         emit melExecuted(script);
-    else if (currentView()->language() == EdCodeView::Python)
+    else if (view->language() == EdCodeView::Python)
         emit pythonExecuted(script);
 }
 

@@ -151,7 +151,8 @@ void EdCentralWidget::moveToOtherView(int id, int tabIndex)
     const int other = std::max(id - 1, 1 - id);
     if (tabIndex == -1) {
         activate(other);
-        checkForFileChanges();
+        if (!m_ignoresTabs)
+            checkForFileChanges();
         return;
     }
     EdCodeView *view = m_panes.at(id)->codeViewAt(tabIndex);
@@ -174,7 +175,9 @@ void EdCentralWidget::tabMovedToNewPosition(int id, const QPoint &globalPos, boo
     }
     if (updateCursorOnly && !target)
         active()->setCursor(Qt::ForbiddenCursor);
-    else if (!updateCursorOnly && target)
+    else
+        active()->unsetCursor();
+    if (!updateCursorOnly && target)
         moveToOtherView(id, m_panes.at(id)->currentIndex());
 }
 
@@ -245,6 +248,7 @@ void EdCentralWidget::onFileOpened(const QString &path)
 void EdCentralWidget::onFileClosed(const QString &path)
 {
     m_watch->unwatch(path);
+    m_tabsTimer.start(0);
     emit fileClosed(path);
 }
 
@@ -260,6 +264,7 @@ void EdCentralWidget::onBufferCreated(int id, const QString &name, const QFileIn
 
 void EdCentralWidget::onBufferDeleted(int id)
 {
+    m_tabsTimer.start(0);
     emit bufferDeleted(id);
 }
 
@@ -267,7 +272,7 @@ void EdCentralWidget::onBufferDeleted(int id)
 // waits.
 void EdCentralWidget::onFileDrop(const QString &path, int tabWidgetId)
 {
-    makeActive(tabWidgetId);
+    activate(tabWidgetId);
     emit fileDropped(path);
 }
 
@@ -302,10 +307,10 @@ void EdCentralWidget::quickHelp(const QString &text, bool ignoreWhenHidden)
 
 void EdCentralWidget::activeViewChange()
 {
+    m_parseTimer.stop();
     EdCodeView *view = currentCodeView();
     if (!view)
         return;
-    m_parseTimer.stop();
     const ScriptDetails &details = ScriptDetails::of(view);
     if (const MelParser *parser = details.mel())
         emit melScriptUpdated(*parser);

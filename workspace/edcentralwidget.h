@@ -179,8 +179,6 @@ public slots:
     void quickHelp(const QString &text, bool ignoreWhenHidden);
     // Parses the current document, unless that is done, and tells what was found.
     void activeViewChange();
-    // The same for what both panes show.
-    void updateDiagnostics();
 
     // Another program may have changed the file; asked about at the next check.
     void externalFileChange(const QString &path);
@@ -191,6 +189,8 @@ public slots:
     // A file, or a folder with all that it holds, was renamed elsewhere in the program.
     void followRenamed(const QString &oldPath, const QString &newPath);
     void onFileDrop(const QString &path, int tabWidgetId);
+    // Parses what both panes show, unless that is done.
+    void updateDiagnostics();
 
 protected:
     void mouseDoubleClickEvent(QMouseEvent *event) override;
@@ -231,18 +231,22 @@ private:
     bool mayBeClosed(const Place &place);
 
     void noteMissingFiles();
+    void closeAt(const Place &place);
+
+    void reload(const EdCodeView *view);
+    void checkBeforeWriting(const QList<EdCodeView *> &views);
     void askAboutChanged(const QString &path);
     void askAboutMissing(const QString &path);
 
     void reportName();
-    QString restoreEntry(const QString &text, bool hasPanes);
+    QString restoreEntry(const QString &text, bool hasPanes, QList<EdCodeView *> *restored);
     void forgetEntry(const QString &path);
 
     int newBufferIndex() override { return m_nextBufferIndex++; }
     QString nameOf(const EdCodeView &view) const override;
     void addCodeView(EdCodeView *view, const QString &label) override;
     void showRecovered(const QList<RecoveredDocument> &documents);
-    static void showStored(EdCodeTabWidget *pane, int index);
+    static void showStored(EdCodeTabWidget *pane, const QList<EdCodeView *> &restored, int index);
 
     QSplitter *m_splitter;
     QList<EdCodeTabWidget *> m_panes;     // by id

@@ -8,20 +8,25 @@
 #include "workspace/filewatch.h"
 #include "workspace/flagscope.h"
 
+#include <QApplication>
 #include <QMessageBox>
+#include <QPointer>
 
 namespace {
 
-// Closing the box in any other way is the answer `escape`.
+// Closing the box in any other way is the answer `escape`, and so is the end of the window, which
+// may come from Maya while it is open.
 bool isYes(QWidget *parent, const QString &title, const QString &question,
            QMessageBox::StandardButton escape)
 {
-    QMessageBox box(QMessageBox::Question, title, question, QMessageBox::Yes | QMessageBox::No,
-                    parent);
-    box.setTextFormat(Qt::PlainText); // of a path that may look like markup
-    box.setEscapeButton(escape);
-    box.exec();
-    const QMessageBox::StandardButton clicked = box.standardButton(box.clickedButton());
+    const QPointer<QMessageBox> box = new QMessageBox(QMessageBox::Question, title, question,
+                                                      QMessageBox::Yes | QMessageBox::No, parent);
+    box->setTextFormat(Qt::PlainText); // of a path that may look like markup
+    box->setEscapeButton(escape);
+    box->exec();
+    const QMessageBox::StandardButton clicked =
+        box ? box->standardButton(box->clickedButton()) : QMessageBox::NoButton;
+    delete box;
     return (clicked == QMessageBox::NoButton ? escape : clicked) == QMessageBox::Yes;
 }
 
@@ -32,14 +37,22 @@ bool isChecking = false;
 
 void EdCentralWidget::reloadFromDisk()
 {
-    const EdCodeView *view = currentCodeView();
+    const QPointer<EdCodeView> view = currentCodeView();
     if (!view || view->isBuffer())
         return;
     const QString question = tr("Reloading this file will result in unsaved changes being lost.\n\n"
                                 "Continue reloading?");
     if (view->isModified() && !isYes(window(), tr("Reload"), question, QMessageBox::No))
         return;
-    active()->reload(active()->currentIndex());
+    reload(view);
+}
+
+void EdCentralWidget::reload(const EdCodeView *view)
+{
+    const Place place = placeOf(view);
+    if (!place)
+        return;
+    place.pane->reload(place.tab);
     activeViewChange();
 }
 
@@ -50,21 +63,39 @@ void EdCentralWidget::externalFileChange(const QString &path)
         paths << path;
 }
 
+// Not while another dialog is open, which is about a document that must stay the current one. The
+// focus that comes back after it leads here again.
 void EdCentralWidget::checkForFileChanges()
 {
-    if (isChecking)
+    if (isChecking || QApplication::activeModalWidget())
         return;
-    if (preferences().checkForModifiedFiles) {
-        const FlagScope checking(&isChecking);
-        m_watch->checkNow();
-        noteMissingFiles();
-        for (const QString &path : QStringList(m_changedFiles))
-            askAboutChanged(path);
-        for (const QString &path : QStringList(m_missingFiles))
-            askAboutMissing(path);
+    if (!preferences().checkForModifiedFiles) {
+        m_changedFiles.clear();
+        m_missingFiles.clear();
+        return;
     }
-    m_changedFiles.clear();
-    m_missingFiles.clear();
+    const FlagScope checking(&isChecking);
+    m_watch->checkNow();
+    noteMissingFiles();
+    const QPointer<EdCentralWidget> self(this);
+    // One at a time: more may be reported while a question is open.
+    while (self && !m_changedFiles.isEmpty())
+        askAboutChanged(m_changedFiles.takeFirst());
+    while (self && !m_missingFiles.isEmpty())
+        askAboutMissing(m_missingFiles.takeFirst());
+}
+
+// What others have written meanwhile, and nobody has told of yet, is not overwritten unasked.
+void EdCentralWidget::checkBeforeWriting(const QList<EdCodeView *> &views)
+{
+    if (!preferences().checkForModifiedFiles)
+        return;
+    for (const EdCodeView *view : views) {
+        if (!view->isBuffer() && view->isModified() && view->isFileChanged())
+            externalFileChange(view->fileInfo().absoluteFilePath());
+    }
+    if (!m_changedFiles.isEmpty())
+        checkForFileChanges();
 }
 
 // Of documents that count as saved. A file that this program brought back, and others removed again
@@ -86,17 +117,17 @@ void EdCentralWidget::askAboutChanged(const QString &path)
         return;
     }
     const Place place = placeOfFile(QFileInfo(path));
-    EdCodeView *view = place ? place.pane->codeViewAt(place.tab) : nullptr;
+    const QPointer<EdCodeView> view = place ? place.pane->codeViewAt(place.tab) : nullptr;
     if (!view || view->isBuffer() || !view->isFileChanged())
         return;
     place.pane->setCurrentTab(place.tab);
     const QString question =
         path + tr("\n\nThis file has been modified by another program.\nDo you want to reload it?");
     const bool reloads = isYes(window(), tr("Reload"), question, QMessageBox::No);
-    if (!reloads)
+    if (view && reloads)
+        reload(view);
+    else if (view)
         view->ignoreFileChange();
-    else if (const Place now = placeOf(view))
-        now.pane->reload(now.tab);
 }
 
 void EdCentralWidget::askAboutMissing(const QString &path)
@@ -104,16 +135,15 @@ void EdCentralWidget::askAboutMissing(const QString &path)
     if (QFileInfo(path).exists()) // there again, and watched all the while
         return;
     const Place place = placeOfFile(QFileInfo(path));
-    EdCodeView *view = place ? place.pane->codeViewAt(place.tab) : nullptr;
+    const QPointer<EdCodeView> view = place ? place.pane->codeViewAt(place.tab) : nullptr;
     if (!view || view->isBuffer())
         return;
     place.pane->setCurrentTab(place.tab);
     const QString question =
         tr("The file ") + path + tr(" doesn't exist anymore.\nKeep this file in the editor?");
     const bool keeps = isYes(window(), tr("File Does Not Exist"), question, QMessageBox::Yes);
-    const Place now = placeOf(view);
-    if (now && keeps)
+    if (view && keeps)
         view->forceModified();
-    else if (now)
-        now.pane->closeTab(now.tab);
+    else if (view)
+        closeAt(placeOf(view));
 }

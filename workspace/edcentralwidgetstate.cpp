@@ -73,34 +73,46 @@ QStringList EdCentralWidget::restore(const WorkspaceState &stored)
     QStringList problems;
     {
         const FlagScope ignoring(&m_ignoresTabs); // documents are parsed when they are shown
+        QList<EdCodeView *> restored[PaneCount];  // for each entry, null where there is none
         for (const QString &text : state.openTabs)
-            problems << restoreEntry(text, hasPanes);
-        showStored(m_panes.at(0), state.indexA);
-        showStored(m_panes.at(1), state.indexB);
+            problems << restoreEntry(text, hasPanes, restored);
+        showStored(m_panes.at(0), restored[0], state.indexA);
+        showStored(m_panes.at(1), restored[1], state.indexB);
     }
     problems.removeAll(QString());
     const int wanted = state.activeView == 1 ? 1 : 0;
     const bool isEmpty = m_panes.at(wanted)->count() == 0;
     makeActive(isEmpty && m_panes.at(1 - wanted)->count() > 0 ? 1 - wanted : wanted);
     onTabChange();
+    if (currentCodeView()) // the window may not be shown yet
+        active()->setCodeEditFocus();
     return problems;
 }
 
-void EdCentralWidget::showStored(EdCodeTabWidget *pane, int index)
+// The one that was current is known by its place in the list, of which not all may be open.
+void EdCentralWidget::showStored(EdCodeTabWidget *pane, const QList<EdCodeView *> &restored,
+                                 int index)
 {
-    if (pane->count() > 0)
-        pane->setCurrentTab(std::clamp(index, 0, pane->count() - 1));
+    if (pane->count() == 0)
+        return;
+    const int tab = pane->indexOf(restored.value(index));
+    pane->setCurrentTab(tab != -1 ? tab : std::clamp(index, 0, pane->count() - 1));
 }
 
 // Returns what there is to say, or an empty text.
-QString EdCentralWidget::restoreEntry(const QString &text, bool hasPanes)
+QString EdCentralWidget::restoreEntry(const QString &text, bool hasPanes,
+                                      QList<EdCodeView *> *restored)
 {
     const std::optional<TabEntry> entry = TabEntry::parse(text);
-    // Buffers may share a file: there are names for so many only.
-    if (!entry || (!entry->isBuffer && placeOfFile(QFileInfo(entry->path))))
+    if (!entry)
         return QString();
-    EdCodeTabWidget *pane = m_panes.at(hasPanes && entry->pane == 1 ? 1 : 0);
-    const QString reason = pane->restoreTabQuietly(text, m_nextBufferIndex++);
+    const int id = hasPanes && entry->pane == 1 ? 1 : 0;
+    EdCodeTabWidget *pane = m_panes.at(id);
+    // Buffers may share a file: there are names for so many only.
+    const bool isOpen = !entry->isBuffer && placeOfFile(QFileInfo(entry->path));
+    const int count = pane->count();
+    const QString reason = isOpen ? QString() : pane->restoreTabQuietly(text, m_nextBufferIndex++);
+    restored[id] << (pane->count() > count ? pane->codeViewAt(count) : nullptr);
     if (reason.isEmpty())
         return reason;
     if (mayComeBack(*entry))

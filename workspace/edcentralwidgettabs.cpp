@@ -9,7 +9,7 @@
 #include "workspace/edcodeview.h"
 #include "workspace/filewatch.h"
 
-#include <QMessageBox>
+#include <QPointer>
 
 EdCentralWidget::Place EdCentralWidget::placeOf(const EdCodeView *view) const
 {
@@ -99,20 +99,23 @@ void EdCentralWidget::openFile(const QFileInfo &fileInfo)
 
 void EdCentralWidget::save()
 {
-    const EdCodeView *view = currentCodeView();
-    if (view && m_changedFiles.contains(view->fileInfo().absoluteFilePath()))
-        checkForFileChanges();
-    if (const Place place = placeOf(view)) // what was asked may have shown another one
-        place.pane->save(place.tab);
+    const QPointer<EdCodeView> view = currentCodeView();
+    if (!view)
+        return;
+    checkBeforeWriting(QList<EdCodeView *>() << view);
+    if (view)
+        view->save(); // which may be current no more
 }
 
 void EdCentralWidget::saveAs(const QString &path)
 {
-    const EdCodeView *view = currentCodeView();
+    const QPointer<EdCodeView> view = currentCodeView();
     if (!view || path.isEmpty() || !freeName(path) || currentCodeView() != view)
         return; // what was asked may even have closed it
     const QString target = QFileInfo(path).absoluteFilePath();
     active()->saveAs(target);
+    if (!view)
+        return;
     reportFailedSaveAs(*view, target);
     if (view->isFileChanged()) // it failed, and what others did before is still to be asked about
         externalFileChange(view->fileInfo().absoluteFilePath());
@@ -141,16 +144,17 @@ bool EdCentralWidget::freeName(const QString &path)
     const Place other = placeOfFile(QFileInfo(path));
     if (!other || other.pane->codeViewAt(other.tab) == currentCodeView())
         return true;
-    const EdCodeView *current = currentCodeView();
-    const EdCodeView *overwritten = other.pane->codeViewAt(other.tab);
+    const QPointer<EdCodeView> current = currentCodeView();
+    const QPointer<EdCodeView> overwritten = other.pane->codeViewAt(other.tab);
     other.pane->closeTab(other.tab);
     if (const Place place = placeOf(current))
         showPlace(place); // closing may have shown another one
-    return !placeOf(overwritten);
+    return !overwritten || !placeOf(overwritten);
 }
 
 void EdCentralWidget::saveAll()
 {
+    checkBeforeWriting(codeViews());
     for (EdCodeTabWidget *pane : m_panes)
         pane->saveAll();
 }
@@ -194,19 +198,22 @@ void EdCentralWidget::renameAt(const Place &place)
 
 void EdCentralWidget::closeActive()
 {
-    if (currentCodeView())
-        active()->closeTab(active()->currentIndex());
+    closeAt(placeOf(currentCodeView()));
 }
 
 void EdCentralWidget::closeBuffer(int bufferIndex)
 {
-    if (const Place place = placeOfBuffer(bufferIndex))
-        place.pane->closeTab(place.tab);
+    closeAt(placeOfBuffer(bufferIndex));
 }
 
 void EdCentralWidget::closeFile(const QString &path)
 {
-    if (const Place place = placeOfFile(QFileInfo(path)))
+    closeAt(placeOfFile(QFileInfo(path)));
+}
+
+void EdCentralWidget::closeAt(const Place &place)
+{
+    if (place)
         place.pane->closeTab(place.tab);
 }
 
@@ -235,6 +242,7 @@ void EdCentralWidget::closeAllButCurrent(int tabWidgetId)
 // that the user keeps keeps no other.
 void EdCentralWidget::closeTabsBut(const EdCodeView *kept)
 {
+    checkForFileChanges(); // not in the midst of it
     for (EdCodeTabWidget *pane : m_panes) {
         // The pane takes it the other way round: with true no tab is left out.
         if (!pane->promptAllUnsaved(pane->indexOf(kept) == -1))

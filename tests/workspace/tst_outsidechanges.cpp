@@ -228,10 +228,9 @@ void TestOutsideChanges::nothingIsAskedUnlessWanted()
 void TestOutsideChanges::savingAsksFirst()
 {
     m_central->replace("mine ");
-    m_dir->write("a.mel", "theirs");
-    m_central->externalFileChange(m_dir->file("a.mel"));
+    m_dir->write("a.mel", "theirs"); // of which no notice has come yet
     ModalAnswer answer("Yes");
-    m_central->save();
+    m_central->saveAll();
     QVERIFY(answer.wasAsked());
     QCOMPARE(m_dir->read("a.mel"), QByteArray("theirs"));
     m_central->undo();

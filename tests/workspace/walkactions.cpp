@@ -213,6 +213,7 @@ void Walk::save()
 void Walk::saveAll()
 {
     central()->saveAll();
+    listen();
     m_model.saveAll();
 }
 

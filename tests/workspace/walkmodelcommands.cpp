@@ -116,6 +116,7 @@ void WalkModel::save()
 
 void WalkModel::saveAll()
 {
+    mayCheck();
     for (WalkDocument &document : m_documents)
         saveDocument(&document);
 }
@@ -260,6 +261,7 @@ bool WalkModel::promptAll(int pane, int skipped)
 
 void WalkModel::closeBut(int keptKey)
 {
+    mayCheck();
     for (int pane = 0; pane < 2; ++pane) {
         if (!promptAll(pane, keptKey))
             return;
@@ -341,18 +343,26 @@ void WalkModel::restart()
     m_documents.clear();
     m_panes[0] = m_panes[1] = Pane();
     m_nextBufferIndex = 0;
+    int wanted[2] = {-1, -1}; // tabs of the documents that were current
+    const int currents[2] = {panes[hasPanes ? 0 : 1].current, panes[1].current};
     for (int pane = 0; pane < 2; ++pane) {
-        for (int key : panes[pane].documents) {
+        for (int i = 0; i < panes[pane].documents.size(); ++i) {
+            const int key = panes[pane].documents.at(i);
             const int index = m_nextBufferIndex++;
             WalkDocument document = reopened(before.value(key));
             document.bufferIndex = before.value(key).isBuffer() ? index : -1;
-            if (load(&document))
-                insert(hasPanes ? pane : 0, -1, document);
+            const int newPane = hasPanes ? pane : 0;
+            if (!load(&document))
+                continue;
+            insert(newPane, -1, document);
+            if (i == currents[newPane])
+                wanted[newPane] = int(m_panes[newPane].documents.size()) - 1;
         }
     }
-    const int currents[2] = {panes[hasPanes ? 0 : 1].current, panes[1].current};
-    for (int pane = 0; pane < 2; ++pane)
-        m_panes[pane].current = std::min(currents[pane], int(m_panes[pane].documents.size()) - 1);
+    for (int pane = 0; pane < 2; ++pane) {
+        const int last = int(m_panes[pane].documents.size()) - 1;
+        m_panes[pane].current = wanted[pane] >= 0 ? wanted[pane] : std::min(currents[pane], last);
+    }
     m_active = hasPanes ? m_active : 0;
     if (m_panes[m_active].current < 0)
         m_active = m_panes[1 - m_active].current >= 0 ? 1 - m_active : 0;
