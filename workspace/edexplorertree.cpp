@@ -108,24 +108,36 @@ QString EdExplorerTree::openablePath(const QModelIndex &index) const
     return !m_filter || m_filter->isFolder(index) ? QString() : m_filter->filePath(index);
 }
 
-// The window has some of the keys for its document; with the focus here they mean files.
+// The window has some of the keys for its document; with the focus here they mean files, and while
+// a name is typed nothing but its end.
 bool EdExplorerTree::event(QEvent *event)
 {
-    if (event->type() == QEvent::ShortcutOverride && commandFor(static_cast<QKeyEvent *>(event))) {
-        event->accept();
-        return true;
-    }
-    return QTreeView::event(event);
+    if (event->type() != QEvent::ShortcutOverride)
+        return QTreeView::event(event);
+    const Command *command = commandFor(static_cast<QKeyEvent *>(event));
+    if (!command || !(isNaming() || isPossible(*command)))
+        return QTreeView::event(event);
+    event->accept();
+    return true;
 }
 
 void EdExplorerTree::keyPressEvent(QKeyEvent *event)
 {
+    if (isNaming()) // the name's editor has had its turn, and leaves Return to others
+        return;
     m_awaited.clear();
     const Command *command = commandFor(event);
     if (!command)
         QTreeView::keyPressEvent(event);
     else if (isPossible(*command))
         (this->*command->run)();
+    else
+        event->ignore();
+}
+
+bool EdExplorerTree::isNaming() const
+{
+    return state() == EditingState && !hasFocus();
 }
 
 const EdExplorerTree::Command *EdExplorerTree::commandFor(const QKeyEvent *event) const
@@ -151,7 +163,7 @@ bool EdExplorerTree::isPossible(const Command &command) const
     case Needs::OneEntry:
         return count == 1;
     case Needs::OneFolder:
-        return count == 1 && m_filter->isFolder(currentIndex());
+        return count == 1 && m_filter->isFolder(selectedEntry());
     case Needs::Entries:
         return count > 0;
     case Needs::Clipboard:
@@ -169,13 +181,14 @@ void EdExplorerTree::mousePressEvent(QMouseEvent *event)
 // For the selected files, or for the root where there are none.
 void EdExplorerTree::contextMenuEvent(QContextMenuEvent *event)
 {
-    QMenu menu(this);
+    QMenu *menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
     for (const Command &command : commands) {
         if (!command.run)
-            menu.addSeparator();
+            menu->addSeparator();
         if (!command.text)
             continue;
-        QAction *action = menu.addAction(tr(command.text));
+        QAction *action = menu->addAction(tr(command.text));
         action->setData(int(&command - commands));
         action->setEnabled(isPossible(command));
         if (command.icon)
@@ -184,17 +197,29 @@ void EdExplorerTree::contextMenuEvent(QContextMenuEvent *event)
         if (command.keys[0])
             action->setShortcut(QKeySequence(QString::fromLatin1(command.keys[0])));
     }
+    connect(menu, SIGNAL(triggered(QAction *)), SLOT(runChosen(QAction *)));
     const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
-    const QPoint place =
-        byKey ? viewport()->mapToGlobal(visualRect(currentIndex()).center()) : event->globalPos();
-    if (const QAction *action = menu.exec(place))
-        (this->*commands[action->data().toInt()].run)();
+    menu->popup(byKey ? viewport()->mapToGlobal(visualRect(selectedEntry()).center())
+                      : event->globalPos());
+}
+
+// The files may have gone while the menu was open.
+void EdExplorerTree::runChosen(QAction *action)
+{
+    const Command &command = commands[action->data().toInt()];
+    if (isPossible(command))
+        (this->*command.run)();
 }
 
 // Whoever takes the files opens or copies them; moving them away would be a surprise.
 void EdExplorerTree::startDrag(Qt::DropActions actions)
 {
     QTreeView::startDrag(actions & Qt::CopyAction);
+}
+
+QModelIndex EdExplorerTree::selectedEntry() const
+{
+    return m_filter ? selectionModel()->selectedRows().value(0) : QModelIndex();
 }
 
 QStringList EdExplorerTree::selectedPaths() const
@@ -243,14 +268,14 @@ void EdExplorerTree::rowsInserted(const QModelIndex &parent, int first, int last
 
 void EdExplorerTree::goToParent()
 {
-    const QModelIndex parent = currentIndex().parent();
+    const QModelIndex parent = selectedEntry().parent();
     if (parent != rootIndex())
         setCurrentIndex(parent);
 }
 
 void EdExplorerTree::makeRoot()
 {
-    emit rootSelected(m_filter->filePath(currentIndex()));
+    emit rootSelected(m_filter->filePath(selectedEntry()));
 }
 
 void EdExplorerTree::chooseRoot()

@@ -7,6 +7,7 @@
 #include <QTreeView>
 
 class EdExplorerFilterProxyModel;
+class QAction;
 class QFileSystemModel;
 class QUrl;
 
@@ -49,6 +50,7 @@ protected slots:
     void rowsInserted(const QModelIndex &parent, int first, int last) override;
 
 private slots:
+    void runChosen(QAction *action);
     void selectAwaited();
     void renameFile(const QString &path, const QString &name);
 
@@ -58,6 +60,8 @@ private:
 
     const Command *commandFor(const QKeyEvent *event) const;
     bool isPossible(const Command &command) const;
+    // Whether a name is being typed into the tree, and the keys are for it.
+    bool isNaming() const;
 
     void open();
     void newFile();
@@ -74,8 +78,10 @@ private:
 
     static QList<QUrl> clipboardFiles();
     bool removeOne(const QString &path);
+    // The first of those selected, which need not be the current one.
+    QModelIndex selectedEntry() const;
     QStringList selectedPaths() const;
-    // The folder that new files go to: the current one, that of the current file, or the root.
+    // The folder that new files go to: the selected one, that of the selected file, or the root.
     QString targetFolder() const;
     // Makes it the only selected file, also when it is listed late or once more.
     void select(const QString &path);

@@ -104,7 +104,7 @@ QString copyAll(const QList<QUrl> &urls, const QString &folder, QString *failed,
 
 void EdExplorerTree::open()
 {
-    const QModelIndex index = currentIndex();
+    const QModelIndex index = selectedEntry();
     const QString path = openablePath(index);
     if (path.isEmpty())
         setExpanded(index, !isExpanded(index));
@@ -191,7 +191,7 @@ void EdExplorerTree::paste()
 
 void EdExplorerTree::rename()
 {
-    edit(currentIndex());
+    edit(selectedEntry());
 }
 
 void EdExplorerTree::renameFile(const QString &path, const QString &name)
