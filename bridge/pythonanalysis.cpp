@@ -68,12 +68,13 @@ QStringList pythonCandidates(const QString &source, const QString &object, Pytho
 
 SyntaxAnswer pythonSyntaxError(const QString &source)
 {
-    MStringArray found; // message and line; empty when there is no error
-    SyntaxAnswer answer;
-    answer.isKnown = run(QLatin1String("CorvaneParser.syntax_check(") + quotedForPython(source) +
-                             QLatin1String(")"),
-                         found);
+    MStringArray found; // message and line; empty where Python cannot tell
+    run(QLatin1String("CorvaneParser.syntax_answer(") + quotedForPython(source) +
+            QLatin1String(")"),
+        found);
     const QStringList error = listed(found);
+    SyntaxAnswer answer;
+    answer.isKnown = error.size() == 2;
     answer.message = error.value(0);
     answer.line = error.value(1).toInt();
     return answer;

@@ -25,10 +25,12 @@ enum class PythonNames {
 // user's code runs for it.
 QStringList pythonCandidates(const QString &source, const QString &object, PythonNames names);
 
-// Compiles the source without running it.
+// Compiles the source without running it. Not everything is known of any source: Python gives some
+// up, such as those with null characters.
 SyntaxAnswer pythonSyntaxError(const QString &source);
 // The same in a thread, for long sources. It writes three lines into the file, which exists:
-// "answer", the line number, 0 for a valid source, and the message. False when it did not start.
+// "answer", the line number, 0 for a valid source, and the message; or "unknown" and two more.
+// Where it cannot write it removes the file. False when it did not start.
 bool startPythonSyntaxThread(const QString &source, const QString &answerFile);
 
 // Runs it among the names of the user's own scripts; true when nothing was raised.

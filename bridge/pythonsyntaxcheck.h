@@ -3,6 +3,7 @@
 
 #include "bridge/syntaxcheck.h"
 
+#include <QElapsedTimer>
 #include <QTemporaryFile>
 #include <QTimer>
 
@@ -25,8 +26,10 @@ private slots:
 private:
     PythonSyntaxCheck(const QString &source, QObject *parent);
     void checkAtOnce();
+    void end(const SyntaxAnswer &answer);
 
     QString m_source;            // until Python has it
     QTemporaryFile m_answerFile; // the thread gives up once it is gone
     QTimer m_timer;
+    QElapsedTimer m_clock; // since the thread began
 };

@@ -332,8 +332,20 @@ def _future_flags(tree):
         _operator.or_, [feature.compiler_flag for feature in features if feature], 0)
 
 
+_VALID = ("", "0")
+
+
 def _error_answer(error):
     return [str(error).partition(" (")[0], str(error.lineno or 1)]
+
+
+def _syntax_answer(source):
+    """Raises anything but SyntaxError where the parser cannot tell: null bytes, deep nesting."""
+    try:
+        _parse(_text(source))
+    except SyntaxError as error:
+        return _error_answer(error)
+    return list(_VALID)
 
 
 def _stepwise_syntax_check(source, is_wanted):
@@ -346,13 +358,14 @@ def _stepwise_syntax_check(source, is_wanted):
 
 def _write_syntax_answer(source, path):
     """Writes "answer", the line number, 0 when there is no error, and the message, each with a
-    line feed, into a file. When it is gone, nobody waits for it any more."""
+    line feed, into a file; where the parser cannot tell, "unknown" is the first word. When the file
+    is gone, nobody waits for it any more."""
+    word = "answer"
     try:
-        answer = _stepwise_syntax_check(source, lambda: _os.path.exists(path))
+        message, line = _stepwise_syntax_check(source, lambda: _os.path.exists(path)) or _VALID
     except BaseException:
-        answer = []
-    message, line = answer or ("", "0")
-    lines = ["answer", line, " ".join(message.splitlines()), ""]
+        word, (message, line) = "unknown", _VALID
+    lines = [word, line, " ".join(message.splitlines()), ""]
     with _io.open(path, "r+b") as answer_file:
         text = "\n".join(lines)
         answer_file.write(text if isinstance(text, bytes) else text.encode("utf-8", "replace"))
@@ -769,11 +782,14 @@ class CorvaneParser(_ast.NodeVisitor):
     @_never_raises(list)
     def syntax_check(source):
         """Returns [message, line number as text], or an empty list for valid code."""
-        try:
-            _parse(_text(source))
-        except SyntaxError as error:
-            return _error_answer(error)
-        return []
+        answer = _syntax_answer(source)
+        return [] if answer == list(_VALID) else answer
+
+    @staticmethod
+    @_never_raises(list)
+    def syntax_answer(source):
+        """The same, but ["", "0"] for valid code, and empty where the parser cannot tell."""
+        return _syntax_answer(source)
 
     @staticmethod
     @_never_raises(int)
@@ -783,14 +799,15 @@ class CorvaneParser(_ast.NodeVisitor):
         For long sources: the caller can go on at once, and look at the file without the
         interpreter.
         """
-        path = path.decode("utf-8") if isinstance(path, bytes) else path
+        if _os.name == "nt" and isinstance(path, bytes):  # elsewhere names are bytes to Python 2
+            path = path.decode("utf-8")
 
         def check():
             _time.sleep(0.01)  # until the caller, who has more to do, has gone on
             try:
                 _write_syntax_answer(source, path)
-            except EnvironmentError:
-                pass  # the file is gone
+            except Exception:  # a full disk: nobody shall wait for the rest
+                _never_raises(lambda: None)(_os.remove)(path)
 
         _start_thread(check, len(source))
         return 1

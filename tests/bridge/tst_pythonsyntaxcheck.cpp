@@ -32,6 +32,8 @@ private slots:
     void longTextsAreAnsweredLater();
     void longTextsDoNotHoldUpTheInterface();
     void aCheckThatIsGoneLeavesNothing();
+    void withoutItsFileACheckEnds();
+    void whatPythonCannotTellIsNotValid();
     void warningsDoNotShow();
     void withoutTheScriptThereIsNoCheck();
 
@@ -186,6 +188,33 @@ void PythonSyntaxCheckTest::aCheckThatIsGoneLeavesNothing()
     QCOMPARE(threads, 1);
     QCOMPARE(answerFiles(), QStringList());
     QCOMPARE(m_session->takeMessages(), QStringList());
+}
+
+// As those who clear the folder for temporary files do.
+void PythonSyntaxCheckTest::withoutItsFileACheckEnds()
+{
+    const std::unique_ptr<SyntaxCheck> check(startPythonSyntaxCheck(manyFunctions(2000), nullptr));
+    while (answerFiles().isEmpty())
+        QApplication::processEvents();
+    QVERIFY(QDir::temp().remove(answerFiles().first()));
+    QVERIFY(isAnswered(*check));
+    QVERIFY(!check->answer().isKnown);
+}
+
+// The scan's own errors stay then.
+void PythonSyntaxCheckTest::whatPythonCannotTellIsNotValid()
+{
+    const QString text = QString("if a and \\\n   b:\n    x = 1 + \\\n2\n") + QChar(0);
+    for (const QString &source : {text, text + manyFunctions(1000)}) {
+        EdCodeView view(0, EdCodeView::Python);
+        view.codeEdit()->setText(source);
+        QVERIFY(ScriptDetails::of(&view).python()->errors().count() > 0);
+        QElapsedTimer clock;
+        for (clock.start(); view.codeEdit()->errors().all().empty() && clock.elapsed() < 60000;)
+            QTest::qWait(1);
+        QVERIFY(!view.codeEdit()->errors().all().empty());
+        view.removeBufferFile();
+    }
 }
 
 void PythonSyntaxCheckTest::warningsDoNotShow()
