@@ -384,8 +384,7 @@ void EdCodeTabWidget::forceCloseTab(int tabIndex)
     EdCodeView *view = takeView(tabIndex);
     const QString path = view->fileInfo().absoluteFilePath();
     const int bufferIndex = view->bufferIndex();
-    view->removeBufferFile();
-    view->discardJournal();
+    view->retire();
     m_retiredViews.removeAll(QPointer<EdCodeView>());
     m_retiredViews << QPointer<EdCodeView>(view);
     view->deleteLater();

@@ -207,7 +207,7 @@ void EdCodeView::saveAs(const QString &path)
 bool EdCodeView::isOpen(const QString &path) const
 {
     for (const EdCodeView *view : window()->findChildren<EdCodeView *>()) {
-        if (view->fileInfo().absoluteFilePath() == path)
+        if (view != this && !view->m_isRetired && view->fileInfo().absoluteFilePath() == path)
             return true;
     }
     return false;

@@ -74,6 +74,9 @@ public:
     void removeBufferFile();
     // Whether other buffers, for want of names, have the same file.
     bool mayShareFile() const;
+    // For a document that the user has closed, and that is deleted soon: nothing of it is left but
+    // a file of the user's.
+    void retire();
     // By the file's suffix.
     void updateLanguage();
 
@@ -209,6 +212,7 @@ private:
     QFileInfo m_fileInfo;
     bool m_modified = false;
     bool m_isBuffer = true;
+    bool m_isRetired = false;                     // its name is free
     TextEncoding m_encoding = TextEncoding::Utf8; // as the file was read, or the user chose
     LineEnds m_lineEnds;
     std::optional<Fingerprint> m_seen;      // the file's; nothing while it has none of its own

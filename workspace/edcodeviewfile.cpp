@@ -275,7 +275,8 @@ void EdCodeView::createBufferFile()
     bool isFree = false;
     for (int number = 0; number < mostBuffers && !isFree; ++number) {
         m_fileInfo = QFileInfo(sharedBufferDirectory(), bufferFileName(number, language()));
-        isFree = !m_fileInfo.exists() && isClaimed(m_fileInfo.absoluteFilePath());
+        const QString path = m_fileInfo.absoluteFilePath();
+        isFree = !m_fileInfo.exists() && !isOpen(path) && isClaimed(path);
     }
     // Deliberate: when no name is free the buffer shares the last one, which its next saving takes.
     if (isFree)
@@ -295,4 +296,11 @@ void EdCodeView::removeBufferFile()
         return;
     QFile::remove(m_fileInfo.absoluteFilePath());
     discardJournal();
+}
+
+void EdCodeView::retire()
+{
+    removeBufferFile();
+    discardJournal();
+    m_isRetired = true;
 }

@@ -31,6 +31,7 @@ private slots:
     void filesOfTheUserAreNoBuffers();
     void restoringShowsNoBox();
     void savingBuffersLeavesFilesAlone();
+    void buffersKeepTheirNames();
     void tidiedBuffersAreWrittenAgain();
 
 private:
@@ -225,6 +226,26 @@ void TestEdCentralWidgetState::savingBuffersLeavesFilesAlone()
     central.save();
     QCOMPARE(m_buffers->read("corvaneEditorBuffer-0.mel"), QByteArray("x"));
     QVERIFY(central.currentCodeView()->isBuffer());
+}
+
+// A name is free once its buffer is closed, not when its file is gone.
+void TestEdCentralWidgetState::buffersKeepTheirNames()
+{
+    EdCentralWidget central;
+    central.newMelBuffer();
+    central.replace("first");
+    central.saveBuffers();
+    QVERIFY(QFile::remove(m_buffers->file("corvaneEditorBuffer-0.mel")));
+    central.newMelBuffer();
+    central.replace("second");
+    QCOMPARE(central.saveBuffersQuietly(), QStringList());
+    QCOMPARE(m_buffers->read("corvaneEditorBuffer-0.mel"), QByteArray("first"));
+    QCOMPARE(m_buffers->read("corvaneEditorBuffer-1.mel"), QByteArray("second"));
+    ModalAnswer answer("Yes");
+    central.closeBuffer(0);
+    central.newMelBuffer();
+    QCOMPARE(central.currentCodeView()->fileInfo().fileName(),
+             QString("corvaneEditorBuffer-0.mel"));
 }
 
 void TestEdCentralWidgetState::tidiedBuffersAreWrittenAgain()
