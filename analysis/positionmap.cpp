@@ -79,6 +79,14 @@ PositionMap::Range PositionMap::now(const Range &range) const
     return result;
 }
 
+bool PositionMap::isGuess(const Range &range) const
+{
+    const auto edit = firstBehind(range.start);
+    const bool isGone =
+        edit != m_edits.end() && edit->before.start <= range.start && edit->before.end >= range.end;
+    return isGone && edit->size() != range.end - range.start && edit->shift() != shiftBefore(edit);
+}
+
 // Of a stretch that went with more around it.
 PositionMap::Range PositionMap::guess(const Range &range, Edits::const_iterator edit) const
 {

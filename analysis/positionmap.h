@@ -26,6 +26,8 @@ public:
     // Where the stretch, which is not empty, is. What was typed at its ends is not in it, what was
     // typed inside is. Of one that is gone, what was typed in its place or an empty stretch near.
     Range now(const Range &range) const;
+    // Whether it went with more around it, so that now() can be anywhere in what came instead.
+    bool isGuess(const Range &range) const;
 
 private:
     // What was at `before` is replaced by what is at `after`. Sorted, and nothing touches.

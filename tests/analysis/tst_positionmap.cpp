@@ -37,21 +37,22 @@ void TestPositionMap::aNameIsFoundAfterAnEdit_data()
     QTest::addColumn<int>("added");
     QTest::addColumn<int>("start");
     QTest::addColumn<int>("end");
+    QTest::addColumn<bool>("guess");
 
     // The name is at 4, its end at 7.
-    QTest::newRow("typed-before") << 0 << 0 << 2 << 6 << 9;
-    QTest::newRow("typed-at-its-start") << 4 << 0 << 2 << 6 << 9;
-    QTest::newRow("typed-inside") << 5 << 0 << 2 << 4 << 9;
-    QTest::newRow("typed-at-its-end") << 7 << 0 << 2 << 4 << 7;
-    QTest::newRow("first-letter-replaced") << 4 << 1 << 1 << 4 << 7;
-    QTest::newRow("last-letters-replaced") << 5 << 2 << 3 << 4 << 8;
-    QTest::newRow("start-and-more-replaced") << 2 << 3 << 9 << 11 << 13;
-    QTest::newRow("end-and-more-replaced") << 6 << 5 << 9 << 4 << 6;
-    QTest::newRow("replaced") << 4 << 3 << 5 << 4 << 9;
-    QTest::newRow("deleted") << 4 << 3 << 0 << 4 << 4;
-    QTest::newRow("deleted-with-more") << 2 << 9 << 0 << 2 << 2;
-    QTest::newRow("all-replaced") << 0 << 20 << 30 << 4 << 4;
-    QTest::newRow("only-formats") << 0 << 20 << 20 << 4 << 7;
+    QTest::newRow("typed-before") << 0 << 0 << 2 << 6 << 9 << false;
+    QTest::newRow("typed-at-its-start") << 4 << 0 << 2 << 6 << 9 << false;
+    QTest::newRow("typed-inside") << 5 << 0 << 2 << 4 << 9 << false;
+    QTest::newRow("typed-at-its-end") << 7 << 0 << 2 << 4 << 7 << false;
+    QTest::newRow("first-letter-replaced") << 4 << 1 << 1 << 4 << 7 << false;
+    QTest::newRow("last-letters-replaced") << 5 << 2 << 3 << 4 << 8 << false;
+    QTest::newRow("start-and-more-replaced") << 2 << 3 << 9 << 11 << 13 << false;
+    QTest::newRow("end-and-more-replaced") << 6 << 5 << 9 << 4 << 6 << false;
+    QTest::newRow("replaced") << 4 << 3 << 5 << 4 << 9 << false;
+    QTest::newRow("deleted") << 4 << 3 << 0 << 4 << 4 << false;
+    QTest::newRow("deleted-with-more") << 2 << 9 << 0 << 2 << 2 << true;
+    QTest::newRow("all-replaced") << 0 << 20 << 30 << 4 << 4 << true;
+    QTest::newRow("only-formats") << 0 << 20 << 20 << 4 << 7 << false;
 }
 
 void TestPositionMap::aNameIsFoundAfterAnEdit()
@@ -64,6 +65,7 @@ void TestPositionMap::aNameIsFoundAfterAnEdit()
     const PositionMap::Range name = map.now({4, 7});
     QTEST(name.start, "start");
     QTEST(name.end, "end");
+    QTEST(map.isGuess({4, 7}), "guess");
 }
 
 void TestPositionMap::charactersAreFoundAfterAnyEdits()
