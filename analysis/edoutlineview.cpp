@@ -12,6 +12,7 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QMenu>
+#include <QPersistentModelIndex>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextCursor>
@@ -83,7 +84,7 @@ EdOutlineView::EdOutlineView(QWidget *parent)
     m_tree->setUniformRowHeights(true);
     m_tree->setIconSize(QSize(iconPixels, iconPixels));
     m_tree->setFrameShape(QFrame::NoFrame);
-    m_tree->setPalette(m_palettes.unfocused);
+    updatePalette();
     setFocusProxy(m_tree);
 
     QVBoxLayout *layout = new QVBoxLayout(this);
@@ -142,6 +143,21 @@ bool EdOutlineView::eventFilter(QObject *watched, QEvent *event)
     return QWidget::eventFilter(watched, event);
 }
 
+// The window's or the program's colours are others.
+void EdOutlineView::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        updatePalette();
+}
+
+void EdOutlineView::updatePalette()
+{
+    m_tree->setPalette(QPalette()); // without what was set here before
+    m_palettes = FocusPalettes(m_tree->palette());
+    m_tree->setPalette(m_tree->hasFocus() ? m_palettes.focused : m_palettes.unfocused);
+}
+
 void EdOutlineView::parseMelCode(const MelParser &parser)
 {
     showItemsOf(parser);
@@ -155,21 +171,22 @@ void EdOutlineView::parsePythonCode(const PythonParser &parser)
 void EdOutlineView::showItemsOf(const BaseParser &parser)
 {
     const QString path = parser.file().absoluteFilePath();
+    // Saved under another name: the document that is closed has the outline of a new one.
+    if (m_path.isEmpty() && !m_details.contains(path) && m_outline.shows(parser.outlineItems()))
+        m_path = path;
     if (path == m_path)
         m_outline.update(parser.outlineItems());
     else
         openDocument(path, parser.outlineItems());
-    // The preferences may be others.
-    m_outline.updateHidden();
-    if (m_sortButton->isChecked() != preferences().sort)
-        sortAlphabetically(preferences().sort);
-    markCaret();
+    updatePreferences(); // of which nobody may have told
 }
 
 void EdOutlineView::openDocument(const QString &path, const QList<OutlineItem> &items)
 {
     storeDetails();
     m_path = path;
+    m_caret.position = -1;
+    m_keepsScrollPosition = m_details.contains(path);
     const Details details = m_details.value(path);
     m_outline.fill(items, details.expansion);
     if (details.scrollPosition > 0) {
@@ -188,14 +205,9 @@ void EdOutlineView::storeDetails()
     m_details.insert(m_path, details);
 }
 
-void EdOutlineView::showNothing()
-{
-    openDocument(QString(), QList<OutlineItem>());
-}
-
 void EdOutlineView::clear()
 {
-    showNothing();
+    openDocument(QString(), QList<OutlineItem>());
     m_details.clear();
 }
 
@@ -204,6 +216,16 @@ void EdOutlineView::clearStoredDetails(const QString &path)
     m_details.remove(QFileInfo(path).absoluteFilePath());
     if (m_path == QFileInfo(path).absoluteFilePath())
         m_path.clear(); // lest it be stored again when another document is shown
+}
+
+void EdOutlineView::renameStoredDetails(const QString &oldPath, const QString &newPath)
+{
+    const QString before = QFileInfo(oldPath).absoluteFilePath();
+    const QString now = QFileInfo(newPath).absoluteFilePath();
+    if (m_details.contains(before))
+        m_details.insert(now, m_details.take(before));
+    if (m_path == before)
+        m_path = now;
 }
 
 void EdOutlineView::contentsChange(int position, int charsRemoved, int charsAdded)
@@ -230,31 +252,53 @@ void EdOutlineView::markCaret()
     // Whoever moves through the tree is not taken elsewhere.
     if (m_caret.position < 0 || (m_tree->hasFocus() && m_tree->currentItem()))
         return;
+    if (m_outline.isGuess(m_caret)) // until the next parse
+        return;
     QTreeWidgetItem *item = m_outline.visibleNodeAt(m_caret);
     if (!item)
         return m_tree->clearSelection();
     if (item == m_tree->currentItem() && item->isSelected())
         return;
-    // Nothing moves away below the mouse, which may be about to click.
-    m_tree->setAutoScroll(!m_tree->underMouse());
+    // Nothing moves away below the mouse, which may be about to click, nor from where it was left.
+    m_tree->setAutoScroll(!m_keepsScrollPosition && !m_tree->underMouse());
+    m_keepsScrollPosition = false;
     m_tree->setCurrentItem(item);
     m_tree->setAutoScroll(true);
 }
 
+bool EdOutlineView::hasKnownPlace(QTreeWidgetItem *item)
+{
+    if (!m_outline.isGuess(*item))
+        return true;
+    const QPersistentModelIndex place = m_tree->indexFromItem(item);
+    emit freshParseWanted();
+    return place.isValid();
+}
+
 void EdOutlineView::onItemClicked(QTreeWidgetItem *item, int)
 {
-    emit outlineItemClicked(startOf(*item), endOf(*item), false);
+    if (hasKnownPlace(item))
+        emit outlineItemClicked(startOf(*item), endOf(*item), false);
 }
 
 void EdOutlineView::onItemDoubleClicked(QTreeWidgetItem *item, int)
 {
-    emit outlineItemDoubleClicked(startOf(*item), endOf(*item), true);
+    if (hasKnownPlace(item))
+        emit outlineItemDoubleClicked(startOf(*item), endOf(*item), true);
 }
 
 void EdOutlineView::onSelectionChanged()
 {
     if (QTreeWidgetItem *item = m_tree->currentItem())
         onItemClicked(item, 0);
+}
+
+void EdOutlineView::updatePreferences()
+{
+    m_outline.updateHidden();
+    if (m_sortButton->isChecked() != preferences().sort)
+        sortAlphabetically(preferences().sort);
+    markCaret();
 }
 
 void EdOutlineView::sortAlphabetically(bool on)
@@ -307,7 +351,6 @@ void EdOutlineView::toggleProcVisibility()
 void EdOutlineView::toggle(bool Preferences::*preference)
 {
     preferences().*preference = !(preferences().*preference);
-    m_outline.updateHidden();
-    markCaret();
+    updatePreferences();
     emit outlineViewChanged();
 }

@@ -35,6 +35,9 @@ signals:
     void outlineItemDoubleClicked(int startPos, int endPos, bool focus);
     // A preference about kinds of items was changed here.
     void outlineViewChanged();
+    // A place was asked for that edits have left unknown: whoever parses the document at once, and
+    // hands over the parser, has it found.
+    void freshParseWanted();
 
 public slots:
     // The parser's file is the document. Another one than before is shown as it was left; else
@@ -48,17 +51,19 @@ public slots:
     void followCaret(int position);
     void followCaret(const QTextCursor &caret);
 
-    // Empties the tree, for a document without an outline.
-    void showNothing();
-    // Also forgets how the documents were left, all of them or one.
+    // Empties the tree and forgets how the documents were left.
     void clear();
+    // Forgets how one was left, or knows it by another path.
     void clearStoredDetails(const QString &path);
+    void renameStoredDetails(const QString &oldPath, const QString &newPath);
 
     void onItemClicked(QTreeWidgetItem *item, int column);
     void onItemDoubleClicked(QTreeWidgetItem *item, int column);
     // Shows the place of the current item, as a click does.
     void onSelectionChanged();
 
+    // Takes over how the preferences sort, and what they hide.
+    void updatePreferences();
     void sortAlphabetically(bool on);
     void showViewDialog();
     void toggleImportVisibility();
@@ -66,6 +71,9 @@ public slots:
     void toggleGlobalVariableVisibility();
     void toggleGlobalProcVisibility();
     void toggleProcVisibility();
+
+protected:
+    void changeEvent(QEvent *event) override;
 
 private slots:
     void markCaret();
@@ -83,6 +91,9 @@ private:
     void showItemsOf(const BaseParser &parser);
     void openDocument(const QString &path, const QList<OutlineItem> &items);
     void storeDetails();
+    // False when that has taken the item away.
+    bool hasKnownPlace(QTreeWidgetItem *item);
+    void updatePalette();
     void toggle(bool Preferences::*preference);
 
     EdTreeWidget *m_tree;
@@ -91,5 +102,6 @@ private:
     FocusPalettes m_palettes;
     QString m_path; // of the document; empty for none
     QHash<QString, Details> m_details;
-    OutlineCaret m_caret = {-1, 0, 0};
+    OutlineCaret m_caret = {-1, 0, 0};  // at -1 until the document's is known
+    bool m_keepsScrollPosition = false; // at the next mark
 };

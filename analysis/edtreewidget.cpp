@@ -4,6 +4,7 @@
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QScrollBar>
 #include <QToolTip>
 
 namespace {
@@ -24,6 +25,13 @@ EdTreeWidget::EdTreeWidget(QWidget *parent) : QTreeWidget(parent)
     setEditTriggers(NoEditTriggers);
     // A double click goes to what the item stands for, and needs no other effect.
     setExpandsOnDoubleClick(false);
+}
+
+void EdTreeWidget::scrollTo(const QModelIndex &index, ScrollHint hint)
+{
+    const int left = horizontalScrollBar()->value();
+    QTreeWidget::scrollTo(index, hint);
+    horizontalScrollBar()->setValue(left);
 }
 
 void EdTreeWidget::keyPressEvent(QKeyEvent *event)

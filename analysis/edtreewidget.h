@@ -13,6 +13,11 @@ class EdTreeWidget : public QTreeWidget
 public:
     explicit EdTreeWidget(QWidget *parent = nullptr);
 
+    using QTreeWidget::indexFromItem; // not public in every version of Qt
+
+    // Never sideways: names begin at the left, and the user has moved there for what they end with.
+    void scrollTo(const QModelIndex &index, ScrollHint hint = EnsureVisible) override;
+
 signals:
     // The arrow keys and the like made another item the current one, or the start of its name did.
     void currentItemChangedByKey();

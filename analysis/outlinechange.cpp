@@ -40,14 +40,17 @@ std::vector<int> outlineParents(const QList<OutlineItem> &items)
 {
     std::vector<int> parents;
     parents.reserve(items.size());
-    std::vector<int> open; // items whose bodies have not ended, the innermost last
+    std::vector<int> open; // items with bodies, depths ascending
     for (int i = 0; i < int(items.size()); ++i) {
         const OutlineItem &item = items[i];
-        while (!open.empty() && items[open.back()].depth >= item.depth)
-            open.pop_back();
-        parents.push_back(open.empty() ? -1 : open.back());
-        if (outlineKindRow(item.kind).hasBody)
+        const auto end = std::find_if(open.begin(), open.end(), [&](int parent) {
+            return items[parent].depth >= item.depth;
+        });
+        parents.push_back(end == open.begin() ? -1 : *(end - 1));
+        if (outlineKindRow(item.kind).hasBody) {
+            open.erase(end, open.end());
             open.push_back(i);
+        }
     }
     return parents;
 }
@@ -65,15 +68,16 @@ OutlineChange outlineChange(const QList<OutlineItem> &before, const std::vector<
         change.oldEnd == change.newEnd && std::equal(from, to, after.begin() + first, hasSameShape);
     if (change.onlyNames)
         return change;
-    // What stood below an item that is gone has to find its place anew. The first item that stands
-    // where it stood has everything after it stand there too.
-    const auto staysInPlace = [&] {
-        const int parent = parentsBefore[change.oldEnd];
-        return parent < first && parentsAfter[change.newEnd] == parent;
-    };
-    while (change.oldEnd < int(before.size()) && !staysInPlace()) {
-        ++change.oldEnd;
-        ++change.newEnd;
+    // What stood below an item that is gone has to find its place anew, and all before it with it.
+    const int growth = change.newEnd - change.oldEnd;
+    for (int i = change.oldEnd; i < int(before.size()); ++i) {
+        const int parent = parentsBefore[i];
+        const int expected = parent < first ? parent : parent + growth;
+        const bool isBelowGone = parent >= first && parent < change.oldEnd;
+        if (isBelowGone || parentsAfter[i + growth] != expected) {
+            change.oldEnd = i + 1;
+            change.newEnd = i + 1 + growth;
+        }
     }
     return change;
 }

@@ -8,7 +8,8 @@
 #include <vector>
 
 // For each item the index of the one it is listed under, or -1 at top level: the last one before it
-// with a body and less depth, unless an item between them shows that its body has ended.
+// that has a body at the next smaller depth at which there is one. A body at some depth ends those
+// at greater depths before it.
 std::vector<int> outlineParents(const QList<OutlineItem> &items);
 
 // What turns one list into another, positions left aside: the items from `first` to `oldEnd` give

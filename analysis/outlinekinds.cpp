@@ -19,6 +19,9 @@ const OutlineKindRow rows[outlineKindCount] = {
     {":/icons/python_static_method.png", nullptr,                                  true},
     {":/icons/python_class_method.png",  nullptr,                                  true},
     {":/icons/python_class.png",         nullptr,                                  true},
+    // Variables, and those of classes; no parser lists them yet.
+    {":/icons/python_variable.png",       nullptr,                                 false},
+    {":/icons/python_class_variable.png", nullptr,                                 false},
 };
 // clang-format on
 

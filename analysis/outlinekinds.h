@@ -11,7 +11,7 @@ struct OutlineKindRow
     bool hasBody;               // which goes on below its name, and may hold other items
 };
 
-const int outlineKindCount = 12; // with 0, which is none
+const int outlineKindCount = 14; // with 0, which is none
 
 // The kind itself, or 0 for a number that is none.
 int outlineKindNumber(int kind);

@@ -7,6 +7,12 @@ PositionMap::Range OutlineContents::range(int index) const
     return edits.now({item.position, item.position + int(item.name.size())});
 }
 
+bool OutlineContents::isGuess(int index) const
+{
+    const OutlineItem &item = items[index];
+    return edits.isGuess({item.position, item.position + int(item.name.size())});
+}
+
 OutlineNode::OutlineNode(int index, const OutlineContents *contents)
     : QTreeWidgetItem(UserType), m_index(index), m_contents(contents)
 {

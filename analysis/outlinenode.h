@@ -19,6 +19,7 @@ struct OutlineContents
 
     // Of the item's name in the text as it is now.
     PositionMap::Range range(int index) const;
+    bool isGuess(int index) const;
 };
 
 // A row of the outline's tree. Thousands are made while the user waits, so it holds nothing but the

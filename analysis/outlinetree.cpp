@@ -15,6 +15,12 @@ OutlineNode *toNode(QTreeWidgetItem *item)
     return static_cast<OutlineNode *>(item);
 }
 
+QString pathOf(const QTreeWidgetItem &node)
+{
+    const QTreeWidgetItem *parent = node.parent();
+    return (parent ? parent->text(0) : QString()) + QLatin1Char('/') + node.text(0);
+}
+
 // While it lives, a sorted tree is not sorted at every step, but once at the end.
 class SortingPause
 {
@@ -55,6 +61,8 @@ void OutlineTree::fill(const QList<OutlineItem> &items, const OutlineExpansion &
 {
     const OutlineChange everything = {0, int(m_nodes.size()), int(items.size()), false};
     m_expansion = expansion;
+    m_tree->verticalScrollBar()->setValue(0); // there is no place to keep
+    m_awaitedTop.clear();
     replace(items, outlineParents(items), everything);
 }
 
@@ -65,12 +73,17 @@ void OutlineTree::update(const QList<OutlineItem> &items)
     const int changed = change.oldEnd + change.newEnd - 2 * change.first;
     if (changed == 0)
         return take(items, parents);
-    if (changed > int(m_nodes.size())) // cheaper, and there is little that could be kept
-        return fill(items, expansion());
-    if (change.onlyNames)
+    const bool keepsLittle = changed > int(m_nodes.size());
+    if (change.onlyNames && !keepsLittle)
         return rename(items, parents, change);
     rememberExpansion();
-    replace(items, parents, change);
+    const OutlineChange everything = {0, int(m_nodes.size()), int(items.size()), false};
+    replace(items, parents, keepsLittle ? everything : change); // all of it: cheaper then
+}
+
+bool OutlineTree::shows(const QList<OutlineItem> &items) const
+{
+    return outlineChange(m_contents.items, m_parents, items, outlineParents(items)).isEmpty();
 }
 
 void OutlineTree::contentsChange(int position, int charsRemoved, int charsAdded)
@@ -105,8 +118,13 @@ void OutlineTree::replace(const QList<OutlineItem> &items, const Indexes &parent
                           const OutlineChange &change)
 {
     OutlineNode *top = firstNodeInView();
-    if (top && top->index() >= change.first && top->index() < change.oldEnd)
+    if (m_tree->verticalScrollBar()->value() != m_scrollWithoutTop)
+        m_awaitedTop.clear();
+    if (top && top->index() >= change.first && top->index() < change.oldEnd) {
+        if (m_awaitedTop.isEmpty())
+            m_awaitedTop = pathOf(*top);
         top = nullptr;
+    }
     {
         SortingPause pause(m_tree);
         removeNodes(change.first, change.oldEnd);
@@ -116,7 +134,29 @@ void OutlineTree::replace(const QList<OutlineItem> &items, const Indexes &parent
     expandNodes(change.first, change.newEnd);
     updateHidden();
     if (top) // rows that came or went above it do not move what the user looks at
-        m_tree->scrollToItem(top, QTreeWidget::PositionAtTop);
+        scrollToTop(top);
+    if (!m_awaitedTop.isEmpty())
+        scrollToAwaitedTop(change.first, change.newEnd);
+}
+
+// Not to the left, as the tree would.
+void OutlineTree::scrollToTop(OutlineNode *node)
+{
+    const int left = m_tree->horizontalScrollBar()->value();
+    m_tree->scrollToItem(node, QTreeWidget::PositionAtTop);
+    m_tree->horizontalScrollBar()->setValue(left);
+}
+
+void OutlineTree::scrollToAwaitedTop(int first, int end)
+{
+    for (int i = first; i < end; ++i) {
+        if (pathOf(*m_nodes[i]) != m_awaitedTop)
+            continue;
+        m_awaitedTop.clear();
+        return scrollToTop(m_nodes[i]);
+    }
+    m_tree->doItemsLayout(); // or the view is still where it will not stay
+    m_scrollWithoutTop = m_tree->verticalScrollBar()->value();
 }
 
 // Null at the upper end of the tree, where new rows may come into view.
@@ -267,6 +307,20 @@ QTreeWidgetItem *OutlineTree::visibleNodeAt(const OutlineCaret &caret) const
             visible = parent;
     }
     return visible;
+}
+
+bool OutlineTree::isGuess(const QTreeWidgetItem &node) const
+{
+    return m_contents.isGuess(static_cast<const OutlineNode &>(node).index());
+}
+
+// The items on both sides: the caret may be in what came in the place of either.
+bool OutlineTree::isGuess(const OutlineCaret &caret) const
+{
+    const int index = itemAt(caret);
+    const int next = index + 1;
+    return (index >= 0 && m_contents.isGuess(index)) ||
+           (next < int(m_nodes.size()) && m_contents.isGuess(next));
 }
 
 int OutlineTree::itemAt(const OutlineCaret &caret) const

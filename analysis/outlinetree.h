@@ -33,6 +33,8 @@ public:
     void fill(const QList<OutlineItem> &items, const OutlineExpansion &expansion);
     // Of the same text after edits.
     void update(const QList<OutlineItem> &items);
+    // Whether the items are those of the last list, positions left aside.
+    bool shows(const QList<OutlineItem> &items) const;
     // Of the text; until the next list the nodes' positions move with it.
     void contentsChange(int position, int charsRemoved, int charsAdded);
 
@@ -47,6 +49,10 @@ public:
     // The innermost item whose name or body the caret is in, as far as the items alone tell, or
     // what of its parents can be seen; null for none. Takes logarithmic time.
     QTreeWidgetItem *visibleNodeAt(const OutlineCaret &caret) const;
+    // Whether edits have left it unknown, until the next list, where the node's name is, or what
+    // is around the caret.
+    bool isGuess(const QTreeWidgetItem &node) const;
+    bool isGuess(const OutlineCaret &caret) const;
 
 private:
     typedef std::vector<int> Indexes;
@@ -61,6 +67,8 @@ private:
     void insertRows(QTreeWidgetItem *parent, const QList<QTreeWidgetItem *> &nodes);
     int rowFor(const QTreeWidgetItem &parent, int index) const;
     OutlineNode *firstNodeInView() const;
+    void scrollToTop(OutlineNode *node);
+    void scrollToAwaitedTop(int first, int end);
     void rememberExpansion();
     void expandNodes(int first, int end);
     int itemAt(const OutlineCaret &caret) const;
@@ -71,6 +79,10 @@ private:
     QTreeWidget *m_tree;
     OutlineContents m_contents;
     OutlineExpansion m_expansion; // as it was when last remembered
+    // The text, below that of its parent, of the upmost node in view that is gone for now; empty
+    // for none. Where the view is then tells whether the user has gone elsewhere.
+    QString m_awaitedTop;
+    int m_scrollWithoutTop = 0;
     // For each item:
     std::vector<OutlineNode *> m_nodes; // owned by the tree
     Indexes m_parents;

@@ -161,11 +161,14 @@ void Kestrowl::connectOutline()
             SLOT(parsePythonCode(PythonParser)));
     connect(m_central, SIGNAL(clearScriptDetails()), m_outline, SLOT(clear()));
     connect(m_central, SIGNAL(fileClosed(QString)), m_outline, SLOT(clearStoredDetails(QString)));
+    connect(m_central, SIGNAL(fileRenamed(QString, QString)), m_outline,
+            SLOT(renameStoredDetails(QString, QString)));
     connect(m_outline, SIGNAL(outlineItemClicked(int, int, bool)), m_central,
             SLOT(setCursorSelection(int, int, bool)));
     connect(m_outline, SIGNAL(outlineItemDoubleClicked(int, int, bool)), m_central,
             SLOT(setCursorSelection(int, int, bool)));
     connect(m_outline, SIGNAL(outlineViewChanged()), m_central, SLOT(activeViewChange()));
+    connect(m_outline, SIGNAL(freshParseWanted()), m_central, SLOT(activeViewChange()));
 }
 
 void Kestrowl::connectOtherDocks()

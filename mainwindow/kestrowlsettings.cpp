@@ -2,6 +2,7 @@
 // The window and its files of settings: what is read when it is made, and written on demand.
 #include "mainwindow/kestrowl.h"
 
+#include "analysis/edoutlineview.h"
 #include "mainwindow/filenames.h"
 #include "workspace/flagscope.h"
 #include "mainwindow/inifile.h"
@@ -220,6 +221,7 @@ void Kestrowl::updatePreferences()
         preferences().projectDir = m_scriptDirectory;
     m_explorer->setProjectDirectory(preferences().projectDir);
     m_explorer->updateFilter();
+    m_outline->updatePreferences();
     overrideScriptEditorButton(preferences().overrideScriptEditor);
 }
 

@@ -171,8 +171,11 @@ private slots:
     void whatDoesNotChangeStays();
     void aRenamedClassStaysOpen();
     void whatIsGoneForNowComesBackExpanded();
+    void whatIsGoneForNowComesBackInPlace();
     void theViewStandsStillBelowNewItems();
     void documentsAreShownAsTheyWereLeft();
+    void otherNamesOfADocumentKeepItsState();
+    void anotherDocumentIsMarkedByItsOwnCaret();
     void forgottenDocumentsAreCollapsed();
     void sortingGoesByName();
     void hiddenKindsStayInTheTree();
@@ -180,6 +183,8 @@ private slots:
     void clicksReportTheName();
     void keysShowAndOpenItems();
     void namesAreFoundBetweenParses();
+    void guessesAreFoundByAFreshParse();
+    void preferencesAreTakenOver();
     void theCaretsItemIsMarked_data();
     void theCaretsItemIsMarked();
     void onlyVisibleItemsAreMarked();
@@ -242,8 +247,13 @@ void TestEdOutlineView::itemsStandBelowWhatHoldsThem_data()
                                     << "A(b c)";
     QTest::newRow("nothing-above") << "if x:\n  import a\n  def b():\n    pass"
                                    << "a b";
-    QTest::newRow("body-has-ended") << "class A:\n  pass\nimport b\nif x:\n  def c(): pass"
-                                    << "A b c";
+    QTest::newRow("import-between") << "class A:\n  pass\nimport b\nif x:\n  def c(): pass"
+                                    << "A(c) b";
+    QTest::newRow("function-between") << "class A:\n  pass\ndef b(): pass\nif x:\n  def c(): pass"
+                                      << "A b(c)";
+    QTest::newRow("deeper-is-forgotten")
+        << "class A:\n  def b(s): pass\nclass C:\n    def d(s): pass"
+        << "A(b) C(d)";
     QTest::newRow("main") << "if __name__ == '__main__':\n  import a"
                           << "__main__(a)";
 }
@@ -336,6 +346,30 @@ void TestEdOutlineView::whatIsGoneForNowComesBackExpanded()
     QCOMPARE(drawn(view), QString("os Tool+(run(re) stop) main"));
 }
 
+void TestEdOutlineView::whatIsGoneForNowComesBackInPlace()
+{
+    QList<OutlineItem> items;
+    for (int i = 0; i < 200; ++i)
+        items << item(FunctionItem, QString("f%1").arg(i), 0);
+    EdOutlineView view;
+    view.resize(200, 200);
+    view.show();
+    view.parsePythonCode(parserWith(items));
+    treeOf(view)->doItemsLayout();
+    QScrollBar *bar = treeOf(view)->verticalScrollBar();
+    for (int left : {2, 60}) { // of which one is filled anew
+        bar->setValue(100);
+        view.parsePythonCode(parserWith(items.mid(0, left)));
+        view.parsePythonCode(parserWith(items.mid(0, left + 1)));
+        view.parsePythonCode(parserWith(items));
+        QCOMPARE(treeOf(view)->itemAt(0, 0)->text(0), QString("f100"));
+    }
+    view.parsePythonCode(parserWith(items.mid(0, 60)));
+    bar->setValue(20); // the user goes elsewhere
+    view.parsePythonCode(parserWith(items));
+    QCOMPARE(bar->value(), 20);
+}
+
 void TestEdOutlineView::theViewStandsStillBelowNewItems()
 {
     QList<OutlineItem> items;
@@ -365,10 +399,50 @@ void TestEdOutlineView::documentsAreShownAsTheyWereLeft()
     other.parse("global proc Tool() { global int $a; }", "/scripts/b.mel");
     view.parseMelCode(other);
     QCOMPARE(drawn(view), QString("Tool($a)"));
-    view.showNothing();
-    QCOMPARE(drawn(view), QString());
     view.parsePythonCode(parsed(script));
     QCOMPARE(drawn(view), QString("os Tool+(run+(re) stop) main"));
+}
+
+void TestEdOutlineView::otherNamesOfADocumentKeepItsState()
+{
+    EdOutlineView view;
+    view.parsePythonCode(parsed(script));
+    find(view, "Tool")->setExpanded(true);
+    view.renameStoredDetails(path, "/scripts/renamed.py");
+    view.parsePythonCode(parsed(script, "/scripts/renamed.py"));
+    QCOMPARE(drawn(view), QString("os Tool+(run(re) stop) main"));
+    view.parsePythonCode(parsed("", "/scripts/b.py"));
+    view.renameStoredDetails("/scripts/renamed.py", path); // while it is not shown
+    view.parsePythonCode(parsed(script));
+    QCOMPARE(drawn(view), QString("os Tool+(run(re) stop) main"));
+    view.clearStoredDetails(path); // it is saved under another name
+    view.parsePythonCode(parsed(script, "/scripts/saved.py"));
+    QCOMPARE(drawn(view), QString("os Tool+(run(re) stop) main"));
+}
+
+// Its caret is still that of the document before.
+void TestEdOutlineView::anotherDocumentIsMarkedByItsOwnCaret()
+{
+    QList<OutlineItem> items;
+    for (int i = 0; i < 200; ++i)
+        items << item(FunctionItem, QString("f%1").arg(i), 0, 10 * i);
+    EdOutlineView view;
+    view.resize(200, 200);
+    view.show();
+    view.parsePythonCode(parserWith(items));
+    view.followCaret(0);
+    QScrollBar *bar = treeOf(view)->verticalScrollBar();
+    bar->setValue(50);
+    view.parsePythonCode(parserWith(items, "/scripts/b.py"));
+    QVERIFY(treeOf(view)->selectedItems().isEmpty());
+    view.followCaret(1500);
+    QCOMPARE(treeOf(view)->currentItem(), find(view, "f150"));
+    view.parsePythonCode(parserWith(items));
+    view.followCaret(0);
+    QCOMPARE(treeOf(view)->currentItem(), find(view, "f0"));
+    QCOMPARE(bar->value(), 50);
+    view.followCaret(10);
+    QCOMPARE(bar->value(), 1); // as ever
 }
 
 void TestEdOutlineView::forgottenDocumentsAreCollapsed()
@@ -512,6 +586,59 @@ void TestEdOutlineView::namesAreFoundBetweenParses()
     QCOMPARE(find(view, "Tool")->data(1, Qt::UserRole).toInt(), 16 + 9);
 }
 
+// Parses a text anew when an outline wants it.
+class FreshParser : public QObject
+{
+    Q_OBJECT
+
+public:
+    FreshParser(EdOutlineView *view, const QString &text) : m_view(view), m_text(text)
+    {
+        connect(view, SIGNAL(freshParseWanted()), SLOT(parse()));
+    }
+
+public slots:
+    void parse() { m_view->parsePythonCode(parsed(m_text)); }
+
+private:
+    EdOutlineView *m_view;
+    QString m_text;
+};
+
+void TestEdOutlineView::guessesAreFoundByAFreshParse()
+{
+    EdOutlineView view;
+    view.parsePythonCode(parsed(script));
+    treeOf(view)->expandAll();
+    view.followCaret(80);
+    const QTreeWidgetItem *marked = treeOf(view)->currentItem();
+    const QString indented = QString(script).replace("\n    ", "\n      ");
+    view.contentsChange(22, 75, 83); // all lines of the class, in one go
+    view.followCaret(30);
+    QCOMPARE(treeOf(view)->currentItem(), marked);
+    FreshParser parser(&view, indented);
+    QSignalSpy clicks(&view, SIGNAL(outlineItemClicked(int, int, bool)));
+    view.onItemClicked(find(view, "stop"), 0);
+    const int stop = int(indented.indexOf("stop"));
+    QCOMPARE(clicks.takeFirst(), QList<QVariant>() << stop << stop + 4 << false);
+
+    view.contentsChange(0, int(indented.size()), 3);
+    FreshParser without(&view, "x=1");
+    view.onItemClicked(find(view, "stop"), 0); // no longer there
+    QCOMPARE(int(clicks.size()), 0);
+}
+
+void TestEdOutlineView::preferencesAreTakenOver()
+{
+    EdOutlineView view;
+    view.parsePythonCode(parsed(script));
+    preferences().sort = true;
+    preferences().pythonHideImportInOutline = true;
+    view.updatePreferences();
+    QVERIFY(view.findChildren<QToolButton *>().first()->isChecked());
+    QCOMPARE(drawn(view), QString("main [os] Tool(run([re]) stop)"));
+}
+
 void TestEdOutlineView::theCaretsItemIsMarked_data()
 {
     QTest::addColumn<int>("position");
@@ -594,6 +721,11 @@ void TestEdOutlineView::theSelectionIsSubduedWithoutFocus()
     QCoreApplication::sendEvent(tree, &out);
     QCOMPARE(tree->palette().color(active, QPalette::Highlight),
              tree->palette().color(active, QPalette::AlternateBase));
+    QPalette red = view.palette();
+    red.setColor(QPalette::Highlight, Qt::red);
+    view.setPalette(red);
+    QCoreApplication::sendEvent(tree, &in);
+    QCOMPARE(tree->palette().color(active, QPalette::Highlight), QColor(Qt::red));
 }
 
 CORVANE_TEST_MAIN(TestEdOutlineView)

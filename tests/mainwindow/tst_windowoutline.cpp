@@ -17,6 +17,8 @@ class TestWindowOutline : public QObject
 private slots:
     void itAlwaysShowsTheActiveDocument();
     void itemsLeadToTheirNames();
+    void placesAreFoundAfterEditsOfManyLines();
+    void savingUnderAnotherNameKeepsItOpen();
     void theCaretMarksItsItem();
 };
 
@@ -69,6 +71,29 @@ void TestWindowOutline::itemsLeadToTheirNames()
     QVERIFY(QMetaObject::invokeMethod(fixture.window.dock(Dock::Outline)->widget(), "onItemClicked",
                                       Q_ARG(QTreeWidgetItem *, item), Q_ARG(int, 0)));
     QCOMPARE(fixture.edit()->textCursor().selectedText(), QString("one"));
+}
+
+// As one change, which alone would not tell where the names are in it.
+void TestWindowOutline::placesAreFoundAfterEditsOfManyLines()
+{
+    WindowFixture fixture;
+    fixture.window.open(fixture.dir.write("a.mel", "proc one() {}\nproc two() {}\n// end\n"));
+    fixture.edit()->selectAll();
+    fixture.edit()->increaseIndent();
+    QTreeWidgetItem *item = tree(fixture)->topLevelItem(1);
+    QVERIFY(QMetaObject::invokeMethod(fixture.window.dock(Dock::Outline)->widget(), "onItemClicked",
+                                      Q_ARG(QTreeWidgetItem *, item), Q_ARG(int, 0)));
+    QCOMPARE(fixture.edit()->textCursor().selectedText(), QString("two"));
+}
+
+void TestWindowOutline::savingUnderAnotherNameKeepsItOpen()
+{
+    WindowFixture fixture;
+    fixture.window.open(fixture.dir.write("a.py", "class A:\n    def b(self): pass\n"));
+    tree(fixture)->expandAll();
+    fixture.window.central()->pane(0)->saveAs(fixture.dir.file("b.py"));
+    fixture.window.central()->activeViewChange();
+    QVERIFY(tree(fixture)->topLevelItem(0)->isExpanded());
 }
 
 void TestWindowOutline::theCaretMarksItsItem()
