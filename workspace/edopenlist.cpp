@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "workspace/edopenlist.h"
 
+#include "preferences/focuspalettes.h"
+#include "workspace/flagscope.h"
+
+#include <QEvent>
 #include <QMenu>
 
 namespace {
@@ -9,9 +13,9 @@ const int iconPixels = 16;
 
 } // namespace
 
-EdOpenList::EdOpenList(QWidget *parent) : QListWidget(parent), m_palettes(palette())
+EdOpenList::EdOpenList(QWidget *parent) : QListWidget(parent)
 {
-    setPalette(m_palettes.unfocused);
+    updatePalette(false);
     setIconSize(QSize(iconPixels, iconPixels));
     setSortingEnabled(true);
     setContextMenuPolicy(Qt::CustomContextMenu);
@@ -66,12 +70,27 @@ void EdOpenList::contextMenu(const QPoint &position)
 
 void EdOpenList::focusInEvent(QFocusEvent *event)
 {
-    setPalette(m_palettes.focused);
+    updatePalette(true);
     QListWidget::focusInEvent(event);
 }
 
 void EdOpenList::focusOutEvent(QFocusEvent *event)
 {
-    setPalette(m_palettes.unfocused);
+    updatePalette(false);
     QListWidget::focusOutEvent(event);
+}
+
+void EdOpenList::changeEvent(QEvent *event)
+{
+    QListWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && !m_setsPalette)
+        updatePalette(hasFocus());
+}
+
+void EdOpenList::updatePalette(bool isFocused)
+{
+    const FlagScope setting(&m_setsPalette);
+    setPalette(QPalette()); // without what was set here before
+    const FocusPalettes palettes(palette());
+    setPalette(isFocused ? palettes.focused : palettes.unfocused);
 }

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "preferences/focuspalettes.h"
-
 #include <QFileIconProvider>
 #include <QFileInfo>
 #include <QListWidget>
@@ -43,9 +41,12 @@ protected:
 
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private:
+    void updatePalette(bool isFocused);
+
     QListWidgetItem *m_contextItem = nullptr; // owned by the list
     QFileIconProvider m_iconProvider;         // asks the desktop, so kept for all entries
-    FocusPalettes m_palettes;
+    bool m_setsPalette = false;               // which is told like a change from elsewhere
 };

@@ -178,7 +178,8 @@ void TestOpenLists::emptySpaceHasNoMenu()
 
 void TestOpenLists::theSelectionIsSubduedWithoutFocus()
 {
-    EdBufferView list;
+    QWidget window;
+    EdBufferView list(&window);
     const QPalette::ColorGroup active = QPalette::Active;
     QFocusEvent in(QEvent::FocusIn);
     QFocusEvent out(QEvent::FocusOut);
@@ -192,6 +193,10 @@ void TestOpenLists::theSelectionIsSubduedWithoutFocus()
              list.palette().color(active, QPalette::AlternateBase));
     QCOMPARE(list.palette().color(active, QPalette::HighlightedText),
              list.palette().color(active, QPalette::Text));
+    QPalette red = window.palette();
+    red.setColor(QPalette::AlternateBase, Qt::red); // as when the program turns to other colours
+    window.setPalette(red);
+    QCOMPARE(list.palette().color(active, QPalette::Highlight), QColor(Qt::red));
 }
 
 CORVANE_TEST_MAIN(TestOpenLists)
