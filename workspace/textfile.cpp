@@ -9,8 +9,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
-#include <functional>
-#include <string_view>
+#include <cstring>
 
 namespace {
 
@@ -58,10 +57,24 @@ QString described(const QString &text, int position)
     return QString::fromLatin1("'%1' (%2)").arg(text.mid(position, isPair ? 2 : 1), number);
 }
 
+// The same in every program: journals keep it. Eight bytes at a time, as files may be large.
+quint64 hashOf(const QByteArray &bytes)
+{
+    const int step = sizeof(quint64);
+    quint64 hash = 0;
+    for (int at = 0; at < bytes.size(); at += step) {
+        quint64 word = 0;
+        std::memcpy(&word, bytes.constData() + at,
+                    size_t(std::min<qint64>(step, bytes.size() - at)));
+        hash = (hash ^ word) * 0x9E3779B97F4A7C15u;
+        hash ^= hash >> 32;
+    }
+    return hash;
+}
+
 Fingerprint fingerprintOf(const QByteArray &bytes)
 {
-    const std::string_view view(bytes.constData(), size_t(bytes.size()));
-    return {bytes.size(), std::hash<std::string_view>()(view)};
+    return {bytes.size(), hashOf(bytes)};
 }
 
 // On failure it returns false and puts the reason into errorMessage.

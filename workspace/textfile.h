@@ -5,7 +5,6 @@
 
 #include <QString>
 
-#include <cstddef>
 #include <optional>
 
 // The text of a file, with its line ends as they are, and the encoding to write it back in.
@@ -20,7 +19,7 @@ struct TextFile
 struct Fingerprint
 {
     qint64 size = 0;
-    std::size_t hash = 0;
+    quint64 hash = 0;
 };
 
 // A character that an encoding does not have.
