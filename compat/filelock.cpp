@@ -40,6 +40,11 @@ void FileLock::release()
     m_isHeld = false;
 }
 
+bool FileLock::isHeldAt(const QString &) const
+{
+    return m_isHeld; // an open file stays where it is
+}
+
 QByteArray processIdentity()
 {
     return QByteArray::number(QCoreApplication::applicationPid());
@@ -136,6 +141,15 @@ void FileLock::release()
     if (ftruncate(m_handle, 0) != 0)
         qWarning("A lock could not be emptied.");
     ::close(m_handle);
+}
+
+bool FileLock::isHeldAt(const QString &path) const
+{
+    struct stat held;
+    struct stat found;
+    return m_isHeld && fstat(m_handle, &held) == 0 &&
+           lstat(QFile::encodeName(path).constData(), &found) == 0 && held.st_ino == found.st_ino &&
+           held.st_dev == found.st_dev;
 }
 
 QByteArray processIdentity()

@@ -20,6 +20,8 @@ public:
     bool take(const QString &path);
     void release();
     bool isHeld() const { return m_isHeld; }
+    // Whether it is held and the file still has that path: somebody may have removed it.
+    bool isHeldAt(const QString &path) const;
 
 private:
     bool m_isHeld = false;

@@ -305,6 +305,22 @@ bool createPrivateFolder(const QString &path)
 #endif
 }
 
+bool ensurePrivate(const QString &path)
+{
+#ifdef Q_OS_UNIX
+    const int flags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
+    const int folder = ::open(QFile::encodeName(path).constData(), flags);
+    struct stat status;
+    const bool isPrivate = folder >= 0 && fstat(folder, &status) == 0 &&
+                           status.st_uid == geteuid() && fchmod(folder, 0700) == 0;
+    if (folder >= 0)
+        ::close(folder);
+    return isPrivate;
+#else
+    return QFileInfo(path).isDir() && !isLink(path);
+#endif
+}
+
 bool renameFile(const QString &path, const QString &newPath, QString *errorMessage)
 {
     const bool renamed = renameOnce(path, newPath);

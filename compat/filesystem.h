@@ -48,6 +48,8 @@ bool replaceFileSoon(const QString &path, const QString &by, QString *errorMessa
 
 // Makes one folder, which only the user can enter. False where there is something of that name.
 bool createPrivateFolder(const QString &path);
+// Whether it is a folder of this user's, no link, which it then makes such a one.
+bool ensurePrivate(const QString &path);
 
 // Renames a file or a link; never in the place of another, even one that appears meanwhile.
 bool renameFile(const QString &path, const QString &newPath, QString *errorMessage = nullptr);

@@ -50,8 +50,8 @@ Kestrowl::Kestrowl(const QString &userScriptDirectory, const QString &userPrefer
     // The order matters: icons need resources, docks the View menu, connections both ends, and
     // settings everything that they set.
     initResources();
-    m_journals = std::make_unique<JournalFolder>(makeBufferDirectory());
-    EdCodeView::setJournalFolder(m_journals.get());
+    m_journals = std::make_shared<JournalFolder>(makeBufferDirectory());
+    EdCodeView::useJournalFolder(m_journals);
     setObjectName(QLatin1String("Kestrowl"));
     setWindowIcon(compat::icon(iconPath("corvane")));
     setCentralWidget(m_central);
@@ -80,8 +80,6 @@ Kestrowl::~Kestrowl()
     delete m_central; // first: its documents write their journals
     if (m_settingsHaveTabs)
         m_journals->forgetTabs();
-    if (EdCodeView::journalFolder() == m_journals.get())
-        EdCodeView::setJournalFolder(nullptr);
 }
 
 DockArray<QWidget *> Kestrowl::createDockContents()

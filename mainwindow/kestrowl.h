@@ -218,7 +218,7 @@ private:
 
     QString m_scriptDirectory; // absolute
     QString m_preferencesDirectory;
-    std::unique_ptr<JournalFolder> m_journals;
+    std::shared_ptr<JournalFolder> m_journals;
     bool m_settingsHaveTabs = false; // all that the journals' folder tells of them
     QString m_lastOpenDirectory;     // where the Open File dialog starts
     QString m_lastSourcePath;        // where Source Script starts: a directory, later the last file

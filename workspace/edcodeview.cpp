@@ -9,6 +9,7 @@
 #include <QMessageBox>
 #include <QScrollBar>
 #include <QTextBlock>
+#include <QUuid>
 #include <QVBoxLayout>
 
 namespace {
@@ -44,7 +45,8 @@ bool isFileName(const QString &name)
 } // namespace
 
 EdCodeView::EdCodeView(int bufferIndex, int language, QWidget *parent)
-    : QWidget(parent), m_bufferIndex(bufferIndex), m_codeEdit(new EdCodeEdit(this))
+    : QWidget(parent), m_bufferIndex(bufferIndex), m_codeEdit(new EdCodeEdit(this)),
+      m_documentId(QUuid::createUuid().toString())
 {
     m_codeEdit->setLanguage(editorLanguage(language));
     QVBoxLayout *layout = new QVBoxLayout(this);

@@ -39,10 +39,10 @@ public:
     // One directory for all views; it must exist.
     static QDir bufferDirectory();
     static void setBufferDirectory(const QDir &directory);
-    // Where unsaved texts are kept against the end of the program; null, as it is at first, for
-    // nowhere. It must outlive the views.
-    static JournalFolder *journalFolder();
-    static void setJournalFolder(JournalFolder *folder);
+    // Where unsaved texts are kept against the end of the program: of the folders that are still in
+    // use that which was given last; null for nowhere. Texts keep theirs in use.
+    static std::shared_ptr<JournalFolder> journalFolder();
+    static void useJournalFolder(const std::shared_ptr<JournalFolder> &folder);
 
     // Replaces the document by the file's, which may be that of a buffer; where it is the
     // document's own, by an edit that can be undone. A file that cannot be read is reported to the
@@ -99,6 +99,9 @@ public:
     int bufferIndex() const { return m_bufferIndex; }
     bool isBuffer() const { return m_isBuffer; }
     bool isModified() const { return m_modified; }
+    // Tells the document from all others, in later sessions too if it is handed on.
+    QString documentId() const { return m_documentId; }
+    void setDocumentId(const QString &id) { m_documentId = id; }
     int language() const;
     int cursorPosition() const;
     int scrollValue() const;
@@ -203,7 +206,7 @@ private:
     bool mayBeEncoded(TextFile *file);
     void finishWriting(const Fingerprint &fingerprint);
     void followChanges();
-    void beginJournal(const QString &path);
+    void beginJournal(const std::shared_ptr<JournalFolder> &folder, const QString &path);
     JournalHeader journalHeader() const;
 
     int m_bufferIndex;
@@ -213,6 +216,7 @@ private:
     bool m_modified = false;
     bool m_isBuffer = true;
     bool m_isRetired = false;                     // its name is free
+    QString m_documentId;                         // never that of another document
     TextEncoding m_encoding = TextEncoding::Utf8; // as the file was read, or the user chose
     LineEnds m_lineEnds;
     std::optional<Fingerprint> m_seen;      // the file's; nothing while it has none of its own

@@ -6,6 +6,7 @@
 #include "editor/edcodeedit.h"
 #include "editor/editblock.h"
 #include "workspace/linechange.h"
+#include "workspace/textjournal.h"
 #include "workspace/viewplace.h"
 
 #include <QApplication>
@@ -176,6 +177,8 @@ void EdCodeView::ignoreFileChange()
     const std::optional<Fingerprint> now = fingerprintOfFile(m_fileInfo.absoluteFilePath());
     if (now)
         m_seen = now;
+    if (m_journal)
+        m_journal->setHeader(journalHeader());
 }
 
 bool EdCodeView::write(const QString &path, bool keepAsBuffer)

@@ -8,43 +8,50 @@
 #include "workspace/linechange.h"
 #include "workspace/textjournal.h"
 
+#include <vector>
+
 namespace {
 
-JournalFolder *&sharedJournalFolder()
+std::vector<std::weak_ptr<JournalFolder>> &knownJournalFolders()
 {
-    static JournalFolder *folder = nullptr;
-    return folder;
+    static std::vector<std::weak_ptr<JournalFolder>> folders;
+    return folders;
 }
 
 } // namespace
 
-JournalFolder *EdCodeView::journalFolder()
+std::shared_ptr<JournalFolder> EdCodeView::journalFolder()
 {
-    return sharedJournalFolder();
+    auto &folders = knownJournalFolders();
+    while (!folders.empty() && folders.back().expired())
+        folders.pop_back();
+    return folders.empty() ? nullptr : folders.back().lock();
 }
 
-void EdCodeView::setJournalFolder(JournalFolder *folder)
+void EdCodeView::useJournalFolder(const std::shared_ptr<JournalFolder> &folder)
 {
-    sharedJournalFolder() = folder;
+    knownJournalFolders().push_back(folder);
 }
 
 // A file that several buffers have does not hold what was saved: the next of them overwrites it.
 void EdCodeView::followChanges()
 {
-    const JournalFolder *folder = sharedJournalFolder();
     if (!m_modified && !mayShareFile()) {
         discardJournal();
         return;
     }
     giveText(); // which may come here too
-    if (!m_journal && folder && folder->isValid() && !m_fileInfo.filePath().isEmpty())
-        beginJournal(sharedJournalFolder()->newJournalPath());
+    if (m_journal || m_fileInfo.filePath().isEmpty())
+        return;
+    const std::shared_ptr<JournalFolder> folder = journalFolder();
+    if (folder && folder->ensure())
+        beginJournal(folder, folder->newJournalPath());
 }
 
-void EdCodeView::beginJournal(const QString &path)
+void EdCodeView::beginJournal(const std::shared_ptr<JournalFolder> &folder, const QString &path)
 {
-    giveText(); // first: line ends come with it
-    m_journal = std::make_unique<TextJournal>(m_codeEdit->document(), path, journalHeader());
+    m_journal = std::make_unique<TextJournal>(codeEdit()->document(), path, journalHeader());
+    m_journal->setFolder(folder);
     connect(m_journal.get(), SIGNAL(failed(QString)), SIGNAL(journalFailed(QString)));
 }
 
@@ -56,6 +63,8 @@ JournalHeader EdCodeView::journalHeader() const
     header.bufferIndex = m_bufferIndex;
     header.encoding = m_encoding;
     header.lineEnd = m_lineEnds.usual();
+    header.documentId = m_documentId;
+    header.seen = m_seen;
     return header;
 }
 
@@ -82,17 +91,27 @@ void EdCodeView::becomeDocument(const JournalHeader &header, int bufferIndex)
     updateLanguage();
 }
 
+// The journal becomes the view's own before anything else: whatever happens then, it is known whose
+// text it is.
 void EdCodeView::recover(const JournalContents &journal, const QString &journalPath)
 {
-    JournalFolder *folder = sharedJournalFolder();
-    QString ignored; // it stays where it is, and comes back again
     discardJournal();
-    if (folder && folder->isValid() && !journalPath.isEmpty()) {
+    giveText();
+    if (!m_isBuffer)
+        m_seen = journal.header.seen; // what has changed since is to be asked about
+    const QByteArray header = headerRecord(journalHeader());
+    const std::shared_ptr<JournalFolder> folder = journalFolder();
+    QString ignored; // it stays where it is, and comes back again
+    if (folder && folder->ensure() && !journalPath.isEmpty() &&
+        appendRecords(journalPath, journal.size, header, &ignored)) {
         const QString path = folder->newJournalPath();
         if (compat::replaceFileSoon(path, journalPath, &ignored))
-            beginJournal(path);
+            beginJournal(folder, path);
     }
+    const bool hasFile = m_journal != nullptr;
     if (text() != journal.text)
         changeLines(codeEdit()->document(), journal.text);
+    if (hasFile && text() == journal.text)
+        m_journal->adopt(journal.size + header.size());
     forceModified();
 }

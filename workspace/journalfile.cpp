@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "workspace/journalfile.h"
 
+#include "compat/filesystem.h"
+
 #include <QDataStream>
 #include <QFile>
 
@@ -56,6 +58,15 @@ QByteArray record(Kind kind, const Values &...values)
 
 const int frameSize = 8; // the length and the checksum before each payload
 
+// Of the payload behind the frame that begins there.
+quint32 sizeAt(const QByteArray &bytes, int position)
+{
+    quint32 size = 0;
+    for (int i = position; i < position + 4; ++i)
+        size = size << 8 | quint8(bytes.at(i));
+    return size;
+}
+
 // Builds the text from one record after the other.
 class Replay
 {
@@ -95,7 +106,14 @@ private:
         JournalHeader header;
         qint32 encoding = 0;
         qint32 bufferIndex = 0;
-        *stream >> header.path >> header.isBuffer >> bufferIndex >> encoding >> header.lineEnd;
+        *stream >> header.path >> header.isBuffer >> bufferIndex >> encoding >> header.lineEnd >>
+            header.documentId;
+        bool hasSeen = false;
+        qint64 seenSize = 0;
+        quint64 seenHash = 0;
+        *stream >> hasSeen >> seenSize >> seenHash;
+        if (hasSeen)
+            header.seen = Fingerprint{seenSize, seenHash};
         if (encoding < 0 || encoding > qint32(TextEncoding::Latin1))
             return false;
         header.bufferIndex = bufferIndex;
@@ -125,15 +143,30 @@ private:
     bool m_hasHeader = false;
 };
 
+// Whether there is a whole record somewhere behind the position. Looking stops where it would take
+// long, with the answer that keeps most.
+bool isRecordBehind(const QByteArray &bytes, int position)
+{
+    qint64 left = 50000000; // bytes to make checksums of
+    const int last = int(bytes.size()) - frameSize - 1;
+    while (++position <= last && left > 0) {
+        const quint8 kind = quint8(bytes.at(position + frameSize));
+        const quint32 size = sizeAt(bytes, position);
+        if (kind < HeaderKind || kind > CompleteKind || size > quint32(last + 1 - position))
+            continue;
+        left -= size;
+        int end = position;
+        if (!takeRecord(bytes, &end).isNull())
+            return true;
+    }
+    return left <= 0;
+}
+
 // Whether a record that is not whole is only the last one, which the program's end has cut short.
 bool isTorn(const QByteArray &bytes, int position)
 {
-    if (bytes.size() - position < frameSize)
-        return true;
-    QDataStream stream(bytes.mid(position, frameSize));
-    quint32 size = 0;
-    stream >> size;
-    return size >= quint32(bytes.size() - position - frameSize);
+    const qint64 left = bytes.size() - position - frameSize;
+    return left < 0 || (sizeAt(bytes, position) >= left && !isRecordBehind(bytes, position));
 }
 
 } // namespace
@@ -171,8 +204,10 @@ QByteArray journalStart()
 
 QByteArray headerRecord(const JournalHeader &header)
 {
+    const Fingerprint seen = header.seen.value_or(Fingerprint());
     return record(HeaderKind, header.path, header.isBuffer, qint32(header.bufferIndex),
-                  qint32(header.encoding), header.lineEnd);
+                  qint32(header.encoding), header.lineEnd, header.documentId,
+                  header.seen.has_value(), qint64(seen.size), quint64(seen.hash));
 }
 
 QByteArray partRecord(const QString &part)
@@ -204,6 +239,7 @@ JournalContents parseJournal(const QByteArray &bytes)
             break;
         isIntact = !payload.isNull() && replay.take(payload);
     }
+    replay.contents.size = position;
     if (replay.hasHeader()) {
         isIntact = isIntact && replay.isComplete();
         replay.contents.state = isIntact ? JournalContents::Intact : JournalContents::Damaged;
@@ -214,7 +250,28 @@ JournalContents parseJournal(const QByteArray &bytes)
 JournalContents readJournal(const QString &path)
 {
     QFile file(path);
-    return parseJournal(file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray());
+    const QByteArray bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    if (file.error() == QFile::NoError)
+        return parseJournal(bytes);
+    JournalContents contents;
+    contents.state = JournalContents::Refused;
+    contents.refusal = file.errorString();
+    return contents;
+}
+
+bool appendRecords(const QString &path, qint64 size, const QByteArray &records,
+                   QString *errorMessage)
+{
+    QFile file;
+    if (!compat::openToAppend(&file, path, errorMessage))
+        return false;
+    const bool fits = file.size() == size || (file.size() > size && file.resize(size));
+    if (fits && file.write(records) == records.size())
+        return true;
+    *errorMessage = file.errorString();
+    if (fits)
+        file.resize(size);
+    return false;
 }
 
 QByteArray checkedRecord(const QByteArray &payload)

@@ -2,9 +2,12 @@
 #pragma once
 
 #include "workspace/textencoding.h"
+#include "workspace/textfile.h"
 
 #include <QByteArray>
 #include <QString>
+
+#include <optional>
 
 // How the unsaved text of one document is kept in a file: a header, the text in parts, and the
 // edits since. Each of these is a record of its own with a checksum, so a file can grow by one edit
@@ -18,6 +21,9 @@ struct JournalHeader
     int bufferIndex = -1;
     TextEncoding encoding = TextEncoding::Utf8;
     QString lineEnd = QLatin1String("\n"); // the usual one of the file
+    QString documentId;                    // tells buffers apart that share a file
+    // What the document has seen of its file; nothing where there was none.
+    std::optional<Fingerprint> seen;
 };
 
 // Replaces `removed` units of the text by others.
@@ -45,17 +51,24 @@ QByteArray completeRecord();
 
 struct JournalContents
 {
-    enum State { Intact, Damaged, Unreadable };
+    enum State { Intact, Damaged, Unreadable, Refused };
 
     JournalHeader header;
-    QString text; // lines end in "\n"
+    QString text;    // lines end in "\n"
+    qint64 size = 0; // bytes that the text was made of
     // A torn last record is no damage. Of a damaged journal the text is what comes before the
-    // damage; an unreadable one has nothing.
+    // damage; an unreadable one has nothing. One that the system refuses to read may be all right.
     State state = Unreadable;
+    QString refusal; // the reason
 };
 
 JournalContents parseJournal(const QByteArray &bytes);
 JournalContents readJournal(const QString &path);
+
+// Puts records behind the first `size` bytes of a file, in the place of what is there. On failure
+// it returns false, puts the reason into errorMessage, and leaves no part of them if it can.
+bool appendRecords(const QString &path, qint64 size, const QByteArray &records,
+                   QString *errorMessage);
 
 // Records of other kinds of files: appended, and read back in the order of their writing. Reading
 // returns the payload and moves the position behind it; null where no whole record is.

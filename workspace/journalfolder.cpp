@@ -16,6 +16,7 @@
 namespace {
 
 const char journalPattern[] = "*.journal";
+const int mostKeptAside = 5;
 
 QString lockPath(const QString &session)
 {
@@ -123,11 +124,9 @@ QStringList DeadSession::journals() const
 JournalFolder::JournalFolder(const QString &directory)
     : m_root(QDir(directory).absoluteFilePath(QLatin1String("journal")))
 {
-    compat::createPrivateFolder(m_root); // most often there is one
-    const int mostAttempts = 20;         // names may be taken; where locks fail, all of them do
-    for (int i = 0; i < mostAttempts && !begin(); ++i) {
-    }
-    findDeadSessions();
+    begin();
+    if (compat::ensurePrivate(m_root))
+        findDeadSessions();
 }
 
 JournalFolder::~JournalFolder()
@@ -139,9 +138,19 @@ JournalFolder::~JournalFolder()
         removeSession(m_path);
 }
 
+// Leaves alone what is not the user's own, where somebody else might read and change texts.
+void JournalFolder::begin()
+{
+    compat::createPrivateFolder(m_root); // most often there is one
+    const int mostAttempts = 20;         // names may be taken; where locks fail, all of them do
+    const bool mayBegin = compat::ensurePrivate(m_root);
+    for (int i = 0; mayBegin && i < mostAttempts && !beginOnce(); ++i) {
+    }
+}
+
 // With the next name that nobody has used. A session that begins elsewhere may take the folder for
 // a dead one before it is locked.
-bool JournalFolder::begin()
+bool JournalFolder::beginOnce()
 {
     const QString process = QString::number(QCoreApplication::applicationPid());
     m_path = m_root + QLatin1Char('/') + process + QLatin1Char('-') + QString::number(m_count++);
@@ -174,6 +183,23 @@ void JournalFolder::findDeadSessions()
               [](const auto &a, const auto &b) { return a->lastChange > b->lastChange; });
 }
 
+bool JournalFolder::ensure()
+{
+    if (m_lock.isHeldAt(lockPath(m_path)))
+        return true;
+    m_lock.release();
+    m_storedTabs.reset();
+    QDir().mkpath(QFileInfo(m_root).path());
+    begin();
+    return isValid();
+}
+
+QString JournalFolder::placeFor(const QString &journal)
+{
+    ensure();
+    return QFileInfo(journal).path() == m_path ? journal : newJournalPath();
+}
+
 QString JournalFolder::newJournalPath()
 {
     return m_path + QLatin1Char('/') + QString::number(m_count++) + QLatin1String(".journal");
@@ -181,7 +207,7 @@ QString JournalFolder::newJournalPath()
 
 bool JournalFolder::storeTabs(const WorkspaceState &state)
 {
-    if (!isValid() || (m_storedTabs && *m_storedTabs == state))
+    if (!ensure() || (m_storedTabs && *m_storedTabs == state))
         return isValid();
     const QString path = tabsPath(m_path);
     const QString fresh = path + QLatin1String(".tmp");
@@ -226,10 +252,18 @@ WorkspaceState JournalFolder::tabsToRestore(const WorkspaceState &stored,
 
 QString JournalFolder::keepAside(const QString &journal) const
 {
-    const QString session = QFileInfo(QFileInfo(journal).path()).fileName();
-    const QString target =
-        m_root + QString::fromLatin1("/damaged-%1-%2").arg(session, QFileInfo(journal).fileName());
-    return compat::renameFile(journal, target) ? target : journal;
+    QString target;
+    int number = 0;
+    do {
+        target = m_root + QString::fromLatin1("/damaged-%1.journal").arg(number++);
+    } while (compat::isTaken(target));
+    if (!compat::renameFile(journal, target))
+        return journal;
+    const QFileInfoList kept = QDir(m_root).entryInfoList(
+        QStringList(QLatin1String("damaged-*.journal")), QDir::Files, QDir::Time);
+    for (const QFileInfo &old : kept.mid(mostKeptAside))
+        QFile::remove(old.absoluteFilePath());
+    return target;
 }
 
 void JournalFolder::forgetDeadSessions()

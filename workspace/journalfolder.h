@@ -39,8 +39,12 @@ public:
 
     // False when no folder could be made; there is then no journal.
     bool isValid() const { return m_lock.isHeld(); }
+    // Makes the folder again where somebody tidied up. Returns isValid().
+    bool ensure();
     // A path for a journal, never the same one.
     QString newJournalPath();
+    // That of a journal, or a new one where its folder went and another had to be made.
+    QString placeFor(const QString &journal);
     // Keeps the list of open documents, in case there is no time to write the settings. False when
     // it cannot be written.
     bool storeTabs(const WorkspaceState &state);
@@ -53,13 +57,14 @@ public:
     // that no session tells of but the older settings were closed.
     WorkspaceState tabsToRestore(const WorkspaceState &stored, const QDateTime &storedAt) const;
     // Puts a journal that cannot be read where nobody looks for journals; returns the new path, or
-    // the old one when that fails.
+    // the old one when that fails. Of those only the last few are kept.
     QString keepAside(const QString &journal) const;
     // Removes what is left of the dead sessions, except journals.
     void forgetDeadSessions();
 
 private:
-    bool begin();
+    void begin();
+    bool beginOnce();
     void findDeadSessions();
 
     QString m_root; // with the folders of all sessions

@@ -77,6 +77,11 @@ private:
         Journal journal;
         journal.path = path;
         journal.contents = readJournal(path);
+        if (journal.contents.state == JournalContents::Refused) {
+            m_result.problems << translated("An unsaved text cannot be read now: %1: %2.")
+                                     .arg(path, journal.contents.refusal);
+            return;
+        }
         if (journal.contents.state != JournalContents::Intact) {
             journal.isCopy = true;
             journal.path = m_folder.keepAside(path);

@@ -2,7 +2,9 @@
 #include "workspace/textjournal.h"
 
 #include "compat/filesystem.h"
+#include "workspace/journalfolder.h"
 
+#include <QFileInfo>
 #include <QTextBlock>
 #include <QTextCursor>
 
@@ -14,23 +16,61 @@ const int mostEditUnits = 0x80000;   // a longer edit costs more than another co
 const qint64 spareLog = 256 * 1024;  // bytes of edits that no text is too short for
 const qint64 mostReplay = 200000000; // units to move when all edits are made again
 const qint64 fewRecords = 200;
+const qint64 mostBacklog = 4 * 1048576; // bytes to keep while the file takes none
+const int mostDoublings = 6;            // of the pause after a failure
 
-// From a position on, whole lines up to a number of units or the document's end. By blocks: a
-// cursor would have lines laid out that were never shown.
-QString textFrom(const QTextDocument &document, int position, int atLeast)
+// One by one, which is slow, but all else copies a whole line, and has it laid out.
+QString characters(const QTextDocument &document, int from, int to)
 {
-    QTextBlock block = document.findBlock(position);
-    QString text = block.text().mid(position - block.position());
-    for (block = block.next(); block.isValid() && text.size() < atLeast; block = block.next()) {
-        text += QLatin1Char('\n');
-        text += block.text();
+    QString text;
+    text.reserve(to - from);
+    for (int position = from; position < to; ++position) {
+        const QChar character = document.characterAt(position);
+        text += character == QChar::ParagraphSeparator ? QChar(QLatin1Char('\n')) : character;
     }
-    if (block.isValid())
-        text += QLatin1Char('\n');
+    return text;
+}
+
+// From a position on, about so many units. By blocks: a cursor would have lines laid out that were
+// never shown.
+QString textFrom(const QTextDocument &document, int position, int about)
+{
+    QString text;
+    for (QTextBlock block = document.findBlock(position); block.isValid() && text.size() < about;
+         block = block.next()) {
+        const int from = std::max(position, block.position());
+        const bool isLast = !block.next().isValid();
+        const int end = block.position() + block.length() - (isLast ? 1 : 0);
+        if (block.length() > about)
+            return text + characters(document, from, std::min(end, from + about));
+        text += block.text().mid(from - block.position());
+        if (!isLast)
+            text += QLatin1Char('\n');
+    }
     return text;
 }
 
 } // namespace
+
+void TextJournal::Backlog::add(const JournalEdit &edit)
+{
+    if (edits.empty() || !edits.back().merge(edit))
+        edits.push_back(edit);
+}
+
+const QByteArray &TextJournal::Backlog::toRecords()
+{
+    for (const JournalEdit &edit : edits)
+        records += editRecord(edit);
+    edits.clear();
+    return records;
+}
+
+void TextJournal::Backlog::clear()
+{
+    records.clear();
+    edits.clear();
+}
 
 TextJournal::TextJournal(QTextDocument *document, const QString &path, const JournalHeader &header,
                          QObject *parent)
@@ -42,63 +82,87 @@ TextJournal::TextJournal(QTextDocument *document, const QString &path, const Jou
     connect(document, SIGNAL(contentsChange(int, int, int)), SLOT(onContentsChange(int, int, int)));
     connect(&m_copyTimer, SIGNAL(timeout()), SLOT(copyForAWhile()));
     connect(&m_writeTimer, SIGNAL(timeout()), SLOT(writePending()));
-    connect(&m_retryTimer, SIGNAL(timeout()), SLOT(restart()));
+    connect(&m_retryTimer, SIGNAL(timeout()), SLOT(retry()));
     m_length = length();
     m_revision = document->revision();
-    restart();
+    startCopy();
 }
 
 TextJournal::~TextJournal()
 {
     flush();
+    if (m_isCopying)
+        giveUpCopy();
+}
+
+void TextJournal::adopt(qint64 size)
+{
+    giveUpCopy();
+    m_log.clear();
+    m_follows = true;
+    m_size = size;
+    m_copySize = 2 * qint64(m_length);
 }
 
 void TextJournal::setHeader(const JournalHeader &header)
 {
     m_header = header;
-    if (m_state != State::Removed)
-        restart();
+    if (m_isRemoved)
+        return;
+    if (m_copy.isOpen()) {
+        m_forCopy.toRecords();
+        m_forCopy.records += headerRecord(header);
+    }
+    if (m_follows) {
+        m_log.toRecords();
+        m_log.records += headerRecord(header);
+        writePending();
+    }
 }
 
-// What edits have to be reckoned with: only those inside the part that is copied already. Those
-// behind it will be copied with the rest, one across its end moves that.
 void TextJournal::onContentsChange(int position, int removed, int added)
 {
     const int oldLength = m_length;
     m_length = length();
     const bool isFormat = m_document->revision() == m_revision && removed == added;
     m_revision = m_document->revision();
-    if (isFormat || m_state == State::Failed || m_state == State::Removed)
+    if (isFormat || m_isRemoved)
         return;
     // Qt may count the separator at the document's end.
     removed = std::min(removed, oldLength - position);
     added = std::min(added, m_length - position);
-    if (removed < 0 || added < 0 || oldLength - removed + added != m_length ||
-        added > mostEditUnits)
-        restart();
-    else
+    if (removed >= 0 && added >= 0 && oldLength - removed + added == m_length &&
+        added <= mostEditUnits) {
         record(position, removed, added);
+        return;
+    }
+    m_log.clear();
+    m_follows = false;
+    startCopy();
 }
 
+// What the copy has to reckon with are the edits inside the part that it has already. Those behind
+// it will be copied with the rest, one across its end moves that.
 void TextJournal::record(int position, int removed, int added)
 {
-    if (m_state == State::Copying && position >= m_copied)
+    const bool isInCopy = m_isCopying && position < m_copied;
+    if (!m_follows && !isInCopy)
         return;
     JournalEdit edit;
     edit.position = position;
-    edit.removed = std::min(removed, m_copied - position);
+    edit.removed = removed;
     edit.added = textOfEdit(position, added);
-    m_copied += int(edit.added.size()) - edit.removed;
-    add(edit);
-    schedule();
-}
-
-void TextJournal::add(const JournalEdit &edit)
-{
-    if (m_pending.empty())
-        m_sinceFirstPending.start();
-    if (m_pending.empty() || !m_pending.back().merge(edit))
-        m_pending.push_back(edit);
+    if (m_follows) {
+        if (m_log.isEmpty())
+            m_sinceFirstPending.start();
+        m_log.add(edit);
+        schedule();
+    }
+    if (isInCopy) {
+        edit.removed = std::min(removed, m_copied - position);
+        m_copied += int(edit.added.size()) - edit.removed;
+        m_forCopy.add(edit);
+    }
 }
 
 // Not by blocks: a line may be as long as the document.
@@ -114,31 +178,78 @@ QString TextJournal::textOfEdit(int position, int count) const
 
 void TextJournal::schedule()
 {
-    if (m_state != State::Following)
-        return; // the copy takes all edits along
+    if (m_retryTimer.isActive())
+        return;
     const int left = m_pace.afterFirst - int(m_sinceFirstPending.elapsed());
     m_writeTimer.start(std::clamp(left, 0, m_pace.afterLast));
 }
 
-void TextJournal::restart()
+void TextJournal::writePending()
 {
     m_writeTimer.stop();
+    if (!m_follows || m_log.isEmpty())
+        return;
+    m_logRecords += qint64(m_log.edits.size());
+    const QByteArray &records = m_log.toRecords();
+    QString reason;
+    if (appendRecords(m_path, m_size, records, &reason)) {
+        m_size += records.size();
+        m_log.clear();
+        m_saysFailed = true;
+        if (wantsCopy() && !m_isCopying && !m_retryTimer.isActive())
+            startCopy();
+        return;
+    }
+    const bool isGone = isFileGone();
+    if (isGone || records.size() > mostBacklog) {
+        m_log.clear();
+        m_follows = false;
+    }
+    if (!isGone)
+        fail(reason);
+    else if (!m_isCopying)
+        startCopy();
+}
+
+// Somebody tidied up.
+bool TextJournal::isFileGone() const
+{
+    return QFileInfo(m_path).size() < m_size;
+}
+
+bool TextJournal::wantsCopy() const
+{
+    const bool isLong = m_size > 2 * m_copySize + spareLog;
+    const bool isSlowToRead = m_logRecords > fewRecords && m_logRecords * m_length > mostReplay;
+    return !m_follows || isLong || isSlowToRead;
+}
+
+void TextJournal::startCopy()
+{
+    giveUpCopy();
     m_retryTimer.stop();
-    m_copy.close();
-    m_pending.clear();
-    m_copied = 0;
-    m_state = State::Copying;
+    m_isCopying = true;
     m_copyTimer.start();
+}
+
+void TextJournal::giveUpCopy()
+{
+    m_isCopying = false;
+    m_copyTimer.stop();
+    m_forCopy.clear();
+    m_copied = 0;
+    if (!m_copy.isOpen())
+        return;
+    m_copy.close();
+    QFile::remove(copyPath());
 }
 
 void TextJournal::copyForAWhile()
 {
     QElapsedTimer clock;
     clock.start();
-    while (m_state == State::Copying && copySlice() && clock.elapsed() < m_pace.turn) {
+    while (m_isCopying && copySlice() && clock.elapsed() < m_pace.turn) {
     }
-    if (m_state != State::Copying)
-        m_copyTimer.stop();
 }
 
 // False when it failed.
@@ -146,119 +257,111 @@ bool TextJournal::copySlice()
 {
     if (!m_copy.isOpen() && !beginCopy())
         return false;
-    QByteArray bytes = takePending();
+    QByteArray bytes = m_forCopy.toRecords();
+    m_forCopy.clear();
     if (m_copied < length()) {
         const QString part = textFrom(*m_document, m_copied, m_pace.slice);
         m_copied += int(part.size());
         bytes += partRecord(part);
     }
-    return write(&m_copy, bytes) && (m_copied < length() || completeCopy());
+    return writeCopy(bytes) && (m_copied < length() || completeCopy());
 }
 
 bool TextJournal::beginCopy()
 {
+    const QString place = m_folder ? m_folder->placeFor(m_path) : m_path;
+    if (place != m_path) // with the folder, the file is gone
+        m_follows = false;
+    m_path = place;
     QString reason;
     QFile::remove(copyPath());
     if (compat::createFile(&m_copy, copyPath(), compat::Access::UserOnly, &reason))
-        return write(&m_copy, journalStart() + headerRecord(m_header));
-    fail(reason);
-    return false;
+        return writeCopy(journalStart() + headerRecord(m_header));
+    return failCopy(reason);
 }
 
 bool TextJournal::completeCopy()
 {
-    if (!write(&m_copy, completeRecord()))
+    if (!writeCopy(completeRecord()))
         return false;
     QString reason;
-    m_copySize = m_copy.size();
+    const qint64 size = m_copy.size();
     m_copy.close(); // some systems do not move a file that is open
     if (!compat::replaceFileSoon(m_path, copyPath(), &reason)) {
-        fail(reason);
-        return false;
+        QFile::remove(copyPath());
+        return failCopy(reason);
     }
-    m_state = State::Following;
-    m_logSize = 0;
+    giveUpCopy();
+    m_log.clear();
+    m_follows = true;
+    m_writeTimer.stop();
+    m_retryTimer.stop();
+    m_size = size;
+    m_copySize = size;
     m_logRecords = 0;
+    m_failures = 0;
     m_saysFailed = true;
     return true;
 }
 
-void TextJournal::writePending()
+bool TextJournal::writeCopy(const QByteArray &bytes)
 {
-    if (m_state != State::Following || m_pending.empty())
-        return;
-    m_writeTimer.stop();
-    m_logRecords += qint64(m_pending.size());
-    const QByteArray bytes = takePending();
-    m_logSize += bytes.size();
-    QFile file(m_path);
-    if (!file.exists()) { // somebody tidied up, and opening would create an empty file
-        restart();
-        return;
-    }
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered)) {
-        fail(file.errorString());
-        return;
-    }
-    if (!write(&file, bytes))
-        return;
-    const bool isLong = m_logSize > m_copySize + spareLog;
-    const bool isSlowToRead = m_logRecords > fewRecords && m_logRecords * m_length > mostReplay;
-    if (isLong || isSlowToRead)
-        restart();
+    return m_copy.write(bytes) == bytes.size() || failCopy(m_copy.errorString());
 }
 
-QByteArray TextJournal::takePending()
+// No harm while the file gets the edits.
+bool TextJournal::failCopy(const QString &reason)
 {
-    QByteArray bytes;
-    for (const JournalEdit &edit : m_pending)
-        bytes += editRecord(edit);
-    m_pending.clear();
-    return bytes;
-}
-
-// What was written of a record is no harm: it is the last one of its file.
-bool TextJournal::write(QFile *file, const QByteArray &bytes)
-{
-    if (file->write(bytes) == bytes.size())
-        return true;
-    fail(file->errorString());
+    giveUpCopy();
+    if (m_follows)
+        startPause();
+    else
+        fail(reason);
     return false;
 }
 
 void TextJournal::fail(const QString &reason)
 {
-    m_copy.close();
-    QFile::remove(copyPath());
-    m_pending.clear();
-    m_copyTimer.stop();
-    m_writeTimer.stop();
-    m_state = State::Failed;
-    m_retryTimer.start(m_pace.retry);
+    startPause();
     if (m_saysFailed)
         emit failed(reason);
     m_saysFailed = false;
 }
 
+void TextJournal::startPause()
+{
+    m_retryTimer.start(m_pace.retry << std::min(m_failures++, mostDoublings));
+}
+
+void TextJournal::retry()
+{
+    writePending();
+    if (isSafe() && !wantsCopy())
+        m_failures = 0;
+    else if (!m_isCopying)
+        startCopy();
+}
+
 bool TextJournal::flush()
 {
-    if (m_state == State::Failed)
-        restart();
-    writePending(); // which may begin another copy
-    while (m_state == State::Copying && copySlice()) {
+    if (m_isRemoved)
+        return false;
+    m_follows = m_follows && !isFileGone();
+    writePending();
+    if (!isSafe() && !m_isCopying)
+        startCopy();
+    while (!isSafe() && m_isCopying && copySlice()) {
     }
-    m_copyTimer.stop();
-    return m_state == State::Following;
+    return isSafe();
 }
 
 void TextJournal::remove()
 {
-    m_state = State::Removed;
-    m_pending.clear();
-    m_copyTimer.stop();
+    giveUpCopy();
+    m_isRemoved = true;
+    m_follows = false;
+    m_log.clear();
     m_writeTimer.stop();
     m_retryTimer.stop();
-    m_copy.close();
-    QFile::remove(copyPath());
     QFile::remove(m_path);
 }

@@ -8,19 +8,18 @@
 
 #include <QFileInfo>
 
+#include <memory>
+
 // A session of the editor without its window.
 class EditorSession : public DocumentHost
 {
 public:
-    explicit EditorSession(const QString &directory) : m_folder(directory)
+    explicit EditorSession(const QString &directory)
+        : m_folder(std::make_shared<JournalFolder>(directory))
     {
-        EdCodeView::setJournalFolder(&m_folder);
+        EdCodeView::useJournalFolder(m_folder);
     }
-    ~EditorSession() override
-    {
-        qDeleteAll(m_views);
-        EdCodeView::setJournalFolder(nullptr);
-    }
+    ~EditorSession() override { qDeleteAll(m_views); }
 
     QList<EdCodeView *> codeViews() const override { return m_views; }
     int newBufferIndex() override { return m_nextIndex++; }
@@ -34,7 +33,6 @@ public:
         m_labels << label;
     }
 
-    JournalFolder *folder() { return &m_folder; }
     EdCodeView *open(const QString &path, bool isBuffer = false)
     {
         EdCodeView *view = new EdCodeView(EdCodeView::AwaitsFile, EdCodeView::Text);
@@ -59,7 +57,7 @@ public:
     // What the last session had.
     void restoreTabs()
     {
-        const WorkspaceState state = m_folder.tabsToRestore(WorkspaceState(), QDateTime());
+        const WorkspaceState state = m_folder->tabsToRestore(WorkspaceState(), QDateTime());
         for (const QString &text : state.openTabs) {
             const std::optional<TabEntry> entry = TabEntry::parse(text);
             if (entry && entry->hasFile())
@@ -71,18 +69,18 @@ public:
         WorkspaceState state;
         for (int i = 0; i < m_views.size(); ++i)
             state.openTabs << TabEntry::of(*m_views.at(i), 0, m_labels.at(i)).text();
-        return m_folder.storeTabs(state);
+        return m_folder->storeTabs(state);
     }
     Recovery recover()
     {
-        const Recovery recovery = recoverDocuments(m_folder, this);
+        const Recovery recovery = recoverDocuments(*m_folder, this);
         storeTabs();
-        m_folder.forgetDeadSessions();
+        m_folder->forgetDeadSessions();
         return recovery;
     }
 
 private:
-    JournalFolder m_folder; // first to come and last to go
+    std::shared_ptr<JournalFolder> m_folder; // first to come and last to go
     QList<EdCodeView *> m_views;
     QStringList m_labels;
     int m_nextIndex = 0;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "workspace/recovery.h"
 
+#include "compat/filesystem.h"
 #include "tests/support/scratchdir.h"
 #include "tests/support/testmain.h"
 #include "tests/workspace/editorsession.h"
@@ -38,6 +39,8 @@ private slots:
     void renamedFilesAreFollowed();
     void buffersBeyondTheLastNameLoseNothing();
     void severalSessionsLoseNothing();
+    void anEndingWindowStopsNoOther();
+    void foldersAreMadeAgain();
     void nothingIsDoubledByAnotherCrash();
     void foreignFilesNeverBecomeBuffers();
     void damagedJournalsAreReported();
@@ -209,7 +212,6 @@ void TestRecovery::severalSessionsLoseNothing()
     EdCodeView *view = second->open(file);
     first.reset();
     QTest::qWait(1100); // some file systems count seconds
-    EdCodeView::setJournalFolder(second->folder());
     view->replace("second ");
     auto third = std::make_unique<EditorSession>(m_dir->path());
     third->open(file)->replace("second ");
@@ -224,6 +226,43 @@ void TestRecovery::severalSessionsLoseNothing()
     QCOMPARE(view->text(), QString("second old"));
     QCOMPARE(session.codeViews().last()->text(), QString("first old"));
     QVERIFY(session.codeViews().last()->isBuffer());
+}
+
+void TestRecovery::anEndingWindowStopsNoOther()
+{
+    restart();
+    auto other = std::make_unique<EditorSession>(m_dir->path());
+    m_session->newBuffer("before")->replace("before");
+    other.reset();
+    m_session->newBuffer("behind")->replace("behind");
+    {
+        EditorSession third(m_dir->path());
+        QVERIFY(third.recover().documents.isEmpty()); // the ended one's folder is still in use
+    }
+    QCOMPARE(int(restart().recover().documents.size()), 2);
+}
+
+void TestRecovery::foldersAreMadeAgain()
+{
+    EdCodeView *view = restart().open(m_dir->write("a.mel", "old"));
+    view->replace("new ");
+    QTest::qWait(50);
+    QString ignored;
+    for (const char *text : {"newer ", "newest "}) {
+        QVERIFY(compat::removeTree(m_dir->file("journal"), &ignored));
+        view->replace(text);
+        view->flushJournal();
+        QCOMPARE(int(journals().size()), 1);
+    }
+    m_session->newBuffer("MEL")->replace("text");
+    QVERIFY(compat::removeTree(m_dir->file("journal"), &ignored));
+    QVERIFY(m_session->storeTabs());
+    m_session->codeViews().last()->replace("more ");
+    restart().restoreTabs();
+    QCOMPARE(int(m_session->codeViews().size()), 2);
+    m_session->recover();
+    QCOMPARE(m_session->codeViews().first()->text(), QString("new newer newest old"));
+    QCOMPARE(m_session->codeViews().last()->text(), QString("textmore "));
 }
 
 void TestRecovery::nothingIsDoubledByAnotherCrash()
