@@ -3,6 +3,8 @@
 
 #include <QCoreApplication>
 
+#include <cstring>
+
 // Decoders here accept only what their encoder gives back. Those of Qt differ between its versions
 // in what they do with noncharacters, with stray surrogates and with marks inside a text.
 namespace {
@@ -70,6 +72,25 @@ int longUtf8(const uchar *bytes, qint64 available, uint *codePoint)
     return *codePoint >= shortest[length - 2] && isCodePoint(*codePoint) ? length : 0;
 }
 
+// Copies whole words of ASCII, up to the first that is none; returns their length.
+qint64 copyAscii(const uchar *bytes, qint64 available, ushort *out)
+{
+    const int word = sizeof(quint64);
+    const quint64 highBits = Q_UINT64_C(0x8080808080808080);
+    qint64 done = 0;
+    for (; available - done >= word; done += word) {
+        quint64 bits;
+        uchar characters[word]; // which nothing else can be, so that they are copied all at once
+        std::memcpy(&bits, bytes + done, word);
+        if (bits & highBits)
+            break;
+        std::memcpy(characters, &bits, word);
+        for (int i = 0; i < word; ++i)
+            out[done + i] = characters[i];
+    }
+    return done;
+}
+
 bool decodeUtf8(const QByteArray &bytes, QString *text)
 {
     text->resize(bytes.size());
@@ -78,7 +99,11 @@ bool decodeUtf8(const QByteArray &bytes, QString *text)
     const uchar *end = at + bytes.size();
     while (at != end) {
         if (*at < 0x80) {
-            *out++ = *at++;
+            const qint64 copied = copyAscii(at, end - at, out);
+            at += copied;
+            out += copied;
+            while (at != end && *at < 0x80)
+                *out++ = *at++;
             continue;
         }
         uint codePoint = 0;

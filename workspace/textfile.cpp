@@ -36,6 +36,8 @@ QString whyNotRead(const QFileInfo &info)
 // Before decoding: bytes that look like line ends in UTF-16 are too few to matter.
 bool hasTooManyLines(const QByteArray &bytes)
 {
+    if (bytes.size() <= mostMegalines * 1000000) // as files are: the bytes need not be counted
+        return false;
     const auto lineFeeds = std::count(bytes.constBegin(), bytes.constEnd(), '\n');
     const auto carriageReturns = std::count(bytes.constBegin(), bytes.constEnd(), '\r');
     return std::max(lineFeeds, carriageReturns) > mostMegalines * 1000000;
@@ -99,15 +101,23 @@ bool readTextFile(const QString &path, TextFile *file, QString *errorMessage,
                   Fingerprint *fingerprint)
 {
     QByteArray bytes;
-    if (!readBytes(path, &bytes, errorMessage))
+    if (!readTextBytes(path, &bytes, errorMessage, fingerprint))
         return false;
-    if (hasTooManyLines(bytes)) {
+    file->encoding = decodeText(bytes, &file->text);
+    return true;
+}
+
+bool readTextBytes(const QString &path, QByteArray *bytes, QString *errorMessage,
+                   Fingerprint *fingerprint)
+{
+    if (!readBytes(path, bytes, errorMessage))
+        return false;
+    if (hasTooManyLines(*bytes)) {
         *errorMessage = translated("The file has more than %1 million lines").arg(mostMegalines);
         return false;
     }
-    file->encoding = decodeText(bytes, &file->text);
     if (fingerprint)
-        *fingerprint = fingerprintOf(bytes);
+        *fingerprint = fingerprintOf(*bytes);
     return true;
 }
 

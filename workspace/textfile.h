@@ -39,6 +39,9 @@ std::optional<MissingCharacter> missingCharacter(const TextFile &file);
 // fails.
 bool readTextFile(const QString &path, TextFile *file, QString *errorMessage,
                   Fingerprint *fingerprint = nullptr);
+// The same for those who want the text later, if ever: any bytes are a text in some encoding.
+bool readTextBytes(const QString &path, QByteArray *bytes, QString *errorMessage,
+                   Fingerprint *fingerprint = nullptr);
 // A failed write, as of a text that the encoding does not hold, leaves the file as it was.
 bool writeTextFile(const QString &path, const TextFile &file, QString *errorMessage,
                    Fingerprint *fingerprint = nullptr);
