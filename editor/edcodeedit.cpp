@@ -36,6 +36,20 @@ std::unique_ptr<EdHighlighter> highlighterFor(int language, QTextDocument *docum
     return nullptr;
 }
 
+// Read once for all editors.
+struct DiagnosticImages
+{
+    QImage error = compat::image(QLatin1String(":/icons/error.png"));
+    QImage warning = compat::image(QLatin1String(":/icons/warning.png"));
+    QImage info = compat::image(QLatin1String(":/icons/info.png"));
+};
+
+const DiagnosticImages &diagnosticImages()
+{
+    static const DiagnosticImages images;
+    return images;
+}
+
 // Owned by the editor.
 QTextDocument *newDocument(QPlainTextEdit *editor)
 {
@@ -87,9 +101,9 @@ EdCodeEdit::EdCodeEdit(QWidget *parent)
 {
     initResources();
     setDocument(newDocument(this));
-    m_errorImage = compat::image(QLatin1String(":/icons/error.png"));
-    m_warningImage = compat::image(QLatin1String(":/icons/warning.png"));
-    m_infoImage = compat::image(QLatin1String(":/icons/info.png"));
+    m_errorImage = diagnosticImages().error;
+    m_warningImage = diagnosticImages().warning;
+    m_infoImage = diagnosticImages().info;
     setFocusPolicy(Qt::WheelFocus);
     setOverwriteMode(overwriteFlag);
     updateFontAndColors();
