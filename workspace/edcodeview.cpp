@@ -45,21 +45,40 @@ bool isFileName(const QString &name)
 } // namespace
 
 EdCodeView::EdCodeView(int bufferIndex, int language, QWidget *parent)
-    : QWidget(parent), m_bufferIndex(bufferIndex), m_codeEdit(new EdCodeEdit(this)),
+    : QWidget(parent), m_bufferIndex(bufferIndex), m_editorLanguage(editorLanguage(language)),
       m_documentId(QUuid::createUuid().toString())
 {
-    m_codeEdit->setLanguage(editorLanguage(language));
-    QVBoxLayout *layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_codeEdit);
-    connectCodeEdit();
     if (bufferIndex == AwaitsFile)
         return;
+    createCodeEdit();
     forceModified(); // should there be no file for it, the buffer is not saved
     createBufferFile();
 }
 
 EdCodeView::~EdCodeView() = default;
+
+EdCodeEdit *EdCodeView::ownCodeEdit()
+{
+    if (!m_codeEdit) {
+        createCodeEdit();
+        m_codeEdit->updateTabsAndSpaces();
+    }
+    return m_codeEdit;
+}
+
+void EdCodeView::createCodeEdit()
+{
+    m_codeEdit = new EdCodeEdit(this);
+    m_codeEdit->setLanguage(m_editorLanguage);
+    QVBoxLayout *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_codeEdit);
+    connectCodeEdit();
+    // Caret and scroll position need its size.
+    if (isVisible()) // as while it is being shown, its children having been shown before
+        m_codeEdit->show();
+    layout->activate();
+}
 
 void EdCodeView::connectCodeEdit()
 {
@@ -83,13 +102,15 @@ void EdCodeView::connectCodeEdit()
 
 void EdCodeView::updateLanguage()
 {
-    m_codeEdit->setLanguage(editorLanguageOfFile(m_fileInfo));
+    m_editorLanguage = editorLanguageOfFile(m_fileInfo);
+    if (m_codeEdit)
+        m_codeEdit->setLanguage(m_editorLanguage);
     updateTabsAndSpaces(); // each language has its own
 }
 
 int EdCodeView::language() const
 {
-    switch (m_codeEdit->language()) {
+    switch (m_editorLanguage) {
     case PythonLanguage:
         return Python;
     case MelLanguage:
@@ -101,15 +122,16 @@ int EdCodeView::language() const
 
 void EdCodeView::showEvent(QShowEvent *event)
 {
-    giveText();
+    codeEdit();
     QWidget::showEvent(event);
 }
 
 // Nobody can tell whether the editor had the text before.
 EdCodeEdit *EdCodeView::codeEdit() const
 {
-    const_cast<EdCodeView *>(this)->giveText();
-    return m_codeEdit;
+    EdCodeView *view = const_cast<EdCodeView *>(this);
+    view->giveText();
+    return view->ownCodeEdit();
 }
 
 void EdCodeView::giveText()
@@ -119,19 +141,19 @@ void EdCodeView::giveText()
     const Waiting waiting = *m_waiting;
     m_waiting.reset();                           // first: what follows asks for the editor
     const bool wereBlocked = blockSignals(true); // it is no change
-    setText(waiting.text);
+    setText(decoded(waiting.bytes));
     setPlace(waiting.cursorPosition, waiting.scrollValue);
     blockSignals(wereBlocked);
 }
 
 int EdCodeView::cursorPosition() const
 {
-    return m_waiting ? m_waiting->cursorPosition : m_codeEdit->textCursor().position();
+    return m_waiting ? m_waiting->cursorPosition : codeEdit()->textCursor().position();
 }
 
 int EdCodeView::scrollValue() const
 {
-    return m_waiting ? m_waiting->scrollValue : m_codeEdit->verticalScrollBar()->value();
+    return m_waiting ? m_waiting->scrollValue : codeEdit()->verticalScrollBar()->value();
 }
 
 void EdCodeView::setPlace(int cursorPosition, int scrollValue)
@@ -141,10 +163,10 @@ void EdCodeView::setPlace(int cursorPosition, int scrollValue)
         m_waiting->scrollValue = scrollValue;
         return;
     }
-    m_codeEdit->setCursorPosition(cursorPosition);
-    m_codeEdit->verticalScrollBar()->setValue(scrollValue);
+    codeEdit()->setCursorPosition(cursorPosition);
+    codeEdit()->verticalScrollBar()->setValue(scrollValue);
     if (isVisible()) // otherwise its size may become another one
-        m_codeEdit->ensureCursorVisible();
+        codeEdit()->ensureCursorVisible();
 }
 
 QString EdCodeView::text() const
@@ -191,7 +213,7 @@ void EdCodeView::inFocus()
 
 void EdCodeView::setCodeEditFocus()
 {
-    m_codeEdit->setFocus(Qt::OtherFocusReason);
+    ownCodeEdit()->setFocus(Qt::OtherFocusReason);
 }
 
 void EdCodeView::save()
@@ -278,17 +300,20 @@ void EdCodeView::selectAll()
 
 void EdCodeView::updateTabsAndSpaces()
 {
-    m_codeEdit->updateTabsAndSpaces();
+    if (m_codeEdit)
+        m_codeEdit->updateTabsAndSpaces();
 }
 
 void EdCodeView::updateFontAndColors()
 {
-    m_codeEdit->updateFontAndColors();
+    if (m_codeEdit)
+        m_codeEdit->updateFontAndColors();
 }
 
 void EdCodeView::updateHiddenCharacters()
 {
-    m_codeEdit->updateHiddenCharacters();
+    if (m_codeEdit)
+        m_codeEdit->updateHiddenCharacters();
 }
 
 void EdCodeView::convertTabsToSpaces()
@@ -298,7 +323,8 @@ void EdCodeView::convertTabsToSpaces()
 
 void EdCodeView::updateOverwriteMode()
 {
-    m_codeEdit->setOverwriteMode(EdCodeEdit::isOverwriting());
+    if (m_codeEdit)
+        m_codeEdit->setOverwriteMode(EdCodeEdit::isOverwriting());
 }
 
 void EdCodeView::onOverwriteModeChange()

@@ -91,8 +91,8 @@ public:
     // none. The text is then unsaved.
     void recover(const JournalContents &journal, const QString &journalPath);
 
-    // What a view loads before it is ever shown waits as a mere text, which costs little: the
-    // editor gets it when the view is shown or when somebody asks for the editor here.
+    // A view that awaits a file has no editor, which is costly, and what it loads waits as mere
+    // bytes, until the view is shown or somebody asks for the editor here.
     EdCodeEdit *codeEdit() const;
     QFileInfo fileInfo() const { return m_fileInfo; }
     // 0 or more for a buffer, -1 for a file.
@@ -188,17 +188,20 @@ protected:
 private:
     struct Waiting
     {
-        QString text; // as in the file
+        QByteArray bytes; // of the file
         int cursorPosition = 0;
         int scrollValue = 0;
     };
 
+    EdCodeEdit *ownCodeEdit();
+    void createCodeEdit();
     void connectCodeEdit();
     void setText(const QString &text);
     void giveText();
     bool isBufferFile(const QString &path) const;
     bool isOpen(const QString &path) const;
-    QString read(const QString &path, QString *text);
+    QString read(const QString &path, QByteArray *bytes);
+    QString decoded(const QByteArray &bytes);
     bool isRead(const QFileInfo &info, const QString &reason);
     LineChange changeText(const QString &text);
     TextFile contents() const;
@@ -210,14 +213,17 @@ private:
     JournalHeader journalHeader() const;
 
     int m_bufferIndex;
-    EdCodeEdit *m_codeEdit;           // codeEdit() is the one for whatever has to do with text
+    int m_editorLanguage;
+    // Null until it is needed. codeEdit() is the one for whatever has to do with text,
+    // ownCodeEdit() the one that may still wait for its text.
+    EdCodeEdit *m_codeEdit = nullptr;
     std::optional<Waiting> m_waiting; // what the editor has not been given yet
     QFileInfo m_fileInfo;
     bool m_modified = false;
     bool m_isBuffer = true;
     bool m_isRetired = false;                     // its name is free
     QString m_documentId;                         // never that of another document
-    TextEncoding m_encoding = TextEncoding::Utf8; // as the file was read, or the user chose
+    TextEncoding m_encoding = TextEncoding::Utf8; // as the text was decoded, or the user chose
     LineEnds m_lineEnds;
     std::optional<Fingerprint> m_seen;      // the file's; nothing while it has none of its own
     std::unique_ptr<TextJournal> m_journal; // null while everything is saved

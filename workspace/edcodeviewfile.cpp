@@ -86,21 +86,21 @@ QString EdCodeView::loadQuietly(const QFileInfo &info, bool isBuffer, int buffer
     const bool mayWait = !m_seen && !m_modified && !isVisible();
     m_isBuffer = isBuffer;
     m_bufferIndex = isBuffer ? bufferIndex : -1;
-    QString text;
-    const QString reason = read(path, &text);
+    QByteArray bytes;
+    const QString reason = read(path, &bytes);
     if (!reason.isEmpty())
         return reason;
     m_fileInfo = info;
     if (mayWait)
-        m_waiting = Waiting{text};
+        m_waiting = Waiting{bytes};
     else if (isAgain)
-        changeText(text);
+        changeText(decoded(bytes));
     else
-        setText(text);
+        setText(decoded(bytes));
     updateLanguage();
     if (!m_waiting) {
-        m_codeEdit->moveCursor(QTextCursor::Start);
-        m_codeEdit->document()->setModified(false);
+        codeEdit()->moveCursor(QTextCursor::Start);
+        codeEdit()->document()->setModified(false);
     }
     followChanges();
     return QString();
@@ -109,9 +109,10 @@ QString EdCodeView::loadQuietly(const QFileInfo &info, bool isBuffer, int buffer
 void EdCodeView::setText(const QString &text)
 {
     m_waiting.reset();
-    m_codeEdit->setText(text);
-    m_lineEnds.mark(m_codeEdit->document(), text);
-    m_codeEdit->document()->setModified(false);
+    QTextDocument *document = codeEdit()->document();
+    codeEdit()->setText(text);
+    m_lineEnds.mark(document, text);
+    document->setModified(false);
     if (m_modified) // a document that gets an empty text does not tell that it is unmodified
         setModified(false);
 }
@@ -123,30 +124,35 @@ bool EdCodeView::reload()
 
 QString EdCodeView::reloadQuietly()
 {
-    QString text;
-    const QString reason = read(m_fileInfo.absoluteFilePath(), &text);
+    QByteArray bytes;
+    const QString reason = read(m_fileInfo.absoluteFilePath(), &bytes);
     if (!reason.isEmpty())
         return reason;
-    const ViewPlace place(*codeEdit());
-    place.restore(m_codeEdit, changeText(text));
+    const ViewPlace place(*codeEdit()); // first: it may still take the encoding that was
+    place.restore(codeEdit(), changeText(decoded(bytes)));
     m_fileInfo.refresh();
-    m_codeEdit->document()->setModified(false);
+    codeEdit()->document()->setModified(false);
     return QString();
 }
 
 // Returns the reason of a failure, which changes nothing, or an empty text.
-QString EdCodeView::read(const QString &path, QString *text)
+QString EdCodeView::read(const QString &path, QByteArray *bytes)
 {
-    TextFile file;
     Fingerprint fingerprint;
     QString reason;
-    if (!readTextFile(path, &file, &reason, &fingerprint))
-        return reason;
-    *text = file.text;
-    m_seen = fingerprint;
-    // That of a buffer's file is the program's own choice.
-    m_encoding = m_isBuffer ? TextEncoding::Utf8 : file.encoding;
-    return QString();
+    if (readTextBytes(path, bytes, &reason, &fingerprint))
+        m_seen = fingerprint;
+    return reason;
+}
+
+// Their encoding is the document's from now on. That of a buffer's file is the program's own
+// choice.
+QString EdCodeView::decoded(const QByteArray &bytes)
+{
+    QString text;
+    const TextEncoding encoding = decodeText(bytes, &text);
+    m_encoding = m_isBuffer ? TextEncoding::Utf8 : encoding;
+    return text;
 }
 
 // By one edit, with the line ends of the text.
@@ -215,7 +221,7 @@ void EdCodeView::finishWriting(const Fingerprint &fingerprint)
     m_seen = fingerprint;
     m_fileInfo.refresh(); // it may have been asked before there was a file
     updateLanguage();
-    m_codeEdit->document()->setModified(false);
+    codeEdit()->document()->setModified(false);
 }
 
 QString EdCodeView::saveBufferQuietly()

@@ -50,7 +50,8 @@ void EdCodeView::followChanges()
 
 void EdCodeView::beginJournal(const std::shared_ptr<JournalFolder> &folder, const QString &path)
 {
-    m_journal = std::make_unique<TextJournal>(codeEdit()->document(), path, journalHeader());
+    QTextDocument *document = codeEdit()->document(); // first: line ends come with it
+    m_journal = std::make_unique<TextJournal>(document, path, journalHeader());
     m_journal->setFolder(folder);
     connect(m_journal.get(), SIGNAL(failed(QString)), SIGNAL(journalFailed(QString)));
 }
@@ -87,7 +88,7 @@ void EdCodeView::becomeDocument(const JournalHeader &header, int bufferIndex)
     m_bufferIndex = header.isBuffer ? bufferIndex : -1;
     m_fileInfo = QFileInfo(header.path);
     m_encoding = header.encoding;
-    m_lineEnds.mark(m_codeEdit->document(), header.lineEnd);
+    m_lineEnds.mark(codeEdit()->document(), header.lineEnd);
     updateLanguage();
 }
 
