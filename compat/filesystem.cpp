@@ -200,6 +200,18 @@ bool isSameFile(const QString &path, const QString &other)
     return std::filesystem::equivalent(nativePath(path), nativePath(other), error);
 }
 
+QString fileIdentity(const QString &path)
+{
+#ifdef Q_OS_UNIX
+    struct stat status;
+    if (stat(QFile::encodeName(path).constData(), &status) != 0)
+        return QString();
+    return QString::fromLatin1("%1:%2").arg(quint64(status.st_dev)).arg(quint64(status.st_ino));
+#else
+    return QFileInfo(path).canonicalFilePath();
+#endif
+}
+
 bool hasOtherNames(const QFile &file)
 {
 #ifdef Q_OS_UNIX

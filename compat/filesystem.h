@@ -23,6 +23,9 @@ QString linkEnd(const QString &path);
 
 // Whether both paths lead to one file that exists, over links and by whatever name.
 bool isSameFile(const QString &path, const QString &other);
+// For comparing many at once: the same for all paths that lead to one file over links, and, where
+// the system numbers its files, by whatever name. Empty for what is missing.
+QString fileIdentity(const QString &path);
 
 // Whether the open file is known by another name too, as hard links are.
 bool hasOtherNames(const QFile &file);

@@ -239,7 +239,9 @@ private:
     void askAboutMissing(const QString &path);
 
     void reportName();
-    QString restoreEntry(const QString &text, bool hasPanes, QList<EdCodeView *> *restored);
+    class OpenFiles;
+    QString restoreEntry(const QString &text, bool hasPanes, OpenFiles *files,
+                         QList<EdCodeView *> *restored);
     void forgetEntry(const QString &path);
 
     int newBufferIndex() override { return m_nextBufferIndex++; }

@@ -2,6 +2,7 @@
 // What survives a restart: the text of buffers, and the list of what is open.
 #include "workspace/edcentralwidget.h"
 
+#include "compat/filesystem.h"
 #include "workspace/edcodetabwidget.h"
 #include "workspace/edcodeview.h"
 #include "workspace/flagscope.h"
@@ -10,8 +11,7 @@
 
 #include <QBoxLayout>
 #include <QDir>
-
-#include <algorithm>
+#include <QSet>
 
 namespace {
 
@@ -24,6 +24,31 @@ bool mayComeBack(const TabEntry &entry)
 }
 
 } // namespace
+
+// By whatever name, and without asking the disk about each of them for each other.
+class EdCentralWidget::OpenFiles
+{
+public:
+    explicit OpenFiles(const QList<EdCodeView *> &views)
+    {
+        for (const EdCodeView *view : views)
+            add(view->fileInfo().absoluteFilePath());
+    }
+
+    // False when it is there already.
+    bool add(const QString &path)
+    {
+        QString identity = compat::fileIdentity(path);
+        if (identity.isEmpty())
+            identity = QFileInfo(path).absoluteFilePath();
+        const bool isNew = !m_identities.contains(identity);
+        m_identities.insert(identity);
+        return isNew;
+    }
+
+private:
+    QSet<QString> m_identities;
+};
 
 void EdCentralWidget::flushJournals()
 {
@@ -73,9 +98,12 @@ QStringList EdCentralWidget::restore(const WorkspaceState &stored)
     QStringList problems;
     {
         const FlagScope ignoring(&m_ignoresTabs); // documents are parsed when they are shown
-        QList<EdCodeView *> restored[PaneCount];  // for each entry, null where there is none
+        for (EdCodeTabWidget *pane : m_panes)
+            pane->beginRestoring();
+        OpenFiles files(codeViews());
+        QList<EdCodeView *> restored[PaneCount]; // for each entry, null where there is none
         for (const QString &text : state.openTabs)
-            problems << restoreEntry(text, hasPanes, restored);
+            problems << restoreEntry(text, hasPanes, &files, restored);
         showStored(m_panes.at(0), restored[0], state.indexA);
         showStored(m_panes.at(1), restored[1], state.indexB);
     }
@@ -93,14 +121,12 @@ QStringList EdCentralWidget::restore(const WorkspaceState &stored)
 void EdCentralWidget::showStored(EdCodeTabWidget *pane, const QList<EdCodeView *> &restored,
                                  int index)
 {
-    if (pane->count() == 0)
-        return;
     const int tab = pane->indexOf(restored.value(index));
-    pane->setCurrentTab(tab != -1 ? tab : std::clamp(index, 0, pane->count() - 1));
+    pane->endRestoring(tab != -1 ? tab : index);
 }
 
 // Returns what there is to say, or an empty text.
-QString EdCentralWidget::restoreEntry(const QString &text, bool hasPanes,
+QString EdCentralWidget::restoreEntry(const QString &text, bool hasPanes, OpenFiles *files,
                                       QList<EdCodeView *> *restored)
 {
     const std::optional<TabEntry> entry = TabEntry::parse(text);
@@ -109,7 +135,7 @@ QString EdCentralWidget::restoreEntry(const QString &text, bool hasPanes,
     const int id = hasPanes && entry->pane == 1 ? 1 : 0;
     EdCodeTabWidget *pane = m_panes.at(id);
     // Buffers may share a file: there are names for so many only.
-    const bool isOpen = !entry->isBuffer && placeOfFile(QFileInfo(entry->path));
+    const bool isOpen = !files->add(entry->path) && !entry->isBuffer;
     const int count = pane->count();
     const QString reason = isOpen ? QString() : pane->restoreTabQuietly(text, m_nextBufferIndex++);
     restored[id] << (pane->count() > count ? pane->codeViewAt(count) : nullptr);

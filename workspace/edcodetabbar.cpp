@@ -3,6 +3,8 @@
 
 #include "resources/resources.h"
 
+#include <QStringList>
+
 // The style's own cross is black, which nobody sees on a dark palette.
 EdCodeTabBar::EdCodeTabBar(QWidget *parent) : QTabBar(parent)
 {
@@ -10,6 +12,32 @@ EdCodeTabBar::EdCodeTabBar(QWidget *parent) : QTabBar(parent)
     setStyleSheet(QLatin1String("QTabBar::close-button { image: url(:/icons/close.png); }"
                                 "QTabBar::close-button:hover {"
                                 " background: rgba(255, 255, 255, 40); border-radius: 2px; }"));
+}
+
+void EdCodeTabBar::beginFilling()
+{
+    m_isFilling = true;
+    m_wasClosable = tabsClosable();
+    setTabsClosable(false);
+}
+
+// Each button has all tabs laid out, which takes long where they have texts.
+void EdCodeTabBar::endFilling()
+{
+    QStringList texts;
+    for (int tab = 0; tab < count(); ++tab) {
+        texts << tabText(tab);
+        setTabText(tab, QString());
+    }
+    setTabsClosable(m_wasClosable);
+    m_isFilling = false;
+    for (int tab = 0; tab < count(); ++tab)
+        setTabText(tab, texts.at(tab));
+}
+
+QSize EdCodeTabBar::tabSizeHint(int tab) const
+{
+    return m_isFilling ? QSize(1, 1) : QTabBar::tabSizeHint(tab);
 }
 
 void EdCodeTabBar::mousePressEvent(QMouseEvent *event)

@@ -11,10 +11,20 @@ class EdCodeTabBar : public QTabBar
 public:
     explicit EdCodeTabBar(QWidget *parent = nullptr);
 
+    // For many tabs at once, into a bar that is hidden: otherwise each has all that are there
+    // already laid out several times. Meanwhile sizes are wrong.
+    void beginFilling();
+    void endFilling();
+
 signals:
     // A button of the mouse went down on it.
     void tabBarSelected();
 
 protected:
     void mousePressEvent(QMouseEvent *event) override;
+    QSize tabSizeHint(int tab) const override;
+
+private:
+    bool m_isFilling = false;
+    bool m_wasClosable = false; // before filling
 };

@@ -197,6 +197,7 @@ void EdCodeTabWidget::replaceInStack(int stackIndex, EdCodeView *view)
 int EdCodeTabWidget::insertCodeView(int position, EdCodeView *view, const QString &label)
 {
     const int tab = addTab(position, view, label, true);
+    show();
     view->setCodeEditFocus();
     return tab;
 }
@@ -215,7 +216,6 @@ int EdCodeTabWidget::addTab(int position, EdCodeView *view, const QString &label
         setCurrentCodeView(tab); // the bar says nothing of its first tab
     connectView(view);
     emit codeViewInserted(view);
-    show();
     return tab;
 }
 

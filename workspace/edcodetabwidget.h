@@ -76,8 +76,12 @@ public:
     // Behind the current tab, so that only a first one is looked at: what is not shown costs
     // little. Damaged entries are dropped; a file that cannot be read is reported to the user.
     void restoreTab(const QString &entry, int bufferIndex);
-    // The same without a box; returns the reason of a failure, or an empty text.
+    // The same without a box; returns the reason of a failure, or an empty text. Between the other
+    // two, which are for many tabs; the last one shows the pane, if it has any, with the tab in
+    // front that is nearest to the index.
+    void beginRestoring();
     QString restoreTabQuietly(const QString &entry, int bufferIndex);
+    void endRestoring(int tabIndex);
 
     // Views of closed tabs go by themselves once the event loop is back, since closing may have
     // begun in one of them. This deletes them at once.

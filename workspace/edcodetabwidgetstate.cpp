@@ -2,11 +2,13 @@
 // The tabs of a pane as they are kept from one run to the next.
 #include "workspace/edcodetabwidget.h"
 
+#include "workspace/edcodetabbar.h"
 #include "workspace/edcodeview.h"
 #include "workspace/tabentry.h"
 
 #include <QMessageBox>
 
+#include <algorithm>
 #include <optional>
 
 void EdCodeTabWidget::writeState(QStringList &out, int viewId) const
@@ -18,11 +20,26 @@ void EdCodeTabWidget::writeState(QStringList &out, int viewId) const
 void EdCodeTabWidget::restoreTab(const QString &entry, int bufferIndex)
 {
     const QString reason = restoreTabQuietly(entry, bufferIndex);
+    setVisible(count() > 0);
     if (reason.isEmpty())
         return;
     const QString path = TabEntry::parse(entry)->path; // only whole ones have a reason to fail
     QMessageBox::warning(this, tr("File Read Error"),
                          tr("Cannot read file %1:\n%2.").arg(path, reason));
+}
+
+void EdCodeTabWidget::beginRestoring()
+{
+    m_tabBar->beginFilling();
+}
+
+void EdCodeTabWidget::endRestoring(int tabIndex)
+{
+    m_tabBar->endFilling();
+    if (count() == 0)
+        return;
+    setCurrentTab(std::clamp(tabIndex, 0, count() - 1));
+    show(); // not before, so that no other tab is looked at
 }
 
 QString EdCodeTabWidget::restoreTabQuietly(const QString &entry, int bufferIndex)

@@ -5,6 +5,8 @@
 #include "tests/support/scratchdir.h"
 #include "tests/support/testmain.h"
 #include "workspace/edcentralwidget.h"
+#include "workspace/edcodetabbar.h"
+#include "workspace/edcodetabwidget.h"
 #include "workspace/edcodeview.h"
 #include "editor/edcodeedit.h"
 
@@ -27,6 +29,7 @@ private slots:
     void restoringOpensWhatWasCurrent();
     void stateAndRestoringAgree();
     void panesAreRestored();
+    void onlyDocumentsInFrontGetEditors();
     void entriesWaitForTheirFolder();
     void filesOfTheUserAreNoBuffers();
     void restoringShowsNoBox();
@@ -156,8 +159,35 @@ void TestEdCentralWidgetState::panesAreRestored()
     second.restore(state);
     QVERIFY(second.state() == state);
     QCOMPARE(second.currentCodeView()->fileInfo().fileName(), QString("b.mel"));
-    second.restore(state); // opens nothing twice
+    WorkspaceState same = state;
+    const QString link = dir.file("link.mel");
+    QVERIFY(QFile::link(dir.file("b.mel"), link));
+    same.openTabs << "0," + link + ",0,0,0";
+    second.restore(same); // opens nothing twice
     QCOMPARE(int(second.codeViews().size()), 4);
+}
+
+void TestEdCentralWidgetState::onlyDocumentsInFrontGetEditors()
+{
+    ScratchDir dir;
+    EdCentralWidget opened;
+    for (const char *name : {"a.mel", "b.py", "long name.txt"})
+        opened.openFile(dir.write(name, "abc"));
+    opened.moveToOtherView(0, 0);
+    EdCentralWidget restored;
+    restored.restore(opened.state());
+    restored.updateFontAndColors();
+    restored.updateTabsAndSpaces();
+    for (EdCentralWidget *central : {&opened, &restored}) {
+        central->resize(600, 300);
+        central->show();
+    }
+    QCOMPARE(int(restored.findChildren<EdCodeEdit *>().size()), 2);
+    const QTabBar *bar = restored.pane(0)->tabBar();
+    for (int tab : {0, 1}) {
+        QCOMPARE(bar->tabRect(tab).size(), opened.pane(0)->tabBar()->tabRect(tab).size());
+        QVERIFY(bar->tabButton(tab, QTabBar::RightSide));
+    }
 }
 
 void TestEdCentralWidgetState::entriesWaitForTheirFolder()
