@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "compat/filesystem.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QString>
+
+// A folder of files for one run, gone with its owner.
+class SampleFolder
+{
+public:
+    SampleFolder() { m_folder.mkpath(m_folder.path()); }
+    ~SampleFolder()
+    {
+        QString ignored;
+        compat::removeTree(m_folder.path(), &ignored);
+    }
+    SampleFolder(const SampleFolder &) = delete;
+    SampleFolder &operator=(const SampleFolder &) = delete;
+
+    QString path() const { return m_folder.path(); }
+    // Returns the path.
+    QString write(const QString &name, const QString &text) const
+    {
+        QFile file(m_folder.filePath(name));
+        if (file.open(QIODevice::WriteOnly))
+            file.write(text.toUtf8());
+        return file.fileName();
+    }
+
+private:
+    QDir m_folder =
+        QDir(QDir::tempPath() +
+             QString::fromLatin1("/corvane-bench-%1").arg(QCoreApplication::applicationPid()));
+};
