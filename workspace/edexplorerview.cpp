@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "workspace/edexplorerview.h"
 
+#include "compat/filesystem.h"
 #include "preferences/preferences.h"
 #include "workspace/edexplorertree.h"
 
@@ -82,7 +83,7 @@ void EdExplorerView::create()
         return;
     m_tree = new EdExplorerTree;
     m_watcher = new QFileSystemWatcher(this);
-    connect(m_watcher, SIGNAL(directoryChanged(QString)), SLOT(updateRoot()));
+    connect(m_watcher, SIGNAL(directoryChanged(QString)), SLOT(checkRoot()));
     connectTree();
     m_pages = new QStackedWidget;
     QVBoxLayout *layout = new QVBoxLayout(this);
@@ -158,18 +159,45 @@ void EdExplorerView::updateRoot()
     m_up->setEnabled(parentOf(m_directory) != m_directory);
     m_hint->setText(
         tr("The project folder %1 does not exist.").arg(QDir::toNativeSeparators(m_directory)));
+    if (!exists || isReplaced())
+        m_tree->clear();
+    if (isReplaced())
+        m_watcher->removePaths(m_watcher->directories()); // which it would go on watching elsewhere
     if (exists)
         m_tree->setRoot(m_directory);
-    else
-        m_tree->clear();
     m_pages->setCurrentIndex(exists ? 0 : 1);
     watch();
+    m_listed = m_directory;
+    m_listedNumber = compat::fileStamp(m_directory).number;
+    m_isListedWatched = m_watcher->directories().contains(m_directory);
 }
 
-// Where it is missing, the folder that it would appear in.
+void EdExplorerView::checkRoot()
+{
+    const bool isShown = m_pages->currentIndex() == 0;
+    if (QFileInfo(m_directory).isDir() != isShown || isReplaced())
+        updateRoot();
+    else
+        watch(); // a folder above one that is missing may have come
+}
+
+// By another folder of the same name, of which the tree hears nothing: it goes on watching the one
+// that was moved away.
+bool EdExplorerView::isReplaced() const
+{
+    return m_listed == m_directory &&
+           (m_listedNumber != compat::fileStamp(m_directory).number ||
+            (m_isListedWatched && !m_watcher->directories().contains(m_directory)));
+}
+
+// Where it is missing, the folder that it would appear in; and what either lies in, for a folder is
+// not told when it is moved itself.
 void EdExplorerView::watch()
 {
-    const QStringList wanted(nearestFolder(m_directory));
+    const QString nearest = nearestFolder(m_directory);
+    QStringList wanted(nearest);
+    if (parentOf(nearest) != nearest)
+        wanted << parentOf(nearest);
     const QStringList watched = m_watcher->directories();
     if (watched == wanted)
         return;

@@ -56,6 +56,8 @@ private slots:
     void create();
     // Shows the project folder, or that it is missing.
     void updateRoot();
+    // Does it where the folder has come, gone or is another one.
+    void checkRoot();
     // Lets the user choose when the path is empty.
     void changeProjectDirectory(const QString &path);
 
@@ -64,8 +66,13 @@ private:
     QWidget *createHint();
     void connectTree();
     void watch();
+    bool isReplaced() const;
 
     QString m_directory;
+    // As of the last listing:
+    QString m_listed;
+    quint64 m_listedNumber = 0; // of the folder in its file system
+    bool m_isListedWatched = false;
     // All of these from the first listing on.
     EdExplorerTree *m_tree = nullptr;
     QLabel *m_name = nullptr;
