@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "compat/filesystem.h"
 
+#include "compat/nativepath.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -29,32 +31,9 @@ namespace compat {
 
 namespace {
 
-QString messageOf(const std::error_code &error)
-{
-    return QString::fromLocal8Bit(error.message().c_str());
-}
-
 std::error_code lastError()
 {
     return std::error_code(errno, std::generic_category());
-}
-
-std::filesystem::path nativePath(const QString &path)
-{
-#ifdef Q_OS_WIN
-    return std::filesystem::path(path.toStdWString());
-#else
-    return std::filesystem::path(QFile::encodeName(path).constData());
-#endif
-}
-
-QString qtPath(const std::filesystem::path &path)
-{
-#ifdef Q_OS_WIN
-    return QString::fromStdWString(path.generic_wstring());
-#else
-    return QFile::decodeName(path.c_str());
-#endif
 }
 
 #ifdef Q_OS_LINUX
@@ -351,36 +330,6 @@ bool isLink(const QString &path)
 {
     std::error_code error;
     return std::filesystem::is_symlink(nativePath(path), error);
-}
-
-bool copyTree(const QString &path, const QString &newPath, QString *errorMessage)
-{
-    const std::filesystem::path from = nativePath(path);
-    const std::filesystem::path to = nativePath(newPath);
-    std::error_code error;
-    if (isTaken(newPath))
-        error = std::make_error_code(std::errc::file_exists);
-    else
-        std::filesystem::copy(from, to,
-                              std::filesystem::copy_options::recursive |
-                                  std::filesystem::copy_options::copy_symlinks,
-                              error);
-    if (!error)
-        return true;
-    *errorMessage = messageOf(error);
-    // What appeared under the name meanwhile is not ours.
-    if (error != std::errc::file_exists)
-        std::filesystem::remove_all(to, error);
-    return false;
-}
-
-bool removeTree(const QString &path, QString *errorMessage)
-{
-    std::error_code error;
-    std::filesystem::remove_all(nativePath(path), error);
-    if (error)
-        *errorMessage = messageOf(error);
-    return !error;
 }
 
 bool hasTrash()

@@ -63,13 +63,6 @@ bool isTaken(const QString &path);
 // Unlike Qt's notion of them, never a shortcut of Windows, which is a file.
 bool isLink(const QString &path);
 
-// Copies a file, a link or a folder with all that it holds; links are copied as links. Fails where
-// there is something of the new name, and leaves nothing behind then.
-bool copyTree(const QString &path, const QString &newPath, QString *errorMessage);
-
-// Deletes for good a file, a link or a folder with all that it holds; what links lead to stays.
-bool removeTree(const QString &path, QString *errorMessage);
-
 // Whether files can be moved to the desktop's trash at all, and moving one there.
 bool hasTrash();
 bool moveToTrash(const QString &path, QString *errorMessage);

@@ -76,8 +76,12 @@ private:
     void chooseRoot();
     void goToParent();
 
+    // Of fileoperations.h: a folder, a name, the reason of a failure.
+    using Maker = QString (*)(const QString &, const QString &, QString *);
+
+    // Asks for a name; the path is empty when there is nothing new.
+    QString make(const QString &title, const QString &label, Maker maker);
     static QList<QUrl> clipboardFiles();
-    bool removeOne(const QString &path);
     // The first of those selected, which need not be the current one.
     QModelIndex selectedEntry() const;
     QStringList selectedPaths() const;
@@ -85,7 +89,7 @@ private:
     QString targetFolder() const;
     // Makes it the only selected file, also when it is listed late or once more.
     void select(const QString &path);
-    void complain(const QString &text, const QString &path, const QString &reason);
+    void complain(const QString &text);
 
     QString m_root;
     QString m_awaited; // to be selected; empty once the user goes elsewhere

@@ -5,6 +5,7 @@
 #include "compat/filesystem.h"
 #include "workspace/edexplorerfilterproxymodel.h"
 #include "workspace/fileoperations.h"
+#include "workspace/fileprogress.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -16,11 +17,12 @@
 #include <QList>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QPointer>
 #include <QUrl>
 
 namespace {
 
-const int mostCounted = 10000; // files in a folder, before the question takes its time
+const int mostCounted = 10000; // files and folders, before the question takes its time
 
 QString translated(const char *text)
 {
@@ -29,22 +31,25 @@ QString translated(const char *text)
 
 QString contentsOf(const QString &folder)
 {
-    const int count = countFiles(folder, mostCounted);
-    if (count == mostCounted)
-        return translated("It holds %1 files or more.").arg(count);
-    return count == 1 ? translated("It holds 1 file.")
-                      : translated("It holds %1 files.").arg(count);
+    const FileCount count = countFiles(folder, mostCounted);
+    if (!count.isComplete)
+        return translated("It holds %1 files or more.").arg(count.files);
+    return count.files == 1 ? translated("It holds 1 file.")
+                            : translated("It holds %1 files.").arg(count.files);
 }
 
 QString fateOf(const QStringList &paths)
 {
-    bool areLinks = true;
+    int links = 0;
     for (const QString &path : paths)
-        areLinks = areLinks && compat::isLink(path);
-    if (areLinks)
+        links += compat::isLink(path) ? 1 : 0;
+    if (links == paths.size())
         return translated("What a link leads to stays.");
-    return compat::hasTrash() ? translated("You can get it back from the trash.")
-                              : translated("This is for good.");
+    if (!compat::hasTrash())
+        return links > 0 ? translated("This is for good, but what a link leads to stays.")
+                         : translated("This is for good.");
+    return links > 0 ? translated("You can get all but the links back from the trash.")
+                     : translated("You can get it back from the trash.");
 }
 
 QString deleteQuestion(const QStringList &paths)
@@ -74,30 +79,31 @@ bool goesToTrash(const QString &path)
     return compat::hasTrash() && !compat::isLink(path);
 }
 
-class WaitCursor
+// After a failure with the first ones.
+QString leftOut(int count)
 {
-public:
-    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-    WaitCursor(const WaitCursor &) = delete;
-    WaitCursor &operator=(const WaitCursor &) = delete;
-};
+    if (count == 0)
+        return QString();
+    return count == 1 ? translated("\n1 more was left out.")
+                      : translated("\n%1 more were left out.").arg(count);
+}
 
-// Returns the last copy; a failure ends it, with the path it happened to.
-QString copyAll(const QList<QUrl> &urls, const QString &folder, QString *failed, QString *reason)
+// False, without a reason if the user wants it so, when it is still there.
+bool removeOne(QWidget *parent, const QString &path, FileProgress *progress, QString *reason)
 {
-    const WaitCursor wait;
-    QString copy;
-    for (const QUrl &url : urls) {
-        const QString path = url.toLocalFile();
-        const QString newPath = copyInto(folder, path, reason);
-        if (newPath.isEmpty()) {
-            *failed = path;
-            return copy;
-        }
-        copy = newPath;
+    if (!progress->goesOn())
+        return false;
+    if (goesToTrash(path)) {
+        if (compat::moveToTrash(path, reason))
+            return true;
+        progress->stop();
+        const QString question =
+            translated("Cannot move %1 to the trash:\n%2.\nDelete it for good?").arg(path, *reason);
+        reason->clear();
+        if (!confirms(parent, question))
+            return false;
     }
-    return copy;
+    return compat::removeTree(path, reason, [progress] { return progress->goesOn(); });
 }
 
 } // namespace
@@ -114,31 +120,33 @@ void EdExplorerTree::open()
 
 void EdExplorerTree::newFile()
 {
-    bool isAccepted = false;
-    const QString name = QInputDialog::getText(this, tr("New File"), tr("Name of the file:"),
-                                               QLineEdit::Normal, QString(), &isAccepted);
-    if (!isAccepted)
-        return;
-    QString reason;
-    const QString path = createFile(targetFolder(), name, &reason);
-    if (path.isEmpty())
-        return complain(tr("Cannot create %1:\n%2."), name, reason);
-    select(path);
-    emit fileOpened(path);
+    const QString path = make(tr("New File"), tr("Name of the file:"), &createFile);
+    if (!path.isEmpty())
+        emit fileOpened(path);
 }
 
 void EdExplorerTree::newFolder()
 {
+    make(tr("New Folder"), tr("Name of the folder:"), &createFolder);
+}
+
+// Where it goes is settled before the dialog: files change meanwhile, and the selection with them.
+QString EdExplorerTree::make(const QString &title, const QString &label, Maker maker)
+{
+    const QPointer<EdExplorerTree> self(this);
+    const QString folder = targetFolder();
     bool isAccepted = false;
-    const QString name = QInputDialog::getText(this, tr("New Folder"), tr("Name of the folder:"),
-                                               QLineEdit::Normal, QString(), &isAccepted);
-    if (!isAccepted)
-        return;
+    const QString name =
+        QInputDialog::getText(this, title, label, QLineEdit::Normal, QString(), &isAccepted);
+    if (!isAccepted || !self)
+        return QString();
     QString reason;
-    const QString path = createFolder(targetFolder(), name, &reason);
+    const QString path = maker(folder, name, &reason);
     if (path.isEmpty())
-        return complain(tr("Cannot create %1:\n%2."), name, reason);
-    select(path);
+        complain(tr("Cannot create %1:\n%2.").arg(name, reason));
+    else
+        select(path);
+    return path;
 }
 
 // In the form that file managers exchange; some want to hear besides that it is no move.
@@ -180,13 +188,32 @@ QList<QUrl> EdExplorerTree::clipboardFiles()
 
 void EdExplorerTree::paste()
 {
-    QString failed;
-    QString reason;
-    const QString copy = copyAll(clipboardFiles(), targetFolder(), &failed, &reason);
-    if (!copy.isEmpty())
-        select(copy);
-    if (!failed.isEmpty())
-        complain(tr("Cannot copy %1:\n%2."), failed, reason);
+    const QPointer<EdExplorerTree> self(this);
+    const QList<QUrl> files = clipboardFiles();
+    const QString folder = targetFolder();
+    FileProgress progress(tr("Copying..."), this);
+    QString lastCopy;
+    QString complaint;
+    for (int i = 0; i < files.size() && complaint.isNull(); ++i) {
+        const QString path = files.at(i).toLocalFile();
+        QString reason;
+        const QString copy =
+            copyInto(folder, path, &reason, [&progress] { return progress.goesOn(); });
+        if (copy.isEmpty() && reason.isEmpty())
+            break; // the user has ended it
+        if (copy.isEmpty())
+            complaint =
+                tr("Cannot copy %1:\n%2.").arg(path, reason) + leftOut(int(files.size()) - i - 1);
+        else
+            lastCopy = copy;
+    }
+    progress.stop();
+    if (!self)
+        return;
+    if (!lastCopy.isEmpty())
+        select(lastCopy);
+    if (!complaint.isEmpty())
+        complain(complaint);
 }
 
 void EdExplorerTree::rename()
@@ -199,36 +226,29 @@ void EdExplorerTree::renameFile(const QString &path, const QString &name)
     QString reason;
     const QString newPath = renameTo(name, path, &reason);
     if (newPath.isEmpty())
-        return complain(tr("Cannot rename %1:\n%2."), path, reason);
+        return complain(tr("Cannot rename %1:\n%2.").arg(path, reason));
     select(newPath);
     emit fileRenamed(path, newPath);
 }
 
+// What has gone is told at the end, when nothing is asked about any more.
 void EdExplorerTree::remove()
 {
+    const QPointer<EdExplorerTree> self(this);
     const QStringList paths = outermostPaths(selectedPaths());
-    if (!confirms(this, deleteQuestion(paths)))
+    if (paths.isEmpty() || !confirms(this, deleteQuestion(paths)))
         return;
-    for (const QString &path : paths) {
-        if (!removeOne(path))
-            return;
-    }
-}
-
-bool EdExplorerTree::removeOne(const QString &path)
-{
+    FileProgress progress(tr("Deleting..."), this);
     QString reason;
-    bool isRemoved = goesToTrash(path) && compat::moveToTrash(path, &reason);
-    const QString question =
-        tr("Cannot move %1 to the trash:\n%2.\nDelete it for good?").arg(path, reason);
-    if (!isRemoved && goesToTrash(path) && !confirms(this, question))
-        return false;
-    isRemoved = isRemoved || compat::removeTree(path, &reason);
-    if (isRemoved)
-        emit fileDeleted(path);
-    else
-        complain(tr("Cannot delete %1:\n%2."), path, reason);
-    return isRemoved;
+    int removed = 0;
+    while (self && removed < paths.size() && removeOne(this, paths.at(removed), &progress, &reason))
+        ++removed;
+    progress.stop();
+    for (int i = 0; self && i < removed; ++i)
+        emit fileDeleted(paths.at(i));
+    if (self && !reason.isEmpty())
+        complain(tr("Cannot delete %1:\n%2.").arg(paths.at(removed), reason) +
+                 leftOut(int(paths.size()) - removed - 1));
 }
 
 void EdExplorerTree::showInFolder()
@@ -236,10 +256,11 @@ void EdExplorerTree::showInFolder()
     const QStringList paths = selectedPaths();
     const QString folder = paths.isEmpty() ? m_root : QFileInfo(paths.first()).absolutePath();
     if (!QDesktopServices::openUrl(QUrl::fromLocalFile(folder)))
-        complain(tr("Cannot show %1:\n%2."), folder, tr("The desktop has no program for folders"));
+        complain(
+            tr("Cannot show %1:\n%2.").arg(folder, tr("The desktop has no program for folders")));
 }
 
-void EdExplorerTree::complain(const QString &text, const QString &path, const QString &reason)
+void EdExplorerTree::complain(const QString &text)
 {
-    QMessageBox::warning(this, tr("Error"), text.arg(path, reason));
+    QMessageBox::warning(this, tr("Error"), text);
 }

@@ -4,7 +4,8 @@
 #include <QLineEdit>
 #include <QStyledItemDelegate>
 
-// For the name of a file in a view. It begins with all but the suffix selected.
+// For the name of a file in a view of QFileSystemModel's. It begins with all but the suffix
+// selected.
 class FileNameEdit : public QLineEdit
 {
     Q_OBJECT
@@ -12,8 +13,15 @@ class FileNameEdit : public QLineEdit
 public:
     explicit FileNameEdit(QWidget *parent = nullptr);
 
+    // Once: what is typed stays, whatever happens to the file. Of a folder a dot begins no suffix.
+    void begin(const QString &name, bool isFolder);
+
 private slots:
     void selectBaseName();
+
+private:
+    bool m_hasBegun = false;
+    bool m_isFolder = false;
 };
 
 class FileNameDelegate : public QStyledItemDelegate
@@ -25,4 +33,5 @@ public:
 
     QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option,
                           const QModelIndex &index) const override;
+    void setEditorData(QWidget *editor, const QModelIndex &index) const override;
 };

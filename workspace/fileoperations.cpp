@@ -48,6 +48,16 @@ bool isUsable(const QString &folder, const QString &name, QString *reason)
     return reason->isEmpty();
 }
 
+// Whether a name is taken by the file itself, on a system that does not tell case apart. Not by
+// another file, nor by another link to the same one.
+bool isOtherCase(const QFileInfo &file, const QString &name)
+{
+    const QDir folder = file.dir();
+    return name != file.fileName() && name.compare(file.fileName(), Qt::CaseInsensitive) == 0 &&
+           compat::isSameFile(file.filePath(), folder.absoluteFilePath(name)) &&
+           !folder.entryList(QDir::AllEntries | QDir::Hidden | QDir::System).contains(name);
+}
+
 } // namespace
 
 QString nameComplaint(const QString &name)
@@ -94,8 +104,10 @@ QString createFolder(const QString &folder, const QString &name, QString *reason
     return QString();
 }
 
-QString copyInto(const QString &folder, const QString &path, QString *reason)
+QString copyInto(const QString &folder, const QString &source, QString *reason,
+                 const compat::GoesOn &goesOn)
 {
+    const QString path = QDir::cleanPath(source); // other programs end folders with a separator
     const QFileInfo info(path);
     const QString newPath = freePath(folder, info.fileName());
     if (!compat::isTaken(path))
@@ -104,7 +116,7 @@ QString copyInto(const QString &folder, const QString &path, QString *reason)
     else if (isFolder(path) &&
              isWithin(QFileInfo(folder).canonicalFilePath(), info.canonicalFilePath()))
         *reason = translated("A folder cannot be copied into itself");
-    else if (compat::copyTree(path, newPath, reason))
+    else if (compat::copyTree(path, newPath, reason, goesOn))
         return newPath;
     return QString();
 }
@@ -113,18 +125,27 @@ QString renameTo(const QString &name, const QString &path, QString *reason)
 {
     const QString folder = QFileInfo(path).absolutePath();
     const QString newPath = pathIn(folder, name);
+    // To take the place of itself, which the careful way below refuses.
+    if (nameComplaint(name).isEmpty() && isOtherCase(QFileInfo(path), name))
+        return compat::replaceFileSoon(newPath, path, reason) ? newPath : QString();
     return isUsable(folder, name, reason) && compat::renameFile(path, newPath, reason) ? newPath
                                                                                        : QString();
 }
 
-int countFiles(const QString &folder, int most)
+FileCount countFiles(const QString &folder, int mostSeen)
 {
-    QDirIterator files(folder, QDir::Files | QDir::Hidden | QDir::System,
-                       QDirIterator::Subdirectories);
-    int count = 0;
-    while (count < most && files.hasNext()) {
-        files.next();
-        ++count;
+    QDirIterator entries(folder,
+                         QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden | QDir::System,
+                         QDirIterator::Subdirectories);
+    FileCount count;
+    for (int seen = 0; entries.hasNext(); ++seen) {
+        if (seen == mostSeen) {
+            count.isComplete = false;
+            break;
+        }
+        entries.next();
+        if (!entries.fileInfo().isDir())
+            ++count.files;
     }
     return count;
 }

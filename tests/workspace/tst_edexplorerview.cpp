@@ -9,6 +9,7 @@
 #include "tests/support/testmain.h"
 #include "workspace/edexplorerfilterproxymodel.h"
 #include "workspace/edexplorertree.h"
+#include "workspace/fileprogress.h"
 
 #include <QAction>
 #include <QApplication>
@@ -200,6 +201,8 @@ private slots:
     void theMenuOffersWhatIsPossible();
     void theRootIsChosenAndKept();
     void aMissingRootIsSaidUntilItIsThere();
+    void aRootThatTookThePlaceOfAnotherIsListed();
+    void longOperationsCanBeEnded();
     void thousandsOfFilesDoNotBlock();
 
 private:
@@ -400,9 +403,9 @@ void TestEdExplorerView::filesOfOtherProgramsArePasted()
     fixture.select("inner");
     ModalAnswer answer("OK");
     fixture.press(Qt::Key_V, Qt::ControlModifier);
-    QCOMPARE(
-        answer.text(),
-        QString("Cannot copy %1:\nIt does not exist any more.").arg(fixture.dir.file("gone.py")));
+    QCOMPARE(answer.text(),
+             QString("Cannot copy %1:\nIt does not exist any more.\n1 more was left out.")
+                 .arg(fixture.dir.file("gone.py")));
     QCOMPARE(fixture.dir.read("root/inner/first.py"), QByteArray("first"));
     QVERIFY(!QFile::exists(fixture.file("inner/first copy.py")));
     QCOMPARE(fixture.dir.read("first.py"), QByteArray("first"));
@@ -432,6 +435,7 @@ void TestEdExplorerView::filesAreRenamedInPlace()
     QCoreApplication::processEvents();
     QCOMPARE(edit->selectedText(), QString("a.b"));
     QTest::keyClicks(edit, "c");
+    fixture.tree()->dataChanged(fixture.find("a.b.py"), fixture.find("a.b.py")); // saved meanwhile
     QTest::keyClick(edit, Qt::Key_Return);
     QCOMPARE(fixture.namesOnceThey(list("c.py")), list("c.py"));
     QCOMPARE(fixture.dir.read("root/c.py"), QByteArray("a.b.py"));
@@ -664,6 +668,35 @@ void TestEdExplorerView::aMissingRootIsSaidUntilItIsThere()
     for (int i = 0; i < patience && !fixture.tree()->isVisible(); ++i)
         QTest::qWait(5);
     QCOMPARE(fixture.namesOnceThey(list("b.py")), list("b.py"));
+}
+
+void TestEdExplorerView::aRootThatTookThePlaceOfAnotherIsListed()
+{
+    Fixture fixture;
+    fixture.write("a.py");
+    QVERIFY(QDir(fixture.dir.path()).mkdir("other"));
+    fixture.dir.write("other/b.py", "");
+    fixture.show();
+    QCOMPARE(fixture.namesOnceThey(list("a.py")), list("a.py"));
+    QVERIFY(QDir().rename(fixture.root(), fixture.dir.file("old")));
+    QVERIFY(QDir().rename(fixture.dir.file("other"), fixture.root()));
+    QCOMPARE(fixture.namesOnceThey(list("b.py")), list("b.py"));
+    fixture.write("c.py");
+    QCOMPARE(fixture.namesOnceThey(list("b.py|c.py")), list("b.py|c.py"));
+}
+
+void TestEdExplorerView::longOperationsCanBeEnded()
+{
+    QWidget window;
+    window.show();
+    FileProgress progress("Copying...", &window);
+    ModalAnswer answer("Cancel");
+    QElapsedTimer time;
+    for (time.start(); progress.goesOn() && time.elapsed() < 60000;)
+        QTest::qSleep(1);
+    QVERIFY(answer.wasAsked());
+    progress.stop();
+    QVERIFY(progress.goesOn()); // with the next operation
 }
 
 // Its events are answered all the while; each of them has its bound, a slow machine included.

@@ -2,6 +2,7 @@
 #include "workspace/recovery.h"
 
 #include "compat/filesystem.h"
+#include "compat/filetree.h"
 #include "tests/support/scratchdir.h"
 #include "tests/support/testmain.h"
 #include "tests/workspace/editorsession.h"
