@@ -152,7 +152,9 @@ void EdCodeTabWidget::setActive(bool active)
 
 void EdCodeTabWidget::setTabBarVisible(bool visible)
 {
-    m_tabBar->setVisible(visible);
+    // Even one that is visible already would get ready to be shown, which takes a while.
+    if (m_tabBar->isHidden() == visible)
+        m_tabBar->setVisible(visible);
 }
 
 void EdCodeTabWidget::setTabsMovable(bool movable)
