@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "workspace/linechange.h"
 
+#include "workspace/linediff.h"
 #include "workspace/lineends.h"
 
 #include <QStringList>
@@ -9,6 +10,7 @@
 #include <QTextDocument>
 
 #include <algorithm>
+#include <vector>
 
 namespace {
 
@@ -74,22 +76,67 @@ void insertLines(int first, const QString &lines, QTextDocument *document)
     replace(end, end, QLatin1Char('\n') + lines, document);
 }
 
-} // namespace
-
-LineChange changeLines(QTextDocument *document, const QString &text)
+void make(const LineChange &change, const QStringList &lines, QTextDocument *document)
 {
-    const QStringList lines = linesOf(text);
-    const LineChange change = difference(*document, lines);
-    const QString added =
-        QStringList(lines.mid(change.first, change.added)).join(QLatin1String("\n"));
+    const QString added = lines.join(QLatin1String("\n"));
     const int last = change.first + change.removed - 1;
     if (change.removed == 0 && change.added == 0)
-        return change;
+        return;
     if (change.added == 0)
         removeLines(change.first, last, document);
     else if (change.removed == 0)
         insertLines(change.first, added, document);
     else
         replace(startOf(change.first, *document), endOf(last, *document), added, document);
+}
+
+struct Replacement
+{
+    LineChange change;
+    QStringList lines; // that come
+};
+
+std::vector<Replacement> replacementsOf(const QTextDocument &document, const QString &text)
+{
+    QStringList before;
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next())
+        before << block.text();
+    std::vector<Replacement> replacements;
+    int line = 0;
+    bool isInside = false;
+    for (const DiffLine &diff : lineDiff(before, linesOf(text))) {
+        const bool isSame = diff.kind == DiffKind::Same;
+        if (!isSame && !isInside)
+            replacements.push_back({{line, 0, 0}, QStringList()});
+        isInside = !isSame;
+        line += diff.kind == DiffKind::Added ? 0 : 1;
+        if (diff.kind == DiffKind::Removed)
+            ++replacements.back().change.removed;
+        if (diff.kind != DiffKind::Added)
+            continue;
+        ++replacements.back().change.added;
+        replacements.back().lines << diff.text;
+    }
+    return replacements;
+}
+
+} // namespace
+
+LineChange changeLines(QTextDocument *document, const QString &text)
+{
+    const QStringList lines = linesOf(text);
+    const LineChange change = difference(*document, lines);
+    make(change, lines.mid(change.first, change.added), document);
     return change;
+}
+
+void changeLinesClosely(QTextDocument *document, const QString &text)
+{
+    const std::vector<Replacement> replacements = replacementsOf(*document, text);
+    QTextCursor group(document);
+    group.beginEditBlock();
+    // From the end on, so that the numbers of the lines before stay right.
+    for (auto it = replacements.rbegin(); it != replacements.rend(); ++it)
+        make(it->change, it->lines, document);
+    group.endEditBlock();
 }

@@ -19,3 +19,5 @@ struct LineChange
 // Gives the document this text by one edit, which can be undone, to the lines that differ. Those
 // before and behind it keep what goes with their blocks, and cursors in them their place.
 LineChange changeLines(QTextDocument *document, const QString &text);
+// The same by as few lines as can be found, so that those between them are left alone as well.
+void changeLinesClosely(QTextDocument *document, const QString &text);

@@ -9,6 +9,7 @@ namespace {
 
 // Lines removed and added together. Time and memory grow with its square.
 const int mostChanges = 1000;
+const int mostSteps = 20000000; // comparisons of lines
 
 // The greedy search for the shortest way from one list to the other: on diagonal k (lines taken of
 // `before` less those of `after`) the furthest point that so many changes lead to.
@@ -24,7 +25,7 @@ public:
     std::vector<DiffLine> lines()
     {
         m_furthest.assign(2 * mostChanges + 3, 0);
-        for (int changes = 0; changes <= mostChanges; ++changes) {
+        for (int changes = 0; changes <= mostChanges && m_steps < mostSteps; ++changes) {
             m_history.push_back(m_furthest);
             if (search(changes))
                 return wayBack(changes);
@@ -48,9 +49,11 @@ private:
         for (int diagonal = -changes; diagonal <= changes; diagonal += 2) {
             int x = addsLine(m_furthest, diagonal, changes) ? m_furthest[place(diagonal + 1)]
                                                             : m_furthest[place(diagonal - 1)] + 1;
+            const int start = x;
             while (x < m_before.size() && x - diagonal < m_after.size() &&
                    m_before.at(x) == m_after.at(x - diagonal))
                 ++x;
+            m_steps += x - start + 1;
             m_furthest[place(diagonal)] = x;
             if (x >= m_before.size() && x - diagonal >= m_after.size())
                 return true;
@@ -85,6 +88,7 @@ private:
 
     const QStringList &m_before;
     const QStringList &m_after;
+    qint64 m_steps = 0;
     std::vector<int> m_furthest;
     std::vector<std::vector<int>> m_history; // before the search with so many changes
 };

@@ -31,6 +31,8 @@ public:
     // The same for a text that the document has been given by an edit, of which this is then a
     // part.
     void markByEdit(QTextDocument *document, const QString &text);
+    // Whether some lines end, or ended, in another way than new ones.
+    bool isMixed() const { return m_mixed; }
     // That of new lines.
     QString usual() const;
     // The document's text with these ends. Other characters are as they stand in the document.
