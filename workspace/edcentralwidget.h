@@ -240,8 +240,8 @@ private:
 
     void reportName();
     class OpenFiles;
-    QString restoreEntry(const QString &text, bool hasPanes, OpenFiles *files,
-                         QList<EdCodeView *> *restored);
+    QString restoreEntry(const QString &text, const QString &documentId, bool hasPanes,
+                         OpenFiles *files, QList<EdCodeView *> *restored);
     void forgetEntry(const QString &path);
 
     int newBufferIndex() override { return m_nextBufferIndex++; }

@@ -78,6 +78,8 @@ WorkspaceState EdCentralWidget::state() const
     WorkspaceState state;
     for (EdCodeTabWidget *pane : m_panes)
         pane->writeState(state.openTabs, pane->id());
+    for (const EdCodeView *view : codeViews())
+        state.documentIds << view->documentId();
     state.openTabs += m_waitingEntries;
     state.activeView = m_activeView;
     state.indexA = m_panes.at(0)->currentIndex();
@@ -102,8 +104,10 @@ QStringList EdCentralWidget::restore(const WorkspaceState &stored)
             pane->beginRestoring();
         OpenFiles files(codeViews());
         QList<EdCodeView *> restored[PaneCount]; // for each entry, null where there is none
-        for (const QString &text : state.openTabs)
-            problems << restoreEntry(text, hasPanes, &files, restored);
+        for (int i = 0; i < state.openTabs.size(); ++i) {
+            const QString id = state.documentIds.value(i);
+            problems << restoreEntry(state.openTabs.at(i), id, hasPanes, &files, restored);
+        }
         showStored(m_panes.at(0), restored[0], state.indexA);
         showStored(m_panes.at(1), restored[1], state.indexB);
     }
@@ -126,8 +130,8 @@ void EdCentralWidget::showStored(EdCodeTabWidget *pane, const QList<EdCodeView *
 }
 
 // Returns what there is to say, or an empty text.
-QString EdCentralWidget::restoreEntry(const QString &text, bool hasPanes, OpenFiles *files,
-                                      QList<EdCodeView *> *restored)
+QString EdCentralWidget::restoreEntry(const QString &text, const QString &documentId, bool hasPanes,
+                                      OpenFiles *files, QList<EdCodeView *> *restored)
 {
     const std::optional<TabEntry> entry = TabEntry::parse(text);
     if (!entry)
@@ -138,7 +142,10 @@ QString EdCentralWidget::restoreEntry(const QString &text, bool hasPanes, OpenFi
     const bool isOpen = !files->add(entry->path) && !entry->isBuffer;
     const int count = pane->count();
     const QString reason = isOpen ? QString() : pane->restoreTabQuietly(text, m_nextBufferIndex++);
-    restored[id] << (pane->count() > count ? pane->codeViewAt(count) : nullptr);
+    EdCodeView *view = pane->count() > count ? pane->codeViewAt(count) : nullptr;
+    restored[id] << view;
+    if (view && !documentId.isEmpty())
+        view->setDocumentId(documentId);
     if (reason.isEmpty())
         return reason;
     if (mayComeBack(*entry))
@@ -157,6 +164,10 @@ QStringList EdCentralWidget::recover(const JournalFolder &journals)
             showPlace(placeOf(current));
     }
     onTabChange();
+    for (const RecoveredDocument &document : recovery.documents) {
+        if (document.isOutdated)
+            externalFileChange(document.view->fileInfo().absoluteFilePath());
+    }
     if (!recovery.documents.isEmpty())
         showRecovered(recovery.documents);
     return recovery.problems;

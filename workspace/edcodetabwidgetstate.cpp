@@ -50,7 +50,7 @@ QString EdCodeTabWidget::restoreTabQuietly(const QString &entry, int bufferIndex
     const QFileInfo info(tab->path);
     EdCodeView *view = newView();
     const QString reason = view->loadQuietly(info, tab->isBuffer, bufferIndex);
-    if (!reason.isEmpty()) {
+    if (!reason.isEmpty() && !(tab->isBuffer && view->becomeSharing(info, bufferIndex))) {
         delete view;
         return reason;
     }

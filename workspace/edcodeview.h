@@ -39,6 +39,9 @@ public:
     // One directory for all views; it must exist.
     static QDir bufferDirectory();
     static void setBufferDirectory(const QDir &directory);
+    // Whether the path, which must be a plain one, is such as a buffer's file has: closing a buffer
+    // deletes its file.
+    static bool isBufferPath(const QString &path);
     // Where unsaved texts are kept against the end of the program: of the folders that are still in
     // use that which was given last; null for nowhere. Texts keep theirs in use.
     static std::shared_ptr<JournalFolder> journalFolder();
@@ -86,6 +89,9 @@ public:
     void discardJournal();
     // Makes a view that awaits a file the document of one that is missing or cannot be read.
     void becomeDocument(const JournalHeader &header, int bufferIndex);
+    // The same for a buffer of which only a journal may have the text, as its file was another's
+    // as well; else false.
+    bool becomeSharing(const QFileInfo &info, int bufferIndex);
     // Puts the text that a session left in the place of the document's, by an edit that can be
     // undone, and takes over its journal, so that at any moment there is one; an empty path for
     // none. The text is then unsaved.
@@ -211,6 +217,8 @@ private:
     void followChanges();
     void beginJournal(const std::shared_ptr<JournalFolder> &folder, const QString &path);
     JournalHeader journalHeader() const;
+    void takeAfter(const JournalHeader &header);
+    void giveLines(const QString &text);
 
     int m_bufferIndex;
     int m_editorLanguage;

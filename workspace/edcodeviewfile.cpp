@@ -64,6 +64,19 @@ void EdCodeView::setBufferDirectory(const QDir &directory)
     sharedBufferDirectory() = directory;
 }
 
+bool EdCodeView::isBufferPath(const QString &path)
+{
+    const QFileInfo file(path);
+    for (int language : {Text, Python, Mel}) {
+        for (int number = 0; number < mostBuffers; ++number) {
+            if (file.fileName() == bufferFileName(number, language))
+                return QDir::cleanPath(path) == path && !compat::isLink(path) &&
+                       QDir(file.path()).canonicalPath() == bufferDirectory().canonicalPath();
+        }
+    }
+    return false;
+}
+
 bool EdCodeView::load(const QFileInfo &info, bool isBuffer, int bufferIndex)
 {
     return isRead(info, loadQuietly(info, isBuffer, bufferIndex));

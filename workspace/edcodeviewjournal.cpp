@@ -12,6 +12,8 @@
 
 namespace {
 
+const Fingerprint noFingerprint = {-1, 0}; // that of no file
+
 std::vector<std::weak_ptr<JournalFolder>> &knownJournalFolders()
 {
     static std::vector<std::weak_ptr<JournalFolder>> folders;
@@ -92,14 +94,44 @@ void EdCodeView::becomeDocument(const JournalHeader &header, int bufferIndex)
     updateLanguage();
 }
 
+bool EdCodeView::becomeSharing(const QFileInfo &info, int bufferIndex)
+{
+    JournalHeader header;
+    header.path = info.absoluteFilePath();
+    header.isBuffer = true;
+    becomeDocument(header, bufferIndex);
+    return mayShareFile();
+}
+
+// Where lines end in several ways, each that is still there keeps its own.
+void EdCodeView::giveLines(const QString &text)
+{
+    if (m_lineEnds.isMixed())
+        changeLinesClosely(codeEdit()->document(), text);
+    else
+        changeLines(codeEdit()->document(), text);
+}
+
+// What has changed in the file since the journal was begun is to be asked about.
+void EdCodeView::takeAfter(const JournalHeader &header)
+{
+    const QString path = m_fileInfo.absoluteFilePath();
+    const bool isSame = path == header.path || compat::isSameFile(path, header.path);
+    if (m_isBuffer != header.isBuffer || !isSame)
+        return;
+    if (!header.documentId.isEmpty())
+        m_documentId = header.documentId;
+    if (!m_isBuffer && (header.seen || QFileInfo(path).exists()))
+        m_seen = header.seen.value_or(noFingerprint);
+}
+
 // The journal becomes the view's own before anything else: whatever happens then, it is known whose
 // text it is.
 void EdCodeView::recover(const JournalContents &journal, const QString &journalPath)
 {
     discardJournal();
     giveText();
-    if (!m_isBuffer)
-        m_seen = journal.header.seen; // what has changed since is to be asked about
+    takeAfter(journal.header);
     const QByteArray header = headerRecord(journalHeader());
     const std::shared_ptr<JournalFolder> folder = journalFolder();
     QString ignored; // it stays where it is, and comes back again
@@ -111,7 +143,7 @@ void EdCodeView::recover(const JournalContents &journal, const QString &journalP
     }
     const bool hasFile = m_journal != nullptr;
     if (text() != journal.text)
-        changeLines(codeEdit()->document(), journal.text);
+        giveLines(journal.text);
     if (hasFile && text() == journal.text)
         m_journal->adopt(journal.size + header.size());
     forceModified();

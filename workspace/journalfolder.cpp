@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QMap>
 
 #include <algorithm>
 
@@ -34,7 +35,7 @@ QByteArray bytesOf(const WorkspaceState &state)
     QDataStream stream(&payload, QIODevice::WriteOnly);
     stream.setVersion(QDataStream::Qt_4_8);
     stream << state.openTabs << qint32(state.activeView) << qint32(state.indexA)
-           << qint32(state.indexB);
+           << qint32(state.indexB) << state.documentIds;
     return checkedRecord(payload);
 }
 
@@ -51,7 +52,7 @@ std::optional<WorkspaceState> readTabs(const QString &session)
     stream.setVersion(QDataStream::Qt_4_8);
     WorkspaceState state;
     qint32 numbers[3] = {};
-    stream >> state.openTabs >> numbers[0] >> numbers[1] >> numbers[2];
+    stream >> state.openTabs >> numbers[0] >> numbers[1] >> numbers[2] >> state.documentIds;
     state.activeView = numbers[0];
     state.indexA = numbers[1];
     state.indexB = numbers[2];
@@ -95,6 +96,15 @@ void addMissing(WorkspaceState *state, const WorkspaceState &other)
         if (entry && !paths.contains(entry->path))
             state->openTabs << text;
     }
+}
+
+// What tells an entry from others wherever the caret is.
+QString keyOf(const QString &text)
+{
+    const std::optional<TabEntry> entry = TabEntry::parse(text);
+    const QChar separator(QLatin1Char('\n'));
+    return entry ? QString::number(entry->pane) + separator + entry->path + separator + entry->label
+                 : QString();
 }
 
 // What an older list is still good for: buffers are closed by deleting their file.
@@ -188,7 +198,7 @@ bool JournalFolder::ensure()
     if (m_lock.isHeldAt(lockPath(m_path)))
         return true;
     m_lock.release();
-    m_storedTabs.reset();
+    m_storedTabs.clear();
     QDir().mkpath(QFileInfo(m_root).path());
     begin();
     return isValid();
@@ -207,11 +217,11 @@ QString JournalFolder::newJournalPath()
 
 bool JournalFolder::storeTabs(const WorkspaceState &state)
 {
-    if (!ensure() || (m_storedTabs && *m_storedTabs == state))
+    const QByteArray bytes = bytesOf(state);
+    if (!ensure() || m_storedTabs == bytes)
         return isValid();
     const QString path = tabsPath(m_path);
     const QString fresh = path + QLatin1String(".tmp");
-    const QByteArray bytes = bytesOf(state);
     QFile file;
     QString ignored; // it is tried again with the next change
     QFile::remove(fresh);
@@ -220,14 +230,16 @@ bool JournalFolder::storeTabs(const WorkspaceState &state)
     file.close();
     stored = stored && compat::replaceFileSoon(path, fresh, &ignored);
     if (stored)
-        m_storedTabs = state;
+        m_storedTabs = bytes;
     return stored;
 }
 
 void JournalFolder::forgetTabs()
 {
-    m_storedTabs.reset();
-    QFile::remove(tabsPath(m_path));
+    m_storedTabs.clear();
+    const bool hasJournals = filesIn(m_path).size() > 2; // than the lock and the list
+    if (!hasJournals)
+        QFile::remove(tabsPath(m_path));
 }
 
 WorkspaceState JournalFolder::tabsToRestore(const WorkspaceState &stored,
@@ -247,22 +259,42 @@ WorkspaceState JournalFolder::tabsToRestore(const WorkspaceState &stored,
         addMissing(&state, *session->tabs);
     if (isOlder)
         addMissing(&state, onlyBuffers(stored));
+    state.documentIds = idsFor(state.openTabs);
     return state;
+}
+
+// Entries that look the same are in the same order everywhere.
+QStringList JournalFolder::idsFor(const QStringList &openTabs) const
+{
+    QMap<QString, QStringList> known;
+    for (const auto &session : m_dead) {
+        const WorkspaceState tabs = session->tabs.value_or(WorkspaceState());
+        for (int i = 0; i < tabs.openTabs.size(); ++i)
+            known[keyOf(tabs.openTabs.at(i))] << tabs.documentIds.value(i);
+    }
+    QStringList ids;
+    for (const QString &text : openTabs) {
+        QStringList &candidates = known[keyOf(text)];
+        ids << (candidates.isEmpty() ? QString() : candidates.takeFirst());
+    }
+    return ids;
 }
 
 QString JournalFolder::keepAside(const QString &journal) const
 {
-    QString target;
-    int number = 0;
-    do {
-        target = m_root + QString::fromLatin1("/damaged-%1.journal").arg(number++);
-    } while (compat::isTaken(target));
+    const QDir root(m_root);
+    const QString name = QLatin1String("damaged-%1.journal");
+    QMap<int, QString> kept; // by number
+    for (const QString &old : root.entryList(QStringList(name.arg(QLatin1Char('*'))), QDir::Files))
+        kept[old.section(QLatin1Char('-'), 1).section(QLatin1Char('.'), 0, 0).toInt()] = old;
+    const int number = kept.isEmpty() ? 0 : QList<int>(kept.keys()).last() + 1;
+    const QString target = root.filePath(name.arg(number));
     if (!compat::renameFile(journal, target))
         return journal;
-    const QFileInfoList kept = QDir(m_root).entryInfoList(
-        QStringList(QLatin1String("damaged-*.journal")), QDir::Files, QDir::Time);
-    for (const QFileInfo &old : kept.mid(mostKeptAside))
-        QFile::remove(old.absoluteFilePath());
+    for (int old : kept.keys()) {
+        if (old + mostKeptAside <= number)
+            QFile::remove(root.filePath(kept.value(old)));
+    }
     return target;
 }
 

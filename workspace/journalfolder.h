@@ -48,7 +48,8 @@ public:
     // Keeps the list of open documents, in case there is no time to write the settings. False when
     // it cannot be written.
     bool storeTabs(const WorkspaceState &state);
-    // For the session's end, once the settings are written.
+    // For the session's end, once the settings have the list. It stays if journals do, as it tells
+    // whose they are.
     void forgetTabs();
 
     // The one that was at work last comes first.
@@ -66,11 +67,12 @@ private:
     void begin();
     bool beginOnce();
     void findDeadSessions();
+    QStringList idsFor(const QStringList &openTabs) const;
 
     QString m_root; // with the folders of all sessions
     QString m_path; // of this session's folder
     compat::FileLock m_lock;
-    int m_count = 0; // of journals
-    std::optional<WorkspaceState> m_storedTabs;
+    int m_count = 0;         // of journals
+    QByteArray m_storedTabs; // as they are in the list
     std::vector<std::unique_ptr<DeadSession>> m_dead;
 };

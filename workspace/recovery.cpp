@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "workspace/recovery.h"
 
+#include "compat/filesystem.h"
 #include "workspace/edcodeview.h"
 #include "workspace/journalfile.h"
 #include "workspace/journalfolder.h"
@@ -37,10 +38,10 @@ QString pathOf(const EdCodeView &view)
 }
 
 // Closing a buffer deletes its file, so no other file may be taken for one.
-bool isInBufferDirectory(const QString &path)
+bool isPlausible(const JournalHeader &header)
 {
-    return QDir(QFileInfo(path).path()).canonicalPath() ==
-           EdCodeView::bufferDirectory().canonicalPath();
+    return header.isBuffer ? EdCodeView::isBufferPath(header.path)
+                           : QDir::isAbsolutePath(header.path);
 }
 
 class RecoveryRun
@@ -62,6 +63,9 @@ private:
         std::vector<Journal> journals;
         for (const QString &path : paths)
             readInto(&journals, path);
+        m_sessionIds.clear();
+        for (const Journal &journal : journals)
+            m_sessionIds << journal.contents.header.documentId;
         // Buffers that share a file are told apart by their order alone.
         std::stable_sort(journals.begin(), journals.end(), [](const Journal &a, const Journal &b) {
             return a.contents.header.bufferIndex < b.contents.header.bufferIndex;
@@ -98,17 +102,18 @@ private:
     void recover(const Journal &journal)
     {
         const JournalHeader &header = journal.contents.header;
-        const bool isOwn = !header.isBuffer || isInBufferDirectory(header.path);
+        const QString file = knownName(header.path);
+        const bool isOwn = isPlausible(header);
         // A file is one document, however many buffers share the last name.
-        const bool isLatest = !m_laterPaths.contains(header.path) &&
-                              (header.isBuffer || !m_sessionPaths.contains(header.path));
+        const bool isLatest =
+            !m_laterPaths.contains(file) && (header.isBuffer || !m_sessionPaths.contains(file));
         EdCodeView *view = isOwn && isLatest ? viewFor(header) : nullptr;
         if (isKnown(journal, view)) {
             if (!journal.isCopy)
                 QFile::remove(journal.path);
             return;
         }
-        m_sessionPaths << header.path;
+        m_sessionPaths << file;
         if (isOwn && isLatest)
             recoverInto(view ? view : openView(header), journal);
         else
@@ -121,8 +126,9 @@ private:
     {
         const JournalHeader &header = journal.contents.header;
         const QString &text = journal.contents.text;
-        const bool mayRepeat = header.isBuffer && !m_laterPaths.contains(header.path);
-        if (!mayRepeat && m_texts.value(header.path).contains(text))
+        const QString file = knownName(header.path);
+        const bool mayRepeat = header.isBuffer && !m_laterPaths.contains(file);
+        if (!mayRepeat && m_texts.value(file).contains(text))
             return true;
         if (!view)
             return !header.isBuffer && isInFile(header.path, text);
@@ -140,14 +146,33 @@ private:
                linesOf(file.text).join(QLatin1String("\n")) == text;
     }
 
-    // An open one that has no text from a journal yet; null when there is none.
+    // A file may have several names: that which a journal had first.
+    QString knownName(const QString &path)
+    {
+        for (const QString &known : m_texts.keys()) {
+            if (known == path || compat::isSameFile(known, path))
+                return known;
+        }
+        return path;
+    }
+
+    // An open one that has no text from a journal yet; null when there is none. Buffers that share
+    // a file are told apart by what their journals say, or else by their order.
     EdCodeView *viewFor(const JournalHeader &header)
     {
+        EdCodeView *found = nullptr;
         for (EdCodeView *view : m_restored) {
-            if (view->isBuffer() == header.isBuffer && pathOf(*view) == header.path)
+            const QString path = pathOf(*view);
+            if (view->isBuffer() != header.isBuffer ||
+                (path != header.path && !compat::isSameFile(path, header.path)))
+                continue;
+            if (view->documentId() == header.documentId)
                 return view;
+            const bool isOthers = view->mayShareFile() && m_sessionIds.contains(view->documentId());
+            if (!found && !isOthers)
+                found = view;
         }
-        return nullptr;
+        return found;
     }
 
     EdCodeView *openView(const JournalHeader &header)
@@ -174,7 +199,7 @@ private:
         adopt(view, journal);
         // Buffers that share a file are kept like this however they were closed.
         if (!view->mayShareFile())
-            addDocument(view);
+            addDocument(view, false);
     }
 
     void recoverApart(const Journal &journal)
@@ -187,26 +212,29 @@ private:
         auto *view = new EdCodeView(m_host->newBufferIndex(), language);
         m_host->addCodeView(view, translated("%1 (recovered)").arg(QFileInfo(path).fileName()));
         adopt(view, journal);
-        addDocument(view);
+        addDocument(view, true);
     }
 
     void adopt(EdCodeView *view, const Journal &journal)
     {
         view->recover(journal.contents, journal.isCopy ? QString() : journal.path);
-        m_texts[journal.contents.header.path] << journal.contents.text;
+        m_texts[knownName(journal.contents.header.path)] << journal.contents.text;
     }
 
-    void addDocument(EdCodeView *view)
+    void addDocument(EdCodeView *view, bool isApart)
     {
         RecoveredDocument document;
         document.view = view;
         document.name = m_host->nameOf(*view);
+        document.isApart = isApart;
+        document.isOutdated = !view->isBuffer() && view->isFileChanged();
         m_result.documents << document;
     }
 
     const JournalFolder &m_folder;
     DocumentHost *m_host;
     QList<EdCodeView *> m_restored;     // that have got no text yet
+    QStringList m_sessionIds;           // of the documents of the session at hand
     QStringList m_sessionPaths;         // recovered from the session at hand
     QStringList m_laterPaths;           // and from those that were at work later
     QMap<QString, QStringList> m_texts; // by path

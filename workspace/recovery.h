@@ -29,6 +29,9 @@ struct RecoveredDocument
 {
     QPointer<EdCodeView> view;
     QString name; // for users
+    // Whether it has become a buffer of its own, as it could not go to its document.
+    bool isApart = false;
+    bool isOutdated = false; // its file is not what it was when the text was made of it
 };
 
 struct Recovery

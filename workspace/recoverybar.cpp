@@ -58,7 +58,8 @@ void RecoveryBar::add(const QList<RecoveredDocument> &documents)
         if (!document.view)
             continue;
         m_documents << document;
-        m_list->addItem(document.name);
+        m_list->addItem(document.isOutdated ? tr("%1 (changed on disk since)").arg(document.name)
+                                            : document.name);
         m_list->setItemData(m_list->count() - 1, QDir::toNativeSeparators(pathOf(*document.view)),
                             Qt::ToolTipRole);
         connect(document.view, SIGNAL(modificationChanged(bool)), SLOT(forgetSaved(bool)));
@@ -79,8 +80,12 @@ void RecoveryBar::compare()
     if (!view)
         return;
     TextFile file; // stays empty where there is none
-    QString ignored;
-    readTextFile(pathOf(*view), &file, &ignored);
+    QString reason;
+    const QString path = pathOf(*view);
+    if (!readTextFile(path, &file, &reason) && QFileInfo(path).exists()) {
+        m_message->setText(tr("The file cannot be read: %1.").arg(reason));
+        return;
+    }
     const QString title = tr("%1: File and Recovered Text").arg(m_list->currentText());
     (new CompareDialog(title, file.text, view->text(), window()))->show();
 }
@@ -96,7 +101,13 @@ void RecoveryBar::discard()
     EdCodeView *view = chosen();
     if (!view)
         return;
-    if (!QFileInfo(pathOf(*view)).exists()) {
+    const QFileInfo file(pathOf(*view));
+    if (!view->isBuffer() && !file.dir().exists()) {
+        m_message->setText(
+            tr("The folder of %1 is not there now, so its text is kept.").arg(file.fileName()));
+        return;
+    }
+    if (m_documents.at(m_list->currentIndex()).isApart || !file.exists()) {
         forget(view);
         emit closeWanted(view);
         return;

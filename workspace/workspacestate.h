@@ -12,6 +12,9 @@ struct WorkspaceState
     int activeView = 0; // the pane that has the focus
     int indexA = -1;    // the current documents of panes 0 and 1, from 0
     int indexB = -1;
+    // What tells the documents apart, in the order of openTabs; fewer where it is not known, as the
+    // settings do not have it. No part of comparisons.
+    QStringList documentIds = QStringList();
 
     bool operator==(const WorkspaceState &other) const
     {

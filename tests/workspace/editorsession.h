@@ -54,14 +54,24 @@ public:
         m_views.removeAll(view);
         delete view;
     }
+    // To the end of the tabs.
+    void moveToEnd(EdCodeView *view)
+    {
+        const int index = int(m_views.indexOf(view));
+        m_labels << m_labels.takeAt(index);
+        m_views << m_views.takeAt(index);
+    }
     // What the last session had.
     void restoreTabs()
     {
         const WorkspaceState state = m_folder->tabsToRestore(WorkspaceState(), QDateTime());
-        for (const QString &text : state.openTabs) {
-            const std::optional<TabEntry> entry = TabEntry::parse(text);
-            if (entry && entry->hasFile())
-                open(entry->path, entry->isBuffer);
+        for (int i = 0; i < state.openTabs.size(); ++i) {
+            const std::optional<TabEntry> entry = TabEntry::parse(state.openTabs.at(i));
+            if (!entry || !entry->hasFile())
+                continue;
+            EdCodeView *view = open(entry->path, entry->isBuffer);
+            if (!state.documentIds.value(i).isEmpty())
+                view->setDocumentId(state.documentIds.at(i));
         }
     }
     bool storeTabs()
@@ -69,6 +79,8 @@ public:
         WorkspaceState state;
         for (int i = 0; i < m_views.size(); ++i)
             state.openTabs << TabEntry::of(*m_views.at(i), 0, m_labels.at(i)).text();
+        for (const EdCodeView *view : m_views)
+            state.documentIds << view->documentId();
         return m_folder->storeTabs(state);
     }
     Recovery recover()

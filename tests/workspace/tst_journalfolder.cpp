@@ -86,6 +86,8 @@ class TestJournalFolder : public QObject
 private slots:
     void init();
     void foldersArePrivate();
+    void foreignFoldersAreLeftAlone();
+    void fewDamagedJournalsAreKept();
     void theLivingAreLeftAlone();
     void twoSessionsNeverTakeTheSameDead();
     void cleanEndsLeaveOnlyJournals();
@@ -121,6 +123,28 @@ void TestJournalFolder::foldersArePrivate()
     for (const char *name : {"", "/..", "/lock", "/tabs"})
         QVERIFY2(!(QFileInfo(session + name).permissions() & others), name);
     QVERIFY(!JournalFolder(m_dir->file("missing")).isValid());
+}
+
+void TestJournalFolder::foreignFoldersAreLeftAlone()
+{
+    QVERIFY(QDir(m_dir->path()).mkdir("elsewhere"));
+    QVERIFY(QFile::link(m_dir->file("elsewhere"), m_dir->file("journal")));
+    JournalFolder folder(m_dir->path());
+    QVERIFY(!folder.isValid() && !folder.storeTabs(WorkspaceState()));
+    QVERIFY(QDir(m_dir->file("elsewhere"))
+                .entryList(QDir::NoDotAndDotDot | QDir::AllEntries)
+                .isEmpty());
+}
+
+void TestJournalFolder::fewDamagedJournalsAreKept()
+{
+    const JournalFolder folder(m_dir->path());
+    QStringList kept;
+    for (int i = 0; i < 8; ++i) {
+        kept << folder.keepAside(m_dir->write("1.journal", "damaged"));
+        QVERIFY(QFileInfo(kept.last()).exists());
+    }
+    QCOMPARE(int(QDir(m_dir->file("journal")).entryList(QDir::Files).size()), 5);
 }
 
 void TestJournalFolder::theLivingAreLeftAlone()

@@ -39,7 +39,11 @@ private slots:
     void missingFilesKeepTheirKind();
     void renamedFilesAreFollowed();
     void buffersBeyondTheLastNameLoseNothing();
+    void movedBuffersKeepTheirTexts();
     void severalSessionsLoseNothing();
+    void filesChangedSinceAreNotOverwritten();
+    void filesOfTwoNamesAreOneDocument();
+    void mixedLineEndsStayWhereTheyWere();
     void anEndingWindowStopsNoOther();
     void foldersAreMadeAgain();
     void nothingIsDoubledByAnotherCrash();
@@ -204,6 +208,71 @@ void TestRecovery::buffersBeyondTheLastNameLoseNothing()
     QCOMPARE(int(m_session->codeViews().size()), 3);
 }
 
+void TestRecovery::movedBuffersKeepTheirTexts()
+{
+    for (int number = 0; number < 99; ++number)
+        m_dir->write(qPrintable(QString("corvaneEditorBuffer-%1.mel").arg(number)), "other");
+    restart();
+    for (const char *text : {"one", "two", "three"})
+        m_session->newBuffer("MEL")->replace(text);
+    m_session->moveToEnd(m_session->codeViews().first());
+    for (EdCodeView *view : m_session->codeViews())
+        view->saveBufferQuietly();
+    QVERIFY(m_session->storeTabs());
+    for (int crash = 0; crash < 2; ++crash) {
+        restart().restoreTabs();
+        m_session->recover();
+        QStringList texts;
+        for (const EdCodeView *view : m_session->codeViews())
+            texts << view->text();
+        QCOMPARE(texts, QStringList() << "two"
+                                      << "three"
+                                      << "one");
+    }
+}
+
+void TestRecovery::filesChangedSinceAreNotOverwritten()
+{
+    const QString file = m_dir->write("a.mel", "old");
+    restart().open(file)->replace("new ");
+    m_session.reset();
+    m_dir->write("a.mel", "others'");
+    for (int crash = 0; crash < 2; ++crash) {
+        EdCodeView *view = restart().open(file);
+        const Recovery recovery = m_session->recover();
+        QCOMPARE(view->text(), QString("new old"));
+        QVERIFY(view->isFileChanged()); // so that the user is asked
+        QVERIFY(recovery.documents.first().isOutdated);
+    }
+    m_session->codeViews().first()->ignoreFileChange();
+    QVERIFY(!restart().recover().documents.first().isOutdated);
+}
+
+void TestRecovery::filesOfTwoNamesAreOneDocument()
+{
+    const QString file = m_dir->write("a.mel", "old");
+    QVERIFY(QFile::link(file, m_dir->file("link.mel")));
+    restart().open(m_dir->file("link.mel"))->replace("new ");
+    EdCodeView *view = restart().open(file);
+    m_session->recover();
+    QCOMPARE(int(m_session->codeViews().size()), 1);
+    QCOMPARE(view->text(), QString("new old"));
+}
+
+void TestRecovery::mixedLineEndsStayWhereTheyWere()
+{
+    const QString file = m_dir->write("a.txt", "one\r\ntwo\rthree\nfour\r\nfive\r\n");
+    EdCodeView *view = restart().open(file);
+    view->setCursorPosition(int(view->text().indexOf("five")));
+    view->replace("new\n");
+    view->setCursorPosition(0);
+    view->replace("new\n");
+    view = restart().open(file);
+    m_session->recover();
+    view->save();
+    QCOMPARE(m_dir->read("a.txt"), QByteArray("new\r\none\r\ntwo\rthree\nfour\r\nnew\r\nfive\r\n"));
+}
+
 void TestRecovery::severalSessionsLoseNothing()
 {
     const QString file = m_dir->write("a.mel", "old");
@@ -296,6 +365,13 @@ void TestRecovery::foreignFilesNeverBecomeBuffers()
     QVERIFY(view->isBuffer());
     session.close(view);
     QVERIFY(QFileInfo(moved).exists());
+    // Nor such as are only in the same folder, or are links.
+    const QString file = m_dir->write("file", "the user's");
+    QVERIFY(QFile::link(file, m_dir->file("corvaneEditorBuffer-1.mel")));
+    for (const char *name : {"file", "corvaneEditorBuffer-1.mel", "corvaneEditorBuffer-100.mel"})
+        QVERIFY2(!EdCodeView::isBufferPath(m_dir->file(name)), name);
+    QVERIFY(!EdCodeView::isBufferPath(m_dir->file("x/../corvaneEditorBuffer-0.mel")));
+    QVERIFY(EdCodeView::isBufferPath(m_dir->file("corvaneEditorBuffer-0.mel")));
 }
 
 void TestRecovery::damagedJournalsAreReported()

@@ -23,6 +23,7 @@ private slots:
 
     void discardingGoesBackToTheFile();
     void discardingWithoutAFileCloses();
+    void textsWithoutAPlaceAreKeptOrClosed();
     void documentsGoByThemselves();
     void keepingChangesNothing();
     void comparingShowsBothTexts();
@@ -47,6 +48,7 @@ void TestRecoveryBar::init()
     EdCodeView::setBufferDirectory(QDir(m_dir->path()));
     m_window = std::make_unique<QWidget>();
     m_bar = new RecoveryBar(m_window.get());
+    m_closed = nullptr;
 }
 
 void TestRecoveryBar::cleanup()
@@ -109,6 +111,25 @@ void TestRecoveryBar::discardingWithoutAFileCloses()
     press("Discard");
     QCOMPARE(m_closed, view);
     QVERIFY(m_bar->isHidden());
+}
+
+void TestRecoveryBar::textsWithoutAPlaceAreKeptOrClosed()
+{
+    QVERIFY(QDir(m_dir->path()).mkdir("drive"));
+    EdCodeView *away = addChanged("drive/a.mel", "old\n");
+    QVERIFY(QDir().rename(m_dir->file("drive"), m_dir->file("away")));
+    connect(m_bar, SIGNAL(closeWanted(EdCodeView *)), SLOT(close(EdCodeView *)));
+    press("Discard");
+    QCOMPARE(m_bar->count(), 1);
+    QCOMPARE(away->text(), QString("new\nold\n"));
+    press("Keep");
+
+    RecoveredDocument apart;
+    apart.view = new EdCodeView(0, EdCodeView::Mel, m_window.get());
+    apart.isApart = true;
+    m_bar->add(QList<RecoveredDocument>() << apart);
+    press("Discard"); // though it has a file
+    QCOMPARE(m_closed, apart.view.data());
 }
 
 void TestRecoveryBar::documentsGoByThemselves()
