@@ -52,6 +52,8 @@ public:
     Recovery run()
     {
         m_restored = m_host->codeViews();
+        for (EdCodeView *view : m_restored)
+            m_views[identityOf(pathOf(*view))] << view;
         for (const auto &session : m_folder.deadSessions())
             recoverSession(session->journals());
         return m_result;
@@ -102,7 +104,7 @@ private:
     void recover(const Journal &journal)
     {
         const JournalHeader &header = journal.contents.header;
-        const QString file = knownName(header.path);
+        const QString file = identityOf(header.path);
         const bool isOwn = isPlausible(header);
         // A file is one document, however many buffers share the last name.
         const bool isLatest =
@@ -126,7 +128,7 @@ private:
     {
         const JournalHeader &header = journal.contents.header;
         const QString &text = journal.contents.text;
-        const QString file = knownName(header.path);
+        const QString file = identityOf(header.path);
         const bool mayRepeat = header.isBuffer && !m_laterPaths.contains(file);
         if (!mayRepeat && m_texts.value(file).contains(text))
             return true;
@@ -146,14 +148,11 @@ private:
                linesOf(file.text).join(QLatin1String("\n")) == text;
     }
 
-    // A file may have several names: that which a journal had first.
-    QString knownName(const QString &path)
+    // A file may have several names.
+    static QString identityOf(const QString &path)
     {
-        for (const QString &known : m_texts.keys()) {
-            if (known == path || compat::isSameFile(known, path))
-                return known;
-        }
-        return path;
+        const QString identity = compat::fileIdentity(path);
+        return identity.isEmpty() ? path : identity;
     }
 
     // An open one that has no text from a journal yet; null when there is none. Buffers that share
@@ -161,10 +160,8 @@ private:
     EdCodeView *viewFor(const JournalHeader &header)
     {
         EdCodeView *found = nullptr;
-        for (EdCodeView *view : m_restored) {
-            const QString path = pathOf(*view);
-            if (view->isBuffer() != header.isBuffer ||
-                (path != header.path && !compat::isSameFile(path, header.path)))
+        for (EdCodeView *view : m_views.value(identityOf(header.path))) {
+            if (!m_restored.contains(view) || view->isBuffer() != header.isBuffer)
                 continue;
             if (view->documentId() == header.documentId)
                 return view;
@@ -218,7 +215,7 @@ private:
     void adopt(EdCodeView *view, const Journal &journal)
     {
         view->recover(journal.contents, journal.isCopy ? QString() : journal.path);
-        m_texts[knownName(journal.contents.header.path)] << journal.contents.text;
+        m_texts[identityOf(journal.contents.header.path)] << journal.contents.text;
     }
 
     void addDocument(EdCodeView *view, bool isApart)
@@ -233,11 +230,12 @@ private:
 
     const JournalFolder &m_folder;
     DocumentHost *m_host;
-    QList<EdCodeView *> m_restored;     // that have got no text yet
-    QStringList m_sessionIds;           // of the documents of the session at hand
-    QStringList m_sessionPaths;         // recovered from the session at hand
-    QStringList m_laterPaths;           // and from those that were at work later
-    QMap<QString, QStringList> m_texts; // by path
+    QMap<QString, QList<EdCodeView *>> m_views; // that were restored, by file
+    QList<EdCodeView *> m_restored;             // of these, that have got no text yet
+    QStringList m_sessionIds;                   // of the documents of the session at hand
+    QStringList m_sessionPaths;                 // recovered from the session at hand
+    QStringList m_laterPaths;                   // and from those that were at work later
+    QMap<QString, QStringList> m_texts;         // by path
     Recovery m_result;
 };
 
