@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "compat/filesystem.h"
-
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QString>
+
+#include <filesystem>
+#include <system_error>
 
 // A folder of files for one run, gone with its owner.
 class SampleFolder
@@ -15,8 +16,8 @@ public:
     SampleFolder() { m_folder.mkpath(m_folder.path()); }
     ~SampleFolder()
     {
-        QString ignored;
-        compat::removeTree(m_folder.path(), &ignored);
+        std::error_code ignored;
+        std::filesystem::remove_all(m_folder.path().toLocal8Bit().constData(), ignored);
     }
     SampleFolder(const SampleFolder &) = delete;
     SampleFolder &operator=(const SampleFolder &) = delete;
