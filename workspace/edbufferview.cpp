@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "workspace/edbufferview.h"
 
-#include <QMenu>
+#include <QPointer>
 
 namespace {
 
@@ -16,6 +16,7 @@ EdBufferView::EdBufferView(QWidget *parent) : EdOpenList(parent)
 {
     connect(this, SIGNAL(currentItemChanged(QListWidgetItem *, QListWidgetItem *)),
             SLOT(selectBuffer(QListWidgetItem *)));
+    connect(this, SIGNAL(customContextMenuRequested(QPoint)), SLOT(contextMenu(QPoint)));
     // A click on the current item selects it again.
     connect(this, SIGNAL(itemClicked(QListWidgetItem *)), SLOT(selectBuffer(QListWidgetItem *)));
 }
@@ -42,8 +43,15 @@ void EdBufferView::selectBuffer(QListWidgetItem *item)
 {
     if (!item)
         return;
+    const QPointer<EdBufferView> guard = this; // showing a document may ask about its file
     emit bufferSelected(bufferIndex(item));
-    setFocus(Qt::OtherFocusReason);
+    if (guard)
+        setFocus(Qt::OtherFocusReason);
+}
+
+void EdBufferView::contextMenu(const QPoint &position)
+{
+    showContextMenu(position, SLOT(removeBuffer()), SLOT(renameBuffer()));
 }
 
 void EdBufferView::removeBuffer()
@@ -56,10 +64,4 @@ void EdBufferView::renameBuffer()
 {
     if (contextItem())
         emit renameBufferSelected(bufferIndex(contextItem()));
-}
-
-void EdBufferView::fillContextMenu(QMenu *menu)
-{
-    menu->addAction(tr("Close"), this, SLOT(removeBuffer()));
-    menu->addAction(tr("Rename..."), this, SLOT(renameBuffer()));
 }

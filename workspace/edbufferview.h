@@ -19,6 +19,8 @@ public slots:
     void renameBuffer(int id, const QString &newName);
     // Null, as after the last entry was removed, selects nothing.
     void selectBuffer(QListWidgetItem *item);
+    // The position is one of the viewport.
+    void contextMenu(const QPoint &position);
     // These act on the entry of the context menu.
     void removeBuffer();
     void renameBuffer();
@@ -27,7 +29,4 @@ signals:
     void bufferSelected(int id);
     void removeBufferSelected(int id);
     void renameBufferSelected(int id);
-
-protected:
-    void fillContextMenu(QMenu *menu) override;
 };

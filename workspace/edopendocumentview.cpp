@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "workspace/edopendocumentview.h"
 
-#include <QMenu>
+#include <QPointer>
 
 namespace {
 
@@ -16,6 +16,7 @@ EdOpenDocumentView::EdOpenDocumentView(QWidget *parent) : EdOpenList(parent)
 {
     connect(this, SIGNAL(currentItemChanged(QListWidgetItem *, QListWidgetItem *)),
             SLOT(selectDocument(QListWidgetItem *)));
+    connect(this, SIGNAL(customContextMenuRequested(QPoint)), SLOT(contextMenu(QPoint)));
     // A click on the current item selects it again.
     connect(this, SIGNAL(itemClicked(QListWidgetItem *)), SLOT(selectDocument(QListWidgetItem *)));
 }
@@ -51,8 +52,15 @@ void EdOpenDocumentView::selectDocument(QListWidgetItem *item)
 {
     if (!item)
         return;
+    const QPointer<EdOpenDocumentView> guard = this; // showing a document may ask about its file
     emit documentSelected(documentPath(item));
-    setFocus(Qt::OtherFocusReason);
+    if (guard)
+        setFocus(Qt::OtherFocusReason);
+}
+
+void EdOpenDocumentView::contextMenu(const QPoint &position)
+{
+    showContextMenu(position, SLOT(removeDocument()), SLOT(renameDocument()));
 }
 
 void EdOpenDocumentView::removeDocument()
@@ -65,10 +73,4 @@ void EdOpenDocumentView::renameDocument()
 {
     if (contextItem())
         emit renameDocumentSelected(documentPath(contextItem()));
-}
-
-void EdOpenDocumentView::fillContextMenu(QMenu *menu)
-{
-    menu->addAction(tr("Close"), this, SLOT(removeDocument()));
-    menu->addAction(tr("Rename..."), this, SLOT(renameDocument()));
 }

@@ -20,6 +20,8 @@ public slots:
     void renameDocument(const QString &oldPath, const QString &newPath);
     // Null, as after the last entry was removed, selects nothing.
     void selectDocument(QListWidgetItem *item);
+    // The position is one of the viewport.
+    void contextMenu(const QPoint &position);
     // These act on the entry of the context menu.
     void removeDocument();
     void renameDocument();
@@ -28,7 +30,4 @@ signals:
     void documentSelected(const QString &path);
     void removeDocumentSelected(const QString &path);
     void renameDocumentSelected(const QString &path);
-
-protected:
-    void fillContextMenu(QMenu *menu) override;
 };

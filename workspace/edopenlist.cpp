@@ -19,7 +19,6 @@ EdOpenList::EdOpenList(QWidget *parent) : QListWidget(parent)
     setIconSize(QSize(iconPixels, iconPixels));
     setSortingEnabled(true);
     setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(this, SIGNAL(customContextMenuRequested(QPoint)), SLOT(contextMenu(QPoint)));
 }
 
 void EdOpenList::addEntry(const QString &text, const QVariant &identity, const QFileInfo &info)
@@ -58,20 +57,30 @@ QListWidgetItem *EdOpenList::findEntry(const QVariant &identity) const
     return nullptr;
 }
 
-void EdOpenList::contextMenu(const QPoint &position)
+// Not one that waits: the list may be deleted while it is open.
+void EdOpenList::showContextMenu(const QPoint &position, const char *closeSlot,
+                                 const char *renameSlot)
 {
     m_contextItem = itemAt(position);
     if (!m_contextItem)
         return;
-    QMenu menu(this);
-    fillContextMenu(&menu);
-    menu.exec(viewport()->mapToGlobal(position));
+    QMenu *menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->addAction(tr("Close"), this, closeSlot);
+    menu->addAction(tr("Rename..."), this, renameSlot);
+    menu->popup(viewport()->mapToGlobal(position));
 }
 
 void EdOpenList::focusInEvent(QFocusEvent *event)
 {
     updatePalette(true);
+    // Without a current entry the first one becomes it, which the user did not choose.
+    const bool hadCurrent = currentItem();
+    const bool wereBlocked = blockSignals(true);
     QListWidget::focusInEvent(event);
+    if (!hadCurrent)
+        setCurrentItem(nullptr);
+    blockSignals(wereBlocked);
 }
 
 void EdOpenList::focusOutEvent(QFocusEvent *event)

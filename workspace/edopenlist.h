@@ -5,8 +5,6 @@
 #include <QFileInfo>
 #include <QListWidget>
 
-class QMenu;
-
 // What the lists of buffers and of documents share: entries known by an identity rather than by
 // their text, sorted by their text, a context menu on an entry, and a selection that looks subdued
 // without the focus.
@@ -21,10 +19,6 @@ public:
     // entry. Selects nothing: the user did not ask for it here.
     void showCurrent(const QVariant &identity);
 
-public slots:
-    // Shows the menu of the entry at a position of the viewport; nothing where there is none.
-    void contextMenu(const QPoint &position);
-
 protected:
     // The identity is kept in Qt::UserRole; two entries with the same one are the caller's mistake.
     void addEntry(const QString &text, const QVariant &identity, const QFileInfo &info);
@@ -36,8 +30,9 @@ protected:
     // The entry under the last context-menu click, or null; null also once it was removed.
     QListWidgetItem *contextItem() const { return m_contextItem; }
 
-    // Adds the entries' commands; the menu lives only while it is shown.
-    virtual void fillContextMenu(QMenu *menu) = 0;
+    // Shows the menu of the entry at a position of the viewport; nothing where there is none. The
+    // slots are those of the list.
+    void showContextMenu(const QPoint &position, const char *closeSlot, const char *renameSlot);
 
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;

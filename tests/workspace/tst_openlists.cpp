@@ -31,6 +31,7 @@ private slots:
     void listsAreSorted();
     void selectingReportsTheIdentity();
     void onlyTheUserSelects();
+    void theFocusAloneSelectsNothing();
     void clickingTheCurrentEntrySelectsItAgain();
     void theMenuActsOnItsEntry_data();
     void theMenuActsOnItsEntry();
@@ -119,6 +120,24 @@ void TestOpenLists::onlyTheUserSelects()
     QCOMPARE(int(selected.size()), 1);
 }
 
+void TestOpenLists::theFocusAloneSelectsNothing()
+{
+    EdOpenDocumentView list;
+    list.addDocument("/a/a.mel");
+    list.addDocument("/a/b.mel");
+    list.show();
+    QSignalSpy selected(&list, SIGNAL(documentSelected(QString)));
+    QFocusEvent in(QEvent::FocusIn, Qt::TabFocusReason);
+    QCoreApplication::sendEvent(&list, &in);
+    QVERIFY(!list.currentItem());
+    QCOMPARE(int(selected.size()), 0);
+    QTest::keyClick(&list, Qt::Key_Down);
+    QCOMPARE(int(selected.size()), 1);
+    QCOMPARE(selected.first().first().toString(), QString("/a/a.mel"));
+    QCoreApplication::sendEvent(&list, &in);
+    QCOMPARE(list.currentRow(), 0);
+}
+
 void TestOpenLists::clickingTheCurrentEntrySelectsItAgain()
 {
     EdOpenDocumentView list;
@@ -157,6 +176,8 @@ void TestOpenLists::theMenuActsOnItsEntry()
     QSignalSpy renames(&list, SIGNAL(renameDocumentSelected(QString)));
     MenuChoice menu(choice);
     list.contextMenu(list.visualItemRect(list.item(1)).center());
+    while (QApplication::activePopupWidget())
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents);
     QCOMPARE(menu.entries(), QStringList() << "Close"
                                            << "Rename...");
     QCOMPARE(int(removals.size()), removed);
