@@ -11,8 +11,6 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QInputDialog>
-#include <QLineEdit>
 #include <QMessageBox>
 #include <QStringList>
 
@@ -27,8 +25,9 @@ QString translated(const char *text)
 // Where the dialog starts; empty leaves it to the dialog, which takes the working directory.
 QString saveStartPath(const EdCodeView &view, const QString &projectDirectory)
 {
-    if (!view.isBuffer() && view.fileInfo().exists())
-        return view.fileInfo().absoluteFilePath();
+    const QString path = view.fileInfo().absoluteFilePath();
+    if (!view.isBuffer() && QFileInfo(path).exists()) // as of now: the view's own may be old news
+        return path;
     const QDir project(projectDirectory);
     return !projectDirectory.isEmpty() && project.exists() ? project.absolutePath() : QString();
 }
@@ -39,9 +38,7 @@ bool mayBeOverwritten(QWidget *parent, const QString &path)
     const QString question = translated("%1 already exists.\nDo you want to replace it?")
                                  .arg(QFileInfo(path).fileName());
     return !QFileInfo(path).exists() ||
-           QMessageBox::question(parent, translated("Save File"), question,
-                                 QMessageBox::Yes | QMessageBox::No,
-                                 QMessageBox::No) == QMessageBox::Yes;
+           askYesNo(parent, translated("Save File"), question, QMessageBox::No, QMessageBox::No);
 }
 
 } // namespace
@@ -80,20 +77,14 @@ int askLineNumber(QWidget *parent, const EdCodeView &view)
     const int lineCount = view.codeEdit()->blockCount();
     const int line = view.codeEdit()->textCursor().blockNumber() + 1;
     const QString label = translated("Line Number (1 - %1):").arg(lineCount);
-    bool accepted = false;
-    const int chosen =
-        QInputDialog::getInt(parent, translated("Go To Line"), label, line, 1, lineCount, 1,
-                             &accepted, Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
-    return accepted ? chosen : 0;
+    return askNumber(parent, translated("Go To Line"), label, line, 1, lineCount).value_or(0);
 }
 
 QString askShelfLabel(QWidget *parent)
 {
-    bool accepted = false;
-    const QString label = QInputDialog::getText(parent, translated("New Shelf Item"),
-                                                translated("Enter name of new shelf item:"),
-                                                QLineEdit::Normal, QString(), &accepted);
-    return accepted ? label : QString();
+    return askText(parent, translated("New Shelf Item"),
+                   translated("Enter name of new shelf item:"))
+        .value_or(QString());
 }
 
 void showAbout(QWidget *parent)
@@ -109,6 +100,6 @@ void showLicense(QWidget *parent)
 {
     const QString text = translated("%1 is free software under the MIT license.\n"
                                     "Everything in it can be used without a licence key.");
-    QMessageBox::information(parent, translated("Licensing"),
-                             text.arg(QLatin1String(CORVANE_APPLICATION_NAME)));
+    showInformation(parent, translated("Licensing"),
+                    text.arg(QLatin1String(CORVANE_APPLICATION_NAME)));
 }

@@ -4,9 +4,9 @@
 #include "compat/filesystem.h"
 #include "editor/edcodeedit.h"
 #include "editor/editorlanguage.h"
+#include "workspace/choicebox.h"
 #include "workspace/textjournal.h"
 
-#include <QMessageBox>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QUuid>
@@ -242,8 +242,7 @@ void EdCodeView::rename(const QString &newName)
     if (m_isBuffer || newName == m_fileInfo.fileName())
         return;
     if (!isFileName(newName)) {
-        QMessageBox::warning(this, tr("Error"),
-                             tr("\"%1\" cannot be the name of a file.").arg(newName));
+        showWarning(this, tr("Error"), tr("\"%1\" cannot be the name of a file.").arg(newName));
         return;
     }
     const QString oldPath = m_fileInfo.absoluteFilePath();
@@ -251,7 +250,7 @@ void EdCodeView::rename(const QString &newName)
     const QString newPath = target.absoluteFilePath();
     // Renaming would refuse as well, but not say why.
     if (target.exists() || isOpen(newPath)) {
-        QMessageBox::warning(this, tr("Error"), tr("File already exists:\n%1").arg(newPath));
+        showWarning(this, tr("Error"), tr("File already exists:\n%1").arg(newPath));
         return;
     }
     if (compat::renameFile(oldPath, newPath))

@@ -5,13 +5,13 @@
 #include "compat/filesystem.h"
 #include "editor/edcodeedit.h"
 #include "editor/editblock.h"
+#include "workspace/choicebox.h"
 #include "workspace/linechange.h"
 #include "workspace/textjournal.h"
 #include "workspace/viewplace.h"
 
 #include <QApplication>
 #include <QFile>
-#include <QMessageBox>
 
 namespace {
 
@@ -87,8 +87,8 @@ bool EdCodeView::isRead(const QFileInfo &info, const QString &reason)
 {
     if (reason.isEmpty())
         return true;
-    QMessageBox::warning(this, tr("File Read Error"),
-                         tr("Cannot read file %1:\n%2.").arg(info.absoluteFilePath(), reason));
+    showWarning(this, tr("File Read Error"),
+                tr("Cannot read file %1:\n%2.").arg(info.absoluteFilePath(), reason));
     return false;
 }
 
@@ -212,7 +212,7 @@ bool EdCodeView::write(const QString &path, bool keepAsBuffer)
     QString reason;
     Fingerprint fingerprint;
     if (!writeWithWaitCursor(path, file, &reason, &fingerprint)) {
-        QMessageBox::warning(this, tr("Error"), tr("Cannot write file %1:\n%2.").arg(path, reason));
+        showWarning(this, tr("Error"), tr("Cannot write file %1:\n%2.").arg(path, reason));
         return false;
     }
     if (!m_isBuffer || !keepAsBuffer)
@@ -279,8 +279,7 @@ bool EdCodeView::mayBeEncoded(TextFile *file)
         tr("The encoding of this file, %1, cannot hold %2 (line %3). Save as UTF-8 instead?")
             .arg(encodingName(file->encoding), missing->description,
                  QString::number(missing->line));
-    if (QMessageBox::question(this, tr("Save"), question, QMessageBox::Yes | QMessageBox::No,
-                              QMessageBox::Yes) != QMessageBox::Yes)
+    if (!askYesNo(this, tr("Save"), question, QMessageBox::Yes, QMessageBox::No))
         return false;
     file->encoding = TextEncoding::Utf8;
     return true;

@@ -68,9 +68,10 @@ void ModalAnswer::readDialog(QDialog *dialog)
 {
     m_buttons.clear();
     m_title = dialog->windowTitle().isNull() ? QString::fromLatin1("") : dialog->windowTitle();
-    if (QMessageBox *box = qobject_cast<QMessageBox *>(dialog))
+    if (QMessageBox *box = qobject_cast<QMessageBox *>(dialog)) {
         m_text = box->text();
-    else if (QInputDialog *input = qobject_cast<QInputDialog *>(dialog))
+        m_textFormat = box->textFormat();
+    } else if (QInputDialog *input = qobject_cast<QInputDialog *>(dialog))
         m_text = input->labelText();
     for (QAbstractButton *button : dialog->findChildren<QAbstractButton *>()) {
         if (!plainText(button).isEmpty())

@@ -28,6 +28,8 @@ public:
     QString title() const { return m_title; }
     // The message or the label.
     QString text() const { return m_text; }
+    // Of a message.
+    Qt::TextFormat textFormat() const { return m_textFormat; }
     // Their texts in alphabetical order: platforms place them differently.
     QStringList buttons() const { return m_buttons; }
 
@@ -45,6 +47,7 @@ private:
     QString m_input;
     QString m_title;
     QString m_text;
+    Qt::TextFormat m_textFormat = Qt::AutoText;
     QStringList m_buttons;
     QPointer<QDialog> m_dialog; // null before and after it
     int m_attempts = 0;
