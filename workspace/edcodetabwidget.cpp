@@ -97,6 +97,15 @@ QList<EdCodeView *> EdCodeTabWidget::stackedViews() const
     return views;
 }
 
+// For what may open a box: what runs meanwhile may close some of them, or delete the pane with all.
+QList<QPointer<EdCodeView>> EdCodeTabWidget::guarded(const QList<EdCodeView *> &views)
+{
+    QList<QPointer<EdCodeView>> pointers;
+    for (EdCodeView *view : views)
+        pointers << QPointer<EdCodeView>(view);
+    return pointers;
+}
+
 int EdCodeTabWidget::indexOf(const EdCodeView *view) const
 {
     for (int tab = 0; view && tab < count(); ++tab) {
@@ -271,9 +280,9 @@ int EdCodeTabWidget::newPythonBuffer(int bufferIndex)
 int EdCodeTabWidget::openBuffer(const QFileInfo &info, int bufferIndex, const QString &label,
                                 int position)
 {
-    EdCodeView *view = newView();
+    const QPointer<EdCodeView> view = newView(); // its message may outlive it
     if (!view->load(info, true, bufferIndex)) {
-        delete view;
+        delete view.data();
         return -1;
     }
     const int tab = insertCodeView(position, view, label);
@@ -288,9 +297,9 @@ int EdCodeTabWidget::openFile(const QFileInfo &info, int existingStackIndex, int
         setCurrentTab(existing);
         return -1;
     }
-    EdCodeView *view = newView();
+    const QPointer<EdCodeView> view = newView();
     if (!view->load(info, false, -1)) {
-        delete view;
+        delete view.data();
         return -1;
     }
     const int tab = insertCodeView(position, view, info.fileName());

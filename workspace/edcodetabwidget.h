@@ -200,6 +200,7 @@ private:
     EdCodeView *newView();
     int stackIndexAt(int tabIndex) const;
     QList<EdCodeView *> stackedViews() const;
+    static QList<QPointer<EdCodeView>> guarded(const QList<EdCodeView *> &views);
     int freeStackIndex() const;
     int addToStack(EdCodeView *view);
     int addTab(int position, EdCodeView *view, const QString &label, bool inFront);
@@ -213,6 +214,7 @@ private:
 
     SaveAnswer promptSave(int tabIndex);
     bool mayCloseFile(EdCodeView *view);
+    bool saveBeforeClosing(const QPointer<EdCodeView> &view);
     int takeContextTab();
     QMenu *newMenu();
 

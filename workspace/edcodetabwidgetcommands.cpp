@@ -24,7 +24,10 @@ void EdCodeTabWidget::saveAs(const QString &path)
         return;
     const QString oldPath = view->fileInfo().absoluteFilePath();
     const int oldIndex = view->bufferIndex();
+    const QPointer<EdCodeTabWidget> guard = this;
     view->saveAs(path);
+    if (!guard)
+        return;
     if (!oldPath.isEmpty())
         emit fileClosed(oldPath);
     if (oldIndex != -1)
@@ -34,15 +37,17 @@ void EdCodeTabWidget::saveAs(const QString &path)
 
 void EdCodeTabWidget::saveAll()
 {
-    for (EdCodeView *view : stackedViews())
-        view->save();
+    for (const QPointer<EdCodeView> &view : guarded(codeViews())) {
+        if (view)
+            save(indexOf(view));
+    }
 }
 
 void EdCodeTabWidget::saveBuffers()
 {
-    for (EdCodeView *view : stackedViews()) {
-        if (view->isBuffer())
-            view->save();
+    for (const QPointer<EdCodeView> &view : guarded(codeViews())) {
+        if (view && view->isBuffer())
+            save(indexOf(view));
     }
 }
 

@@ -8,8 +8,6 @@
 #include "workspace/edcodetabbar.h"
 #include "workspace/edcodeview.h"
 
-#include <QInputDialog>
-#include <QLineEdit>
 #include <QMenu>
 #include <QTextDocument>
 
@@ -21,14 +19,11 @@ SaveAnswer EdCodeTabWidget::promptSave(int tabIndex)
 bool EdCodeTabWidget::promptAllUnsaved(bool ignoreCurrent)
 {
     const EdCodeView *skipped = ignoreCurrent ? nullptr : currentCodeView();
-    QList<QPointer<EdCodeView>> views; // what runs while a box is open may close some
-    for (EdCodeView *view : codeViews()) {
-        if (view != skipped && !view->isBuffer())
-            views << QPointer<EdCodeView>(view);
-    }
-    for (const QPointer<EdCodeView> &view : views) {
-        if (!view || !view->isModified())
+    for (const QPointer<EdCodeView> &view : guarded(codeViews())) {
+        if (!view || view == skipped || view->isBuffer() || !view->isModified())
             continue;
+        if (indexOf(view) < 0)
+            continue; // closed, and yet to be deleted
         const SaveAnswer answer = promptSave(indexOf(view));
         if (answer == SaveAnswer::Save)
             save(indexOf(view));
@@ -46,7 +41,8 @@ bool EdCodeTabWidget::confirmCloseBuffer(int tabIndex)
         return true;
     const QString question =
         tr("Delete buffer '%1'?\n\nUnsaved contents will be lost.").arg(tabText(tabIndex));
-    return askChoice(this, tr("Delete"), question, QStringList() << tr("Yes") << tr("No")) == 0;
+    return askChoice(this, tr("Delete"), question, QStringList() << tr("Yes") << tr("No"),
+                     QMessageBox::ActionRole) == 0;
 }
 
 void EdCodeTabWidget::closeTab(int tabIndex)
@@ -68,15 +64,22 @@ bool EdCodeTabWidget::mayCloseFile(EdCodeView *closing)
         return true;
     const QPointer<EdCodeView> view = closing;
     const SaveAnswer answer = promptSave(indexOf(view));
-    if (answer != SaveAnswer::Save)
-        return answer == SaveAnswer::Discard;
-    const bool isCurrent = view == currentCodeView();
+    return answer == SaveAnswer::Save ? saveBeforeClosing(view) : answer == SaveAnswer::Discard;
+}
+
+// Shows the document while it is saved, and longer if that fails.
+bool EdCodeTabWidget::saveBeforeClosing(const QPointer<EdCodeView> &view)
+{
+    const QPointer<EdCodeView> current = currentCodeView();
     save(); // Deliberate: whichever is current.
-    if (view && !isCurrent) {
+    if (view && view != current) {
         setCurrentTab(indexOf(view));
         view->save();
     }
-    return view && !view->isModified(); // saving may have failed
+    if (!view || view->isModified())
+        return false;
+    setCurrentTab(indexOf(current));
+    return true;
 }
 
 int EdCodeTabWidget::takeContextTab()
@@ -107,10 +110,9 @@ void EdCodeTabWidget::rename(int tabIndex)
     const QPointer<EdCodeView> view = codeViewAt(tabIndex);
     if (!view)
         return;
-    bool accepted = false;
-    const QString name = QInputDialog::getText(
-        this, tr("Rename"), tr("New Name:"), QLineEdit::Normal, documentName(tabIndex), &accepted);
-    if (!accepted || name.isEmpty() || !view)
+    const QString oldName = view->isBuffer() ? tabText(tabIndex) : view->fileInfo().fileName();
+    const QString name = askText(this, tr("Rename"), tr("New Name:"), oldName).value_or(QString());
+    if (name.isEmpty() || !view)
         return;
     if (!view->isBuffer()) {
         view->rename(name);
@@ -130,7 +132,9 @@ QMenu *EdCodeTabWidget::newMenu()
 
 void EdCodeTabWidget::contextMenu(const QPoint &position)
 {
-    m_contextTab = m_tabBar->tabAt(position);
+    const int tab = m_tabBar->tabAt(position);
+    setCurrentTab(tab); // which may scroll the bar; some of the commands are about the current tab
+    m_contextTab = tab < 0 ? -1 : currentIndex();
     if (m_contextTab < 0)
         return;
     QMenu *menu = newMenu();
