@@ -114,6 +114,8 @@ signals:
     void fileDropped(const QString &path, int id);
     void commandDocumentationSelected(const QString &command, bool python);
     void longLineReached();
+    // By a drag, which is over.
+    void tabsReordered();
     // Has a tab and, unless it was restored, is current; it may come from the other pane.
     void codeViewInserted(EdCodeView *view);
     // Its tab is being closed; a buffer's file is deleted already.
@@ -188,6 +190,7 @@ public slots:
 
 protected:
     bool eventFilter(QObject *object, QEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
 
 private slots:
     void forgetContextTab();
@@ -226,6 +229,7 @@ private:
     void dragOver(int target, int x, int movement);
     void dragBeside(const QPoint &position);
     bool release(const QMouseEvent &event);
+    void closePressedTab(const QPoint &position);
     void drop(const QPoint &globalPos);
     void startDrag(int x);
     void endDrag();
@@ -243,5 +247,7 @@ private:
     int m_leftTurn = -1;   // only to the left of it may a tab swapped to the right swap back
     int m_rightTurn = -1;
     bool m_moving = false;                      // a drag is changing the order of tabs
+    bool m_reordered = false;                   // the drag has changed it
+    QPointer<EdCodeView> m_middleView;          // on whose tab the middle button went down
     QList<QPointer<EdCodeView>> m_retiredViews; // some may be deleted
 };

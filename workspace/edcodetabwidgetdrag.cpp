@@ -6,6 +6,7 @@
 #include "workspace/edcodetabbar.h"
 #include "workspace/edcodeview.h"
 
+#include <QFocusEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 
@@ -31,6 +32,17 @@ bool EdCodeTabWidget::eventFilter(QObject *object, QEvent *event)
     if (event->type() == QEvent::KeyPress)
         endDrag();
     return true;
+}
+
+// By a click beside the tabs, or from another widget: nobody can type here. A focus that this pane
+// gave to itself stays while it changes views.
+void EdCodeTabWidget::focusInEvent(QFocusEvent *event)
+{
+    QWidget::focusInEvent(event);
+    const Qt::FocusReason reason = event->reason();
+    if (reason == Qt::MouseFocusReason || reason == Qt::TabFocusReason ||
+        reason == Qt::BacktabFocusReason)
+        setCodeEditFocus();
 }
 
 // Returns whether the bar shall not see the event.
@@ -85,11 +97,12 @@ bool EdCodeTabWidget::doubleClick(const QMouseEvent &event)
 
 void EdCodeTabWidget::press(const QMouseEvent &event)
 {
+    const int pressed = m_tabBar->tabAt(event.pos());
+    m_middleView = event.button() == Qt::MiddleButton ? codeViewAt(pressed) : nullptr;
     const bool isLeft = event.button() == Qt::LeftButton;
     if (!isLeft && event.button() != Qt::RightButton)
         return;
-    const int tab = m_tabBar->tabAt(event.pos());
-    setCurrentTab(tab >= 0 ? tab : currentIndex());
+    setCurrentTab(pressed >= 0 ? pressed : currentIndex());
     if (isLeft)
         startDrag(event.pos().x());
 }
@@ -118,6 +131,10 @@ void EdCodeTabWidget::endDrag()
     m_tabBar->setMouseTracking(false);
     m_dragSource = -1;
     unsetCursor();
+    if (m_reordered) {
+        m_reordered = false;
+        emit tabsReordered();
+    }
 }
 
 void EdCodeTabWidget::drag(const QMouseEvent &event)
@@ -157,6 +174,7 @@ void EdCodeTabWidget::dragOver(int target, int x, int movement)
     m_tabBar->moveTab(m_dragSource, target);
     m_tabBar->setCurrentIndex(target);
     m_moving = false;
+    m_reordered = true;
     m_dragSource = target;
     m_rightTurn = movement <= 0 ? x : -1;
     m_leftTurn = movement <= 0 ? -1 : x;
@@ -175,7 +193,6 @@ void EdCodeTabWidget::dragBeside(const QPoint &position)
     }
 }
 
-// The middle button closes, as it does in other programs.
 bool EdCodeTabWidget::release(const QMouseEvent &event)
 {
     switch (event.button()) {
@@ -183,7 +200,7 @@ bool EdCodeTabWidget::release(const QMouseEvent &event)
         contextMenu(event.pos());
         return true;
     case Qt::MiddleButton:
-        closeTab(m_tabBar->tabAt(event.pos()));
+        closePressedTab(event.pos());
         return true;
     case Qt::LeftButton:
         drop(m_tabBar->mapToGlobal(event.pos()));
@@ -191,6 +208,14 @@ bool EdCodeTabWidget::release(const QMouseEvent &event)
     default:
         return false;
     }
+}
+
+// As the middle button does in other programs.
+void EdCodeTabWidget::closePressedTab(const QPoint &position)
+{
+    const int tab = m_tabBar->tabAt(position);
+    if (m_tabBar->tabsClosable() && m_middleView && codeViewAt(tab) == m_middleView)
+        closeTab(tab);
 }
 
 // The drag ends before anybody is told.

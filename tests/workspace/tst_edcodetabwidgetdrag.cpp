@@ -185,6 +185,9 @@ void TestEdCodeTabWidgetDrag::theMenuIsAboutItsTab()
     QCOMPARE(moved.first().at(1).toInt(), 0);
     m_mouse->click(QPoint(bar()->width() - 2, 2), Qt::RightButton);
     QVERIFY(openMenu().isNull());
+    m_mouse->press(tab(0), Qt::RightButton);
+    m_mouse->release(tab(1)); // all commands are then about that one
+    QCOMPARE(labels(), QString("wC"));
 }
 
 void TestEdCodeTabWidgetDrag::theMiddleButtonCloses()
@@ -192,6 +195,10 @@ void TestEdCodeTabWidgetDrag::theMiddleButtonCloses()
     m_mouse->click(tab(0), Qt::MiddleButton);
     QCOMPARE(labels(), QString("wC"));
     m_mouse->click(QPoint(bar()->width() - 2, 2), Qt::MiddleButton);
+    m_mouse->press(tab(0), Qt::MiddleButton);
+    m_mouse->release(tab(1)); // slid off
+    m_pane->setTabsClosable(false);
+    m_mouse->click(tab(0), Qt::MiddleButton);
     QCOMPARE(labels(), QString("wC"));
 }
 
@@ -211,13 +218,17 @@ void TestEdCodeTabWidgetDrag::doubleClicksCloseOrCreate()
 void TestEdCodeTabWidgetDrag::draggedTabsTakeTheirViewsAlong()
 {
     EdCodeView *view = m_pane->codeViewAt(0);
+    QSignalSpy reordered(m_pane.get(), SIGNAL(tabsReordered()));
+    m_mouse->click(tab(0), Qt::LeftButton);
     m_mouse->press(tab(0));
     m_mouse->move(tab(1));
     QCOMPARE(labels(), QString("wAc"));
     m_mouse->move(tab(2));
     QCOMPARE(labels(), QString("wcA"));
     QCOMPARE(m_pane->cursor().shape(), Qt::ClosedHandCursor);
+    QCOMPARE(int(reordered.size()), 0);
     m_mouse->release(tab(2));
+    QCOMPARE(int(reordered.size()), 1);
     QCOMPARE(m_pane->cursor().shape(), Qt::ArrowCursor);
     QCOMPARE(m_pane->currentCodeView(), view);
     QVERIFY(view->isVisible());
