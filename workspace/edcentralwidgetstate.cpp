@@ -141,7 +141,8 @@ QString EdCentralWidget::restoreEntry(const QString &text, const QString &docume
     // Buffers may share a file: there are names for so many only.
     const bool isOpen = !files->add(entry->path) && !entry->isBuffer;
     const int count = pane->count();
-    const QString reason = isOpen ? QString() : pane->restoreTabQuietly(text, m_nextBufferIndex++);
+    const QString reason =
+        isOpen ? QString() : pane->restoreTabQuietly(*entry, m_nextBufferIndex++);
     EdCodeView *view = pane->count() > count ? pane->codeViewAt(count) : nullptr;
     restored[id] << view;
     if (view && !documentId.isEmpty())

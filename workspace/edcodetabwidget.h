@@ -16,6 +16,7 @@ class EdCodeView;
 class QMenu;
 class QMouseEvent;
 class QStackedWidget;
+struct TabEntry;
 
 // One pane of the central area: a bar of tabs above a stack of code views, one view for each tab.
 // Views keep their place in the stack however tabs are moved; the place of one that went is held by
@@ -73,14 +74,14 @@ public:
 
     // Appends an entry for each tab, which the pane of that id is to restore.
     void writeState(QStringList &out, int viewId) const;
-    // Behind the current tab, so that only a first one is looked at: what is not shown costs
-    // little. Damaged entries are dropped; a file that cannot be read is reported to the user.
+    // Opens what the entry says, plainly read, whichever pane it names. Damaged entries are
+    // dropped; a file that cannot be read is reported to the user.
     void restoreTab(const QString &entry, int bufferIndex);
-    // The same without a box; returns the reason of a failure, or an empty text. Between the other
+    // Without a box; returns the reason of a failure, or an empty text. Between the other
     // two, which are for many tabs; the last one shows the pane, if it has any, with the tab in
     // front that is nearest to the index.
     void beginRestoring();
-    QString restoreTabQuietly(const QString &entry, int bufferIndex);
+    QString restoreTabQuietly(const TabEntry &entry, int bufferIndex);
     void endRestoring(int tabIndex);
 
     // Views of closed tabs go by themselves once the event loop is back, since closing may have

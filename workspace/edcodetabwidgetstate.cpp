@@ -6,8 +6,6 @@
 #include "workspace/edcodeview.h"
 #include "workspace/tabentry.h"
 
-#include <QMessageBox>
-
 #include <algorithm>
 #include <optional>
 
@@ -19,13 +17,14 @@ void EdCodeTabWidget::writeState(QStringList &out, int viewId) const
 
 void EdCodeTabWidget::restoreTab(const QString &entry, int bufferIndex)
 {
-    const QString reason = restoreTabQuietly(entry, bufferIndex);
-    setVisible(count() > 0);
-    if (reason.isEmpty())
+    const std::optional<TabEntry> parsed = TabEntry::parsePlainly(entry);
+    if (!parsed)
         return;
-    const QString path = TabEntry::parse(entry)->path; // only whole ones have a reason to fail
-    QMessageBox::warning(this, tr("File Read Error"),
-                         tr("Cannot read file %1:\n%2.").arg(path, reason));
+    const QFileInfo info(parsed->path);
+    const int tab = parsed->isBuffer ? openBuffer(info, bufferIndex, parsed->label, -1)
+                                     : openFile(info, -1, -1);
+    if (tab >= 0)
+        parsed->place(codeViewAt(tab));
 }
 
 void EdCodeTabWidget::beginRestoring()
@@ -42,23 +41,20 @@ void EdCodeTabWidget::endRestoring(int tabIndex)
     show(); // not before, so that no other tab is looked at
 }
 
-QString EdCodeTabWidget::restoreTabQuietly(const QString &entry, int bufferIndex)
+QString EdCodeTabWidget::restoreTabQuietly(const TabEntry &entry, int bufferIndex)
 {
-    const std::optional<TabEntry> tab = TabEntry::parse(entry);
-    if (!tab)
-        return QString();
-    const QFileInfo info(tab->path);
+    const QFileInfo info(entry.path);
     EdCodeView *view = newView();
-    const QString reason = view->loadQuietly(info, tab->isBuffer, bufferIndex);
-    if (!reason.isEmpty() && !(tab->isBuffer && view->becomeSharing(info, bufferIndex))) {
+    const QString reason = view->loadQuietly(info, entry.isBuffer, bufferIndex);
+    if (!reason.isEmpty() && !(entry.isBuffer && view->becomeSharing(info, bufferIndex))) {
         delete view;
         return reason;
     }
-    addTab(-1, view, tab->isBuffer ? tab->label : info.fileName(), false);
-    if (tab->isBuffer)
-        emit bufferCreated(bufferIndex, tab->label, info);
+    addTab(-1, view, entry.isBuffer ? entry.label : info.fileName(), false);
+    if (entry.isBuffer)
+        emit bufferCreated(bufferIndex, entry.label, info);
     else
         emit fileOpened(info.absoluteFilePath());
-    tab->place(view); // scrolling needs the size of a view that is seen
+    entry.place(view); // scrolling needs the size of a view that is seen
     return QString();
 }

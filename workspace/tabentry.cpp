@@ -55,6 +55,23 @@ TabEntry TabEntry::of(const EdCodeView &view, int pane, const QString &label)
     return entry;
 }
 
+std::optional<TabEntry> TabEntry::parsePlainly(const QString &text)
+{
+    const QStringList fields = text.split(comma);
+    if (fields.size() < 5)
+        return std::nullopt;
+    TabEntry entry;
+    bool valid[3] = {};
+    entry.path = fields.at(1);
+    entry.cursorPosition = fields.at(2).toInt(&valid[0]);
+    entry.scrollValue = fields.at(3).toInt(&valid[1]);
+    entry.isBuffer = fields.at(4).toInt(&valid[2]) != 0;
+    entry.label = fields.value(5);
+    if (!(valid[0] && valid[1] && valid[2]) || (entry.isBuffer && fields.size() < 6))
+        return std::nullopt;
+    return entry;
+}
+
 std::optional<TabEntry> TabEntry::parse(const QString &text)
 {
     const QStringList fields = text.split(comma);

@@ -9,6 +9,7 @@
 #include "tests/support/wheel.h"
 #include "workspace/edcodetabbar.h"
 #include "workspace/edcodeview.h"
+#include "workspace/tabentry.h"
 
 #include <QApplication>
 #include <QDir>
@@ -17,10 +18,32 @@
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QStackedWidget>
+#include <QTimer>
 
 #include <memory>
 
 namespace {
+
+// Commands that open a box, on a buffer with text whose file cannot be written, and behind it a
+// Latin-1 file with a character that it cannot hold.
+struct BoxCommand
+{
+    const char *name;
+    void (*run)(EdCodeTabWidget *pane);
+};
+const BoxCommand boxCommands[] = {
+    {"read", [](EdCodeTabWidget *pane) { pane->openFile(QFileInfo("/missing"), -1, -1); }},
+    {"read-buffer", [](EdCodeTabWidget *pane) { pane->restoreTab("0,/missing,0,0,1,x", 0); }},
+    {"write-all", [](EdCodeTabWidget *pane) { pane->saveAll(); }},
+    {"write-buffers", [](EdCodeTabWidget *pane) { pane->saveBuffers(); }},
+    {"save-as", [](EdCodeTabWidget *pane) { pane->saveAs("/missing/name"); }},
+    {"encode", [](EdCodeTabWidget *pane) { pane->save(1); }},
+    {"delete", [](EdCodeTabWidget *pane) { pane->closeTab(0); }},
+    {"close", [](EdCodeTabWidget *pane) { pane->closeTab(1); }},
+    {"close-all", [](EdCodeTabWidget *pane) { pane->promptAllUnsaved(true); }},
+    {"rename", [](EdCodeTabWidget *pane) { pane->rename(1); }},
+    {"rename-badly", [](EdCodeTabWidget *pane) { pane->codeViewAt(1)->rename("a/b"); }},
+};
 
 // What a pane reports while a tab is closed, in order. A receiver may well open another document.
 class CloseLog : public QObject
@@ -82,6 +105,9 @@ private slots:
     void closingAsks();
     void savingWhileClosingLosesNothing();
     void failedSavingKeepsTheTab();
+    void boxesMayGoWithTheirPane_data();
+    void boxesMayGoWithTheirPane();
+    void boxesShowNamesAsTheyAre();
     void closingIsReportedInOrder();
     void closingGivesTheNextViewTheFocus();
     void closedViewsOutliveTheCall();
@@ -89,11 +115,15 @@ private slots:
     void handedOverViewsAreLetGo();
     void savingUnderANewNameReportsBoth();
     void renamingChangesTabs();
+    void theFocusIsAlwaysWhereOneCanType_data();
+    void theFocusIsAlwaysWhereOneCanType();
     void dismissedMenusLeaveNoTabBehind();
     void steppingGoesRound();
     void theBarsOwnStepsAreReported();
     void entriesComeBack();
     void scrollingComesBack();
+    void plainEntriesAreTakenAsTheyStand_data();
+    void plainEntriesAreTakenAsTheyStand();
     void badEntriesAreDropped();
 
 private:
@@ -299,10 +329,13 @@ void TestEdCodeTabWidget::closingAsks()
 void TestEdCodeTabWidget::savingWhileClosingLosesNothing()
 {
     openFile("a", "")->replace("x");
+    newBuffer(0, "");
     openFile("b", "")->replace("y");
+    newBuffer(1, "");
+    m_pane->setCurrentTab(2);
     ModalAnswer box("Yes");
     m_pane->closeTab(0);
-    QCOMPARE(labels(), QString("[b]"));
+    QCOMPARE(labels(), QString("buffer [b] buffer"));
     QCOMPARE(m_dir->read("a"), QByteArray("x"));
     QCOMPARE(m_dir->read("b"), QByteArray("y"));
 }
@@ -319,6 +352,37 @@ void TestEdCodeTabWidget::failedSavingKeepsTheTab()
     QVERIFY(box.text().startsWith("Cannot write file"));
     QCOMPARE(labels(), QString("[a*] b"));
     QCOMPARE(view->text(), QString("x"));
+}
+
+void TestEdCodeTabWidget::boxesMayGoWithTheirPane_data()
+{
+    QTest::addColumn<int>("command");
+
+    for (const BoxCommand &command : boxCommands)
+        QTest::newRow(command.name) << int(&command - boxCommands);
+}
+
+// As when the host quits meanwhile.
+void TestEdCodeTabWidget::boxesMayGoWithTheirPane()
+{
+    QFETCH(int, command);
+    EdCodeView *buffer = newBuffer(0, "x");
+    const QString path = buffer->fileInfo().absoluteFilePath();
+    QVERIFY(QFile::remove(path) && QDir().mkdir(path));
+    openFile("a", "\xe9")->replace(QString(QChar(0x2192)));
+    const QPointer<EdCodeTabWidget> pane = m_pane.release();
+    QTimer::singleShot(0, pane.data(), SLOT(deleteLater()));
+    boxCommands[command].run(pane.data());
+    QVERIFY(!pane);
+}
+
+void TestEdCodeTabWidget::boxesShowNamesAsTheyAre()
+{
+    openFile("a <b>", "")->replace("x");
+    ModalAnswer box("Cancel");
+    m_pane->closeTab(0);
+    QVERIFY(box.text().contains("<b>"));
+    QCOMPARE(box.textFormat(), Qt::PlainText);
 }
 
 void TestEdCodeTabWidget::closingIsReportedInOrder()
@@ -424,7 +488,7 @@ void TestEdCodeTabWidget::savingUnderANewNameReportsBoth()
 void TestEdCodeTabWidget::renamingChangesTabs()
 {
     newBuffer(5, "", "old");
-    openFile("a.txt", "")->replace("x");
+    openFile("a.txt*", "")->replace("x");
     QSignalSpy labelled(m_pane.get(), SIGNAL(bufferRenamed(int, QString)));
     QSignalSpy renamed(m_pane.get(), SIGNAL(fileRenamed(QString, QString)));
     ModalAnswer buffer("OK");
@@ -433,7 +497,8 @@ void TestEdCodeTabWidget::renamingChangesTabs()
     QCOMPARE(buffer.text(), QString("New Name:"));
     QCOMPARE(labelled.last().at(0).toInt(), 5);
     ModalAnswer same("OK");
-    m_pane->rename(); // the mark of changes is not offered as part of the name
+    m_pane->rename(); // what is offered is the file's name
+    QVERIFY(same.wasAsked());
     QCOMPARE(int(renamed.size()), 0);
     ModalAnswer file("OK");
     file.enter("b.txt");
@@ -441,6 +506,25 @@ void TestEdCodeTabWidget::renamingChangesTabs()
     QCOMPARE(labels(), QString("new [b.txt*]"));
     QCOMPARE(m_pane->tabBar()->tabToolTip(1), m_dir->file("b.txt"));
     QCOMPARE(renamed.last().at(1).toString(), m_dir->file("b.txt"));
+}
+
+void TestEdCodeTabWidget::theFocusIsAlwaysWhereOneCanType_data()
+{
+    QTest::addColumn<int>("reason");
+
+    QTest::newRow("beside-the-tabs") << int(Qt::MouseFocusReason);
+    QTest::newRow("tab-key") << int(Qt::TabFocusReason);
+    QTest::newRow("backtab-key") << int(Qt::BacktabFocusReason);
+}
+
+void TestEdCodeTabWidget::theFocusIsAlwaysWhereOneCanType()
+{
+    QFETCH(int, reason);
+    newBuffer(0, "");
+    QApplication::setActiveWindow(m_pane.get());
+    m_pane->tabBar()->setFocus();
+    m_pane->setFocus(static_cast<Qt::FocusReason>(reason));
+    QVERIFY(m_pane->currentCodeView()->codeEdit()->hasFocus());
 }
 
 void TestEdCodeTabWidget::dismissedMenusLeaveNoTabBehind()
@@ -453,7 +537,7 @@ void TestEdCodeTabWidget::dismissedMenusLeaveNoTabBehind()
     menu->close();
     deleteWhatIsPosted();
     m_pane->contextCloseTab();
-    QCOMPARE(labels(), QString("first [second]"));
+    QCOMPARE(labels(), QString("[first] second"));
 }
 
 void TestEdCodeTabWidget::steppingGoesRound()
@@ -503,8 +587,9 @@ void TestEdCodeTabWidget::entriesComeBack()
     EdCodeTabWidget pane(0);
     QSignalSpy opened(&pane, SIGNAL(fileOpened(QString)));
     QSignalSpy created(&pane, SIGNAL(bufferCreated(int, QString, QFileInfo)));
-    pane.restoreTab(entries.at(0), 20);
-    QCOMPARE(pane.restoreTabQuietly(entries.at(1), 21), QString());
+    QCOMPARE(pane.restoreTabQuietly(*TabEntry::parse(entries.at(0)), 20), QString());
+    QCOMPARE(pane.restoreTabQuietly(*TabEntry::parse(entries.at(1)), 21), QString());
+    QCOMPARE(pane.currentIndex(), 0);
     QCOMPARE(pane.codeViewAt(0)->codeEdit()->textCursor().position(), 5);
     QCOMPARE(int(opened.size()), 1);
     QCOMPARE(pane.tabText(1), QString("label, with a comma"));
@@ -521,8 +606,8 @@ void TestEdCodeTabWidget::scrollingComesBack()
         EdCodeTabWidget pane(0, &window);
         pane.resize(400, 300);
         window.setVisible(isShownBefore);
-        pane.restoreTab(entry.arg(2 * 505).arg(500), 0);
-        pane.restoreTab(entry.arg(2 * 5).arg(500), 0); // the caret comes first
+        for (int line : {505, 5}) // the caret comes first
+            pane.restoreTabQuietly(*TabEntry::parse(entry.arg(2 * line).arg(500)), 0);
         window.show();
         for (int tab : {0, 1}) {
             pane.setCurrentTab(tab);
@@ -533,13 +618,54 @@ void TestEdCodeTabWidget::scrollingComesBack()
     }
 }
 
+void TestEdCodeTabWidget::plainEntriesAreTakenAsTheyStand_data()
+{
+    QTest::addColumn<QString>("entry");
+    QTest::addColumn<QString>("tabs"); // afterwards
+
+    QTest::newRow("file") << "0,%1,2,0,0"
+                          << "buffer [a.mel]";
+    QTest::newRow("pane-not-read") << "x,%1,2,0,0"
+                                   << "buffer [a.mel]";
+    QTest::newRow("further-fields") << "0,%1,2,0,0,label,more"
+                                    << "buffer [a.mel]";
+    QTest::newRow("buffer-anywhere") << "0,%1,2,0,7,label,more"
+                                     << "buffer [label]";
+    QTest::newRow("empty-label") << "0,%1,2,0,1,"
+                                 << "buffer []";
+    QTest::newRow("nothing") << ""
+                             << "[buffer]";
+    QTest::newRow("too-short") << "0,%1,2,0"
+                               << "[buffer]";
+    QTest::newRow("no-label") << "0,%1,2,0,1"
+                              << "[buffer]";
+    QTest::newRow("no-caret") << "0,%1,,0,0"
+                              << "[buffer]";
+    QTest::newRow("bad-scrolling") << "0,%1,2,x,0"
+                                   << "[buffer]";
+    QTest::newRow("bad-kind") << "0,%1,2,0,x"
+                              << "[buffer]";
+}
+
+void TestEdCodeTabWidget::plainEntriesAreTakenAsTheyStand()
+{
+    QFETCH(QString, entry);
+    QFETCH(QString, tabs);
+    newBuffer(0, "");
+    m_pane->restoreTab(entry.replace("%1", m_dir->write("a.mel", "text")), 5);
+    QCOMPARE(labels(), tabs);
+    const EdCodeView *view = m_pane->currentCodeView();
+    QCOMPARE(view->cursorPosition(), m_pane->count() == 2 ? 2 : 0);
+    QCOMPARE(view->bufferIndex(), tabs.endsWith("[a.mel]") ? -1 : m_pane->count() == 2 ? 5 : 0);
+}
+
 void TestEdCodeTabWidget::badEntriesAreDropped()
 {
     const QString path = m_dir->write("a", "");
     for (const char *entry : {"", "0,%1,3,4", "0,%1,3,4,1", "0,%1,x,4,0"})
-        QCOMPARE(m_pane->restoreTabQuietly(QString(entry).replace("%1", path), 0), QString());
+        QVERIFY(!TabEntry::parse(QString(entry).replace("%1", path)));
     const QString missing = QString("0,%1.missing,3,4,0").arg(path);
-    QVERIFY(!m_pane->restoreTabQuietly(missing, 0).isEmpty());
+    QVERIFY(!m_pane->restoreTabQuietly(*TabEntry::parse(missing), 0).isEmpty());
     ModalAnswer box("OK");
     m_pane->restoreTab(missing, 0);
     QCOMPARE(box.title(), QString("File Read Error"));
