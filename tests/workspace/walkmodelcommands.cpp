@@ -218,10 +218,12 @@ bool WalkModel::mayCloseFile(int key)
     const Place place = placeOf(key);
     if (answer != "Yes" || !place)
         return answer == "No";
-    saveDocument(&at({place.pane, m_panes[place.pane].current}));
-    if (m_panes[place.pane].current != place.tab) {
+    const Place current = {place.pane, m_panes[place.pane].current};
+    saveDocument(&at(current));
+    if (current.tab != place.tab) {
         present(place);
         saveDocument(&m_documents[key]);
+        present(current);
     }
     return true;
 }
