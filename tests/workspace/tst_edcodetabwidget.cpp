@@ -606,8 +606,10 @@ void TestEdCodeTabWidget::scrollingComesBack()
         EdCodeTabWidget pane(0, &window);
         pane.resize(400, 300);
         window.setVisible(isShownBefore);
+        pane.beginRestoring();
         for (int line : {505, 5}) // the caret comes first
             pane.restoreTabQuietly(*TabEntry::parse(entry.arg(2 * line).arg(500)), 0);
+        pane.endRestoring(0);
         window.show();
         for (int tab : {0, 1}) {
             pane.setCurrentTab(tab);
