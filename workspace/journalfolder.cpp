@@ -199,6 +199,8 @@ bool JournalFolder::ensure()
         return true;
     m_lock.release();
     m_storedTabs.clear();
+    if (compat::ensurePrivate(m_path) && m_lock.take(lockPath(m_path)))
+        return true;
     QDir().mkpath(QFileInfo(m_root).path());
     begin();
     return isValid();

@@ -87,6 +87,7 @@ private slots:
     void init();
     void foldersArePrivate();
     void foreignFoldersAreLeftAlone();
+    void aLostLockIsTakenAgain();
     void fewDamagedJournalsAreKept();
     void theLivingAreLeftAlone();
     void twoSessionsNeverTakeTheSameDead();
@@ -134,6 +135,18 @@ void TestJournalFolder::foreignFoldersAreLeftAlone()
     QVERIFY(QDir(m_dir->file("elsewhere"))
                 .entryList(QDir::NoDotAndDotDot | QDir::AllEntries)
                 .isEmpty());
+}
+
+void TestJournalFolder::aLostLockIsTakenAgain()
+{
+    JournalFolder folder(m_dir->path());
+    const QString session = QFileInfo(folder.newJournalPath()).path();
+    QVERIFY(QFile::remove(session + "/lock"));
+    QCOMPARE(folder.placeFor(session + "/1.journal"), session + "/1.journal");
+    QVERIFY(JournalFolder(m_dir->path()).deadSessions().empty());
+    QVERIFY(QDir().rename(session, session + "-moved"));
+    QVERIFY(folder.placeFor(session + "/1.journal") != session + "/1.journal");
+    QVERIFY(folder.isValid());
 }
 
 void TestJournalFolder::fewDamagedJournalsAreKept()
