@@ -18,6 +18,11 @@ QString pathOf(const EdCodeView &view)
     return view.fileInfo().absoluteFilePath();
 }
 
+QVariant keyOf(const QObject *view)
+{
+    return QVariant(qulonglong(quintptr(view)));
+}
+
 } // namespace
 
 RecoveryBar::RecoveryBar(QWidget *parent)
@@ -60,6 +65,7 @@ void RecoveryBar::add(const QList<RecoveredDocument> &documents)
         m_documents << document;
         m_list->addItem(document.isOutdated ? tr("%1 (changed on disk since)").arg(document.name)
                                             : document.name);
+        m_list->setItemData(m_list->count() - 1, keyOf(document.view));
         m_list->setItemData(m_list->count() - 1, QDir::toNativeSeparators(pathOf(*document.view)),
                             Qt::ToolTipRole);
         connect(document.view, SIGNAL(modificationChanged(bool)), SLOT(forgetSaved(bool)));
@@ -145,21 +151,24 @@ void RecoveryBar::forgetSaved(bool modified)
         forget(qobject_cast<EdCodeView *>(sender()));
 }
 
-// The guarded pointer may or may not know it yet.
+// What is left of the view by now is no view any more, whatever the guarded pointer says.
 void RecoveryBar::forgetClosed(QObject *view)
 {
-    for (int i = count() - 1; i >= 0; --i) {
-        const QObject *listed = m_documents.at(i).view;
-        if (!listed || listed == view)
-            remove(i);
-    }
+    drop(m_list->findData(keyOf(view)));
 }
 
 void RecoveryBar::remove(int index)
 {
-    const RecoveredDocument document = m_documents.takeAt(index);
-    if (document.view)
-        document.view->disconnect(this);
+    if (EdCodeView *view = m_documents.at(index).view)
+        view->disconnect(this);
+    drop(index);
+}
+
+void RecoveryBar::drop(int index)
+{
+    if (index < 0)
+        return;
+    m_documents.removeAt(index);
     m_list->removeItem(index);
     refresh();
 }

@@ -47,6 +47,7 @@ private:
     QPushButton *addButton(const QString &text, const QString &toolTip, const char *slot);
     EdCodeView *chosen() const;
     void remove(int index);
+    void drop(int index);
     void refresh();
 
     QList<RecoveredDocument> m_documents; // as in the list
