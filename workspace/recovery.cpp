@@ -68,7 +68,7 @@ private:
         m_sessionIds.clear();
         for (const Journal &journal : journals)
             m_sessionIds << journal.contents.header.documentId;
-        // Buffers that share a file are told apart by their order alone.
+        // Buffers that share a file are told apart by their order if by nothing else.
         std::stable_sort(journals.begin(), journals.end(), [](const Journal &a, const Journal &b) {
             return a.contents.header.bufferIndex < b.contents.header.bufferIndex;
         });
