@@ -46,6 +46,7 @@ EdCentralWidget::EdCentralWidget(QWidget *parent)
     m_parseTimer.setSingleShot(true);
     connect(&m_parseTimer, SIGNAL(timeout()), SLOT(activeViewChange()));
     m_tabsTimer.setSingleShot(true);
+    m_tabsTimer.setInterval(0);
     connect(&m_tabsTimer, SIGNAL(timeout()), SIGNAL(tabsChanged()));
     for (int id = 0; id < PaneCount; ++id) {
         m_panes << new EdCodeTabWidget(id, m_splitter);
@@ -95,6 +96,7 @@ void EdCentralWidget::connectPane(EdCodeTabWidget *pane)
             SIGNAL(commandDocumentationSelected(QString, bool)));
     connect(pane, SIGNAL(longLineReached()), SIGNAL(longLineReached()));
     connect(pane, SIGNAL(codeViewInserted(EdCodeView *)), SLOT(onCodeViewInserted(EdCodeView *)));
+    connect(pane, SIGNAL(tabsReordered()), &m_tabsTimer, SLOT(start()));
 }
 
 EdCodeView *EdCentralWidget::currentCodeView() const
@@ -204,7 +206,7 @@ void EdCentralWidget::onCodeViewInserted(EdCodeView *view)
 
 void EdCentralWidget::reportName()
 {
-    m_tabsTimer.start(0);
+    m_tabsTimer.start();
     const EdCodeView *view = currentCodeView();
     QString name;
     if (view && view->isBuffer())
@@ -248,7 +250,7 @@ void EdCentralWidget::onFileOpened(const QString &path)
 void EdCentralWidget::onFileClosed(const QString &path)
 {
     m_watch->unwatch(path);
-    m_tabsTimer.start(0);
+    m_tabsTimer.start();
     emit fileClosed(path);
 }
 
@@ -264,7 +266,7 @@ void EdCentralWidget::onBufferCreated(int id, const QString &name, const QFileIn
 
 void EdCentralWidget::onBufferDeleted(int id)
 {
-    m_tabsTimer.start(0);
+    m_tabsTimer.start();
     emit bufferDeleted(id);
 }
 

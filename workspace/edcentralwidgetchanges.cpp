@@ -3,6 +3,7 @@
 #include "workspace/edcentralwidget.h"
 
 #include "preferences/preferences.h"
+#include "workspace/choicebox.h"
 #include "workspace/edcodetabwidget.h"
 #include "workspace/edcodeview.h"
 #include "workspace/filewatch.h"
@@ -13,22 +14,6 @@
 #include <QPointer>
 
 namespace {
-
-// Closing the box in any other way is the answer `escape`, and so is the end of the window, which
-// may come from Maya while it is open.
-bool isYes(QWidget *parent, const QString &title, const QString &question,
-           QMessageBox::StandardButton escape)
-{
-    const QPointer<QMessageBox> box = new QMessageBox(QMessageBox::Question, title, question,
-                                                      QMessageBox::Yes | QMessageBox::No, parent);
-    box->setTextFormat(Qt::PlainText); // of a path that may look like markup
-    box->setEscapeButton(escape);
-    box->exec();
-    const QMessageBox::StandardButton clicked =
-        box ? box->standardButton(box->clickedButton()) : QMessageBox::NoButton;
-    delete box;
-    return (clicked == QMessageBox::NoButton ? escape : clicked) == QMessageBox::Yes;
-}
 
 // One for all windows: the questions are modal, and giving the focus back asks for a check again.
 bool isChecking = false;
@@ -42,7 +27,8 @@ void EdCentralWidget::reloadFromDisk()
         return;
     const QString question = tr("Reloading this file will result in unsaved changes being lost.\n\n"
                                 "Continue reloading?");
-    if (view->isModified() && !isYes(window(), tr("Reload"), question, QMessageBox::No))
+    if (view->isModified() &&
+        !askYesNo(window(), tr("Reload"), question, QMessageBox::Yes, QMessageBox::No))
         return;
     reload(view);
 }
@@ -123,7 +109,8 @@ void EdCentralWidget::askAboutChanged(const QString &path)
     place.pane->setCurrentTab(place.tab);
     const QString question =
         path + tr("\n\nThis file has been modified by another program.\nDo you want to reload it?");
-    const bool reloads = isYes(window(), tr("Reload"), question, QMessageBox::No);
+    const bool reloads =
+        askYesNo(window(), tr("Reload"), question, QMessageBox::Yes, QMessageBox::No);
     if (view && reloads)
         reload(view);
     else if (view)
@@ -141,7 +128,8 @@ void EdCentralWidget::askAboutMissing(const QString &path)
     place.pane->setCurrentTab(place.tab);
     const QString question =
         tr("The file ") + path + tr(" doesn't exist anymore.\nKeep this file in the editor?");
-    const bool keeps = isYes(window(), tr("File Does Not Exist"), question, QMessageBox::Yes);
+    const bool keeps =
+        askYesNo(window(), tr("File Does Not Exist"), question, QMessageBox::Yes, QMessageBox::Yes);
     if (view && keeps)
         view->forceModified();
     else if (view)
