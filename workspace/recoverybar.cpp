@@ -34,6 +34,7 @@ RecoveryBar::RecoveryBar(QWidget *parent)
     m_list->setAccessibleName(tr("Recovered documents"));
     m_list->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     m_message->setTextFormat(Qt::PlainText); // names may look like markup
+    m_message->setWordWrap(true);
     m_message->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // for narrow windows
     QHBoxLayout *layout = new QHBoxLayout(this);
     layout->setContentsMargins(6, 2, 6, 2);
@@ -176,9 +177,9 @@ void RecoveryBar::drop(int index)
 void RecoveryBar::refresh()
 {
     const bool isOne = count() == 1;
-    m_message->setText(isOne ? tr("Unsaved text of %1 was recovered.").arg(m_list->itemText(0))
-                             : tr("Unsaved text of %1 documents was recovered.").arg(count()));
-    m_message->setToolTip(m_message->text());
+    m_message->setText(isOne ? tr("Recovered unsaved text of %1.").arg(m_list->itemText(0))
+                             : tr("Recovered (%1):").arg(count()));
+    m_message->setToolTip(tr("These texts were not saved when the program ended."));
     m_list->setVisible(!isOne);
     m_keepAll->setVisible(!isOne);
     setVisible(count() > 0);
