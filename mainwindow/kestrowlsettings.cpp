@@ -95,6 +95,7 @@ QString Kestrowl::writeSettings()
     m_central->flushJournals(); // the host may end without another word
     QStringList problems = m_central->saveBuffersQuietly();
     const QString failure = storeSettings(m_central->state());
+    rememberTabs(); // or the older list would bring back what was closed since
     m_settingsHaveTabs = failure.isEmpty();
     problems << failure;
     return problems.join(QLatin1String(" ")).trimmed();

@@ -129,8 +129,9 @@ void EdCentralWidget::makeActive(int id)
         pane->setActive(pane->id() == id);
 }
 
-void EdCentralWidget::activate(int id)
+void EdCentralWidget::activate(int wantedId)
 {
+    const int id = paneId(wantedId);
     if (id == m_activeView)
         return;
     makeActive(id);
@@ -148,8 +149,9 @@ void EdCentralWidget::setActiveTabWidgetIndex(int id)
         checkForFileChanges();
 }
 
-void EdCentralWidget::moveToOtherView(int id, int tabIndex)
+void EdCentralWidget::moveToOtherView(int wantedId, int tabIndex)
 {
+    const int id = paneId(wantedId);
     const int other = std::max(id - 1, 1 - id);
     if (tabIndex == -1) {
         activate(other);
@@ -167,8 +169,10 @@ void EdCentralWidget::moveToOtherView(int id, int tabIndex)
     onTabChange();
 }
 
-void EdCentralWidget::tabMovedToNewPosition(int id, const QPoint &globalPos, bool updateCursorOnly)
+void EdCentralWidget::tabMovedToNewPosition(int wantedId, const QPoint &globalPos,
+                                            bool updateCursorOnly)
 {
+    const int id = paneId(wantedId);
     EdCodeTabWidget *target = nullptr;
     for (EdCodeTabWidget *pane : m_panes) {
         if (pane->id() != id && pane->isVisible() &&

@@ -213,6 +213,8 @@ private:
         explicit operator bool() const { return pane != nullptr; }
     };
 
+    // What is not an id counts as that of the first pane.
+    static int paneId(int id) { return id == 1 ? 1 : 0; }
     EdCodeTabWidget *active() const { return m_panes.at(m_activeView); }
     void makeActive(int id);
     void connectPane(EdCodeTabWidget *pane);
@@ -245,6 +247,7 @@ private:
     void forgetEntry(const QString &path);
 
     int newBufferIndex() override { return m_nextBufferIndex++; }
+    QWidget *documentParent() override { return this; }
     QString nameOf(const EdCodeView &view) const override;
     void addCodeView(EdCodeView *view, const QString &label) override;
     void showRecovered(const QList<RecoveredDocument> &documents);

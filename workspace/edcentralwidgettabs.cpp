@@ -146,7 +146,12 @@ bool EdCentralWidget::freeName(const QString &path)
         return true;
     const QPointer<EdCodeView> current = currentCodeView();
     const QPointer<EdCodeView> overwritten = other.pane->codeViewAt(other.tab);
+    const QPointer<EdCodeView> front = other.pane->currentCodeView();
+    if (overwritten->isModified())
+        other.pane->setCurrentTab(other.tab); // closing it may save what is current
     other.pane->closeTab(other.tab);
+    if (const Place place = front ? placeOf(front) : Place())
+        place.pane->setCurrentTab(place.tab);
     if (const Place place = placeOf(current))
         showPlace(place); // closing may have shown another one
     return !overwritten || !placeOf(overwritten);
@@ -213,8 +218,12 @@ void EdCentralWidget::closeFile(const QString &path)
 
 void EdCentralWidget::closeAt(const Place &place)
 {
-    if (place)
-        place.pane->closeTab(place.tab);
+    if (!place)
+        return;
+    const QPointer<EdCodeView> view = place.pane->codeViewAt(place.tab);
+    checkBeforeWriting(QList<EdCodeView *>() << view);
+    if (const Place now = view ? placeOf(view) : Place())
+        now.pane->closeTab(now.tab);
 }
 
 void EdCentralWidget::focusBuffer(int bufferIndex)
@@ -235,7 +244,7 @@ void EdCentralWidget::closeAllButCurrent()
 
 void EdCentralWidget::closeAllButCurrent(int tabWidgetId)
 {
-    closeTabsBut(m_panes.at(tabWidgetId)->currentCodeView());
+    closeTabsBut(m_panes.at(paneId(tabWidgetId))->currentCodeView());
 }
 
 // Files are asked about before the first is closed, so that Cancel leaves all of them; a buffer

@@ -219,11 +219,11 @@ int EdCodeTabWidget::addTab(int position, EdCodeView *view, const QString &label
     const int tab = m_tabBar->insertTab(position, QString());
     m_tabBar->setTabData(tab, stackIndex);
     setTabText(tab, label);
+    connectView(view); // first: it may get the focus
     if (inFront)
         m_tabBar->setCurrentIndex(tab);
     if (inFront || count() == 1)
         setCurrentCodeView(tab); // the bar says nothing of its first tab
-    connectView(view);
     emit codeViewInserted(view);
     return tab;
 }
@@ -251,7 +251,7 @@ void EdCodeTabWidget::connectView(EdCodeView *view)
 // Its messages are shown over the pane.
 EdCodeView *EdCodeTabWidget::newView()
 {
-    return new EdCodeView(EdCodeView::AwaitsFile, EdCodeView::Text, this);
+    return EdCodeView::createUnseen(this);
 }
 
 int EdCodeTabWidget::newBuffer(int bufferIndex, int language, const QString &label)

@@ -48,11 +48,22 @@ EdCodeView::EdCodeView(int bufferIndex, int language, QWidget *parent)
     : QWidget(parent), m_bufferIndex(bufferIndex), m_editorLanguage(editorLanguage(language)),
       m_documentId(QUuid::createUuid().toString())
 {
+    createCodeEdit();
     if (bufferIndex == AwaitsFile)
         return;
-    createCodeEdit();
     forceModified(); // should there be no file for it, the buffer is not saved
     createBufferFile();
+}
+
+EdCodeView::EdCodeView(QWidget *parent)
+    : QWidget(parent), m_bufferIndex(AwaitsFile), m_editorLanguage(TextLanguage),
+      m_documentId(QUuid::createUuid().toString())
+{
+}
+
+EdCodeView *EdCodeView::createUnseen(QWidget *parent)
+{
+    return new EdCodeView(parent);
 }
 
 EdCodeView::~EdCodeView() = default;
@@ -186,6 +197,7 @@ QString EdCodeView::lineText() const
 
 void EdCodeView::setModified(bool modified)
 {
+    giveText(); // which is unmodified
     m_modified = modified;
     followChanges();
     emit modificationChanged(modified);
@@ -213,7 +225,7 @@ void EdCodeView::inFocus()
 
 void EdCodeView::setCodeEditFocus()
 {
-    ownCodeEdit()->setFocus(Qt::OtherFocusReason);
+    codeEdit()->setFocus(Qt::OtherFocusReason);
 }
 
 void EdCodeView::save()
@@ -338,6 +350,7 @@ void EdCodeView::onCursorStatusChange()
 
 void EdCodeView::onTextChange()
 {
+    tryJournalAgain();
     emit textChanged();
 }
 

@@ -5,6 +5,7 @@
 #include "workspace/textfile.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QWidget>
 
@@ -33,6 +34,9 @@ public:
 
     // Creates the buffer's file, unless the view awaits one.
     EdCodeView(int bufferIndex, int language, QWidget *parent = nullptr);
+    // A view that awaits a file, and makes its text widget when that is first asked for: of many
+    // tabs few may ever be looked at.
+    static EdCodeView *createUnseen(QWidget *parent);
     // Leaves the journal of a text that is not saved.
     ~EdCodeView() override;
 
@@ -192,6 +196,7 @@ protected:
     void showEvent(QShowEvent *event) override;
 
 private:
+    explicit EdCodeView(QWidget *parent);
     struct Waiting
     {
         QByteArray bytes; // of the file
@@ -215,6 +220,7 @@ private:
     bool mayBeEncoded(TextFile *file);
     void finishWriting(const Fingerprint &fingerprint);
     void followChanges();
+    void tryJournalAgain();
     void beginJournal(const std::shared_ptr<JournalFolder> &folder, const QString &path);
     JournalHeader journalHeader() const;
     void takeAfter(const JournalHeader &header);
@@ -234,5 +240,6 @@ private:
     TextEncoding m_encoding = TextEncoding::Utf8; // as the text was decoded, or the user chose
     LineEnds m_lineEnds;
     std::optional<Fingerprint> m_seen;      // the file's; nothing while it has none of its own
+    QElapsedTimer m_sinceNoJournal;         // since there was no folder for one
     std::unique_ptr<TextJournal> m_journal; // null while everything is saved
 };

@@ -96,7 +96,7 @@ QString EdCodeView::loadQuietly(const QFileInfo &info, bool isBuffer, int buffer
 {
     const QString path = info.absoluteFilePath();
     const bool isAgain = m_seen && m_isBuffer == isBuffer && m_fileInfo.absoluteFilePath() == path;
-    const bool mayWait = !m_seen && !m_modified && !isVisible();
+    const bool mayWait = !m_seen && !m_codeEdit;
     m_isBuffer = isBuffer;
     m_bufferIndex = isBuffer ? bufferIndex : -1;
     QByteArray bytes;
@@ -104,6 +104,8 @@ QString EdCodeView::loadQuietly(const QFileInfo &info, bool isBuffer, int buffer
     if (!reason.isEmpty())
         return reason;
     m_fileInfo = info;
+    if (isAgain)
+        giveText(); // before the encoding may be another one
     if (mayWait)
         m_waiting = Waiting{bytes};
     else if (isAgain)

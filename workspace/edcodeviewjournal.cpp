@@ -46,8 +46,24 @@ void EdCodeView::followChanges()
     if (m_journal || m_fileInfo.filePath().isEmpty())
         return;
     const std::shared_ptr<JournalFolder> folder = journalFolder();
-    if (folder && folder->ensure())
+    if (!folder)
+        return;
+    if (folder->ensure()) {
         beginJournal(folder, folder->newJournalPath());
+        return;
+    }
+    if (!m_sinceNoJournal.isValid())
+        emit journalFailed(tr("there is no folder for it"));
+    m_sinceNoJournal.start();
+}
+
+// The folder may have come back; looking for it at each key could take too long.
+void EdCodeView::tryJournalAgain()
+{
+    const int pause = 10000; // ms
+    if (m_modified && !m_journal && m_sinceNoJournal.isValid() &&
+        m_sinceNoJournal.hasExpired(pause))
+        followChanges();
 }
 
 void EdCodeView::beginJournal(const std::shared_ptr<JournalFolder> &folder, const QString &path)

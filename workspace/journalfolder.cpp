@@ -17,7 +17,7 @@
 namespace {
 
 const char journalPattern[] = "*.journal";
-const int mostKeptAside = 5;
+const int daysKeptAside = 30;
 
 QString lockPath(const QString &session)
 {
@@ -293,9 +293,10 @@ QString JournalFolder::keepAside(const QString &journal) const
     const QString target = root.filePath(name.arg(number));
     if (!compat::renameFile(journal, target))
         return journal;
-    for (int old : kept.keys()) {
-        if (old + mostKeptAside <= number)
-            QFile::remove(root.filePath(kept.value(old)));
+    const QDateTime longAgo = QDateTime::currentDateTime().addDays(-daysKeptAside);
+    for (const QString &old : kept) {
+        if (QFileInfo(root.filePath(old)).lastModified() < longAgo)
+            QFile::remove(root.filePath(old));
     }
     return target;
 }

@@ -56,6 +56,8 @@ public:
             m_views[identityOf(pathOf(*view))] << view;
         for (const auto &session : m_folder.deadSessions())
             recoverSession(session->journals());
+        for (const Journal &journal : m_apart)
+            openApart(journal);
         return m_result;
     }
 
@@ -199,14 +201,21 @@ private:
             addDocument(view, false);
     }
 
+    // Last: a new buffer takes the name of a file that is missing, unless its buffer is open.
     void recoverApart(const Journal &journal)
+    {
+        m_texts[identityOf(journal.contents.header.path)] << journal.contents.text;
+        m_apart << journal;
+    }
+
+    void openApart(const Journal &journal)
     {
         const QString path = journal.contents.header.path;
         const QString suffix = QFileInfo(path).suffix();
         const int language = suffix == QLatin1String("mel")  ? EdCodeView::Mel
                              : suffix == QLatin1String("py") ? EdCodeView::Python
                                                              : EdCodeView::Text;
-        auto *view = new EdCodeView(m_host->newBufferIndex(), language);
+        auto *view = new EdCodeView(m_host->newBufferIndex(), language, m_host->documentParent());
         m_host->addCodeView(view, translated("%1 (recovered)").arg(QFileInfo(path).fileName()));
         adopt(view, journal);
         addDocument(view, true);
@@ -236,6 +245,7 @@ private:
     QStringList m_sessionPaths;                 // recovered from the session at hand
     QStringList m_laterPaths;                   // and from those that were at work later
     QMap<QString, QStringList> m_texts;         // by path
+    QList<Journal> m_apart;                     // that get buffers of their own
     Recovery m_result;
 };
 

@@ -8,6 +8,7 @@
 
 class EdCodeView;
 class JournalFolder;
+class QWidget;
 
 // Whoever shows the documents.
 class DocumentHost
@@ -18,6 +19,8 @@ public:
     // In the order of their tabs, as they were restored.
     virtual QList<EdCodeView *> codeViews() const = 0;
     virtual int newBufferIndex() = 0;
+    // Of new views, so that these know each other; null where there is no window.
+    virtual QWidget *documentParent() { return nullptr; }
     // A buffer's label, or a file's name.
     virtual QString nameOf(const EdCodeView &view) const = 0;
     // Shows a view that has its document already, without a box, and owns it.

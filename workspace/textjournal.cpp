@@ -82,7 +82,7 @@ TextJournal::TextJournal(QTextDocument *document, const QString &path, const Jou
     connect(document, SIGNAL(contentsChange(int, int, int)), SLOT(onContentsChange(int, int, int)));
     connect(&m_copyTimer, SIGNAL(timeout()), SLOT(copyForAWhile()));
     connect(&m_writeTimer, SIGNAL(timeout()), SLOT(writePending()));
-    connect(&m_retryTimer, SIGNAL(timeout()), SLOT(retry()));
+    connect(&m_retryTimer, SIGNAL(timeout()), SLOT(retryCopy()));
     m_length = length();
     m_revision = document->revision();
     startCopy();
@@ -90,6 +90,7 @@ TextJournal::TextJournal(QTextDocument *document, const QString &path, const Jou
 
 TextJournal::~TextJournal()
 {
+    m_retryTimer.stop(); // there is no later
     flush();
     if (m_isCopying)
         giveUpCopy();
@@ -136,6 +137,7 @@ void TextJournal::onContentsChange(int position, int removed, int added)
         record(position, removed, added);
         return;
     }
+    writePending(); // which still fits what the file has
     m_log.clear();
     m_follows = false;
     startCopy();
@@ -178,7 +180,7 @@ QString TextJournal::textOfEdit(int position, int count) const
 
 void TextJournal::schedule()
 {
-    if (m_retryTimer.isActive())
+    if (m_appendFailed) // it is tried again in a moment
         return;
     const int left = m_pace.afterFirst - int(m_sinceFirstPending.elapsed());
     m_writeTimer.start(std::clamp(left, 0, m_pace.afterLast));
@@ -195,6 +197,7 @@ void TextJournal::writePending()
     if (appendRecords(m_path, m_size, records, &reason)) {
         m_size += records.size();
         m_log.clear();
+        m_appendFailed = false;
         m_saysFailed = true;
         if (wantsCopy() && !m_isCopying && !m_retryTimer.isActive())
             startCopy();
@@ -205,9 +208,13 @@ void TextJournal::writePending()
         m_log.clear();
         m_follows = false;
     }
+    m_appendFailed = m_follows;
+    if (m_appendFailed)
+        m_writeTimer.start(m_pace.retry);
     if (!isGone)
-        fail(reason);
-    else if (!m_isCopying)
+        tell(reason);
+    // A new file may do where the old one does not.
+    if (!m_isCopying && !m_retryTimer.isActive())
         startCopy();
 }
 
@@ -294,6 +301,7 @@ bool TextJournal::completeCopy()
     giveUpCopy();
     m_log.clear();
     m_follows = true;
+    m_appendFailed = false;
     m_writeTimer.stop();
     m_retryTimer.stop();
     m_size = size;
@@ -309,48 +317,41 @@ bool TextJournal::writeCopy(const QByteArray &bytes)
     return m_copy.write(bytes) == bytes.size() || failCopy(m_copy.errorString());
 }
 
-// No harm while the file gets the edits.
+// No harm while the file gets the edits, which goes on.
 bool TextJournal::failCopy(const QString &reason)
 {
     giveUpCopy();
-    if (m_follows)
-        startPause();
-    else
-        fail(reason);
+    m_retryTimer.start(m_pace.retry << std::min(m_failures++, mostDoublings));
+    if (!m_follows)
+        tell(reason);
     return false;
 }
 
-void TextJournal::fail(const QString &reason)
+void TextJournal::tell(const QString &reason)
 {
-    startPause();
     if (m_saysFailed)
         emit failed(reason);
     m_saysFailed = false;
 }
 
-void TextJournal::startPause()
+void TextJournal::retryCopy()
 {
-    m_retryTimer.start(m_pace.retry << std::min(m_failures++, mostDoublings));
-}
-
-void TextJournal::retry()
-{
-    writePending();
     if (isSafe() && !wantsCopy())
         m_failures = 0;
     else if (!m_isCopying)
         startCopy();
 }
 
+// A copy that has failed a moment ago is not tried again here, where the user may wait for it.
 bool TextJournal::flush()
 {
     if (m_isRemoved)
         return false;
     m_follows = m_follows && !isFileGone();
     writePending();
-    if (!isSafe() && !m_isCopying)
+    if (!m_follows && !m_isCopying && !m_retryTimer.isActive())
         startCopy();
-    while (!isSafe() && m_isCopying && copySlice()) {
+    while (!m_follows && m_isCopying && copySlice()) {
     }
     return isSafe();
 }

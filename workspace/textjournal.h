@@ -30,7 +30,7 @@ public:
     {
         int afterLast = 900;   // from an edit that none follows to its being written
         int afterFirst = 1800; // from any edit
-        int retry = 1000;      // after a failure, and twice as much after each that follows it
+        int retry = 1000;      // after a failure; after each of a copy twice as much
         int turn = 2;          // of copying before the user's events have theirs
         int slice = 0x10000;   // units about
     };
@@ -63,7 +63,7 @@ private slots:
     void onContentsChange(int position, int removed, int added);
     void copyForAWhile();
     void writePending();
-    void retry();
+    void retryCopy();
 
 private:
     // Edits in their order, those that have become records first.
@@ -92,8 +92,7 @@ private:
     bool failCopy(const QString &reason);
     bool isFileGone() const;
     bool wantsCopy() const;
-    void fail(const QString &reason);
-    void startPause();
+    void tell(const QString &reason);
     // Whether the file has the text.
     bool isSafe() const { return m_follows && m_log.isEmpty(); }
     QString copyPath() const { return m_path + QLatin1String(".tmp"); }
@@ -114,6 +113,7 @@ private:
     qint64 m_logRecords = 0;
     QElapsedTimer m_sinceFirstPending;
     QTimer m_writeTimer;
+    bool m_appendFailed = false; // and m_writeTimer is for the next attempt
 
     bool m_isCopying = false;
     QFile m_copy;     // what will be the file; open while copying
@@ -122,6 +122,6 @@ private:
     QTimer m_copyTimer;
 
     bool m_saysFailed = true;
-    int m_failures = 0; // since all went well
-    QTimer m_retryTimer;
+    int m_failures = 0;  // of copies, since all went well
+    QTimer m_retryTimer; // for the next copy
 };

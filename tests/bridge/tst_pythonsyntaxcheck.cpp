@@ -146,16 +146,12 @@ void PythonSyntaxCheckTest::longTextsAreAnsweredLater()
     QCOMPARE(check->answer().message, pythonSyntaxError(text).message);
 }
 
-// Neither the start nor the wait for the interpreter, while a thread uses it, is near what the
-// whole check takes.
-void PythonSyntaxCheckTest::longTextsDoNotHoldUpTheInterface()
+// How long the interface waits at most for the start of a check, or for the interpreter while a
+// thread uses it.
+static qint64 longestWait(const QString &text)
 {
-    const QString text = manyFunctions(10000);
-    QElapsedTimer clock;
-    clock.start();
-    QVERIFY(pythonSyntaxError(text).isKnown);
-    const qint64 whole = clock.elapsed();
     qint64 longest = 0;
+    QElapsedTimer clock;
     clock.start();
     const std::unique_ptr<SyntaxCheck> check(startPythonSyntaxCheck(text, nullptr));
     longest = clock.elapsed();
@@ -166,6 +162,20 @@ void PythonSyntaxCheckTest::longTextsDoNotHoldUpTheInterface()
         longest = qMax(longest, clock.elapsed());
         QTest::qSleep(1);
     }
+    return longest;
+}
+
+// Nowhere near what the whole check takes. Other programs may get in the way once or twice.
+void PythonSyntaxCheckTest::longTextsDoNotHoldUpTheInterface()
+{
+    const QString text = manyFunctions(10000);
+    QElapsedTimer clock;
+    clock.start();
+    QVERIFY(pythonSyntaxError(text).isKnown);
+    const qint64 whole = clock.elapsed();
+    qint64 longest = longestWait(text);
+    for (int attempt = 0; attempt < 5 && longest >= whole / 4; ++attempt)
+        longest = qMin(longest, longestWait(text));
     QVERIFY2(longest < whole / 4, qPrintable(QString::number(longest)));
 }
 

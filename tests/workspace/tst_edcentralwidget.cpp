@@ -475,9 +475,11 @@ void TestEdCentralWidget::savingOverAnOpenDocumentClosesIt()
     QVERIFY(cancel.wasAsked());
     QCOMPARE(dir.read("b.mel"), QByteArray("b.mel"));
     QCOMPARE(currentName(central), QString("a.mel"));
-    ModalAnswer discard("No");
+    central.replace("a's ");
+    ModalAnswer save("Yes"); // of the other one alone
     central.saveAs(dir.file("b.mel"));
-    QCOMPARE(dir.read("b.mel"), QByteArray("a.mel"));
+    QCOMPARE(dir.read("a.mel"), QByteArray("a.mel"));
+    QCOMPARE(dir.read("b.mel"), QByteArray("a's a.mel"));
     QCOMPARE(names(central.pane(0)), QString("b.mel"));
 }
 

@@ -67,7 +67,7 @@ void TestEdCodeViewFile::cleanup()
 
 void TestEdCodeViewFile::open(const QByteArray &bytes)
 {
-    m_view = std::make_unique<EdCodeView>(EdCodeView::AwaitsFile, EdCodeView::Text);
+    m_view.reset(EdCodeView::createUnseen(nullptr));
     QVERIFY(m_view->load(QFileInfo(m_dir->write("a.mel", bytes)), false, -1));
 }
 

@@ -8,7 +8,9 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <chrono>
 #include <csignal>
+#include <filesystem>
 #include <memory>
 
 #include <sys/wait.h>
@@ -88,7 +90,7 @@ private slots:
     void foldersArePrivate();
     void foreignFoldersAreLeftAlone();
     void aLostLockIsTakenAgain();
-    void fewDamagedJournalsAreKept();
+    void damagedJournalsAreKeptForAWhile();
     void theLivingAreLeftAlone();
     void twoSessionsNeverTakeTheSameDead();
     void cleanEndsLeaveOnlyJournals();
@@ -149,7 +151,7 @@ void TestJournalFolder::aLostLockIsTakenAgain()
     QVERIFY(folder.isValid());
 }
 
-void TestJournalFolder::fewDamagedJournalsAreKept()
+void TestJournalFolder::damagedJournalsAreKeptForAWhile()
 {
     const JournalFolder folder(m_dir->path());
     QStringList kept;
@@ -157,7 +159,12 @@ void TestJournalFolder::fewDamagedJournalsAreKept()
         kept << folder.keepAside(m_dir->write("1.journal", "damaged"));
         QVERIFY(QFileInfo(kept.last()).exists());
     }
-    QCOMPARE(int(QDir(m_dir->file("journal")).entryList(QDir::Files).size()), 5);
+    QCOMPARE(int(QDir(m_dir->file("journal")).entryList(QDir::Files).size()), 8);
+    const std::filesystem::path old = kept.first().toUtf8().constData();
+    std::filesystem::last_write_time(old, std::filesystem::last_write_time(old) -
+                                              std::chrono::hours(24 * 31));
+    folder.keepAside(m_dir->write("1.journal", "damaged"));
+    QVERIFY(!QFileInfo(kept.first()).exists() && QFileInfo(kept.last()).exists());
 }
 
 void TestJournalFolder::theLivingAreLeftAlone()

@@ -290,7 +290,7 @@ void Walk::closeOther()
     else
         central()->closeFile(document.path);
     listen();
-    m_model.closeTab(pane, tab);
+    m_model.closeByUser(pane, tab);
 }
 
 void Walk::closeAll()

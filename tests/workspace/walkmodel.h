@@ -69,6 +69,8 @@ public:
     void saveAs(const QString &path);
     void rename(int bufferIndex, const QString &path, const QString &name);
     void closeActive();
+    // Of which other programs may have changed the file.
+    void closeByUser(int pane, int tab);
     void closeTab(int pane, int tab);
     void closeAll() { closeBut(-1); }
     void closeAllBut(int pane);

@@ -137,7 +137,13 @@ void WalkModel::saveAs(const QString &path)
     const Place other = placeOfFile(path);
     if (other && keyAt(other) != key) {
         const int overwritten = keyAt(other);
+        Pane &pane = m_panes[other.pane];
+        const int front = pane.documents.at(pane.current);
+        if (m_documents[overwritten].isModified) // nothing else is saved with it
+            pane.current = other.tab;
         closeTab(other.pane, other.tab);
+        if (const Place place = m_documents.contains(front) ? placeOf(front) : Place())
+            m_panes[place.pane].current = place.tab;
         if (const Place place = placeOf(key))
             show(place);
         if (m_documents.contains(overwritten))
@@ -186,7 +192,15 @@ void WalkModel::rename(int bufferIndex, const QString &path, const QString &name
 void WalkModel::closeActive()
 {
     if (m_panes[m_active].current >= 0)
-        closeTab(m_active, m_panes[m_active].current);
+        closeByUser(m_active, m_panes[m_active].current);
+}
+
+void WalkModel::closeByUser(int pane, int tab)
+{
+    const int key = keyAt({pane, tab});
+    mayCheck();
+    if (const Place place = m_documents.contains(key) ? placeOf(key) : Place())
+        closeTab(place.pane, place.tab);
 }
 
 void WalkModel::closeTab(int pane, int tab)
