@@ -229,7 +229,7 @@ private:
     void addBuffer(int language);
     bool freeName(const QString &path);
     void reportFailedSaveAs(const EdCodeView &view, const QString &target);
-    void closeTabsBut(const EdCodeView *kept);
+    void closeTabsBut(EdCodeView *keptView);
     bool mayBeClosed(const Place &place);
 
     void noteMissingFiles();

@@ -249,9 +249,15 @@ void EdCentralWidget::closeAllButCurrent(int tabWidgetId)
 
 // Files are asked about before the first is closed, so that Cancel leaves all of them; a buffer
 // that the user keeps keeps no other.
-void EdCentralWidget::closeTabsBut(const EdCodeView *kept)
+void EdCentralWidget::closeTabsBut(EdCodeView *keptView)
 {
+    const QPointer<EdCodeView> kept = keptView;
     checkForFileChanges(); // not in the midst of it
+    if (keptView && (!kept || !placeOf(kept)))
+        return;
+    // Another one may have been shown, and panes leave out the current one from their questions.
+    if (kept)
+        showPlace(placeOf(kept));
     for (EdCodeTabWidget *pane : m_panes) {
         // The pane takes it the other way round: with true no tab is left out.
         if (!pane->promptAllUnsaved(pane->indexOf(kept) == -1))

@@ -278,6 +278,10 @@ bool WalkModel::promptAll(int pane, int skipped)
 void WalkModel::closeBut(int keptKey)
 {
     mayCheck();
+    if (keptKey >= 0 && !m_documents.contains(keptKey))
+        return;
+    if (keptKey >= 0)
+        show(placeOf(keptKey));
     for (int pane = 0; pane < 2; ++pane) {
         if (!promptAll(pane, keptKey))
             return;
