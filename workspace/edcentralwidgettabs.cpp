@@ -3,11 +3,11 @@
 #include "workspace/edcentralwidget.h"
 
 #include "compat/filesystem.h"
-#include "workspace/flagscope.h"
 #include "preferences/preferences.h"
 #include "workspace/edcodetabwidget.h"
 #include "workspace/edcodeview.h"
 #include "workspace/filewatch.h"
+#include "workspace/flagscope.h"
 
 #include <QPointer>
 
