@@ -70,15 +70,7 @@ bool measureSwitching(const char *where, EdCentralWidget &central)
 
 bool measurePanes(const QStringList &paths)
 {
-    WorkspaceState state;
-    for (const QString &path : paths) {
-        TabEntry entry;
-        entry.path = path;
-        entry.cursorPosition = 1000000;
-        entry.scrollValue = 30000;
-        state.openTabs << entry.text();
-    }
-    state.indexA = 0;
+    const WorkspaceState state = tabsOf(paths, 0, 1000000, 30000);
     EdCentralWidget central;
     central.resize(900, 700);
     central.show();

@@ -54,16 +54,7 @@ double readingTime(const QStringList &paths)
 
 WorkspaceState stateOf(const QStringList &paths, int index)
 {
-    WorkspaceState state;
-    for (const QString &path : paths) {
-        TabEntry entry;
-        entry.path = path;
-        entry.cursorPosition = 5000;
-        entry.scrollValue = 100;
-        state.openTabs << entry.text();
-    }
-    state.indexA = index;
-    return state;
+    return tabsOf(paths, index, 5000, 100);
 }
 
 // In a window that is shown already, until the document in front is painted. Colours that are not

@@ -1,13 +1,32 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "workspace/tabentry.h"
+#include "workspace/workspacestate.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QString>
+#include <QStringList>
 
 #include <filesystem>
 #include <system_error>
+
+// The files as tabs, the one with the index in front, each with its caret and scroll bar there.
+inline WorkspaceState tabsOf(const QStringList &paths, int index, int cursor, int scroll)
+{
+    WorkspaceState state;
+    for (const QString &path : paths) {
+        TabEntry entry;
+        entry.path = path;
+        entry.cursorPosition = cursor;
+        entry.scrollValue = scroll;
+        state.openTabs << entry.text();
+    }
+    state.indexA = index;
+    return state;
+}
 
 // A folder of files for one run, gone with its owner.
 class SampleFolder

@@ -68,15 +68,6 @@ EdCodeView *EdCodeView::createUnseen(QWidget *parent)
 
 EdCodeView::~EdCodeView() = default;
 
-EdCodeEdit *EdCodeView::ownCodeEdit()
-{
-    if (!m_codeEdit) {
-        createCodeEdit();
-        m_codeEdit->updateTabsAndSpaces();
-    }
-    return m_codeEdit;
-}
-
 void EdCodeView::createCodeEdit()
 {
     m_codeEdit = new EdCodeEdit(this);
@@ -141,8 +132,12 @@ void EdCodeView::showEvent(QShowEvent *event)
 EdCodeEdit *EdCodeView::codeEdit() const
 {
     EdCodeView *view = const_cast<EdCodeView *>(this);
-    view->giveText();
-    return view->ownCodeEdit();
+    view->giveText(); // which asks for the editor too
+    if (!m_codeEdit) {
+        view->createCodeEdit();
+        m_codeEdit->updateTabsAndSpaces();
+    }
+    return m_codeEdit;
 }
 
 void EdCodeView::giveText()

@@ -204,7 +204,6 @@ private:
         int scrollValue = 0;
     };
 
-    EdCodeEdit *ownCodeEdit();
     void createCodeEdit();
     void connectCodeEdit();
     void setText(const QString &text);
@@ -228,8 +227,7 @@ private:
 
     int m_bufferIndex;
     int m_editorLanguage;
-    // Null until it is needed. codeEdit() is the one for whatever has to do with text,
-    // ownCodeEdit() the one that may still wait for its text.
+    // Null until codeEdit() is asked for it.
     EdCodeEdit *m_codeEdit = nullptr;
     std::optional<Waiting> m_waiting; // what the editor has not been given yet
     QFileInfo m_fileInfo;
