@@ -34,8 +34,6 @@ RecoveryBar::RecoveryBar(QWidget *parent)
     m_list->setAccessibleName(tr("Recovered documents"));
     m_list->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     m_message->setTextFormat(Qt::PlainText); // names may look like markup
-    m_message->setWordWrap(true);
-    m_message->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // for narrow windows
     QHBoxLayout *layout = new QHBoxLayout(this);
     layout->setContentsMargins(6, 2, 6, 2);
     layout->addWidget(m_message, 1);
@@ -90,7 +88,7 @@ void RecoveryBar::compare()
     QString reason;
     const QString path = pathOf(*view);
     if (!readTextFile(path, &file, &reason) && QFileInfo(path).exists()) {
-        m_message->setText(tr("The file cannot be read: %1.").arg(reason));
+        say(tr("The file cannot be read: %1.").arg(reason), LongText);
         return;
     }
     const QString title = tr("%1: File and Recovered Text").arg(m_list->currentText());
@@ -110,8 +108,8 @@ void RecoveryBar::discard()
         return;
     const QFileInfo file(pathOf(*view));
     if (!view->isBuffer() && !file.dir().exists()) {
-        m_message->setText(
-            tr("The folder of %1 is not there now, so its text is kept.").arg(file.fileName()));
+        say(tr("The folder of %1 is not there now, so its text is kept.").arg(file.fileName()),
+            LongText);
         return;
     }
     if (m_documents.at(m_list->currentIndex()).isApart || !file.exists()) {
@@ -123,7 +121,7 @@ void RecoveryBar::discard()
     if (reason.isEmpty())
         forget(view);
     else
-        m_message->setText(tr("The file cannot be read: %1.").arg(reason));
+        say(tr("The file cannot be read: %1.").arg(reason), LongText);
 }
 
 void RecoveryBar::keepAll()
@@ -174,11 +172,22 @@ void RecoveryBar::drop(int index)
     refresh();
 }
 
+// A long text takes lines, and gives way in narrow windows, where a short one is still whole.
+void RecoveryBar::say(const QString &text, TextLength length)
+{
+    m_message->setText(text);
+    m_message->setWordWrap(length == LongText);
+    m_message->setSizePolicy(length == LongText ? QSizePolicy::Ignored : QSizePolicy::Preferred,
+                             QSizePolicy::Preferred);
+}
+
 void RecoveryBar::refresh()
 {
     const bool isOne = count() == 1;
-    m_message->setText(isOne ? tr("Recovered unsaved text of %1.").arg(m_list->itemText(0))
-                             : tr("Recovered (%1):").arg(count()));
+    if (isOne)
+        say(tr("Recovered unsaved text of %1.").arg(m_list->itemText(0)), LongText);
+    else
+        say(tr("Recovered (%1):").arg(count()), ShortText);
     m_message->setToolTip(tr("These texts were not saved when the program ended."));
     m_list->setVisible(!isOne);
     m_keepAll->setVisible(!isOne);

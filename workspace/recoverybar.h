@@ -48,6 +48,8 @@ private:
     EdCodeView *chosen() const;
     void remove(int index);
     void drop(int index);
+    enum TextLength { ShortText, LongText };
+    void say(const QString &text, TextLength length);
     void refresh();
 
     QList<RecoveredDocument> m_documents; // as in the list
