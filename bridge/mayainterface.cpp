@@ -178,5 +178,8 @@ QString MayaInterface::iconDirectory() const
     // A missing variable can leave the status successful and the value empty.
     if (status != MStatus::kSuccess || location.length() == 0)
         showError(QLatin1String("Failed to get icon path"));
-    return MQtUtil::toQString(location) + QLatin1String("/icons/");
+    QString directory = MQtUtil::toQString(location);
+    if (!directory.endsWith(QLatin1Char('/')))
+        directory += QLatin1Char('/');
+    return directory + QLatin1String("icons/");
 }
