@@ -81,7 +81,9 @@ std::string Runtime::findScript(const std::string &name) const
                 break;
         }
     }
-    std::replace(found.begin(), found.end(), '\\', '/');
+    // Elsewhere a backslash is a character like any other of a name.
+    if constexpr (std::filesystem::path::preferred_separator == '\\')
+        std::replace(found.begin(), found.end(), '\\', '/');
     return found;
 }
 
