@@ -96,6 +96,7 @@ void EdCentralWidget::connectPane(EdCodeTabWidget *pane)
             SIGNAL(commandDocumentationSelected(QString, bool)));
     connect(pane, SIGNAL(longLineReached()), SIGNAL(longLineReached()));
     connect(pane, SIGNAL(codeViewInserted(EdCodeView *)), SLOT(onCodeViewInserted(EdCodeView *)));
+    connect(pane, SIGNAL(aboutToSave(EdCodeView *)), SLOT(checkBeforeWriting(EdCodeView *)));
     connect(pane, SIGNAL(tabsReordered()), &m_tabsTimer, SLOT(start()));
 }
 

@@ -203,6 +203,7 @@ private slots:
     void onCodeViewInserted(EdCodeView *view);
     void showDocument(EdCodeView *view);
     void closeDocument(EdCodeView *view);
+    void checkBeforeWriting(EdCodeView *view);
 
 private:
     // A tab of a pane, or none.

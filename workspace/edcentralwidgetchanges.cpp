@@ -71,17 +71,26 @@ void EdCentralWidget::checkForFileChanges()
         askAboutMissing(m_missingFiles.takeFirst());
 }
 
-// What others have written meanwhile, and nobody has told of yet, is not overwritten unasked.
+// What others have written meanwhile, and nobody may have told of yet, is not overwritten unasked:
+// even within a check, which has come to close a document. Other files can wait.
 void EdCentralWidget::checkBeforeWriting(const QList<EdCodeView *> &views)
 {
     if (!preferences().checkForModifiedFiles)
         return;
+    const FlagScope checking(&isChecking);
+    QStringList paths;
     for (const EdCodeView *view : views) {
         if (!view->isBuffer() && view->isModified() && view->isFileChanged())
-            externalFileChange(view->fileInfo().absoluteFilePath());
+            paths << view->fileInfo().absoluteFilePath();
     }
-    if (!m_changedFiles.isEmpty())
-        checkForFileChanges();
+    const QPointer<EdCentralWidget> self(this);
+    while (self && !paths.isEmpty())
+        askAboutChanged(paths.takeFirst());
+}
+
+void EdCentralWidget::checkBeforeWriting(EdCodeView *view)
+{
+    checkBeforeWriting(QList<EdCodeView *>() << view);
 }
 
 // Of documents that count as saved. A file that this program brought back, and others removed again

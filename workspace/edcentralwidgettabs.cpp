@@ -102,7 +102,7 @@ void EdCentralWidget::save()
     const QPointer<EdCodeView> view = currentCodeView();
     if (!view)
         return;
-    checkBeforeWriting(QList<EdCodeView *>() << view);
+    checkBeforeWriting(view);
     if (view)
         view->save(); // which may be current no more
 }
@@ -218,12 +218,8 @@ void EdCentralWidget::closeFile(const QString &path)
 
 void EdCentralWidget::closeAt(const Place &place)
 {
-    if (!place)
-        return;
-    const QPointer<EdCodeView> view = place.pane->codeViewAt(place.tab);
-    checkBeforeWriting(QList<EdCodeView *>() << view);
-    if (const Place now = view ? placeOf(view) : Place())
-        now.pane->closeTab(now.tab);
+    if (place)
+        place.pane->closeTab(place.tab);
 }
 
 void EdCentralWidget::focusBuffer(int bufferIndex)

@@ -119,6 +119,9 @@ signals:
     void tabsReordered();
     // Has a tab and, unless it was restored, is current; it may come from the other pane.
     void codeViewInserted(EdCodeView *view);
+    // Changes of a document are written because it, or another one, is being closed. Whoever hears
+    // it may reload or close the document, which is then neither written nor closed.
+    void aboutToSave(EdCodeView *view);
     // Its tab is being closed; a buffer's file is deleted already.
     void codeViewRetired(EdCodeView *view);
 
@@ -219,6 +222,7 @@ private:
     SaveAnswer promptSave(int tabIndex);
     bool mayCloseFile(EdCodeView *view);
     bool saveBeforeClosing(const QPointer<EdCodeView> &view);
+    bool saveForClosing(const QPointer<EdCodeView> &view);
     int takeContextTab();
     QMenu *newMenu();
 

@@ -25,10 +25,7 @@ bool EdCodeTabWidget::promptAllUnsaved(bool ignoreCurrent)
         if (indexOf(view) < 0)
             continue; // closed, and yet to be deleted
         const SaveAnswer answer = promptSave(indexOf(view));
-        if (answer == SaveAnswer::Save)
-            save(indexOf(view));
-        if (answer == SaveAnswer::Cancel ||
-            (answer == SaveAnswer::Save && view && view->isModified()))
+        if (answer == SaveAnswer::Cancel || (answer == SaveAnswer::Save && !saveForClosing(view)))
             return false;
     }
     return true;
@@ -71,15 +68,26 @@ bool EdCodeTabWidget::mayCloseFile(EdCodeView *closing)
 bool EdCodeTabWidget::saveBeforeClosing(const QPointer<EdCodeView> &view)
 {
     const QPointer<EdCodeView> current = currentCodeView();
-    save(); // Deliberate: whichever is current.
-    if (view && view != current) {
-        setCurrentTab(indexOf(view));
-        view->save();
-    }
-    if (!view || view->isModified())
+    const bool currentIsSaved = saveForClosing(current); // Deliberate: whichever is current.
+    if (!view || view == current)
+        return currentIsSaved;
+    setCurrentTab(indexOf(view));
+    if (!saveForClosing(view))
         return false;
     setCurrentTab(indexOf(current));
     return true;
+}
+
+// False also when the listener has brought the file's text in: the user's is in no file then, and
+// only an open document can undo that.
+bool EdCodeTabWidget::saveForClosing(const QPointer<EdCodeView> &view)
+{
+    if (view && view->isModified())
+        emit aboutToSave(view);
+    if (!view || !view->isModified())
+        return false;
+    view->save();
+    return view && !view->isModified();
 }
 
 int EdCodeTabWidget::takeContextTab()

@@ -35,7 +35,10 @@ private slots:
     void filesThatComeBackAreWatched();
     void nothingIsAskedUnlessWanted();
     void savingAsksFirst();
-    void whatIsAskedDoesNotChangeWhatIsSaved();
+    void closingAsksBeforeItWrites_data();
+    void closingAsksBeforeItWrites();
+    void closingWritesTheCurrentDocumentOnlyAsked();
+    void savingAsksAboutWhatIsSavedOnly();
     void renamedFilesAreStillAskedAbout();
     void filesThatChangedAndWentAreAskedAboutOnce();
 
@@ -237,7 +240,61 @@ void TestOutsideChanges::savingAsksFirst()
     QCOMPARE(text(), QString("mine one\ntwo\nthree\n"));
 }
 
-void TestOutsideChanges::whatIsAskedDoesNotChangeWhatIsSaved()
+void TestOutsideChanges::closingAsksBeforeItWrites_data()
+{
+    QTest::addColumn<QString>("way");
+    QTest::addColumn<QString>("reloads");
+
+    for (const char *way : {"tab", "command", "pane"}) {
+        QTest::newRow(QByteArray(way).append("-reloads").constData()) << way << "Yes";
+        QTest::newRow(QByteArray(way).append("-overwrites").constData()) << way << "No";
+    }
+}
+
+// Only in an open document can what the user had typed be got back.
+void TestOutsideChanges::closingAsksBeforeItWrites()
+{
+    QFETCH(QString, way);
+    QFETCH(QString, reloads);
+    m_central->replace("mine ");
+    m_dir->write("a.mel", "theirs");
+    ModalAnswer answer("Yes");
+    answer.thenPress(reloads);
+    if (way == "tab")
+        m_central->pane(0)->closeTab(0);
+    else if (way == "command")
+        m_central->closeActive();
+    else
+        QCOMPARE(m_central->pane(0)->promptAllUnsaved(true), reloads == "No");
+    QCOMPARE(answer.title(), QString("Reload"));
+    if (reloads == "No") {
+        QCOMPARE(m_dir->read("a.mel"), QByteArray("mine one\ntwo\nthree\n"));
+        QCOMPARE(m_central->pane(0)->count(), way == "pane" ? 1 : 0);
+        return;
+    }
+    QCOMPARE(m_dir->read("a.mel"), QByteArray("theirs"));
+    m_central->undo();
+    QCOMPARE(text(), QString("mine one\ntwo\nthree\n"));
+}
+
+void TestOutsideChanges::closingWritesTheCurrentDocumentOnlyAsked()
+{
+    m_central->openFile(m_dir->write("b.mel", "b"));
+    m_central->replace("mine ");
+    m_central->openFile(m_dir->file("a.mel"));
+    m_central->replace("mine ");
+    m_dir->write("a.mel", "theirs");
+    ModalAnswer answer("Yes");
+    answer.thenPress("Yes");
+    m_central->pane(0)->closeTab(1);
+    QCOMPARE(answer.title(), QString("Reload"));
+    QCOMPARE(m_dir->read("b.mel"), QByteArray("mine b"));
+    QCOMPARE(m_dir->read("a.mel"), QByteArray("theirs"));
+    QCOMPARE(m_central->codeViews().size(), 1);
+    QCOMPARE(text(), QString("theirs"));
+}
+
+void TestOutsideChanges::savingAsksAboutWhatIsSavedOnly()
 {
     m_central->openFile(m_dir->write("b.mel", "b"));
     m_central->openFile(m_dir->file("a.mel"));
@@ -247,10 +304,11 @@ void TestOutsideChanges::whatIsAskedDoesNotChangeWhatIsSaved()
         m_central->externalFileChange(m_dir->file(name));
     }
     ModalAnswer answer("No");
-    answer.thenPress("No");
+    answer.thenPress("Yes");
     m_central->save();
+    QCOMPARE(answer.text().section('\n', 0, 0), m_dir->file("a.mel"));
     QCOMPARE(m_dir->read("a.mel"), QByteArray("mine one\ntwo\nthree\n"));
-    QCOMPARE(m_dir->read("b.mel"), QByteArray("theirs"));
+    QCOMPARE(m_central->pane(0)->codeViewAt(1)->text(), QString("b"));
 }
 
 void TestOutsideChanges::renamedFilesAreStillAskedAbout()

@@ -290,7 +290,7 @@ void Walk::closeOther()
     else
         central()->closeFile(document.path);
     listen();
-    m_model.closeByUser(pane, tab);
+    m_model.closeTab(pane, tab);
 }
 
 void Walk::closeAll()
@@ -390,10 +390,9 @@ void Walk::changeFileOf(const QString &path, const std::optional<QByteArray> &by
         file.open(QIODevice::WriteOnly);
         file.write(*bytes);
     }
-    const bool isReported = (bytes || wasThere) && oneOf(2);
-    if (isReported)
+    if ((bytes || wasThere) && oneOf(2))
         central()->externalFileChange(path);
-    m_model.changeOutside(path, bytes, isReported);
+    m_model.changeOutside(path, bytes);
 }
 
 void Walk::comeBack()

@@ -207,8 +207,7 @@ void WalkModel::noteUndoSteps(int pane, int tab, int undoSteps)
     document.undoSteps = undoSteps;
 }
 
-void WalkModel::changeOutside(const QString &path, const std::optional<QByteArray> &bytes,
-                              bool isReported)
+void WalkModel::changeOutside(const QString &path, const std::optional<QByteArray> &bytes)
 {
     if (!bytes && !m_files.contains(path))
         return;
@@ -223,7 +222,6 @@ void WalkModel::changeOutside(const QString &path, const std::optional<QByteArra
     const bool wasBack = document.isBack;
     document.isBack = bytes && (document.isBack || document.isKeptWithoutFile);
     document.mustBeAskedAbout = bytes || !wasBack;
-    document.isReported = isReported;
     if (bytes)
         document.isKeptWithoutFile = false;
 }

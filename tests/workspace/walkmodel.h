@@ -23,7 +23,6 @@ struct WalkDocument
     bool endsLinesWithReturn = false; // and a line feed, in its file
     QByteArray seen;                  // what its file had when it was read or written
     bool mustBeAskedAbout = false;    // its file has changed since the last check
-    bool isReported = false;          // which the program was told
     bool isKeptWithoutFile = false;   // the user was asked already
     bool isBack = false;              // the file, after that, and perhaps nobody has noticed
     int undoSteps = 0;
@@ -69,8 +68,6 @@ public:
     void saveAs(const QString &path);
     void rename(int bufferIndex, const QString &path, const QString &name);
     void closeActive();
-    // Of which other programs may have changed the file.
-    void closeByUser(int pane, int tab);
     void closeTab(int pane, int tab);
     void closeAll() { closeBut(-1); }
     void closeAllBut(int pane);
@@ -89,8 +86,7 @@ public:
     void undo(int step, const QString &text, bool isModified, int undoSteps);
     void noteUndoSteps(int pane, int tab, int undoSteps);
     // Others write a file, or remove it.
-    void changeOutside(const QString &path, const std::optional<QByteArray> &bytes,
-                       bool isReported);
+    void changeOutside(const QString &path, const std::optional<QByteArray> &bytes);
     // All that a command has set off is done. `activePane` is the one that the focus went to where
     // boxes that came and went leave that to the system.
     void settle(int activePane);
@@ -132,6 +128,7 @@ private:
     bool load(WalkDocument *document);
     void write(WalkDocument *document);
     void saveDocument(WalkDocument *document);
+    bool saveAsked(int key);
     bool mayClose(int key);
     bool mayCloseFile(int key);
     bool promptAll(int pane, int skipped);

@@ -104,16 +104,28 @@ void WalkModel::comeBack()
 // Deliberate: of what is current when the command is given, whatever its questions show.
 void WalkModel::save()
 {
-    const int key = currentKey();
-    mayCheck();
-    if (!m_documents.contains(key))
-        return;
-    WalkDocument &document = m_documents[key];
-    if (document.isReported && m_files.contains(document.path) && isUnasked(document))
-        complain("what others wrote is overwritten unasked: " + document.path);
-    saveDocument(&document);
+    saveAsked(currentKey());
 }
 
+// False when there is nothing to be written, or no more after the question.
+bool WalkModel::saveAsked(int key)
+{
+    if (!m_documents.contains(key) || !m_documents[key].isModified)
+        return false;
+    WalkDocument &document = m_documents[key];
+    if (m_files.contains(document.path) && isUnasked(document)) {
+        if (isCheckBox() && m_boxes.first().text.startsWith(document.path + '\n'))
+            askedAboutChanged(placeOf(key), m_boxes.takeFirst().answer);
+        else
+            complain("what others wrote is overwritten unasked: " + document.path);
+    }
+    if (!document.isModified)
+        return false;
+    write(&document);
+    return true;
+}
+
+// Deliberate: all questions come before the first is written.
 void WalkModel::saveAll()
 {
     mayCheck();
@@ -192,15 +204,7 @@ void WalkModel::rename(int bufferIndex, const QString &path, const QString &name
 void WalkModel::closeActive()
 {
     if (m_panes[m_active].current >= 0)
-        closeByUser(m_active, m_panes[m_active].current);
-}
-
-void WalkModel::closeByUser(int pane, int tab)
-{
-    const int key = keyAt({pane, tab});
-    mayCheck();
-    if (const Place place = m_documents.contains(key) ? placeOf(key) : Place())
-        closeTab(place.pane, place.tab);
+        closeTab(m_active, m_panes[m_active].current);
 }
 
 void WalkModel::closeTab(int pane, int tab)
@@ -232,13 +236,15 @@ bool WalkModel::mayCloseFile(int key)
     const Place place = placeOf(key);
     if (answer != "Yes" || !place)
         return answer == "No";
-    const Place current = {place.pane, m_panes[place.pane].current};
-    saveDocument(&at(current));
-    if (current.tab != place.tab) {
-        present(place);
-        saveDocument(&m_documents[key]);
-        present(current);
-    }
+    const int current = keyAt({place.pane, m_panes[place.pane].current});
+    const bool currentIsSaved = saveAsked(current);
+    if (current == key || !m_documents.contains(key))
+        return currentIsSaved;
+    present(placeOf(key));
+    if (!saveAsked(key))
+        return false;
+    if (m_documents.contains(current))
+        present(placeOf(current));
     return true;
 }
 
@@ -267,9 +273,7 @@ bool WalkModel::promptAll(int pane, int skipped)
             continue;
         const QString name = QFileInfo(m_documents[key].path).fileName();
         const QString answer = expect("Save", '\'' + name + '\'');
-        if (answer == "Yes" && m_documents.contains(key))
-            saveDocument(&m_documents[key]);
-        else if (answer != "No")
+        if (answer != "No" && (answer != "Yes" || !saveAsked(key)))
             return false;
     }
     return true;
