@@ -3,6 +3,7 @@
 
 #include "bridge/flagtext.h"
 #include "bridge/melnametable.h"
+#include "bridge/meltext.h"
 
 #include <maya/MGlobal.h>
 #include <maya/MQtUtil.h>
@@ -59,6 +60,54 @@ void addNames(const QueryRow &row)
     }
 }
 
+bool holds(const MStringArray &names, const QString &name)
+{
+    const MString wanted = MQtUtil::toMString(name);
+    for (unsigned int i = 0; i < names.length(); ++i) {
+        if (names[i] == wanted)
+            return true;
+    }
+    return false;
+}
+
+QStringList flagsOf(const QString &command)
+{
+    MString answer; // stays empty when the call fails
+    const MString query = MQtUtil::toMString(QLatin1String("help -so ") + command);
+    MGlobal::executeCommand(query, answer, false, false);
+    return flagFields(MQtUtil::toQString(answer));
+}
+
+// What is not in the catalogue may be younger than that.
+CommandKind kindFromMaya(const QString &name)
+{
+    MString answer;
+    const MString query = MQtUtil::toMString(QLatin1String("whatIs ") + quotedForMel(name));
+    MGlobal::executeCommand(query, answer, false, false);
+    const QString kind = MQtUtil::toQString(answer);
+    if (kind == QLatin1String("Command"))
+        return CommandKind::Command;
+    if (kind == QLatin1String("Run Time Command"))
+        return CommandKind::RuntimeCommand;
+    // In a script that is not sourced yet, Maya only presumes it.
+    return kind.contains(QLatin1String("Mel procedure")) ? CommandKind::Procedure
+                                                         : CommandKind::Unknown;
+}
+
+CommandKind kindOf(const QString &name)
+{
+    if (isMelCommand(name))
+        return CommandKind::Command;
+    if (holds(melRuntimeCommands(), name))
+        return CommandKind::RuntimeCommand;
+    return holds(melProcedures(), name) ? CommandKind::Procedure : kindFromMaya(name);
+}
+
+QString withoutDash(const QString &flag)
+{
+    return flag.startsWith(QLatin1Char('-')) ? flag.mid(1) : flag;
+}
+
 } // namespace
 
 MStringArray &melCommands()
@@ -100,21 +149,28 @@ void loadMelCatalogue()
 
 bool isMelCommand(const QString &name)
 {
-    const MString wanted = MQtUtil::toMString(name);
-    const MStringArray &commands = melCommands();
-    for (unsigned int i = 0; i < commands.length(); ++i) {
-        if (commands[i] == wanted)
-            return true;
-    }
-    return false;
+    return holds(melCommands(), name);
 }
 
 QStringList commandFlags(const QString &command)
 {
-    if (command.isEmpty() || !isMelCommand(command))
-        return QStringList();
-    MString answer; // stays empty when the call fails
-    const MString query = MQtUtil::toMString(QLatin1String("help -so ") + command);
-    MGlobal::executeCommand(query, answer, false, false);
-    return flagFields(MQtUtil::toQString(answer));
+    return command.isEmpty() || !isMelCommand(command) ? QStringList() : flagsOf(command);
+}
+
+CommandHelp melCommandHelp(const QString &name)
+{
+    CommandHelp help;
+    if (name.isEmpty())
+        return help;
+    help.kind = kindOf(name);
+    if (help.kind != CommandKind::Command)
+        return help;
+    const QStringList fields = flagsOf(name);
+    for (int i = 0; i + 2 < fields.size(); i += 3) {
+        // Maya's help ends with lines that are none of flags.
+        if (fields.at(i).startsWith(QLatin1Char('-')))
+            help.flags << CommandFlag{withoutDash(fields.at(i)), withoutDash(fields.at(i + 1)),
+                                      fields.at(i + 2)};
+    }
+    return help;
 }

@@ -3,6 +3,8 @@
 // plug-in is unloaded, and used on the GUI thread only; melNameTable() belongs to it.
 #pragma once
 
+#include "bridge/commandhelp.h"
+
 #include <maya/MStringArray.h>
 
 #include <QString>
@@ -29,3 +31,7 @@ bool isMelCommand(const QString &name);
 // Three texts for each flag: short name, long name, first argument. Empty for anything that is not
 // a compiled command, and for one whose help lists no flags. Asks Maya at every call.
 QStringList commandFlags(const QString &command);
+
+// What help there is on a name. Unlike the above, also for what came after the catalogue was
+// loaded: commands of other plug-ins, new procedures. Asks Maya at every call.
+CommandHelp melCommandHelp(const QString &name);

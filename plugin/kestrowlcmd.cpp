@@ -94,6 +94,7 @@ void createEditor()
 {
     // Before the window: from the first document on names are asked for.
     loadMelCatalogue();
+    setCommandHelpSource(melCommandHelp);
     if (loadPythonAnalysis())
         setPythonSyntaxCheck(PythonSyntaxCheck::start);
     editorInstance().mayaInterface = std::make_unique<MayaInterface>();
@@ -209,4 +210,5 @@ void KestrowlCmd::cleanup()
         delete editor.window;
     }
     setPythonSyntaxCheck(nullptr);
+    setCommandHelpSource(nullptr);
 }

@@ -19,6 +19,7 @@ private slots:
     void arraysKeepTheEmptyElements();
     void loadingAgainForgets();
     void flagsAreThoseOfCompiledCommands();
+    void helpKnowsWhatCameLater();
     void flagTextsAreSplitIntoThrees_data();
     void flagTextsAreSplitIntoThrees();
     void longFlagTextsAreSplitInLinearTime();
@@ -105,6 +106,28 @@ void TestMelCatalogue::flagsAreThoseOfCompiledCommands()
     QCOMPARE(flags.value(exists + 2), QString("String"));
     for (const char *name : {"", "cvTestRuntime", "cvTestProcedure", "noSuchCommand", "OptionVar"})
         QVERIFY2(commandFlags(name).isEmpty(), name);
+}
+
+void TestMelCatalogue::helpKnowsWhatCameLater()
+{
+    TestSession session;
+    session.run("runTimeCommand -c \"\" cvTestRuntime;");
+    loadMelCatalogue();
+    session.run("global proc cvTestProcedure() {} runTimeCommand -c \"\" cvLater;");
+    session.takeMessages();
+    QCOMPARE(melCommandHelp("cvTestRuntime").kind, CommandKind::RuntimeCommand);
+    QCOMPARE(melCommandHelp("cvLater").kind, CommandKind::RuntimeCommand);
+    QCOMPARE(melCommandHelp("cvTestProcedure").kind, CommandKind::Procedure);
+    for (const char *name : {"", "noSuchCommand", "\"; error x; \""})
+        QCOMPARE(melCommandHelp(name).kind, CommandKind::Unknown);
+    const CommandHelp help = melCommandHelp("optionVar");
+    QCOMPARE(help.kind, CommandKind::Command);
+    QVERIFY(!help.flags.isEmpty());
+    for (const CommandFlag &flag : help.flags) {
+        if (flag.shortName == "ex")
+            QCOMPARE(flag.longName + " " + flag.argument, QString("exists String"));
+    }
+    QVERIFY(session.takeMessages().isEmpty());
 }
 
 void TestMelCatalogue::flagTextsAreSplitIntoThrees_data()
