@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+// Which word of a script may be the name of a command that help is wanted on.
+#pragma once
+
+#include <QString>
+
+// The first name in a text that somebody selected, or entered: of "cmds.ls(sl=True)" it is "ls".
+// Empty without one; variables of MEL are none.
+QString commandWord(const QString &text);
+
+// The name that the column, counted from 0, is in or at an end of; empty for none.
+QString commandWordAt(const QString &line, int column);
+
+// The command whose arguments the column is among, as far as its line tells:
+//   ls -long `select -|     is in the arguments of select
+//   cmds.ls(sl=|            in those of ls
+// Empty where nothing stands before.
+QString commandBefore(const QString &line, int column);

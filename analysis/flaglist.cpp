@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+#include "analysis/flaglist.h"
+
+#include <QHeaderView>
+
+namespace {
+
+enum Column { LongName, ShortName, Argument };
+
+const int columnGap = 4; // pixels
+
+QTreeWidgetItem *createItem(const CommandFlag &flag)
+{
+    const QString name = flag.longName.isEmpty() ? flag.shortName : flag.longName;
+    return new QTreeWidgetItem(QStringList() << name << flag.shortName << flag.argument);
+}
+
+// How well a flag answers to what was typed; 0 is not at all.
+int matchQuality(const QTreeWidgetItem &item, const QString &text)
+{
+    int best = 0;
+    for (const Column column : {LongName, ShortName}) {
+        const QString name = item.text(column);
+        if (name.compare(text, Qt::CaseInsensitive) == 0)
+            best = qMax(best, 3);
+        else if (name.startsWith(text, Qt::CaseInsensitive))
+            best = qMax(best, 2);
+        else if (name.contains(text, Qt::CaseInsensitive))
+            best = qMax(best, 1);
+    }
+    return best;
+}
+
+} // namespace
+
+FlagList::FlagList(QWidget *parent) : EdTreeWidget(parent)
+{
+    setHeaderHidden(false);
+    setHeaderLabels(QStringList() << tr("Flag") << tr("Short") << tr("Argument"));
+    setRootIsDecorated(false);
+    setUniformRowHeights(true); // many flags are laid out at once
+    setAllColumnsShowFocus(true);
+}
+
+void FlagList::setFlags(const QList<CommandFlag> &flags)
+{
+    clear();
+    QList<QTreeWidgetItem *> items;
+    for (const CommandFlag &flag : flags)
+        items << createItem(flag);
+    insertTopLevelItems(0, items);
+    sortItems(LongName, Qt::AscendingOrder);
+    for (const Column column : {LongName, ShortName}) {
+        resizeColumnToContents(column);
+        setColumnWidth(column, columnWidth(column) + columnGap);
+    }
+    setCurrentItem(topLevelItem(0));
+}
+
+void FlagList::filter(const QString &text)
+{
+    QTreeWidgetItem *likeliest = nullptr;
+    int best = 0;
+    for (int i = 0; i < topLevelItemCount(); ++i) {
+        QTreeWidgetItem *item = topLevelItem(i);
+        const int quality = matchQuality(*item, text);
+        item->setHidden(quality == 0);
+        if (quality > best) {
+            best = quality;
+            likeliest = item;
+        }
+    }
+    setCurrentItem(likeliest);
+}
+
+QString FlagList::currentFlag() const
+{
+    return currentItem() ? currentItem()->text(LongName) : QString();
+}

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "analysis/edtreewidget.h"
+#include "bridge/commandhelp.h"
+
+#include <QList>
+#include <QString>
+
+// The flags of a command, one a row: long name, short name, argument. Of those that a filter
+// leaves, one is always the current.
+class FlagList : public EdTreeWidget
+{
+    Q_OBJECT
+
+public:
+    explicit FlagList(QWidget *parent = nullptr);
+
+    void setFlags(const QList<CommandFlag> &flags);
+    // Leaves the flags with the text in a name, whatever its case, and takes for current the one
+    // that is meant most likely.
+    void filter(const QString &text);
+
+    // The long name, or the only one; empty for no row.
+    QString currentFlag() const;
+};

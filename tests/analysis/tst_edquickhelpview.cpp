@@ -1,0 +1,250 @@
+// SPDX-License-Identifier: MIT
+#include "analysis/commandword.h"
+#include "analysis/edquickhelpview.h"
+#include "analysis/flaglist.h"
+#include "tests/support/testmain.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QToolButton>
+
+class TestEdQuickHelpView : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup() { setCommandHelpSource(nullptr); }
+    void wordsAreFound_data();
+    void wordsAreFound();
+    void itTellsWhatANameIs_data();
+    void itTellsWhatANameIs();
+    void theHostIsAskedOnceAndOnlyWhenSeen();
+    void theFilterNarrowsAndChooses();
+    void keysReachEverything();
+    void backShowsWhatWasShown();
+    void manyFlagsAreListedAtOnce();
+};
+
+namespace {
+
+int asked = 0;
+
+CommandHelp answer(const QString &name)
+{
+    ++asked;
+    CommandHelp help;
+    if (name == "ls" || name == "many")
+        help.kind = CommandKind::Command;
+    if (name == "ls")
+        help.flags << CommandFlag{"sl", "selection", ""} << CommandFlag{"l", "long", ""}
+                   << CommandFlag{"typ", "type", "String"} << CommandFlag{"x", "", "Int"};
+    for (int i = 0; name == "many" && i < 300; ++i)
+        help.flags << CommandFlag{QString("f%1").arg(i), QString("flagNumber%1").arg(i), "Length"};
+    if (name == "Undo")
+        help.kind = CommandKind::RuntimeCommand;
+    if (name == "myProc")
+        help.kind = CommandKind::Procedure;
+    return help;
+}
+
+struct Shown : EdQuickHelpView
+{
+    FlagList *flags = findChild<FlagList *>();
+    QLineEdit *filter = findChild<QLineEdit *>("filter");
+    QLineEdit *entry = findChild<QLineEdit *>("command");
+
+    Shown()
+    {
+        show();
+        QApplication::setActiveWindow(this);
+    }
+
+    QString message() const { return findChild<QLabel *>("message")->text(); }
+
+    // The long names that are not filtered away, the current one in brackets.
+    QString list() const
+    {
+        QStringList names;
+        for (int i = 0; i < flags->topLevelItemCount(); ++i) {
+            QTreeWidgetItem *item = flags->topLevelItem(i);
+            if (!item->isHidden())
+                names << (item == flags->currentItem() ? "[" + item->text(0) + "]" : item->text(0));
+        }
+        return names.join(" ");
+    }
+};
+
+} // namespace
+
+void TestEdQuickHelpView::init()
+{
+    asked = 0;
+    setCommandHelpSource(answer);
+}
+
+// The caret is "|"; before the arrow the name at it, behind it the command before it.
+void TestEdQuickHelpView::wordsAreFound_data()
+{
+    QTest::addColumn<QString>("line");
+    QTest::addColumn<QString>("found");
+
+    QTest::newRow("in-a-name") << "poly|Sphere -r 1"
+                               << "polySphere<-poly";
+    QTest::newRow("at-its-end") << "ls|;"
+                                << "ls<-ls";
+    QTest::newRow("flag") << "ls -sel|ection"
+                          << "selection<-ls";
+    QTest::newRow("behind-a-blank") << "ls -sl |"
+                                    << "<-ls";
+    QTest::newRow("second-statement") << "ls; select -r|"
+                                      << "r<-select";
+    QTest::newRow("backquote") << "$a = `ls -t |`"
+                               << "<-ls";
+    QTest::newRow("variable") << "$sphe|re"
+                              << "<-";
+    QTest::newRow("module") << "mc.poly|Sphere(r=1)"
+                            << "polySphere<-poly";
+    QTest::newRow("before-the-dot") << "cm|ds.ls()"
+                                    << "ls<-cm";
+    QTest::newRow("in-a-call") << "a = cmds.ls(f(1), |)"
+                               << "<-ls";
+    QTest::newRow("number") << "move 1.5| 2"
+                            << "<-move";
+    QTest::newRow("empty") << "|"
+                           << "<-";
+}
+
+void TestEdQuickHelpView::wordsAreFound()
+{
+    QFETCH(QString, line);
+    const int column = int(line.indexOf('|'));
+    line.remove(column, 1);
+    QTEST(commandWordAt(line, column) + "<-" + commandBefore(line, column), "found");
+    QCOMPARE(commandWord(" $x = cmds.ls(sl=True)"), QString("ls"));
+}
+
+void TestEdQuickHelpView::itTellsWhatANameIs_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("message");
+    QTest::addColumn<bool>("hasPage");
+
+    QTest::newRow("command") << "ls"
+                             << "Command, 4 flags" << true;
+    QTest::newRow("runtime") << "Undo"
+                             << "Runtime command; such have no flags." << false;
+    QTest::newRow("procedure") << "myProc"
+                               << "MEL procedure; such have no flags." << false;
+    QTest::newRow("unknown") << "<b>x"
+                             << "Maya knows no command \"<b>x\"." << false;
+    QTest::newRow("none") << ""
+                          << "Put the caret on a command and press F4." << false;
+}
+
+void TestEdQuickHelpView::itTellsWhatANameIs()
+{
+    QFETCH(QString, name);
+    QFETCH(bool, hasPage);
+    Shown view;
+    view.showCommand("ls");
+    view.showCommand(name);
+    QTEST(view.message(), "message");
+    QCOMPARE(view.entry->text(), name);
+    QCOMPARE(view.findChild<QToolButton *>("documentation")->isVisible(), hasPage);
+    QCOMPARE(view.flags->topLevelItemCount() > 0, hasPage);
+}
+
+void TestEdQuickHelpView::theHostIsAskedOnceAndOnlyWhenSeen()
+{
+    Shown view;
+    view.hide();
+    view.showCommand("Undo");
+    view.showCommand("ls");
+    QCOMPARE(asked, 0);
+    view.show();
+    QCOMPARE(view.message(), QString("Command, 4 flags"));
+    view.showCommand("Undo");
+    view.showCommand("ls");
+    QCOMPARE(asked, 2);
+    view.showCommand("later"); // it may be made meanwhile
+    view.showCommand("later");
+    QCOMPARE(asked, 4);
+}
+
+void TestEdQuickHelpView::theFilterNarrowsAndChooses()
+{
+    Shown view;
+    QSignalSpy chosen(&view, SIGNAL(flagSelected(QString)));
+    view.showCommand("ls");
+    QCOMPARE(view.list(), QString("[long] selection type x"));
+    QTest::keyClicks(view.filter, "L");
+    QCOMPARE(view.list(), QString("[long] selection"));
+    QTest::keyClicks(view.filter, "zz");
+    QCOMPARE(view.list(), QString());
+    QTest::keyClick(view.filter, Qt::Key_Return);
+    QCOMPARE(int(chosen.size()), 0);
+    QTest::keyClick(view.filter, Qt::Key_Escape);
+    QTest::keyClicks(view.filter, "ty");
+    QTest::keyClick(view.filter, Qt::Key_Return);
+    view.filter->setText("x");
+    emit view.flags->itemDoubleClicked(view.flags->currentItem(), 0);
+    QCOMPARE(chosen.value(0).value(0).toString() + chosen.value(1).value(0).toString(),
+             QString("typex"));
+}
+
+void TestEdQuickHelpView::keysReachEverything()
+{
+    Shown view;
+    QSignalSpy entered(&view, SIGNAL(quickHelpSelected(QString, bool)));
+    QSignalSpy chosen(&view, SIGNAL(flagSelected(QString)));
+    QSignalSpy left(&view, SIGNAL(editorWanted()));
+    view.entry->setText(" cmds.ls( ");
+    QTest::keyClick(view.entry, Qt::Key_Return);
+    QCOMPARE(entered.value(0).value(0).toString(), QString("ls"));
+    view.showCommand("ls");
+    view.entry->setFocus();
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Down, Qt::Key_Return})
+        QTest::keyClick(QApplication::focusWidget(), key);
+    QCOMPARE(chosen.value(0).value(0).toString(), QString("selection"));
+    for (QWidget *part : {static_cast<QWidget *>(view.entry), static_cast<QWidget *>(view.filter),
+                          static_cast<QWidget *>(view.flags)})
+        QTest::keyClick(part, Qt::Key_Escape);
+    QCOMPARE(int(left.size()), 3);
+}
+
+void TestEdQuickHelpView::backShowsWhatWasShown()
+{
+    Shown view;
+    QToolButton *back = view.findChild<QToolButton *>("back");
+    for (const char *name : {"ls", "Undo", "Undo", "unknown", "many"})
+        view.showCommand(name);
+    for (const char *name : {"Undo", "ls"}) {
+        QVERIFY(back->isEnabled());
+        back->click();
+        QCOMPARE(view.command(), QString(name));
+    }
+    QVERIFY(!back->isEnabled());
+}
+
+void TestEdQuickHelpView::manyFlagsAreListedAtOnce()
+{
+    Shown view;
+    qint64 best = 1000;
+    for (int i = 0; i < 5; ++i) {
+        view.showCommand("ls");
+        QElapsedTimer timer;
+        timer.start();
+        view.showCommand("many");
+        best = qMin(best, timer.elapsed());
+    }
+    QCOMPARE(view.flags->topLevelItemCount(), 300);
+    QVERIFY2(best <= 20,
+             qPrintable(QString::number(best))); // about 1 ms, with room for slow builds
+}
+
+CORVANE_TEST_MAIN(TestEdQuickHelpView)
+#include "tst_edquickhelpview.moc"
