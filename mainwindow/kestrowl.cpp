@@ -67,6 +67,7 @@ Kestrowl::Kestrowl(const QString &userScriptDirectory, const QString &userPrefer
     connectBuffers();
     connectProject();
     connectOutline();
+    connectQuickHelp();
     connectOtherDocks();
     resize(initialWidth, initialHeight);
     readSettings();
@@ -167,6 +168,15 @@ void Kestrowl::connectOutline()
             SLOT(setCursorSelection(int, int, bool)));
     connect(m_outline, SIGNAL(outlineViewChanged()), m_central, SLOT(activeViewChange()));
     connect(m_outline, SIGNAL(freshParseWanted()), m_central, SLOT(activeViewChange()));
+}
+
+void Kestrowl::connectQuickHelp()
+{
+    connect(m_quickHelp, SIGNAL(quickHelpSelected(QString, bool)),
+            SLOT(updateAndShowQuickHelp(QString, bool)));
+    connect(m_quickHelp, SIGNAL(flagSelected(QString)), SLOT(insertQuickHelpFlag(QString)));
+    connect(m_quickHelp, SIGNAL(documentationSelected(QString)), SLOT(openQuickHelpPage(QString)));
+    connect(m_quickHelp, SIGNAL(editorWanted()), SLOT(focusEditor()));
 }
 
 void Kestrowl::connectOtherDocks()

@@ -156,9 +156,14 @@ public slots:
     void melCommandReference();
     void pythonCommandReference();
     void nodeAndAttributeReference();
-    // Brings Quick Help to the front, unless it is hidden and that is to be left so.
+    // Shows help on the command that the text names, or else on that at the caret. Brings Quick
+    // Help to the front; when asked for what is shown, the keyboard too. With ignoreWhenHidden it
+    // shows commands that Maya knows where it is seen, and changes nothing else.
     void updateAndShowQuickHelp(const QString &text, bool ignoreWhenHidden);
+    // At the caret, as the document's language has it.
     void insertQuickHelpFlag(const QString &flag);
+    void openQuickHelpPage(const QString &command);
+    void focusEditor();
 
     void showPreferencesDialog();
     // Takes changed preferences to whatever shows them.
@@ -195,6 +200,7 @@ private:
     void connectBuffers();
     void connectProject();
     void connectOutline();
+    void connectQuickHelp();
     void connectOtherDocks();
     QString makeBufferDirectory();
     void restoreDocuments(const WorkspaceState &stored);
@@ -213,6 +219,8 @@ private:
     void setOutputVisible(bool visible);
     void hideFloatingDocks();
     void showFloatingDocks();
+    QString quickHelpCommand(const QString &text) const;
+    void showQuickHelp();
     // Null when no document is open.
     EdCodeView *currentView() const;
 

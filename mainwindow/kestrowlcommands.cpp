@@ -270,34 +270,3 @@ void Kestrowl::saveBeforeExecuting()
     if (preferences().saveOnExecute)
         saveAll();
 }
-
-void Kestrowl::about()
-{
-    showAbout(this);
-}
-
-void Kestrowl::showLicenseDialog()
-{
-    showLicense(this);
-}
-
-void Kestrowl::melCommandReference()
-{
-    emit commandHelpRequested(QString(), false);
-}
-
-void Kestrowl::pythonCommandReference()
-{
-    emit commandHelpRequested(QString(), true);
-}
-
-// Not the page of a command, so the argument is that of Maya's showHelp.
-void Kestrowl::nodeAndAttributeReference()
-{
-    emit showHelpRequested(QLatin1String("-docs \"Nodes/index.html\""));
-}
-
-void Kestrowl::insertQuickHelpFlag(const QString &flag)
-{
-    m_central->replace(flag);
-}

@@ -254,18 +254,3 @@ void Kestrowl::explainLongLine()
     setStatusText(tr("Lines of more than %1 characters are shown without colors and marks.")
                       .arg(QLocale().toString(longLine)));
 }
-
-void Kestrowl::updateAndShowQuickHelp(const QString &, bool ignoreWhenHidden)
-{
-    QDockWidget *quickHelp = m_docks[Dock::QuickHelp];
-    if (ignoreWhenHidden && isPutAway(quickHelp))
-        return;
-    // Floating, it would be alone on the screen while the window is closed, and comes with it.
-    if (!isVisible() && quickHelp->isFloating()) {
-        m_docksPutAway |= dockFlag(Dock::QuickHelp);
-        updateVisibleDocks();
-        return;
-    }
-    quickHelp->show();
-    quickHelp->raise();
-}

@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+// The window's help: about the program, Maya's pages, Quick Help.
+#include "mainwindow/kestrowl.h"
+
+#include "analysis/commandword.h"
+#include "analysis/edquickhelpview.h"
+#include "bridge/melnametable.h"
+#include "editor/edcodeedit.h"
+#include "mainwindow/dialogs.h"
+#include "mainwindow/flaginsertion.h"
+#include "workspace/edcodeview.h"
+
+#include <QDockWidget>
+#include <QTextBlock>
+#include <QTextCursor>
+
+namespace {
+
+// The name at the caret; where that is none of Maya's, such as a flag, the command before it.
+QString commandAtCaret(const QTextCursor &caret)
+{
+    const QString line = caret.block().text();
+    const QString name = commandWordAt(line, caret.positionInBlock());
+    if (melNameTable().contains(name) && !name.isEmpty())
+        return name;
+    const QString before = commandBefore(line, caret.positionInBlock());
+    return name.isEmpty() || melNameTable().contains(before) ? before : name;
+}
+
+} // namespace
+
+void Kestrowl::about()
+{
+    showAbout(this);
+}
+
+void Kestrowl::showLicenseDialog()
+{
+    showLicense(this);
+}
+
+void Kestrowl::melCommandReference()
+{
+    emit commandHelpRequested(QString(), false);
+}
+
+void Kestrowl::pythonCommandReference()
+{
+    emit commandHelpRequested(QString(), true);
+}
+
+// Not the page of a command, so the argument is that of Maya's showHelp.
+void Kestrowl::nodeAndAttributeReference()
+{
+    emit showHelpRequested(QLatin1String("-docs \"Nodes/index.html\""));
+}
+
+// An empty text is asked about from a document.
+QString Kestrowl::quickHelpCommand(const QString &text) const
+{
+    const QString command = commandWord(text);
+    if (!command.isEmpty() || !currentView())
+        return command;
+    return commandAtCaret(currentView()->codeEdit()->textCursor());
+}
+
+void Kestrowl::updateAndShowQuickHelp(const QString &text, bool ignoreWhenHidden)
+{
+    const QString command = quickHelpCommand(text);
+    if (ignoreWhenHidden) {
+        // Nobody asked: no other dock makes room, and what is shown stays if nothing is known.
+        if (melNameTable().contains(command))
+            m_quickHelp->showCommand(command);
+        return;
+    }
+    const bool isShown = m_quickHelp->isVisible() && m_quickHelp->command() == command;
+    m_quickHelp->showCommand(command);
+    showQuickHelp();
+    if (isShown) // asked for again
+        m_quickHelp->focusFilter();
+}
+
+void Kestrowl::showQuickHelp()
+{
+    QDockWidget *quickHelp = m_docks[Dock::QuickHelp];
+    // Floating, it would be alone on the screen while the window is closed, and comes with it.
+    if (!isVisible() && quickHelp->isFloating()) {
+        m_docksPutAway |= dockFlag(Dock::QuickHelp);
+        updateVisibleDocks();
+        return;
+    }
+    quickHelp->show();
+    quickHelp->raise();
+}
+
+void Kestrowl::insertQuickHelpFlag(const QString &flag)
+{
+    if (!currentView())
+        return;
+    insertFlag(currentView()->codeEdit(), flag, m_quickHelp->command());
+    focusEditor();
+}
+
+void Kestrowl::openQuickHelpPage(const QString &command)
+{
+    const bool python = currentView() && currentView()->language() == EdCodeView::Python;
+    emit commandHelpRequested(command, python);
+}
+
+void Kestrowl::focusEditor()
+{
+    if (!currentView())
+        return;
+    activateWindow(); // the dock may float
+    currentView()->codeEdit()->setFocus();
+}

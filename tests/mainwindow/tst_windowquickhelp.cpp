@@ -1,0 +1,203 @@
+// SPDX-License-Identifier: MIT
+// Quick Help between the document and its dock.
+#include "analysis/edquickhelpview.h"
+#include "bridge/melnametable.h"
+#include "tests/mainwindow/windowfixture.h"
+#include "tests/support/testmain.h"
+
+#include <QDockWidget>
+#include <QLineEdit>
+#include <QSignalSpy>
+
+class TestWindowQuickHelp : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void cleanupTestCase();
+    void flagsAreInsertedAsTheLanguageHasThem_data();
+    void flagsAreInsertedAsTheLanguageHasThem();
+    void f4LeadsFromTheWordToItsFlag();
+    void f4FindsTheCommandOfAFlag();
+    void completionsChangeNothingElse();
+    void thePageIsThatOfTheLanguage();
+};
+
+namespace {
+
+CommandHelp answer(const QString &name)
+{
+    CommandHelp help;
+    if (name == "ls" || name == "polySphere") {
+        help.kind = CommandKind::Command;
+        help.flags << CommandFlag{"r", "radius", "Length"} << CommandFlag{"sl", "selection", ""};
+    }
+    return help;
+}
+
+// The caret is "|", a selection stands in brackets.
+void setMarkedText(EdCodeEdit *edit, QString text)
+{
+    const int anchor = int(text.indexOf('['));
+    text.remove('[');
+    const int caret = int(text.indexOf(anchor < 0 ? '|' : ']'));
+    text.remove(caret, 1);
+    edit->setText(text);
+    QTextCursor cursor = edit->textCursor();
+    cursor.setPosition(anchor < 0 ? caret : anchor);
+    cursor.setPosition(caret, QTextCursor::KeepAnchor);
+    edit->setTextCursor(cursor);
+}
+
+QString markedText(EdCodeEdit *edit)
+{
+    return edit->toPlainText().insert(edit->textCursor().position(), '|');
+}
+
+} // namespace
+
+void TestWindowQuickHelp::initTestCase()
+{
+    setCommandHelpSource(answer);
+    for (const char *name : {"ls", "polySphere"})
+        melNameTable().insert(name, name);
+}
+
+void TestWindowQuickHelp::cleanupTestCase()
+{
+    setCommandHelpSource(nullptr);
+    melNameTable().clear();
+}
+
+void TestWindowQuickHelp::flagsAreInsertedAsTheLanguageHasThem_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("expected");
+
+    const int mel = 0;
+    const int python = 1;
+    QTest::newRow("behind-the-command") << mel << "ls|"
+                                        << "ls -radius |";
+    QTest::newRow("behind-a-blank") << mel << "ls |-sl"
+                                    << "ls -radius |-sl";
+    QTest::newRow("dash-typed") << mel << "ls -|"
+                                << "ls -radius |";
+    QTest::newRow("start-typed") << mel << "ls -ra|"
+                                 << "ls -radius |";
+    QTest::newRow("other-flag-typed") << mel << "ls -sl|"
+                                      << "ls -sl -radius |";
+    QTest::newRow("in-the-command") << mel << "l|s;"
+                                    << "ls -radius |;";
+    QTest::newRow("before-the-command") << mel << "|ls;"
+                                        << "ls -radius |;";
+    QTest::newRow("command-selected") << mel << "`[ls]`"
+                                      << "`ls -radius |`";
+    QTest::newRow("empty-line") << mel << "|"
+                                << "-radius |";
+    QTest::newRow("first-parameter") << python << "cmds.ls(|)"
+                                     << "cmds.ls(radius=|)";
+    QTest::newRow("next-parameter") << python << "cmds.ls(sl=1|)"
+                                    << "cmds.ls(sl=1, radius=|)";
+    QTest::newRow("behind-a-comma") << python << "cmds.ls(a,|)"
+                                    << "cmds.ls(a, radius=|)";
+    QTest::newRow("comma-and-blank") << python << "ls(a, |)"
+                                     << "ls(a, radius=|)";
+    QTest::newRow("parameter-begun") << python << "cmds.ls(a, ra|)"
+                                     << "cmds.ls(a, radius=|)";
+    QTest::newRow("without-parentheses") << python << "cmds.ls|"
+                                         << "cmds.ls(radius=|";
+    QTest::newRow("into-the-parentheses") << python << "cmds.[ls]()"
+                                          << "cmds.ls(radius=|)";
+    QTest::newRow("line-of-its-own") << python << "ls(\n    |)"
+                                     << "ls(\n    radius=|)";
+}
+
+void TestWindowQuickHelp::flagsAreInsertedAsTheLanguageHasThem()
+{
+    QFETCH(int, type);
+    QFETCH(QString, text);
+    WindowFixture fixture;
+    fixture.showActive();
+    fixture.newBuffer(type, "");
+    fixture.window.updateAndShowQuickHelp("ls", false);
+    setMarkedText(fixture.edit(), text);
+    const QString before = fixture.edit()->toPlainText();
+    fixture.window.insertQuickHelpFlag("radius");
+    QTEST(markedText(fixture.edit()), "expected");
+    fixture.edit()->undo();
+    QCOMPARE(fixture.edit()->toPlainText(), before);
+    fixture.edit()->document()->setModified(false);
+}
+
+void TestWindowQuickHelp::f4LeadsFromTheWordToItsFlag()
+{
+    WindowFixture fixture;
+    fixture.showActive();
+    fixture.newBuffer(0, "");
+    setMarkedText(fixture.edit(), "poly|Sphere");
+    fixture.edit()->setFocus();
+    QTest::keyClick(fixture.edit(), Qt::Key_F4);
+    EdQuickHelpView *view = fixture.window.findChild<EdQuickHelpView *>();
+    QVERIFY(view->isVisible());
+    QCOMPARE(view->command(), QString("polySphere"));
+    QVERIFY(fixture.edit()->hasFocus());
+    QTest::keyClick(fixture.edit(), Qt::Key_F4); // again: the keyboard goes there
+    QLineEdit *filter = view->findChild<QLineEdit *>("filter");
+    QVERIFY(filter->hasFocus());
+    QTest::keyClicks(filter, "sel");
+    QTest::keyClick(filter, Qt::Key_Return);
+    QVERIFY(fixture.edit()->hasFocus());
+    QCOMPARE(markedText(fixture.edit()), QString("polySphere -selection |"));
+}
+
+void TestWindowQuickHelp::f4FindsTheCommandOfAFlag()
+{
+    WindowFixture fixture;
+    fixture.showActive();
+    fixture.newBuffer(1, "");
+    EdQuickHelpView *view = fixture.window.findChild<EdQuickHelpView *>();
+    for (const char *text : {"x = mc.polySphere(rad|ius=1)", "mc.polySphere(r=1, |)",
+                             "mc.poly|Sphere()", "[mc.polySphere(]"}) {
+        setMarkedText(fixture.edit(), "print 1|");
+        QTest::keyClick(fixture.edit(), Qt::Key_F4);
+        QVERIFY(view->command() != "polySphere");
+        setMarkedText(fixture.edit(), text);
+        QTest::keyClick(fixture.edit(), Qt::Key_F4);
+        QCOMPARE(view->command(), QString("polySphere"));
+    }
+}
+
+void TestWindowQuickHelp::completionsChangeNothingElse()
+{
+    WindowFixture fixture;
+    fixture.showActive();
+    fixture.newBuffer(0, "");
+    fixture.edit()->setFocus();
+    QDockWidget *dock = fixture.window.dock(Dock::QuickHelp);
+    fixture.window.updateAndShowQuickHelp("ls", true);
+    QVERIFY(!dock->isVisible());
+    dock->show();
+    fixture.window.updateAndShowQuickHelp("polySphere", true);
+    fixture.window.updateAndShowQuickHelp("polySphere", true);
+    fixture.window.updateAndShowQuickHelp("noCommand", true);
+    QCOMPARE(fixture.window.findChild<EdQuickHelpView *>()->command(), QString("polySphere"));
+    QVERIFY(fixture.edit()->hasFocus());
+}
+
+void TestWindowQuickHelp::thePageIsThatOfTheLanguage()
+{
+    WindowFixture fixture;
+    QSignalSpy help(&fixture.window, SIGNAL(commandHelpRequested(QString, bool)));
+    fixture.newBuffer(1, "");
+    fixture.window.openQuickHelpPage("ls");
+    fixture.newBuffer(0, "");
+    fixture.window.openQuickHelpPage("ls");
+    QCOMPARE(help.value(0).value(1).toBool(), true);
+    QCOMPARE(help.value(1).value(1).toBool(), false);
+    QCOMPARE(help.value(1).value(0).toString(), QString("ls"));
+}
+
+CORVANE_TEST_MAIN(TestWindowQuickHelp)
+#include "tst_windowquickhelp.moc"
