@@ -44,7 +44,6 @@ Kestrowl::Kestrowl(const QString &userScriptDirectory, const QString &userPrefer
                    QWidget *parent)
     : QMainWindow(parent), m_scriptDirectory(QDir(homeIfEmpty(userScriptDirectory)).absolutePath()),
       m_preferencesDirectory(homeIfEmpty(userPreferencesDirectory)),
-      m_lastOpenDirectory(m_scriptDirectory), m_lastSourcePath(m_scriptDirectory),
       m_central(new EdCentralWidget(this))
 {
     // The order matters: icons need resources, docks the View menu, connections both ends, and

@@ -228,8 +228,6 @@ private:
     QString m_preferencesDirectory;
     std::shared_ptr<JournalFolder> m_journals;
     bool m_settingsHaveTabs = false; // all that the journals' folder tells of them
-    QString m_lastOpenDirectory;     // where the Open File dialog starts
-    QString m_lastSourcePath;        // where Source Script starts: a directory, later the last file
 
     ActionSet m_actions;
     QList<QToolBar *> m_toolBars;

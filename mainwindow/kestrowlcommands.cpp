@@ -14,6 +14,19 @@
 #include <QFileDialog>
 #include <QFileInfo>
 
+namespace {
+
+// Where the dialogs start, in the windows to come too; null before the first.
+QString lastOpenDirectory;
+QString lastSourcePath; // a directory, later the last file
+
+QString orElse(const QString &path, const QString &otherwise)
+{
+    return path.isNull() ? otherwise : path;
+}
+
+} // namespace
+
 EdCodeView *Kestrowl::currentView() const
 {
     return m_central->currentCodeView();
@@ -45,7 +58,8 @@ void Kestrowl::newPythonBuffer()
 
 void Kestrowl::open()
 {
-    open(QFileDialog::getOpenFileName(this, tr("Open File"), m_lastOpenDirectory));
+    open(QFileDialog::getOpenFileName(this, tr("Open File"),
+                                      orElse(lastOpenDirectory, m_scriptDirectory)));
 }
 
 void Kestrowl::open(const QModelIndex &index)
@@ -59,7 +73,7 @@ void Kestrowl::open(const QString &path)
         return;
     m_central->openFile(path);
     // Also when that failed: the right file is likely to be beside it.
-    m_lastOpenDirectory = QFileInfo(path).absolutePath();
+    lastOpenDirectory = QFileInfo(path).absolutePath();
 }
 
 void Kestrowl::closeTab()
@@ -133,10 +147,11 @@ void Kestrowl::saveScriptToShelf()
 
 void Kestrowl::sourceScript()
 {
-    const QString path = QFileDialog::getOpenFileName(this, tr("Source Script"), m_lastSourcePath);
+    const QString path = QFileDialog::getOpenFileName(this, tr("Source Script"),
+                                                      orElse(lastSourcePath, m_scriptDirectory));
     if (path.isEmpty())
         return;
-    m_lastSourcePath = path; // the dialog then offers the same file again
+    lastSourcePath = path; // the dialog then offers the same file again
     m_central->flushJournals();
     emit sourceScriptSelected(path);
 }

@@ -42,6 +42,7 @@ private slots:
     void shelfScripts_data();
     void shelfScripts();
     void sourcedScriptsAreHandedOver();
+    void dialogsStartWhereAnotherWindowWas();
     void commandsWithoutADocumentDoNothing();
 };
 
@@ -273,6 +274,26 @@ void TestWindowFiles::sourcedScriptsAreHandedOver()
     QCOMPARE(answer.title(), QString("Source Script"));
     QCOMPARE(int(selected.size()), 1);
     QCOMPARE(selected.first().first().toString(), path);
+}
+
+void TestWindowFiles::dialogsStartWhereAnotherWindowWas()
+{
+    const ScratchDir dir;
+    const QString path = dir.write("a.mel", "print 1;");
+    for (const QString &entered : {path, QString("a.mel")}) {
+        WindowFixture fixture;
+        ModalAnswer opening("Open");
+        opening.enter(entered);
+        fixture.action(Action::Open)->trigger();
+        QCOMPARE(entries(fixture.window, Dock::Documents), QStringList("a.mel"));
+
+        QSignalSpy selected(&fixture.window, SIGNAL(sourceScriptSelected(QString)));
+        ModalAnswer sourcing("Open");
+        sourcing.enter(entered);
+        fixture.action(Action::SourceScript)->trigger();
+        QCOMPARE(int(selected.size()), 1);
+        QCOMPARE(selected.first().first().toString(), path);
+    }
 }
 
 void TestWindowFiles::commandsWithoutADocumentDoNothing()
