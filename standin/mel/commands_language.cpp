@@ -63,15 +63,23 @@ Value exists(Runtime &runtime, Call &call)
     return describeName(runtime, call.objectText(0)) != "Unknown" ? 1 : 0;
 }
 
-// Commands and global procedures in one list.
-StringArray allNames(Runtime &runtime)
+// Commands and global procedures in one list. Scripts walk it often, some name by name; so it is
+// kept until a name comes or goes.
+const StringArray &allNames(Runtime &runtime)
 {
-    StringArray names = runtime.commands.names();
-    for (const StringArray &more : {runtime.procedures.globalNames(), runtime.library.names()})
-        names.insert(names.end(), more.begin(), more.end());
-    std::sort(names.begin(), names.end());
-    names.erase(std::unique(names.begin(), names.end()), names.end());
-    return names;
+    SortedNames &known = runtime.sortedNames;
+    const StringArray &procedures = runtime.procedures.globalNames();
+    const SortedNames::Origin origin{runtime.commands.generation(), procedures.size(),
+                                     runtime.library.size()};
+    if (origin == known.origin)
+        return known.names;
+    known.origin = origin;
+    known.names = runtime.commands.names();
+    for (const StringArray &more : {procedures, runtime.library.names()})
+        known.names.insert(known.names.end(), more.begin(), more.end());
+    std::sort(known.names.begin(), known.names.end());
+    known.names.erase(std::unique(known.names.begin(), known.names.end()), known.names.end());
+    return known.names;
 }
 
 Value melInfo(Runtime &runtime, Call &)

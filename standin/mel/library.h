@@ -24,6 +24,7 @@ public:
 
     const Script *find(const std::string &name) const; // null when there is none of that name
     std::vector<std::string> names() const;
+    size_t size() const { return m_scripts.size(); }
     // The text of a procedure that is to be compiled now; gives it out once.
     std::optional<Script> take(const std::string &name);
     // Back again, when compiling it failed.

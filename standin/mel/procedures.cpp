@@ -25,6 +25,12 @@ bool Procedure::sameSignature(const Procedure &other) const
     return true;
 }
 
+// Sparse: with thousands of names, what a look-up costs is the entries it meets on the way.
+Procedures::Procedures()
+{
+    m_global.max_load_factor(0.25f);
+}
+
 ProcedureEntry &Procedures::entry(const std::string &name, bool isGlobal, const Source &source)
 {
     // A file's local procedures are its own; the same name in two files is two procedures.
@@ -38,6 +44,8 @@ ProcedureEntry &Procedures::entry(const std::string &name, bool isGlobal, const 
 // Callers that run the old definition hold it; the next call meets the new one.
 void Procedures::define(ProcedureEntry &entry, ProcedurePointer procedure)
 {
+    if (!entry.current && procedure->isGlobal)
+        m_globalNames.push_back(procedure->name);
     entry.current = std::move(procedure);
     ++m_generation;
 }
@@ -50,16 +58,6 @@ ProcedureEntry *Procedures::findGlobal(const std::string &name) const
 ProcedureEntry *Procedures::findTyped(const std::string &name) const
 {
     return findDefined(m_typed, name);
-}
-
-std::vector<std::string> Procedures::globalNames() const
-{
-    std::vector<std::string> names;
-    for (const auto &entry : m_global) {
-        if (entry.second->current)
-            names.push_back(entry.first);
-    }
-    return names;
 }
 
 } // namespace mel

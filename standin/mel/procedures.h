@@ -17,6 +17,8 @@ namespace mel {
 class Procedures
 {
 public:
+    Procedures();
+
     using Table = std::unordered_map<std::string, ProcedureEntry *>;
 
     // The entry for a definition in that source, made on first use.
@@ -28,7 +30,8 @@ public:
     // Defined global procedures; `typed` ones count too for callers in typed text. Null: none.
     ProcedureEntry *findGlobal(const std::string &name) const;
     ProcedureEntry *findTyped(const std::string &name) const;
-    std::vector<std::string> globalNames() const;
+    // In the order of their first definition. Grows only.
+    const std::vector<std::string> &globalNames() const { return m_globalNames; }
 
 private:
     Table m_global;
@@ -36,6 +39,7 @@ private:
     std::map<std::string, Table> m_byFile;
     // A deque, as its elements never move; entries are never removed either.
     std::deque<ProcedureEntry> m_entries;
+    std::vector<std::string> m_globalNames;
     unsigned m_generation = 0;
 };
 
