@@ -1,50 +1,23 @@
 // SPDX-License-Identifier: MIT
 // The plug-in as Maya loads it, in a session with all its windows.
-#include "standin/host/idlequeue.h"
 #include "standin/host/pluginloader.h"
-#include "standin/python/python.h"
+#include "standin/host/scriptjobs.h"
 #include "standin/ui/mainwindow.h"
-#include "standin/ui/userinterface.h"
-#include "tests/support/scratchdir.h"
-#include "tests/support/sessionlog.h"
+#include "tests/plugin/pluginfixture.h"
 #include "tests/support/testmain.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QDialog>
 #include <QDir>
 #include <QFile>
 #include <QPlainTextEdit>
-
-#include <memory>
+#include <QSettings>
+#include <QTabBar>
 
 namespace {
-
-const QString pluginFile = QString::fromUtf8(PLUGIN_FILE);
-
-QWidget *editorWindow()
-{
-    for (QWidget *widget : QApplication::topLevelWidgets()) {
-        if (widget->inherits("Kestrowl"))
-            return widget;
-    }
-    return nullptr;
-}
-
-template <typename Widget>
-Widget *childOfClass(QWidget *editor, const char *name)
-{
-    for (Widget *child : editor->findChildren<Widget *>()) {
-        if (child->inherits(name))
-            return child;
-    }
-    return nullptr;
-}
-
-QPlainTextEdit *outputView(QWidget *editor)
-{
-    return childOfClass<QPlainTextEdit>(editor, "EdOutputView");
-}
 
 QStringList answerFiles(const QString &folder)
 {
@@ -53,13 +26,13 @@ QStringList answerFiles(const QString &folder)
 
 } // namespace
 
-class PluginTest : public QObject
+class PluginTest : public PluginFixture
 {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() { startSession(); }
+    void cleanup() { endSession(); }
     void loadingBuildsTheHiddenEditor();
     void theCommandShowsAndRaises();
     void malformedArgumentsStillOpenTheWindow();
@@ -68,68 +41,19 @@ private slots:
     void outputReachesTheWindow();
     void firstRunStatesAreSentOnce();
     void theMenuItemOpensTheEditor();
-    void theScriptEditorButtonIsTakenAndGivenBack();
-    void theQuitJobIsProtectedAndWritesSettings();
+    void thePreferenceGivesAndTakesTheScriptEditorButton();
+    void theQuitJobIsProtected();
+    void whatTheQuitJobWroteComesBack();
     void unloadingLeavesNothingBehind();
     void unloadingDoesNotWaitForPython();
     void batchSessionsGetNothing();
     void loadingAHundredTimesLeavesNothingBehind();
 
 private:
-    void startSession(bool batch);
-    QString mel(const char *text);
-    bool load() { return m_session->plugins().load(pluginFile); }
-    void unload();
-    void runIdle() { QVERIFY(m_session->idleQueue().processUntilEmpty()); }
-
-    std::unique_ptr<standin::Session> m_session;
-    std::unique_ptr<SessionLog> m_log;
-    std::unique_ptr<standin::UserInterface> m_ui;
+    QString footholds();
+    QTabBar *tabBar();
+    QStringList openTexts();
 };
-
-void PluginTest::startSession(bool batch)
-{
-    cleanup();
-    qputenv("MAYA_LOCATION", "/opt/maya"); // as the host's own start does
-    standin::SessionOptions options;
-    options.batch = batch;
-    options.userDirectory =
-        QDir::tempPath() +
-        QString::fromLatin1("/corvane-plugin-%1").arg(QCoreApplication::applicationPid());
-    QFile::remove(options.userDirectory + QLatin1String("/prefs/corvaneEditor.ini"));
-    m_session = std::make_unique<standin::Session>(options);
-    m_session->setPython(standin::createPythonEngine(*m_session, m_session->mel()));
-    m_log = std::make_unique<SessionLog>(*m_session);
-    if (!batch)
-        m_ui = std::make_unique<standin::UserInterface>(*m_session);
-}
-
-void PluginTest::init()
-{
-    startSession(false);
-}
-
-void PluginTest::cleanup()
-{
-    if (m_session)
-        m_session->plugins().unloadAll();
-    m_ui.reset();
-    m_log.reset();
-    m_session.reset();
-    QCOMPARE(editorWindow(), static_cast<QWidget *>(nullptr));
-}
-
-// The value of a MEL text as a script would print it.
-QString PluginTest::mel(const char *text)
-{
-    return QString::fromUtf8(mel::printText(m_session->executeMel(text, false).value).c_str());
-}
-
-void PluginTest::unload()
-{
-    QVERIFY(m_session->plugins().unload(QLatin1String("corvaneEditor")));
-    runIdle();
-}
 
 void PluginTest::loadingBuildsTheHiddenEditor()
 {
@@ -200,9 +124,8 @@ void PluginTest::outputReachesTheWindow()
     QVERIFY(load());
     mel("corvaneEditor");
     m_session->executeMel("print(\"hi\\n\"); warning(\"careful\"); 1 + 2;", true);
-    QWidget *editor = editorWindow();
-    QMetaObject::invokeMethod(outputView(editor), "flush");
-    const QString text = outputView(editor)->toPlainText();
+    QMetaObject::invokeMethod(outputView(), "flush");
+    const QString text = outputView()->toPlainText();
     QVERIFY2(text.contains(QLatin1String("before\n")), qPrintable(text));
     QVERIFY2(
         text.contains(QLatin1String("\nhi\n// Warning: line 1: careful //\n// Result: 3 //\n")),
@@ -237,27 +160,91 @@ void PluginTest::theMenuItemOpensTheEditor()
     QVERIFY(editorWindow()->isVisible());
 }
 
-void PluginTest::theScriptEditorButtonIsTakenAndGivenBack()
+// What is seen of the editor in Maya: the command line's buttons, its own menu items, the jobs.
+QString PluginTest::footholds()
 {
-    const char *const commands =
-        "string $c; $c = \"\"; for ($b in `lsUI -type symbolButton`) $c += "
-        "`symbolButton -q -c $b` + \" \"; $c;";
-    QVERIFY(mel(commands).contains(QLatin1String("ScriptEditor")));
-    QVERIFY(load());
-    QVERIFY(mel(commands).contains(QLatin1String("corvaneEditor")));
-    QVERIFY(!mel(commands).contains(QLatin1String("ScriptEditor")));
-    unload();
-    QVERIFY(mel(commands).contains(QLatin1String("ScriptEditor")));
+    return mel("string $f = \"\"; for ($b in `lsUI -type symbolButton`)"
+               "$f += `symbolButton -q -c $b` + \"/\" + `symbolButton -q -ann $b` + \" \";"
+               "for ($i in `lsUI -long -menuItems`)"
+               "if (`menuItem -q -l $i` == \"Corvane Editor\") $f += \"item \";"
+               "$f + stringArrayToString(`scriptJob -listJobs`, \"\");");
 }
 
-void PluginTest::theQuitJobIsProtectedAndWritesSettings()
+void PluginTest::thePreferenceGivesAndTakesTheScriptEditorButton()
+{
+    QVERIFY(load());
+    mel("corvaneEditor");
+    for (const char *command : {"ScriptEditor/", "corvaneEditor/", "ScriptEditor/"}) {
+        QVERIFY(QMetaObject::invokeMethod(editorWindow(), "showPreferencesDialog"));
+        for (QAbstractButton *button : editorWindow()->findChildren<QAbstractButton *>()) {
+            if (button->text() == QLatin1String("Open in &place of Maya's Script Editor"))
+                button->click();
+        }
+        QDialog *dialog = widgetsOf<QDialog>("PreferencesDialog").value(0);
+        QVERIFY(dialog);
+        dialog->accept();
+        QVERIFY2(footholds().startsWith(QLatin1String(command)), qPrintable(footholds()));
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+}
+
+void PluginTest::theQuitJobIsProtected()
 {
     QVERIFY(load());
     mel("scriptJob -killAll");
     QVERIFY(mel("scriptJob -listJobs").contains(QLatin1String("corvaneEditor -ws")));
-    const QString file = mel("internalVar -userPrefDir") + QLatin1String("corvaneEditor.ini");
-    m_session->quit();
-    QVERIFY(QFile::exists(file));
+}
+
+// The pane that has the tabs.
+QTabBar *PluginTest::tabBar()
+{
+    const QList<QTabBar *> bars = widgetsOf<QTabBar>("EdCodeTabBar");
+    return bars.first()->count() > 0 ? bars.first() : bars.last();
+}
+
+// The current document's caret; then what every tab holds, in their order.
+QStringList PluginTest::openTexts()
+{
+    QStringList texts(QString::number(activeEditor()->textCursor().position()));
+    const int current = tabBar()->currentIndex();
+    for (int i = 0; i < tabBar()->count(); ++i) {
+        tabBar()->setCurrentIndex(i);
+        texts << tabBar()->tabText(i) << activeEditor()->toPlainText();
+    }
+    tabBar()->setCurrentIndex(current);
+    return texts;
+}
+
+// Maya need not unload plug-ins when it quits. Here that has to be, but what it writes is put away.
+void PluginTest::whatTheQuitJobWroteComesBack()
+{
+    QVERIFY(load());
+    mel("corvaneEditor");
+    QWidget *editor = editorWindow();
+    editor->setGeometry(40, 50, 720, 540);
+    for (const char *name : {"a.mel", "b.py"})
+        QMetaObject::invokeMethod(editor, "open",
+                                  Q_ARG(QString, m_folder->write(name, QByteArray(name) + "\nx")));
+    QMetaObject::invokeMethod(editor, "newMelBuffer");
+    activeEditor()->insertPlainText(QString::fromUtf8("\xc3\xa4 only here"));
+    tabBar()->setCurrentIndex(1);
+    activeEditor()->moveCursor(QTextCursor::End);
+    editor->findChild<QAction *>(QLatin1String("actionWordWrap"))->trigger();
+    const QStringList texts = openTexts();
+    QCOMPARE(int(texts.size()), 7);
+    m_session->scriptJobs().runNow("quitApplication");
+
+    const QString prefs = m_folder->file("prefs");
+    QVERIFY(QDir().rename(prefs, m_folder->file("kept")));
+    endSession();
+    QDir().rename(prefs, m_folder->file("written-by-unloading"));
+    QVERIFY(QDir().rename(m_folder->file("kept"), prefs));
+    restartSession();
+    QVERIFY(load());
+    mel("corvaneEditor");
+    QCOMPARE(openTexts(), texts);
+    QVERIFY(editorWindow()->findChild<QAction *>(QLatin1String("actionWordWrap"))->isChecked());
+    QCOMPARE(editorWindow()->geometry(), QRect(40, 50, 720, 540));
 }
 
 void PluginTest::unloadingLeavesNothingBehind()
@@ -286,9 +273,9 @@ void PluginTest::unloadingDoesNotWaitForPython()
     qputenv("TMPDIR", answers.path().toUtf8());
     QVERIFY(load());
     mel("corvaneEditor");
-    QWidget *central = childOfClass<QWidget>(editorWindow(), "EdCentralWidget");
+    QWidget *central = widgetsOf<QWidget>("EdCentralWidget").first();
     QVERIFY(QMetaObject::invokeMethod(central, "newPythonBuffer"));
-    QPlainTextEdit *edit = childOfClass<QPlainTextEdit>(central, "EdCodeEdit");
+    QPlainTextEdit *edit = activeEditor();
     // Valid, but the editor's own scan takes the second line for an indent too much.
     edit->setPlainText(QString::fromLatin1("x = 1 + \\\n    2\n").repeated(50000));
     QVERIFY(QMetaObject::invokeMethod(central, "activeViewChange"));
@@ -317,8 +304,17 @@ void PluginTest::batchSessionsGetNothing()
 
 void PluginTest::loadingAHundredTimesLeavesNothingBehind()
 {
+    const QString before = footholds();
+    QVERIFY2(before.startsWith(QLatin1String("ScriptEditor/Script Editor ")), qPrintable(before));
+    const QString settings = mel("internalVar -userPrefDir") + QLatin1String("corvaneEditor.ini");
     for (int i = 0; i < 100; ++i) {
+        const bool takesButton = i % 2 == 0;
+        QSettings(settings, QSettings::IniFormat)
+            .setValue(QLatin1String("preferences/overrideScriptEditor"), takesButton);
         QVERIFY(load());
+        QCOMPARE(footholds().section(QLatin1Char(':'), 0, 0).section(QLatin1Char(' '), 0, -2),
+                 QString::fromLatin1(takesButton ? "corvaneEditor/Corvane Editor item"
+                                                 : "ScriptEditor/Script Editor item"));
         mel("corvaneEditor");
         QCoreApplication::processEvents();
         m_session->executeMel("print(\"line\\n\")", true);
@@ -326,6 +322,7 @@ void PluginTest::loadingAHundredTimesLeavesNothingBehind()
         unload();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QCoreApplication::processEvents();
+        QCOMPARE(footholds(), before);
     }
     QCOMPARE(m_log->take().filter(QLatin1String("error")), QStringList());
 }
