@@ -87,15 +87,6 @@ QString askShelfLabel(QWidget *parent)
         .value_or(QString());
 }
 
-void showAbout(QWidget *parent)
-{
-    const QString name = QLatin1String(CORVANE_APPLICATION_NAME);
-    const QString text = translated("<h3>%1 %2</h3><p>A code editor for MEL and Python.</p>"
-                                    "<p>Running with Qt %3.</p>");
-    QMessageBox::about(parent, translated("About %1").arg(name),
-                       text.arg(name, QLatin1String(CORVANE_VERSION), QLatin1String(qVersion())));
-}
-
 void showLicense(QWidget *parent)
 {
     const QString text = translated("%1 is free software under the MIT license.\n"

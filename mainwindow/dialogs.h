@@ -28,6 +28,5 @@ int askLineNumber(QWidget *parent, const EdCodeView &view);
 // The text of a new shelf button.
 QString askShelfLabel(QWidget *parent);
 
-// Both only tell, and return when the user has closed them.
-void showAbout(QWidget *parent);
+// Only tells, and returns when the user has closed it.
 void showLicense(QWidget *parent);

@@ -6,6 +6,7 @@
 #include "analysis/edquickhelpview.h"
 #include "bridge/melnametable.h"
 #include "editor/edcodeedit.h"
+#include "mainwindow/aboutdialog.h"
 #include "mainwindow/dialogs.h"
 #include "mainwindow/flaginsertion.h"
 #include "workspace/edcodeview.h"
@@ -31,7 +32,15 @@ QString commandAtCaret(const QTextCursor &caret)
 
 void Kestrowl::about()
 {
-    showAbout(this);
+    AboutDialog *dialog = findChild<AboutDialog *>();
+    if (!dialog) {
+        dialog = new AboutDialog(this);
+        dialog->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    // Not exec(): Maya may quit and take the window with it while the dialog is open.
+    dialog->open();
+    dialog->raise();
+    dialog->activateWindow();
 }
 
 void Kestrowl::showLicenseDialog()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "plugin/kestrowlcmd.h"
 
+#include "bridge/mayaversions.h"
 #include "bridge/melcatalogue.h"
 #include "bridge/pythonanalysis.h"
 #include "bridge/pythonsyntaxcheck.h"
@@ -95,6 +96,7 @@ void createEditor()
     // Before the window: from the first document on names are asked for.
     loadMelCatalogue();
     setCommandHelpSource(melCommandHelp);
+    setHostVersionsSource(mayaVersions);
     if (loadPythonAnalysis())
         setPythonSyntaxCheck(PythonSyntaxCheck::start);
     editorInstance().mayaInterface = std::make_unique<MayaInterface>();
@@ -211,4 +213,5 @@ void KestrowlCmd::cleanup()
     }
     setPythonSyntaxCheck(nullptr);
     setCommandHelpSource(nullptr);
+    setHostVersionsSource(nullptr);
 }

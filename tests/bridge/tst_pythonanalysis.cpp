@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "bridge/mayaversions.h"
 #include "bridge/outputsuppression.h"
 #include "bridge/pythonanalysis.h"
 #include "bridge/pythontext.h"
@@ -25,6 +26,7 @@ private slots:
     void initTestCase();
     void cleanupTestCase();
     void init() { m_session->takeMessages(); }
+    void versionsAreThoseOfTheHost();
     void literalsAreOneLineOfText();
     void everyCharacterArrivesInPython();
     void longTextIsQuotedInTime();
@@ -88,6 +90,14 @@ void PythonAnalysisTest::initTestCase()
 void PythonAnalysisTest::cleanupTestCase()
 {
     m_session.reset();
+}
+
+void PythonAnalysisTest::versionsAreThoseOfTheHost()
+{
+    const HostVersions versions = mayaVersions();
+    QVERIFY(versions.maya.startsWith("20"));
+    QVERIFY2(versions.python.count('.') >= 2, qPrintable(versions.python));
+    QVERIFY(m_session->takeMessages().isEmpty());
 }
 
 void PythonAnalysisTest::literalsAreOneLineOfText()

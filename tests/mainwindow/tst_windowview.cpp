@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "bridge/hostversions.h"
 #include "editor/findreplace.h"
+#include "mainwindow/aboutdialog.h"
 #include "output/edoutputview.h"
 #include "preferences/preferencesdialog.h"
 #include "tests/mainwindow/windowfixture.h"
@@ -15,6 +17,7 @@
 #include <QIcon>
 #include <QImage>
 #include <QLabel>
+#include <QPointer>
 #include <QSettings>
 #include <QSignalSpy>
 #include <QSpinBox>
@@ -59,6 +62,7 @@ private slots:
     void statusLabelsFollowTheCaret();
     void theStatusBarTellsWhatWasFound();
     void helpActionsAskForTheirPages();
+    void aboutTellsWhatItRunsWith();
     void preferencesReachTheWindow();
     void barsHiddenByHandStayHidden();
     void diagnosticsFollowThePreferences();
@@ -269,6 +273,39 @@ void TestWindowView::helpActionsAskForTheirPages()
     QCOMPARE(commandHelp.at(0).at(1).toBool(), false);
     QCOMPARE(commandHelp.at(1).at(1).toBool(), true);
     QCOMPARE(int(showHelp.size()), 1);
+}
+
+static HostVersions hostOfTests()
+{
+    HostVersions versions;
+    versions.maya = "<b>2026";
+    versions.python = "3.11.4";
+    return versions;
+}
+
+void TestWindowView::aboutTellsWhatItRunsWith()
+{
+    WindowFixture fixture;
+    setHostVersionsSource(hostOfTests);
+    fixture.action(Action::About)->trigger();
+    fixture.action(Action::About)->trigger(); // still one dialog
+    setHostVersionsSource(nullptr);
+    const QList<AboutDialog *> dialogs = fixture.window.findChildren<AboutDialog *>();
+    QCOMPARE(int(dialogs.size()), 1);
+    dialogs.first()->copyText();
+    const QString copied = QApplication::clipboard()->text();
+    const QString qt = QString("Qt: %1, built with " QT_VERSION_STR "\n").arg(qVersion());
+    const QStringList lines = QStringList() << "Corvane Editor 1."
+                                            << "Maya: <b>2026\n"
+                                            << "Python: 3.11.4\n"
+                                            << qt << "License: MIT";
+    for (const QString &line : lines)
+        QVERIFY2(copied.contains(line), qPrintable(copied));
+    QPointer<AboutDialog> dialog = dialogs.first();
+    QTest::keyClick(dialog, Qt::Key_Escape);
+    QVERIFY(!dialog || !dialog->isVisible());
+    AboutDialog unknown;
+    QVERIFY(unknown.text().contains("Maya: unknown\nPython: unknown\n"));
 }
 
 void TestWindowView::preferencesReachTheWindow()
