@@ -113,12 +113,10 @@ bool WalkModel::saveAsked(int key)
     if (!m_documents.contains(key) || !m_documents[key].isModified)
         return false;
     WalkDocument &document = m_documents[key];
-    if (m_files.contains(document.path) && isUnasked(document)) {
-        if (isCheckBox() && m_boxes.first().text.startsWith(document.path + '\n'))
-            askedAboutChanged(placeOf(key), m_boxes.takeFirst().answer);
-        else
-            complain("what others wrote is overwritten unasked: " + document.path);
-    }
+    if (isCheckBox() && m_boxes.first().text.startsWith(document.path + '\n'))
+        askedAboutChanged(placeOf(key), m_boxes.takeFirst().answer);
+    else if (m_files.contains(document.path) && isUnasked(document))
+        complain("what others wrote is overwritten unasked: " + document.path);
     if (!document.isModified)
         return false;
     write(&document);
