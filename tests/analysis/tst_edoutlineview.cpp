@@ -5,6 +5,7 @@
 #include "analysis/pythonparser.h"
 #include "compat/icon.h"
 #include "resources/resources.h"
+#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 
 #include <QApplication>
@@ -239,23 +240,16 @@ void TestEdOutlineView::kindsHaveTheirIcons()
 
 void TestEdOutlineView::itemsStandBelowWhatHoldsThem_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("tree");
+    columns<QString, QString>("text", "tree");
 
-    QTest::newRow("nested") << script << "os Tool(run(re) stop) main";
-    QTest::newRow("depth-left-out") << "class A:\n  if x:\n    def b(): pass\n  def c(): pass"
-                                    << "A(b c)";
-    QTest::newRow("nothing-above") << "if x:\n  import a\n  def b():\n    pass"
-                                   << "a b";
-    QTest::newRow("import-between") << "class A:\n  pass\nimport b\nif x:\n  def c(): pass"
-                                    << "A(c) b";
-    QTest::newRow("function-between") << "class A:\n  pass\ndef b(): pass\nif x:\n  def c(): pass"
-                                      << "A b(c)";
-    QTest::newRow("deeper-is-forgotten")
-        << "class A:\n  def b(s): pass\nclass C:\n    def d(s): pass"
-        << "A(b) C(d)";
-    QTest::newRow("main") << "if __name__ == '__main__':\n  import a"
-                          << "__main__(a)";
+    row("nested", script, "os Tool(run(re) stop) main");
+    row("depth-left-out", "class A:\n  if x:\n    def b(): pass\n  def c(): pass", "A(b c)");
+    row("nothing-above", "if x:\n  import a\n  def b():\n    pass", "a b");
+    row("import-between", "class A:\n  pass\nimport b\nif x:\n  def c(): pass", "A(c) b");
+    row("function-between", "class A:\n  pass\ndef b(): pass\nif x:\n  def c(): pass", "A b(c)");
+    row("deeper-is-forgotten", "class A:\n  def b(s): pass\nclass C:\n    def d(s): pass",
+        "A(b) C(d)");
+    row("main", "if __name__ == '__main__':\n  import a", "__main__(a)");
 }
 
 void TestEdOutlineView::itemsStandBelowWhatHoldsThem()
@@ -268,13 +262,12 @@ void TestEdOutlineView::itemsStandBelowWhatHoldsThem()
 
 void TestEdOutlineView::updatesEqualAFreshFill_data()
 {
-    QTest::addColumn<bool>("sorted");
-    QTest::addColumn<bool>("hiding");
+    columns<bool, bool>("sorted", "hiding");
 
-    QTest::newRow("text-order") << false << false;
-    QTest::newRow("by-name") << true << false;
-    QTest::newRow("hiding") << false << true;
-    QTest::newRow("by-name-hiding") << true << true;
+    row("text-order", false, false);
+    row("by-name", true, false);
+    row("hiding", false, true);
+    row("by-name-hiding", true, true);
 }
 
 void TestEdOutlineView::updatesEqualAFreshFill()
@@ -641,19 +634,18 @@ void TestEdOutlineView::preferencesAreTakenOver()
 
 void TestEdOutlineView::theCaretsItemIsMarked_data()
 {
-    QTest::addColumn<int>("position");
-    QTest::addColumn<QString>("marked");
+    columns<int, QString>("position", "marked");
 
-    QTest::newRow("start-of-line") << 0 << "os";
-    QTest::newRow("end-of-import") << 9 << "os";
-    QTest::newRow("before-the-name") << 10 << "Tool";
-    QTest::newRow("line-above-method") << 21 << "Tool";
-    QTest::newRow("method-line") << 22 << "run";
-    QTest::newRow("import-inside") << 50 << "re";
-    QTest::newRow("below-import-inside") << 68 << "run";
-    QTest::newRow("body") << 108 << "stop";
-    QTest::newRow("next-function") << 110 << "main";
-    QTest::newRow("end") << 139 << "main";
+    row("start-of-line", 0, "os");
+    row("end-of-import", 9, "os");
+    row("before-the-name", 10, "Tool");
+    row("line-above-method", 21, "Tool");
+    row("method-line", 22, "run");
+    row("import-inside", 50, "re");
+    row("below-import-inside", 68, "run");
+    row("body", 108, "stop");
+    row("next-function", 110, "main");
+    row("end", 139, "main");
 }
 
 void TestEdOutlineView::theCaretsItemIsMarked()

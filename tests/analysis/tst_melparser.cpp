@@ -2,6 +2,7 @@
 #include "analysis/melparser.h"
 #include "preferences/preferences.h"
 #include "tests/analysis/parserlisting.h"
+#include "tests/support/datatable.h"
 #include "tests/support/lineartime.h"
 #include "tests/support/testmain.h"
 
@@ -26,11 +27,7 @@ private slots:
 
 void MelParserTest::declarationsAreListed_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("items");
-    const auto row = [](const char *tag, const char *text, const char *items) {
-        QTest::newRow(tag) << QString::fromLatin1(text) << QString::fromLatin1(items);
-    };
+    columns<QString, QString>("text", "items");
     row("global-proc", "global proc foo() {}", "1 foo 12 0");
     row("return-type", "global proc string[] foo() {}", "1 foo 21 0");
     row("types-run-together", "proc stringint[]vector foo() {}", "2 foo 23 0");
@@ -69,11 +66,7 @@ void MelParserTest::declarationsAreListed()
 
 void MelParserTest::structureIsChecked_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("errors");
-    const auto row = [](const char *tag, const char *text, const char *errors) {
-        QTest::newRow(tag) << QString::fromLatin1(text) << QString::fromLatin1(errors);
-    };
+    columns<QString, QString>("text", "errors");
     row("fine", "proc f() { if (1) { $a[0] = 1; } }", "");
     row("two-stray-braces", "}\n}", "Unexpected '}' 0 1");
     row("stray-bracket", "a ]", "Unexpected ']' 2 3");
@@ -120,11 +113,7 @@ void MelParserTest::structureIsChecked()
 
 void MelParserTest::commentsYieldNotes_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("todos");
-    const auto row = [](const char *tag, const QString &text, const char *todos) {
-        QTest::newRow(tag) << text << QString::fromLatin1(todos);
-    };
+    columns<QString, QString>("text", "todos");
     row("line", "x; // TODO this\ny;", "TODO: 4 15");
     row("line-at-the-end", "//TODO", "TODO: 1 6");
     row("longer-word", "// TODOS _TODO TODO1", "");

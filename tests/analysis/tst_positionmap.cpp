@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "analysis/positionmap.h"
+#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 
 #include <QObject>
@@ -32,27 +33,22 @@ private slots:
 
 void TestPositionMap::aNameIsFoundAfterAnEdit_data()
 {
-    QTest::addColumn<int>("position");
-    QTest::addColumn<int>("removed");
-    QTest::addColumn<int>("added");
-    QTest::addColumn<int>("start");
-    QTest::addColumn<int>("end");
-    QTest::addColumn<bool>("guess");
+    columns<int, int, int, int, int, bool>("position", "removed", "added", "start", "end", "guess");
 
     // The name is at 4, its end at 7.
-    QTest::newRow("typed-before") << 0 << 0 << 2 << 6 << 9 << false;
-    QTest::newRow("typed-at-its-start") << 4 << 0 << 2 << 6 << 9 << false;
-    QTest::newRow("typed-inside") << 5 << 0 << 2 << 4 << 9 << false;
-    QTest::newRow("typed-at-its-end") << 7 << 0 << 2 << 4 << 7 << false;
-    QTest::newRow("first-letter-replaced") << 4 << 1 << 1 << 4 << 7 << false;
-    QTest::newRow("last-letters-replaced") << 5 << 2 << 3 << 4 << 8 << false;
-    QTest::newRow("start-and-more-replaced") << 2 << 3 << 9 << 11 << 13 << false;
-    QTest::newRow("end-and-more-replaced") << 6 << 5 << 9 << 4 << 6 << false;
-    QTest::newRow("replaced") << 4 << 3 << 5 << 4 << 9 << false;
-    QTest::newRow("deleted") << 4 << 3 << 0 << 4 << 4 << false;
-    QTest::newRow("deleted-with-more") << 2 << 9 << 0 << 2 << 2 << true;
-    QTest::newRow("all-replaced") << 0 << 20 << 30 << 4 << 4 << true;
-    QTest::newRow("only-formats") << 0 << 20 << 20 << 4 << 7 << false;
+    row("typed-before", 0, 0, 2, 6, 9, false);
+    row("typed-at-its-start", 4, 0, 2, 6, 9, false);
+    row("typed-inside", 5, 0, 2, 4, 9, false);
+    row("typed-at-its-end", 7, 0, 2, 4, 7, false);
+    row("first-letter-replaced", 4, 1, 1, 4, 7, false);
+    row("last-letters-replaced", 5, 2, 3, 4, 8, false);
+    row("start-and-more-replaced", 2, 3, 9, 11, 13, false);
+    row("end-and-more-replaced", 6, 5, 9, 4, 6, false);
+    row("replaced", 4, 3, 5, 4, 9, false);
+    row("deleted", 4, 3, 0, 4, 4, false);
+    row("deleted-with-more", 2, 9, 0, 2, 2, true);
+    row("all-replaced", 0, 20, 30, 4, 4, true);
+    row("only-formats", 0, 20, 20, 4, 7, false);
 }
 
 void TestPositionMap::aNameIsFoundAfterAnEdit()

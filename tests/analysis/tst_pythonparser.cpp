@@ -2,6 +2,7 @@
 #include "analysis/pythonparser.h"
 #include "preferences/preferences.h"
 #include "tests/analysis/parserlisting.h"
+#include "tests/support/datatable.h"
 #include "tests/support/lineartime.h"
 #include "tests/support/testmain.h"
 
@@ -37,11 +38,7 @@ QString parserSlowness(const QString &text)
 
 void PythonParserTest::declarationsAreListed_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("items");
-    const auto row = [](const char *tag, const char *text, const char *items) {
-        QTest::newRow(tag) << QString::fromLatin1(text) << QString::fromLatin1(items);
-    };
+    columns<QString, QString>("text", "items");
     row("import", "import a.b", "4 a.b 7 0");
     row("two-imports", "import abc, a # no", "4 abc 7 0; 4 a 7 0");
     row("names-within-names", "import abcd, bc, cd, bcd, abc, x, abcd",
@@ -92,11 +89,7 @@ void PythonParserTest::declarationsAreListed()
 
 void PythonParserTest::structureIsChecked_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("errors");
-    const auto row = [](const char *tag, const char *text, const char *errors) {
-        QTest::newRow(tag) << QString::fromLatin1(text) << QString::fromLatin1(errors);
-    };
+    columns<QString, QString>("text", "errors");
     row("fine", "x = {1: [2, (3)]}\ny = '#'", "");
     row("strays", "x)\ny]", "Unexpected ')' 1 2");
     row("stray-bracket", "]", "Unexpected ']' 0 1");
@@ -128,9 +121,7 @@ void PythonParserTest::structureIsChecked()
 
 void PythonParserTest::indentsAreChecked_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("errors");
-    QTest::addColumn<QString>("warnings");
+    columns<QString, QString, QString>("text", "errors", "warnings");
     const auto row = [](const char *tag, const char *text, const char *errors,
                         const char *warnings = "") {
         QTest::newRow(tag) << QString::fromLatin1(text) << QString::fromLatin1(errors)
@@ -168,11 +159,7 @@ void PythonParserTest::indentsAreChecked()
 
 void PythonParserTest::commentsAndDocStringsYieldNotes_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("todos");
-    const auto row = [](const char *tag, const char *text, const char *todos) {
-        QTest::newRow(tag) << QString::fromLatin1(text) << QString::fromLatin1(todos);
-    };
+    columns<QString, QString>("text", "todos");
     row("comment", "x # TODO y\nz", "TODO: 2 10");
     row("comment-at-the-end", "# TODO", "TODO: 0 6");
     row("comment-behind-a-colon", "if x: # TODO\n  y", "");

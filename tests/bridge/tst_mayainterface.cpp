@@ -2,11 +2,10 @@
 #include "bridge/mayainterface.h"
 #include "bridge/melcatalogue.h"
 #include "standin/host/session.h"
+#include "tests/support/datatable.h"
 #include "tests/support/scratchdir.h"
 #include "tests/support/sessionlog.h"
 #include "tests/support/testmain.h"
-
-#include <QTest>
 
 #include <maya/MStringArray.h>
 
@@ -95,8 +94,7 @@ void TestMayaInterface::footholdsComeAndGo_data()
 {
     QTest::addColumn<QString>("steps");
     QTest::addColumn<QString>("answers"); // separated by blanks
-    QTest::addColumn<QStringList>("texts");
-    QTest::addColumn<QString>("error");
+    columns<QStringList, QString>("texts", "error");
 
     const struct
     {
@@ -124,9 +122,9 @@ void TestMayaInterface::footholdsComeAndGo_data()
         {"annotation-stays", "bBB", "btn    !", TAKE NAME "\n" GIVE RENAME,
          "Failed to restore Script Editor button annotation"},
     };
-    for (const auto &row : rows)
-        QTest::newRow(row.tag) << row.steps << row.answers
-                               << split(QByteArray(row.texts).trimmed().constData()) << row.error;
+    for (const auto &given : rows)
+        row(given.tag, given.steps, given.answers,
+            split(QByteArray(given.texts).trimmed().constData()), given.error);
 }
 
 void TestMayaInterface::footholdsComeAndGo()
@@ -147,19 +145,13 @@ void TestMayaInterface::footholdsComeAndGo()
 
 void TestMayaInterface::pagesOpenForCompiledCommands_data()
 {
-    QTest::addColumn<QString>("command");
-    QTest::addColumn<bool>("python");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("message");
+    columns<QString, bool, QString, QString>("command", "python", "text", "message");
 
-    QTest::newRow("mel-index") << "" << false << "showHelp -docs \"Commands/index.html\""
-                               << "";
-    QTest::newRow("python-page") << "ls" << true << "showHelp -docs \"CommandsPython/ls.html\""
-                                 << "";
-    QTest::newRow("unknown") << "ls\"; evil" << false << ""
-                             << "error Command not found: ls\"; evil";
-    QTest::newRow("cut-short") << QString::fromLatin1("ls\0", 3) << false << ""
-                               << QString::fromLatin1("error Command not found: ls\0", 28);
+    row("mel-index", "", false, "showHelp -docs \"Commands/index.html\"", "");
+    row("python-page", "ls", true, "showHelp -docs \"CommandsPython/ls.html\"", "");
+    row("unknown", "ls\"; evil", false, "", "error Command not found: ls\"; evil");
+    row("cut-short", QString::fromLatin1("ls\0", 3), false, "",
+        QString::fromLatin1("error Command not found: ls\0", 28));
 }
 
 void TestMayaInterface::pagesOpenForCompiledCommands()
@@ -199,15 +191,10 @@ void TestMayaInterface::anUnknownTraceIsEmpty()
 
 void TestMayaInterface::theIconFolderIsBelowMaya_data()
 {
-    QTest::addColumn<QString>("location");
-    QTest::addColumn<QString>("folder");
-    QTest::addColumn<QStringList>("messages");
-    QTest::newRow("set") << "/opt/maya"
-                         << "/opt/maya/icons/" << QStringList();
-    QTest::newRow("slash") << "/opt/maya/"
-                           << "/opt/maya/icons/" << QStringList();
-    QTest::newRow("missing") << ""
-                             << "/icons/" << (QStringList() << "error Failed to get icon path");
+    columns<QString, QString, QStringList>("location", "folder", "messages");
+    row("set", "/opt/maya", "/opt/maya/icons/", QStringList());
+    row("slash", "/opt/maya/", "/opt/maya/icons/", QStringList());
+    row("missing", "", "/icons/", QStringList("error Failed to get icon path"));
 }
 
 void TestMayaInterface::theIconFolderIsBelowMaya()

@@ -3,6 +3,7 @@
 #include "bridge/melcatalogue.h"
 #include "bridge/melnametable.h"
 #include "tests/standin/host/testsession.h"
+#include "tests/support/datatable.h"
 #include "tests/support/lineartime.h"
 #include "tests/support/testmain.h"
 
@@ -132,26 +133,16 @@ void TestMelCatalogue::helpKnowsWhatCameLater()
 
 void TestMelCatalogue::flagTextsAreSplitIntoThrees_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("fields");
-    QTest::newRow("two-lines") << "Synopsis: x\nFlags:\n -q -query\n -a -all Int\n"
-                               << "-q,-query,,-a,-all,Int";
-    QTest::newRow("one-field") << "S\nFlags:\r\n-q\r\n"
-                               << "-q,,";
-    QTest::newRow("four-fields") << "S Flags:\t-a -all Int Int"
-                                 << "-a,-all,Int";
-    QTest::newRow("blank-line") << "S Flags:-a -b c\n  \n"
-                                << "-a,-b,c,,,";
-    QTest::newRow("no-section") << "Synopsis: x"
-                                << "";
-    QTest::newRow("two-sections") << "S Flags: -a Flags: -b"
-                                  << "";
-    QTest::newRow("nothing-in-front") << "Flags: -a"
-                                      << "";
-    QTest::newRow("nothing-behind") << "S Flags:"
-                                    << "";
-    QTest::newRow("empty") << ""
-                           << "";
+    columns<QString, QString>("text", "fields");
+    row("two-lines", "Synopsis: x\nFlags:\n -q -query\n -a -all Int\n", "-q,-query,,-a,-all,Int");
+    row("one-field", "S\nFlags:\r\n-q\r\n", "-q,,");
+    row("four-fields", "S Flags:\t-a -all Int Int", "-a,-all,Int");
+    row("blank-line", "S Flags:-a -b c\n  \n", "-a,-b,c,,,");
+    row("no-section", "Synopsis: x", "");
+    row("two-sections", "S Flags: -a Flags: -b", "");
+    row("nothing-in-front", "Flags: -a", "");
+    row("nothing-behind", "S Flags:", "");
+    row("empty", "", "");
 }
 
 void TestMelCatalogue::flagTextsAreSplitIntoThrees()

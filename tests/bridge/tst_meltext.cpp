@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "bridge/meltext.h"
 #include "standin/mel/interpreter.h"
+#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 
 namespace {
@@ -41,17 +42,12 @@ private slots:
 
 void MelTextTest::literalsAreWrittenAsMelReadsThem_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("literal");
+    columns<QString, QString>("text", "literal");
 
-    QTest::newRow("empty") << ""
-                           << "\"\"";
-    QTest::newRow("quotes") << "say \"x\""
-                            << "\"say \\\"x\\\"\"";
-    QTest::newRow("backslash-before-n") << "C:\\new"
-                                        << "\"C:\\\\new\"";
-    QTest::newRow("line-break") << "a\nb"
-                                << "\"a\\nb\"";
+    row("empty", "", "\"\"");
+    row("quotes", "say \"x\"", "\"say \\\"x\\\"\"");
+    row("backslash-before-n", "C:\\new", "\"C:\\\\new\"");
+    row("line-break", "a\nb", "\"a\\nb\"");
 }
 
 void MelTextTest::literalsAreWrittenAsMelReadsThem()

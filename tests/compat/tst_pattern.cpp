@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "compat/pattern.h"
 #include "compat/text.h"
+#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 
 class PatternTest : public QObject
@@ -17,36 +18,21 @@ private slots:
 
 void PatternTest::findsTheFirstMatchFromAPosition_data()
 {
-    QTest::addColumn<QString>("pattern");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("from");
-    QTest::addColumn<int>("index");
-    QTest::addColumn<int>("length");
+    columns<QString, QString, int, int, int>("pattern", "text", "from", "index", "length");
 
     const QString umlaut = QString::fromUtf8("\xc3\xa4pfel x");
-    QTest::newRow("word") << "x+"
-                          << "aaxxb" << 0 << 2 << 2;
-    QTest::newRow("from-behind-the-first") << "x"
-                                           << "xax" << 1 << 2 << 1;
-    QTest::newRow("none") << "x"
-                          << "abc" << 0 << -1 << -1;
-    QTest::newRow("caret-only-at-index-0") << "^b"
-                                           << "ab" << 1 << -1 << -1;
-    QTest::newRow("caret-not-after-a-line-break") << "^b"
-                                                  << "a\nb" << 0 << -1 << -1;
-    QTest::newRow("dollar-only-at-the-end") << "a$"
-                                            << "a\na" << 0 << 2 << 1;
-    QTest::newRow("dollar-not-before-a-last-line-break") << "a$"
-                                                         << "a\n"
-                                                         << 0 << -1 << -1;
-    QTest::newRow("dollar-in-a-class") << "[a$]+"
-                                       << "b$a" << 0 << 1 << 2;
-    QTest::newRow("escaped-dollar") << "\\$\\w"
-                                    << "a$b" << 0 << 1 << 2;
-    QTest::newRow("dot-takes-a-line-break") << "a.b"
-                                            << "a\nb" << 0 << 0 << 3;
-    QTest::newRow("word-class-follows-unicode") << "\\w+" << umlaut << 0 << 0 << 5;
-    QTest::newRow("word-border-follows-unicode") << "\\bpfel" << umlaut << 0 << -1 << -1;
+    row("word", "x+", "aaxxb", 0, 2, 2);
+    row("from-behind-the-first", "x", "xax", 1, 2, 1);
+    row("none", "x", "abc", 0, -1, -1);
+    row("caret-only-at-index-0", "^b", "ab", 1, -1, -1);
+    row("caret-not-after-a-line-break", "^b", "a\nb", 0, -1, -1);
+    row("dollar-only-at-the-end", "a$", "a\na", 0, 2, 1);
+    row("dollar-not-before-a-last-line-break", "a$", "a\n", 0, -1, -1);
+    row("dollar-in-a-class", "[a$]+", "b$a", 0, 1, 2);
+    row("escaped-dollar", "\\$\\w", "a$b", 0, 1, 2);
+    row("dot-takes-a-line-break", "a.b", "a\nb", 0, 0, 3);
+    row("word-class-follows-unicode", "\\w+", umlaut, 0, 0, 5);
+    row("word-border-follows-unicode", "\\bpfel", umlaut, 0, -1, -1);
 }
 
 void PatternTest::findsTheFirstMatchFromAPosition()
@@ -83,8 +69,7 @@ void PatternTest::exactMatchTakesTheWholeText()
 void PatternTest::splittingDropsEmptyParts()
 {
     const QStringList parts = compat::nonEmptyParts(QLatin1String(";a;;b;"), QLatin1Char(';'));
-    QCOMPARE(parts, QStringList() << "a"
-                                  << "b");
+    QCOMPARE(parts, words("a b"));
 }
 
 CORVANE_TEST_MAIN(PatternTest)

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "editor/blockformats.h"
+#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 
 #include <QBrush>
@@ -45,12 +46,11 @@ QString summary(const compat::FormatRanges &ranges)
 
 void BlockFormatsTest::formatsGoAroundComposedText_data()
 {
-    QTest::addColumn<int>("start");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("behind") << 4 << "4-7 other, 1-3 red";
-    QTest::newRow("before") << 0 << "0-3 other, 4-6 red";
-    QTest::newRow("inside") << 2 << "2-5 other, 1-6 red";
-    QTest::newRow("at-the-end") << 3 << "3-6 other, 1-3 red";
+    columns<int, QString>("start", "expected");
+    row("behind", 4, "4-7 other, 1-3 red");
+    row("before", 0, "0-3 other, 4-6 red");
+    row("inside", 2, "2-5 other, 1-6 red");
+    row("at-the-end", 3, "3-6 other, 1-3 red");
 }
 
 void BlockFormatsTest::formatsGoAroundComposedText()
@@ -83,12 +83,9 @@ void BlockFormatsTest::blanksAreDimmed_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("expected"); // with the first three characters red
-    QTest::newRow("no-blank") << "ab"
-                              << "0-2 red";
-    QTest::newRow("behind") << "ab \t"
-                            << "0-2 red, 2-4 other";
-    QTest::newRow("inside") << "a bc d"
-                            << "0-1 red, 1-2 other, 2-3 red, 4-5 other";
+    row("no-blank", "ab", "0-2 red");
+    row("behind", "ab \t", "0-2 red, 2-4 other");
+    row("inside", "a bc d", "0-1 red, 1-2 other, 2-3 red, 4-5 other");
 }
 
 void BlockFormatsTest::blanksAreDimmed()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "analysis/diagnosticlist.h"
 #include "editor/diagnosticmarks.h"
+#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 
 #include <QPlainTextDocumentLayout>
@@ -83,46 +84,26 @@ private slots:
 
 void TestDiagnosticMarks::editsMoveOrDropMarks_data()
 {
-    QTest::addColumn<int>("from");
-    QTest::addColumn<int>("to");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("shown");
+    columns<int, int, QString, QString>("from", "to", "typed", "shown");
 
     // The text is "one\ntwo three\nfour", with a mark on "three".
-    QTest::newRow("typed-before") << 0 << 0 << "x"
-                                  << "1:three";
-    QTest::newRow("typed-at-start") << 8 << 8 << "x"
-                                    << "1:three";
-    QTest::newRow("typed-inside") << 10 << 10 << "x"
-                                  << "1:thxree";
-    QTest::newRow("typed-at-end") << 13 << 13 << "x"
-                                  << "1:three";
-    QTest::newRow("typed-behind") << 14 << 14 << "x"
-                                  << "1:three";
-    QTest::newRow("line-above-added") << 0 << 0 << "a\nb\n"
-                                      << "3:three";
-    QTest::newRow("line-above-removed") << 0 << 4 << ""
-                                        << "0:three";
-    QTest::newRow("line-broken-before-it") << 8 << 8 << "\n"
-                                           << "2:three";
-    QTest::newRow("line-broken-inside") << 10 << 10 << "\n"
-                                        << QString("1:th%1ree").arg(QChar(0x2029));
-    QTest::newRow("removed-whole") << 8 << 13 << ""
-                                   << "";
-    QTest::newRow("removed-with-more") << 5 << 15 << "x"
-                                       << "";
-    QTest::newRow("replaced-by-as-much") << 8 << 13 << "seven"
-                                         << "";
-    QTest::newRow("removed-inside") << 9 << 11 << ""
-                                    << "1:tee";
-    QTest::newRow("head-removed") << 2 << 10 << ""
-                                  << "0:ree";
-    QTest::newRow("tail-removed") << 11 << 16 << ""
-                                  << "1:thr";
-    QTest::newRow("tail-replaced") << 11 << 16 << "xyz"
-                                   << "1:thr";
-    QTest::newRow("everything-removed") << 0 << 18 << ""
-                                        << "";
+    row("typed-before", 0, 0, "x", "1:three");
+    row("typed-at-start", 8, 8, "x", "1:three");
+    row("typed-inside", 10, 10, "x", "1:thxree");
+    row("typed-at-end", 13, 13, "x", "1:three");
+    row("typed-behind", 14, 14, "x", "1:three");
+    row("line-above-added", 0, 0, "a\nb\n", "3:three");
+    row("line-above-removed", 0, 4, "", "0:three");
+    row("line-broken-before-it", 8, 8, "\n", "2:three");
+    row("line-broken-inside", 10, 10, "\n", QString("1:th%1ree").arg(QChar(0x2029)));
+    row("removed-whole", 8, 13, "", "");
+    row("removed-with-more", 5, 15, "x", "");
+    row("replaced-by-as-much", 8, 13, "seven", "");
+    row("removed-inside", 9, 11, "", "1:tee");
+    row("head-removed", 2, 10, "", "0:ree");
+    row("tail-removed", 11, 16, "", "1:thr");
+    row("tail-replaced", 11, 16, "xyz", "1:thr");
+    row("everything-removed", 0, 18, "", "");
 }
 
 void TestDiagnosticMarks::editsMoveOrDropMarks()

@@ -7,6 +7,7 @@
 #include "editor/edtextblockdata.h"
 #include "preferences/preferences.h"
 #include "preferences/textformats.h"
+#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 
 #include <QSignalSpy>
@@ -97,29 +98,17 @@ void TestExtraSelections::theCurrentLineIsMarkedAlone()
 
 void TestExtraSelections::bracketsFindTheirPartner_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("caret");
-    QTest::addColumn<QStringList>("marked");
+    columns<QString, int, QStringList>("text", "caret", "marked");
 
     const QStringList none;
-    QTest::newRow("opener") << "f(a[0])" << 2
-                            << (QStringList() << "1-2"
-                                              << "6-7");
-    QTest::newRow("closer") << "f(a[0])" << 6
-                            << (QStringList() << "5-6"
-                                              << "3-4");
-    QTest::newRow("only-before-the-caret") << "f(a)" << 1 << none;
-    QTest::newRow("across-lines") << "{\n{}\n}" << 6
-                                  << (QStringList() << "5-6"
-                                                    << "0-1");
-    QTest::newRow("other-kinds-do-not-count") << "(])" << 1
-                                              << (QStringList() << "0-1"
-                                                                << "2-3");
-    QTest::newRow("string-and-comment") << "(\")\" /*)*/ )" << 1
-                                        << (QStringList() << "0-1"
-                                                          << "11-12");
-    QTest::newRow("none-in-a-string") << "\"()\"" << 2 << none;
-    QTest::newRow("without-partner") << "((a)" << 1 << none;
+    row("opener", "f(a[0])", 2, words("1-2 6-7"));
+    row("closer", "f(a[0])", 6, words("5-6 3-4"));
+    row("only-before-the-caret", "f(a)", 1, none);
+    row("across-lines", "{\n{}\n}", 6, words("5-6 0-1"));
+    row("other-kinds-do-not-count", "(])", 1, words("0-1 2-3"));
+    row("string-and-comment", "(\")\" /*)*/ )", 1, words("0-1 11-12"));
+    row("none-in-a-string", "\"()\"", 2, none);
+    row("without-partner", "((a)", 1, none);
 }
 
 void TestExtraSelections::bracketsFindTheirPartner()
@@ -150,22 +139,14 @@ void TestExtraSelections::farPartnersAreNotLookedFor()
 
 void TestExtraSelections::equalWordsAreMarked_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("anchor");
-    QTest::addColumn<int>("caret");
-    QTest::addColumn<QStringList>("marked");
+    columns<QString, int, int, QStringList>("text", "anchor", "caret", "marked");
 
     const QStringList none;
-    QTest::newRow("all") << "ab $ab\nab_ xab -ab" << 0 << 2
-                         << (QStringList() << "0-2"
-                                           << "4-6"
-                                           << "16-18");
-    QTest::newRow("part-of-a-word") << "abc ab" << 0 << 2 << none;
-    QTest::newRow("no-word") << "a-b a-b" << 0 << 3 << none;
-    QTest::newRow("over-lines") << "ab\nab" << 0 << 5 << none;
-    QTest::newRow("beyond-ascii") << QString::fromUtf8("\xc3\xa4 \xc3\xa4z \xc3\xa4") << 0 << 1
-                                  << (QStringList() << "0-1"
-                                                    << "5-6");
+    row("all", "ab $ab\nab_ xab -ab", 0, 2, words("0-2 4-6 16-18"));
+    row("part-of-a-word", "abc ab", 0, 2, none);
+    row("no-word", "a-b a-b", 0, 3, none);
+    row("over-lines", "ab\nab", 0, 5, none);
+    row("beyond-ascii", QString::fromUtf8("\xc3\xa4 \xc3\xa4z \xc3\xa4"), 0, 1, words("0-1 5-6"));
 }
 
 void TestExtraSelections::equalWordsAreMarked()

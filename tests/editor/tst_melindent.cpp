@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "editor/melindent.h"
 #include "tests/editor/scriptedit.h"
+#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 
 class MelIndentTest : public QObject
@@ -16,12 +17,6 @@ private slots:
 };
 
 namespace {
-
-void row(const char *tag, const char *style, const char *given, const char *expected)
-{
-    QTest::newRow(tag) << QString::fromLatin1(style) << QString::fromLatin1(given)
-                       << QString::fromLatin1(expected);
-}
 
 void closingBraceRows()
 {
@@ -112,9 +107,7 @@ void copyRows()
 
 void MelIndentTest::returnIndents_data()
 {
-    QTest::addColumn<QString>("style");
-    QTest::addColumn<QString>("given");
-    QTest::addColumn<QString>("expected");
+    columns<QString, QString, QString>("style", "given", "expected");
     closingBraceRows();
     behindBraceRows();
     statementRows();
@@ -131,10 +124,7 @@ void MelIndentTest::returnIndents()
 
 void MelIndentTest::bracesFindTheirColumn_data()
 {
-    QTest::addColumn<QString>("style");
-    QTest::addColumn<QString>("given");
-    QTest::addColumn<QString>("brace");
-    QTest::addColumn<QString>("expected");
+    columns<QString, QString, QString, QString>("style", "given", "brace", "expected");
     const auto braceRow = [](const char *tag, const char *style, const char *given,
                              const char *expected) {
         const QString result = QString::fromLatin1(expected);

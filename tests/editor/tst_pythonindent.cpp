@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "editor/pythonindent.h"
 #include "tests/editor/scriptedit.h"
+#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 
 class PythonIndentTest : public QObject
@@ -16,17 +17,9 @@ private slots:
 
 namespace {
 
-void row(const char *tag, const char *style, const char *given, const char *expected)
-{
-    QTest::newRow(tag) << QString::fromLatin1(style) << QString::fromLatin1(given)
-                       << QString::fromLatin1(expected);
-}
-
 void addColumns()
 {
-    QTest::addColumn<QString>("style");
-    QTest::addColumn<QString>("given");
-    QTest::addColumn<QString>("expected");
+    columns<QString, QString, QString>("style", "given", "expected");
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "editor/textblocks.h"
 #include "tests/editor/scriptedit.h"
+#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 
 class TextBlocksTest : public QObject
@@ -16,11 +17,6 @@ private slots:
 };
 
 namespace {
-
-void row(const char *tag, const char *given, const char *expected)
-{
-    QTest::newRow(tag) << QString::fromLatin1(given) << QString::fromLatin1(expected);
-}
 
 TextPlace placeOf(const QTextCursor &cursor)
 {
@@ -42,8 +38,7 @@ QString drawingAt(const TextPlace &place)
 // The caret stands before the bracket, in the result before the one that matches.
 void TextBlocksTest::bracketsMatch_data()
 {
-    QTest::addColumn<QString>("given");
-    QTest::addColumn<QString>("expected");
+    columns<QString, QString>("given", "expected");
     row("forwards-over-lines", "a|{\n{}\n}", "a{\n{}\n|}");
     row("backwards-over-lines", "a{\n{}\n|}", "a|{\n{}\n}");
     row("other-kinds-do-not-count", "|(]{)", "(]{|)");

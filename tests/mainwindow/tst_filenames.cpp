@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "mainwindow/filenames.h"
+#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 
 class TestFileNames : public QObject
@@ -15,32 +16,19 @@ private slots:
 
 void TestFileNames::savedNamesGetTheSuffixOfTheFilter_data()
 {
-    QTest::addColumn<QString>("filter");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("saved");
+    columns<QString, QString, QString>("filter", "name", "saved");
 
     const QString mel("MEL file (*.mel)");
     const QString python("Python file (*.py)");
-    QTest::newRow("mel-added") << mel << "/s/tool"
-                               << "/s/tool.mel";
-    QTest::newRow("mel-kept") << mel << "/s/tool.mel"
-                              << "/s/tool.mel";
-    QTest::newRow("mel-upper-case-is-another") << mel << "tool.MEL"
-                                               << "tool.MEL.mel";
-    QTest::newRow("python-added") << python << "tool"
-                                  << "tool.py";
-    QTest::newRow("python-kept") << python << "tool.py"
-                                 << "tool.py";
-    QTest::newRow("pyw-kept") << python << "tool.pyw"
-                              << "tool.pyw";
-    QTest::newRow("python-over-mel") << python << "tool.mel"
-                                     << "tool.mel.py";
-    QTest::newRow("any-adds-nothing") << "All types (*.*)"
-                                      << "tool"
-                                      << "tool";
-    QTest::newRow("text-adds-nothing") << "Normal text file (*.txt)"
-                                       << "tool"
-                                       << "tool";
+    row("mel-added", mel, "/s/tool", "/s/tool.mel");
+    row("mel-kept", mel, "/s/tool.mel", "/s/tool.mel");
+    row("mel-upper-case-is-another", mel, "tool.MEL", "tool.MEL.mel");
+    row("python-added", python, "tool", "tool.py");
+    row("python-kept", python, "tool.py", "tool.py");
+    row("pyw-kept", python, "tool.pyw", "tool.pyw");
+    row("python-over-mel", python, "tool.mel", "tool.mel.py");
+    row("any-adds-nothing", "All types (*.*)", "tool", "tool");
+    row("text-adds-nothing", "Normal text file (*.txt)", "tool", "tool");
 }
 
 void TestFileNames::savedNamesGetTheSuffixOfTheFilter()

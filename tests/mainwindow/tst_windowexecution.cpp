@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/mainwindow/windowfixture.h"
+#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 #include "workspace/journalfile.h"
 
@@ -205,16 +206,13 @@ void TestWindowExecution::nothingRunsWithoutTextOrDocument()
 
 void TestWindowExecution::executingSavesFirst_data()
 {
-    QTest::addColumn<QString>("slot");
-    QTest::addColumn<bool>("selected");
-    QTest::addColumn<bool>("saveOnExecute");
-    QTest::addColumn<int>("saves");
+    columns<QString, bool, bool, int>("slot", "selected", "saveOnExecute", "saves");
 
-    QTest::newRow("all-saves-twice") << "executeAll" << false << true << 2;
-    QTest::newRow("line-saves-twice") << "executeLine" << false << true << 2;
-    QTest::newRow("selection-saves-once") << "execute" << true << true << 1;
-    QTest::newRow("nothing-selected-is-all") << "execute" << false << true << 2;
-    QTest::newRow("switched-off") << "executeAll" << false << false << 0;
+    row("all-saves-twice", "executeAll", false, true, 2);
+    row("line-saves-twice", "executeLine", false, true, 2);
+    row("selection-saves-once", "execute", true, true, 1);
+    row("nothing-selected-is-all", "execute", false, true, 2);
+    row("switched-off", "executeAll", false, false, 0);
 }
 
 void TestWindowExecution::executingSavesFirst()
@@ -240,9 +238,7 @@ void TestWindowExecution::executingSavesFirst()
 
 void TestWindowExecution::keysInTheEditorExecuteOnce_data()
 {
-    QTest::addColumn<int>("key");
-    QTest::addColumn<int>("modifiers");
-    QTest::addColumn<QString>("executed");
+    columns<int, int, QString>("key", "modifiers", "executed");
 
     const int control = Qt::ControlModifier;
     const int alt = control | Qt::AltModifier;
@@ -251,14 +247,14 @@ void TestWindowExecution::keysInTheEditorExecuteOnce_data()
     const int enter = Qt::Key_Enter;
     const int carriageReturn = Qt::Key_Return;
     const QString all("one;\ntwo;");
-    QTest::newRow("ctrl-return") << carriageReturn << control << all;
-    QTest::newRow("ctrl-enter") << enter << control << all;
-    QTest::newRow("ctrl-keypad-enter") << enter << (control | keypad) << all;
-    QTest::newRow("keypad-enter") << enter << keypad << all;
-    QTest::newRow("line-return") << carriageReturn << alt << "one;";
-    QTest::newRow("line-keypad-enter") << enter << (alt | keypad) << "one;";
-    QTest::newRow("all-return") << carriageReturn << shift << all;
-    QTest::newRow("all-keypad-enter") << enter << (shift | keypad) << all;
+    row("ctrl-return", carriageReturn, control, all);
+    row("ctrl-enter", enter, control, all);
+    row("ctrl-keypad-enter", enter, (control | keypad), all);
+    row("keypad-enter", enter, keypad, all);
+    row("line-return", carriageReturn, alt, "one;");
+    row("line-keypad-enter", enter, (alt | keypad), "one;");
+    row("all-return", carriageReturn, shift, all);
+    row("all-keypad-enter", enter, (shift | keypad), all);
 }
 
 // The key arrives as from the keyboard, shortcuts included, and then at the editor alone.

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/mainwindow/windowfixture.h"
+#include "tests/support/datatable.h"
 #include "workspace/edcentralwidget.h"
 #include "workspace/edcodetabwidget.h"
 #include "tests/support/modalanswer.h"
@@ -48,14 +49,13 @@ private slots:
 
 void TestWindowFiles::newBufferAsksForTheLanguage_data()
 {
-    QTest::addColumn<QString>("button");
-    QTest::addColumn<int>("language");
+    columns<QString, int>("button", "language");
 
-    QTest::newRow("mel") << "MEL" << 2;
-    QTest::newRow("python") << "Python" << 1;
-    QTest::newRow("none") << "None" << 0;
-    QTest::newRow("cancel") << "Cancel" << -1;
-    QTest::newRow("escape") << "(no such button)" << -1;
+    row("mel", "MEL", 2);
+    row("python", "Python", 1);
+    row("none", "None", 0);
+    row("cancel", "Cancel", -1);
+    row("escape", "(no such button)", -1);
 }
 
 void TestWindowFiles::newBufferAsksForTheLanguage()
@@ -68,10 +68,7 @@ void TestWindowFiles::newBufferAsksForTheLanguage()
     fixture.action(Action::New)->trigger();
     QCOMPARE(answer.title(), QString("Source Type"));
     QCOMPARE(answer.text(), QString("Specify executor source language."));
-    QCOMPARE(answer.buttons(), QStringList() << "Cancel"
-                                             << "MEL"
-                                             << "None"
-                                             << "Python");
+    QCOMPARE(answer.buttons(), words("Cancel MEL None Python"));
     const EdCodeView *view = fixture.window.central()->currentCodeView();
     QCOMPARE(view ? view->language() : -1, language);
 }
@@ -82,16 +79,14 @@ void TestWindowFiles::docksListWhatIsOpen()
     fixture.window.open(fixture.dir.write("a.mel", "1"));
     QCOMPARE(entries(fixture.window, Dock::Documents), QStringList("a.mel"));
     fixture.window.open(fixture.dir.write("b.py", "2"));
-    QCOMPARE(entries(fixture.window, Dock::Documents), QStringList() << "a.mel"
-                                                                     << "b.py");
+    QCOMPARE(entries(fixture.window, Dock::Documents), words("a.mel b.py"));
     QVERIFY(fixture.window.windowTitle().contains("b.py"));
 
     fixture.action(Action::NewPythonBuffer)->trigger();
     QCOMPARE(entries(fixture.window, Dock::Buffers), QStringList("Python"));
     fixture.action(Action::Close)->trigger();
     QCOMPARE(entries(fixture.window, Dock::Buffers), QStringList());
-    QCOMPARE(entries(fixture.window, Dock::Documents), QStringList() << "a.mel"
-                                                                     << "b.py");
+    QCOMPARE(entries(fixture.window, Dock::Documents), words("a.mel b.py"));
     fixture.action(Action::CloseAll)->trigger();
     QCOMPARE(entries(fixture.window, Dock::Documents), QStringList());
     QCOMPARE(fixture.window.windowTitle(), QString("Corvane Editor"));
@@ -173,15 +168,12 @@ void TestWindowFiles::savingABufferKeepsItABuffer()
 
 void TestWindowFiles::saveStateAsksOnlyWithUnsavedContent_data()
 {
-    QTest::addColumn<QString>("button");
-    QTest::addColumn<bool>("modified");
-    QTest::addColumn<QString>("file");
-    QTest::addColumn<bool>("settingsWritten");
+    columns<QString, bool, QString, bool>("button", "modified", "file", "settingsWritten");
 
-    QTest::newRow("nothing-to-save") << "" << false << "old" << true;
-    QTest::newRow("yes") << "Yes" << true << "new old" << true;
-    QTest::newRow("no") << "No" << true << "old" << true;
-    QTest::newRow("cancel") << "Cancel" << true << "old" << false;
+    row("nothing-to-save", "", false, "old", true);
+    row("yes", "Yes", true, "new old", true);
+    row("no", "No", true, "old", true);
+    row("cancel", "Cancel", true, "old", false);
 }
 
 void TestWindowFiles::saveStateAsksOnlyWithUnsavedContent()
@@ -225,15 +217,12 @@ void TestWindowFiles::goToLineOffersTheLinesOfTheDocument()
 
 void TestWindowFiles::shelfScripts_data()
 {
-    QTest::addColumn<int>("bufferType");
-    QTest::addColumn<QString>("label");
-    QTest::addColumn<int>("selected");
-    QTest::addColumn<QString>("script");
+    columns<int, QString, int, QString>("bufferType", "label", "selected", "script");
 
-    QTest::newRow("mel-whole-text") << 0 << "tool" << 0 << "one two";
-    QTest::newRow("python-selection") << 1 << "tool" << 3 << "one";
-    QTest::newRow("plain-text-makes-none") << 2 << "tool" << 0 << "";
-    QTest::newRow("no-label-makes-none") << 0 << "" << 0 << "";
+    row("mel-whole-text", 0, "tool", 0, "one two");
+    row("python-selection", 1, "tool", 3, "one");
+    row("plain-text-makes-none", 2, "tool", 0, "");
+    row("no-label-makes-none", 0, "", 0, "");
 }
 
 void TestWindowFiles::shelfScripts()

@@ -5,6 +5,7 @@
 #include "preferences/preferences.h"
 #include "preferences/textformats.h"
 #include "tests/mainwindow/windowfixture.h"
+#include "tests/support/datatable.h"
 #include "tests/support/filesizelimit.h"
 #include "tests/support/ordinaryuser.h"
 #include "tests/support/testmain.h"
@@ -216,13 +217,12 @@ void WindowSettingsTest::keysOfOthersStay()
 
 void WindowSettingsTest::docksComeBack_data()
 {
-    QTest::addColumn<bool>("shown");
-    QTest::addColumn<bool>("stateUsable");
+    columns<bool, bool>("shown", "stateUsable");
 
-    QTest::newRow("written-while-shown") << true << true;
-    QTest::newRow("written-while-hidden") << false << true;
-    QTest::newRow("from-another-qt") << true << false;
-    QTest::newRow("hidden-and-from-another-qt") << false << false;
+    row("written-while-shown", true, true);
+    row("written-while-hidden", false, true);
+    row("from-another-qt", true, false);
+    row("hidden-and-from-another-qt", false, false);
 }
 
 void WindowSettingsTest::docksComeBack()
@@ -263,14 +263,11 @@ void WindowSettingsTest::docksComeBack()
 
 void WindowSettingsTest::panesComeBack_data()
 {
-    QTest::addColumn<int>("action");
-    QTest::addColumn<QString>("stored");
-    QTest::addColumn<bool>("editor");
-    QTest::addColumn<bool>("history");
+    columns<int, QString, bool, bool>("action", "stored", "editor", "history");
 
-    QTest::newRow("both") << int(Action::ShowBoth) << "0" << true << true;
-    QTest::newRow("editor") << int(Action::ShowEditor) << "1" << true << false;
-    QTest::newRow("history") << int(Action::ShowHistory) << "2" << false << true;
+    row("both", int(Action::ShowBoth), "0", true, true);
+    row("editor", int(Action::ShowEditor), "1", true, false);
+    row("history", int(Action::ShowHistory), "2", false, true);
 }
 
 void WindowSettingsTest::panesComeBack()
@@ -464,11 +461,11 @@ void WindowSettingsTest::damagedFilesAreKeptAside_data()
 {
     QTest::addColumn<QByteArray>("bytes");
 
-    QTest::newRow("binary") << QByteArray("\177ELF\0\1\2[mainwindow]\neditorState=2\n", 34);
-    QTest::newRow("object") << QByteArray("[mainwindow]\neditorState=2\nlicense=@Variant(\\0)\n");
-    QTest::newRow("too-large") << QByteArray("[mainwindow]\neditorState=2\n") +
-                                      QByteArray(17 * 1024 * 1024, ';');
-    QTest::newRow("directory") << QByteArray();
+    row("binary", QByteArray("\177ELF\0\1\2[mainwindow]\neditorState=2\n", 34));
+    row("object", QByteArray("[mainwindow]\neditorState=2\nlicense=@Variant(\\0)\n"));
+    row("too-large",
+        QByteArray("[mainwindow]\neditorState=2\n") + QByteArray(17 * 1024 * 1024, ';'));
+    row("directory", QByteArray());
 }
 
 void WindowSettingsTest::damagedFilesAreKeptAside()

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/mainwindow/windowfixture.h"
+#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 
 #include <QDockWidget>
@@ -256,13 +257,7 @@ void TestWindowTables::onlyActionsWithoutAFunctionAreDisabled()
 
 void TestWindowTables::menusHoldTheirActionsInOrder()
 {
-    QCOMPARE(textsOf(window().menuBar()), QStringList() << "&File"
-                                                        << "&Edit"
-                                                        << "&History"
-                                                        << "&Command"
-                                                        << "&View"
-                                                        << "|"
-                                                        << "&Help");
+    QCOMPARE(textsOf(window().menuBar()), words("&File &Edit &History &Command &View | &Help"));
     QList<QStringList> contents;
     for (const QAction *action : window().menuBar()->actions()) {
         if (!action->menu())
@@ -345,14 +340,8 @@ void TestWindowTables::extraShortcutsBelongToTheWindow()
         QCOMPARE(shortcut->context(), Qt::WindowShortcut);
         keys << shortcut->key().toString(QKeySequence::PortableText);
     }
-    QCOMPARE(keys, QStringList() << "Ctrl+T"
-                                 << "Ctrl+Shift+W"
-                                 << "Ctrl+Return"
-                                 << "Ctrl+Enter"
-                                 << "Ctrl+Alt+Return"
-                                 << "Ctrl+Alt+Enter"
-                                 << "Ctrl+Shift+Return"
-                                 << "Ctrl+Shift+Enter");
+    QCOMPARE(keys, words("Ctrl+T Ctrl+Shift+W Ctrl+Return Ctrl+Enter Ctrl+Alt+Return "
+                         "Ctrl+Alt+Enter Ctrl+Shift+Return Ctrl+Shift+Enter"));
 }
 
 // Keys that two things answer to do neither.

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "output/outputmarks.h"
+#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 
 #include <QTextDocument>
@@ -47,32 +48,25 @@ private slots:
 
 void OutputMarksTest::marksMessages_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("start");
-    QTest::addColumn<int>("end");
-    QTest::addColumn<QString>("marks");
+    columns<QString, int, int, QString>("text", "start", "end", "marks");
 
-    QTest::newRow("closed") << "// Error: a //\nb" << 0 << 16 << "E0-15";
-    QTest::newRow("blank-before-the-break") << "// Error: a // \nb" << 0 << 17 << "E0-16";
-    QTest::newRow("two-blanks-do-not-close") << "// Error: a //  \nb" << 0 << 18 << "E0-18";
-    QTest::newRow("python-form") << "# Warning: a # \n# Result: b #\n" << 0 << 30 << "W0-16 R16-30";
-    QTest::newRow("python-form-not-closed-by-slashes") << "# Error: a //\nb" << 0 << 15 << "E0-15";
-    QTest::newRow("several-lines") << "x\n// Error: a\nb\nc //\nd" << 0 << 22 << "E2-21";
-    QTest::newRow("errors-before-results") << "// Result: 1 //\n// Error: a //\n"
-                                           << 0 << 31 << "E16-31 R0-16";
-    QTest::newRow("inside-a-line") << "x // Error: a //\n" << 0 << 17 << "";
-    QTest::newRow("inside-a-line-hides-the-next")
-        << "x // Error: a\n// Error: b //\n// Error: c //\n"
-        << 0 << 44 << "E29-44";
-    QTest::newRow("closing-at-the-last-line-without-break")
-        << "// Error: a //" << 0 << 14 << "E0-14";
-    QTest::newRow("unclosed-to-the-region-end") << "// Error: a\nb\nc\n" << 0 << 13 << "E0-13";
-    QTest::newRow("closed-behind-the-region-end") << "// Error: a\nb\nc //\nd" << 0 << 5 << "E0-19";
-    QTest::newRow("begins-before-the-region") << "// Error: a\n// Error: b //\n"
-                                              << 3 << 20 << "E12-27";
-    QTest::newRow("begins-at-the-region-end") << "a\n// Error: b //\n" << 0 << 2 << "";
-    QTest::newRow("other-case") << "// error: a //\n" << 0 << 15 << "";
-    QTest::newRow("empty-message") << "// Error: //\n" << 0 << 13 << "E0-13";
+    row("closed", "// Error: a //\nb", 0, 16, "E0-15");
+    row("blank-before-the-break", "// Error: a // \nb", 0, 17, "E0-16");
+    row("two-blanks-do-not-close", "// Error: a //  \nb", 0, 18, "E0-18");
+    row("python-form", "# Warning: a # \n# Result: b #\n", 0, 30, "W0-16 R16-30");
+    row("python-form-not-closed-by-slashes", "# Error: a //\nb", 0, 15, "E0-15");
+    row("several-lines", "x\n// Error: a\nb\nc //\nd", 0, 22, "E2-21");
+    row("errors-before-results", "// Result: 1 //\n// Error: a //\n", 0, 31, "E16-31 R0-16");
+    row("inside-a-line", "x // Error: a //\n", 0, 17, "");
+    row("inside-a-line-hides-the-next", "x // Error: a\n// Error: b //\n// Error: c //\n", 0, 44,
+        "E29-44");
+    row("closing-at-the-last-line-without-break", "// Error: a //", 0, 14, "E0-14");
+    row("unclosed-to-the-region-end", "// Error: a\nb\nc\n", 0, 13, "E0-13");
+    row("closed-behind-the-region-end", "// Error: a\nb\nc //\nd", 0, 5, "E0-19");
+    row("begins-before-the-region", "// Error: a\n// Error: b //\n", 3, 20, "E12-27");
+    row("begins-at-the-region-end", "a\n// Error: b //\n", 0, 2, "");
+    row("other-case", "// error: a //\n", 0, 15, "");
+    row("empty-message", "// Error: //\n", 0, 13, "E0-13");
 }
 
 void OutputMarksTest::marksMessages()
@@ -86,30 +80,17 @@ void OutputMarksTest::marksMessages()
 
 void OutputMarksTest::marksWholeWords_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("word");
-    QTest::addColumn<int>("start");
-    QTest::addColumn<int>("end");
-    QTest::addColumn<QString>("marks");
+    columns<QString, QString, int, int, QString>("text", "word", "start", "end", "marks");
 
-    QTest::newRow("whole-words-only") << "ball ball1 my_ball (ball)"
-                                      << "ball" << 0 << 25 << "m0-4 m20-24";
-    QTest::newRow("case-matters") << "Ball ball"
-                                  << "ball" << 0 << 9 << "m5-9";
-    QTest::newRow("hyphen") << "a-b a-b-c xa-b"
-                            << "a-b" << 0 << 14 << "m0-3 m4-7";
-    QTest::newRow("umlaut-is-a-letter")
-        << QString::fromUtf8("ball\xc3\xa4 ball") << "ball" << 0 << 10 << "m6-10";
-    QTest::newRow("two-words") << "a b a b"
-                               << "a b" << 0 << 7 << "";
-    QTest::newRow("over-two-lines")
-        << "a\na" << QString(QChar(QChar::ParagraphSeparator)) << 0 << 3 << "";
-    QTest::newRow("empty") << "a"
-                           << "" << 0 << 1 << "";
-    QTest::newRow("region-end-included") << "a a a"
-                                         << "a" << 1 << 4 << "m2-3 m4-5";
-    QTest::newRow("overlapping-tries") << "aaa aa"
-                                       << "aa" << 0 << 6 << "m4-6";
+    row("whole-words-only", "ball ball1 my_ball (ball)", "ball", 0, 25, "m0-4 m20-24");
+    row("case-matters", "Ball ball", "ball", 0, 9, "m5-9");
+    row("hyphen", "a-b a-b-c xa-b", "a-b", 0, 14, "m0-3 m4-7");
+    row("umlaut-is-a-letter", QString::fromUtf8("ball\xc3\xa4 ball"), "ball", 0, 10, "m6-10");
+    row("two-words", "a b a b", "a b", 0, 7, "");
+    row("over-two-lines", "a\na", QString(QChar(QChar::ParagraphSeparator)), 0, 3, "");
+    row("empty", "a", "", 0, 1, "");
+    row("region-end-included", "a a a", "a", 1, 4, "m2-3 m4-5");
+    row("overlapping-tries", "aaa aa", "aa", 0, 6, "m4-6");
 }
 
 void OutputMarksTest::marksWholeWords()

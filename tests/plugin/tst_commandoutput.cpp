@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "plugin/commandoutput.h"
+#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 
 class CommandOutputTest : public QObject
@@ -13,32 +14,19 @@ private slots:
 
 void CommandOutputTest::messagesAreFormattedByKind_data()
 {
-    QTest::addColumn<int>("kind");
-    QTest::addColumn<QString>("message");
-    QTest::addColumn<QString>("shown");
+    columns<int, QString, QString>("kind", "message", "shown");
 
-    QTest::newRow("history") << 0 << "ls;\n"
-                             << "ls;\n";
-    QTest::newRow("display") << 1 << "text"
-                             << "text";
-    QTest::newRow("info") << 2 << "saved"
-                          << "// saved //\n";
-    QTest::newRow("warning") << 3 << "careful"
-                             << "// Warning: careful //\n";
-    QTest::newRow("error") << 4 << "line 1: No Lights"
-                           << "// Error: line 1: No Lights //\n";
-    QTest::newRow("result") << 5 << "3"
-                            << "// Result: 3 //\n";
-    QTest::newRow("stack-trace") << 6 << "Start of trace:"
-                                 << "";
-    QTest::newRow("unknown-kind") << 99 << "text"
-                                  << "text";
-    QTest::newRow("line-break-at-the-end-is-kept") << 4 << "a\n"
-                                                   << "// Error: a\n //\n";
-    QTest::newRow("empty-result") << 5 << ""
-                                  << "// Result:  //\n";
-    QTest::newRow("empty-display") << 1 << ""
-                                   << "";
+    row("history", 0, "ls;\n", "ls;\n");
+    row("display", 1, "text", "text");
+    row("info", 2, "saved", "// saved //\n");
+    row("warning", 3, "careful", "// Warning: careful //\n");
+    row("error", 4, "line 1: No Lights", "// Error: line 1: No Lights //\n");
+    row("result", 5, "3", "// Result: 3 //\n");
+    row("stack-trace", 6, "Start of trace:", "");
+    row("unknown-kind", 99, "text", "text");
+    row("line-break-at-the-end-is-kept", 4, "a\n", "// Error: a\n //\n");
+    row("empty-result", 5, "", "// Result:  //\n");
+    row("empty-display", 1, "", "");
 }
 
 void CommandOutputTest::messagesAreFormattedByKind()

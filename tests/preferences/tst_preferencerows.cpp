@@ -2,6 +2,7 @@
 #include "preferences/modulenames.h"
 #include "preferences/preferencerows.h"
 #include "tests/preferences/othervalue.h"
+#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 
 namespace {
@@ -32,12 +33,8 @@ private slots:
 void PreferenceRowsTest::everyPreferenceOfTheUserHasOneRow()
 {
     // The menus switch these, and the outline its own order; the last is internal.
-    QStringList keys = QStringList() << "showTabsAndSpaces"
-                                     << "showEndOfLine"
-                                     << "wordWrapEnabled"
-                                     << "suppressStackWindow"
-                                     << "sort"
-                                     << "defaultStateInitialized";
+    QStringList keys = words("showTabsAndSpaces showEndOfLine wordWrapEnabled suppressStackWindow "
+                             "sort defaultStateInitialized");
     for (const PreferenceRow *row : allRows())
         keys << row->key;
     QStringList listed;
@@ -90,25 +87,13 @@ void PreferenceRowsTest::copyingAPageLeavesTheOthers()
 
 void PreferenceRowsTest::moduleNames_data()
 {
-    QTest::addColumn<QString>("list");
-    QTest::addColumn<QString>("good");
-    QTest::addColumn<QString>("bad");
+    columns<QString, QString, QString>("list", "good", "bad");
 
-    QTest::newRow("empty") << ""
-                           << ""
-                           << "";
-    QTest::newRow("blanks-around") << " os ;; maya.cmds; "
-                                   << "os,maya.cmds"
-                                   << "";
-    QTest::newRow("digit-first") << "a1;1a;a.1b"
-                                 << "a1"
-                                 << "1a,a.1b";
-    QTest::newRow("lost-dots") << ".a;a.;a..b;."
-                               << ""
-                               << ".a,a.,a..b,.";
-    QTest::newRow("comma-list") << "os, sys;_x"
-                                << "_x"
-                                << "os, sys";
+    row("empty", "", "", "");
+    row("blanks-around", " os ;; maya.cmds; ", "os,maya.cmds", "");
+    row("digit-first", "a1;1a;a.1b", "a1", "1a,a.1b");
+    row("lost-dots", ".a;a.;a..b;.", "", ".a,a.,a..b,.");
+    row("comma-list", "os, sys;_x", "_x", "os, sys");
     QTest::newRow("letters-of-any-script") << QString::fromUtf8("\xc3\xa4rger") //
                                            << QString::fromUtf8("\xc3\xa4rger") << "";
 }

@@ -9,6 +9,7 @@
 #include "workspace/edcodeview.h"
 #include "workspace/scriptdetails.h"
 #include "editor/edcodeedit.h"
+#include "tests/support/datatable.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -72,14 +73,13 @@ QStringList TestEdCentralWidget::bufferFiles() const
 
 void TestEdCentralWidget::theSuffixDecidesTheLanguage_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<int>("language");
+    columns<QString, int>("name", "language");
 
-    QTest::newRow("mel") << "a.mel" << 2;
-    QTest::newRow("py") << "a.py" << 1;
-    QTest::newRow("pyw") << "a.b.pyw" << 1;
-    QTest::newRow("upper-case-is-text") << "a.MEL" << 0;
-    QTest::newRow("no-suffix") << "mel" << 0;
+    row("mel", "a.mel", 2);
+    row("py", "a.py", 1);
+    row("pyw", "a.b.pyw", 1);
+    row("upper-case-is-text", "a.MEL", 0);
+    row("no-suffix", "mel", 0);
 }
 
 void TestEdCentralWidget::theSuffixDecidesTheLanguage()
@@ -94,14 +94,12 @@ void TestEdCentralWidget::theSuffixDecidesTheLanguage()
 
 void TestEdCentralWidget::changesAreNeverLostUnasked_data()
 {
-    QTest::addColumn<QString>("button");
-    QTest::addColumn<bool>("closed");
-    QTest::addColumn<QString>("file");
+    columns<QString, bool, QString>("button", "closed", "file");
 
-    QTest::newRow("save") << "Yes" << true << "new old";
-    QTest::newRow("discard") << "No" << true << "old";
-    QTest::newRow("cancel") << "Cancel" << false << "old";
-    QTest::newRow("escape") << "(no such button)" << false << "old";
+    row("save", "Yes", true, "new old");
+    row("discard", "No", true, "old");
+    row("cancel", "Cancel", false, "old");
+    row("escape", "(no such button)", false, "old");
 }
 
 void TestEdCentralWidget::changesAreNeverLostUnasked()
@@ -309,17 +307,13 @@ void TestEdCentralWidget::doubleClickOnNothingAsksForABuffer()
 
 void TestEdCentralWidget::closingABufferDeletesIt_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<bool>("confirm");
-    QTest::addColumn<QString>("button");
-    QTest::addColumn<bool>("asked");
-    QTest::addColumn<bool>("closed");
+    columns<QString, bool, QString, bool, bool>("text", "confirm", "button", "asked", "closed");
 
-    QTest::newRow("yes") << "x" << true << "Yes" << true << true;
-    QTest::newRow("no") << "x" << true << "No" << true << false;
-    QTest::newRow("escape") << "x" << true << "(no such button)" << true << false;
-    QTest::newRow("not-wanted") << "x" << false << "No" << false << true;
-    QTest::newRow("empty") << "" << true << "No" << false << true;
+    row("yes", "x", true, "Yes", true, true);
+    row("no", "x", true, "No", true, false);
+    row("escape", "x", true, "(no such button)", true, false);
+    row("not-wanted", "x", false, "No", false, true);
+    row("empty", "", true, "No", false, true);
 }
 
 void TestEdCentralWidget::closingABufferDeletesIt()

@@ -9,6 +9,7 @@
 #include "workspace/edcodetabwidget.h"
 #include "workspace/edcodeview.h"
 #include "editor/edcodeedit.h"
+#include "tests/support/datatable.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -51,24 +52,20 @@ void TestEdCentralWidgetState::init()
 void TestEdCentralWidgetState::restoringOpensWhatWasCurrent_data()
 {
     QTest::addColumn<QStringList>("entries"); // "%" is the directory
-    QTest::addColumn<int>("activeView");
-    QTest::addColumn<int>("indexA");
-    QTest::addColumn<int>("indexB");
-    QTest::addColumn<QString>("opened");
-    QTest::addColumn<int>("cursor");
+    columns<int, int, int, QString, int>("activeView", "indexA", "indexB", "opened", "cursor");
 
     const QString a = "0,%/a.mel,2,0,0";
     const QString b = "0,%/b.py,9999,9999,0";
     const QString c = "1,%/c.txt,-7,-7,1,A label";
     const QStringList all = QStringList() << a << b << c;
-    QTest::newRow("first") << all << 0 << 0 << 0 << "a" << 2;
-    QTest::newRow("second") << all << 0 << 1 << 0 << "b" << 3;
-    QTest::newRow("other-pane") << all << 1 << 0 << 0 << "c" << 0;
-    QTest::newRow("single-pane-list") << all << 1 << -1 << 1 << "b" << 3;
-    QTest::newRow("index-too-large") << all << 0 << 99 << 0 << "b" << 3;
-    QTest::newRow("index-too-small") << all << 0 << -9 << 0 << "a" << 2;
-    QTest::newRow("pane-too-large") << all << 7 << 0 << 0 << "a" << 2;
-    QTest::newRow("pane-too-small") << all << -7 << 0 << 0 << "a" << 2;
+    row("first", all, 0, 0, 0, "a", 2);
+    row("second", all, 0, 1, 0, "b", 3);
+    row("other-pane", all, 1, 0, 0, "c", 0);
+    row("single-pane-list", all, 1, -1, 1, "b", 3);
+    row("index-too-large", all, 0, 99, 0, "b", 3);
+    row("index-too-small", all, 0, -9, 0, "a", 2);
+    row("pane-too-large", all, 7, 0, 0, "a", 2);
+    row("pane-too-small", all, -7, 0, 0, "a", 2);
     const QStringList damaged = QStringList() << ""
                                               << "0"
                                               << ",,,,"
@@ -79,14 +76,12 @@ void TestEdCentralWidgetState::restoringOpensWhatWasCurrent_data()
                                               << "0,%/b.py,0,0,1"
                                               << "0,%/b.py,0,0,0x1"
                                               << "0,,0,0,0";
-    QTest::newRow("damaged") << (damaged + QStringList(a)) << 0 << 0 << 0 << "a" << 2;
-    QTest::newRow("file-is-gone") << QStringList("0,%/gone.mel,0,0,0") << 0 << 0 << 0 << "" << 0;
-    QTest::newRow("comma-in-path")
-        << QStringList("0,%/d,1,2.mel,2,0,0") << 0 << 0 << 0 << "d,1,2" << 2;
-    QTest::newRow("comma-in-label")
-        << QStringList("1,%/c.txt,1,0,1,A label, 2,0,1") << 1 << 0 << 0 << "c" << 1;
-    QTest::newRow("number-as-label") << QStringList("1,%/c.txt,1,3,1,0") << 1 << 0 << 0 << "c" << 1;
-    QTest::newRow("nothing") << damaged << 0 << 0 << 0 << "" << 0;
+    row("damaged", (damaged + QStringList(a)), 0, 0, 0, "a", 2);
+    row("file-is-gone", QStringList("0,%/gone.mel,0,0,0"), 0, 0, 0, "", 0);
+    row("comma-in-path", QStringList("0,%/d,1,2.mel,2,0,0"), 0, 0, 0, "d,1,2", 2);
+    row("comma-in-label", QStringList("1,%/c.txt,1,0,1,A label, 2,0,1"), 1, 0, 0, "c", 1);
+    row("number-as-label", QStringList("1,%/c.txt,1,3,1,0"), 1, 0, 0, "c", 1);
+    row("nothing", damaged, 0, 0, 0, "", 0);
 }
 
 void TestEdCentralWidgetState::restoringOpensWhatWasCurrent()

@@ -3,6 +3,7 @@
 
 #include "editor/edcodeedit.h"
 #include "preferences/preferences.h"
+#include "tests/support/datatable.h"
 #include "tests/support/modalanswer.h"
 #include "tests/support/scratchdir.h"
 #include "tests/support/testmain.h"
@@ -280,8 +281,7 @@ void TestEdCodeTabWidget::openFilesAreFound()
 
 void TestEdCodeTabWidget::closingAsks_data()
 {
-    QTest::addColumn<bool>("isBuffer");
-    QTest::addColumn<QString>("typed");
+    columns<bool, QString>("isBuffer", "typed");
     QTest::addColumn<bool>("confirms"); // that buffers are closed
     QTest::addColumn<QString>("answer");
     QTest::addColumn<QString>("question"); // empty: not asked
@@ -289,19 +289,16 @@ void TestEdCodeTabWidget::closingAsks_data()
 
     const QString lost = "Delete buffer 'buffer'?\n\nUnsaved contents will be lost.";
     const QString save = "'a.mel' has been modified. Save changes?";
-    QTest::newRow("empty-buffer") << true << "" << true << ""
-                                  << "" << true;
-    QTest::newRow("buffer-yes") << true << "x" << true << "Yes" << lost << true;
-    QTest::newRow("buffer-no") << true << "x" << true << "No" << lost << false;
-    QTest::newRow("buffer-escape") << true << "x" << true << "(none)" << lost << false;
-    QTest::newRow("buffer-unasked") << true << "x" << false << ""
-                                    << "" << true;
-    QTest::newRow("file") << false << "" << true << ""
-                          << "" << true;
-    QTest::newRow("file-yes") << false << "x" << false << "Yes" << save << true;
-    QTest::newRow("file-no") << false << "x" << true << "No" << save << true;
-    QTest::newRow("file-cancel") << false << "x" << true << "Cancel" << save << false;
-    QTest::newRow("file-escape") << false << "x" << true << "(none)" << save << false;
+    row("empty-buffer", true, "", true, "", "", true);
+    row("buffer-yes", true, "x", true, "Yes", lost, true);
+    row("buffer-no", true, "x", true, "No", lost, false);
+    row("buffer-escape", true, "x", true, "(none)", lost, false);
+    row("buffer-unasked", true, "x", false, "", "", true);
+    row("file", false, "", true, "", "", true);
+    row("file-yes", false, "x", false, "Yes", save, true);
+    row("file-no", false, "x", true, "No", save, true);
+    row("file-cancel", false, "x", true, "Cancel", save, false);
+    row("file-escape", false, "x", true, "(none)", save, false);
 }
 
 void TestEdCodeTabWidget::closingAsks()
@@ -359,7 +356,7 @@ void TestEdCodeTabWidget::boxesMayGoWithTheirPane_data()
     QTest::addColumn<int>("command");
 
     for (const BoxCommand &command : boxCommands)
-        QTest::newRow(command.name) << int(&command - boxCommands);
+        row(command.name, int(&command - boxCommands));
 }
 
 // As when the host quits meanwhile.
@@ -512,9 +509,9 @@ void TestEdCodeTabWidget::theFocusIsAlwaysWhereOneCanType_data()
 {
     QTest::addColumn<int>("reason");
 
-    QTest::newRow("beside-the-tabs") << int(Qt::MouseFocusReason);
-    QTest::newRow("tab-key") << int(Qt::TabFocusReason);
-    QTest::newRow("backtab-key") << int(Qt::BacktabFocusReason);
+    row("beside-the-tabs", int(Qt::MouseFocusReason));
+    row("tab-key", int(Qt::TabFocusReason));
+    row("backtab-key", int(Qt::BacktabFocusReason));
 }
 
 void TestEdCodeTabWidget::theFocusIsAlwaysWhereOneCanType()
@@ -625,28 +622,17 @@ void TestEdCodeTabWidget::plainEntriesAreTakenAsTheyStand_data()
     QTest::addColumn<QString>("entry");
     QTest::addColumn<QString>("tabs"); // afterwards
 
-    QTest::newRow("file") << "0,%1,2,0,0"
-                          << "buffer [a.mel]";
-    QTest::newRow("pane-not-read") << "x,%1,2,0,0"
-                                   << "buffer [a.mel]";
-    QTest::newRow("further-fields") << "0,%1,2,0,0,label,more"
-                                    << "buffer [a.mel]";
-    QTest::newRow("buffer-anywhere") << "0,%1,2,0,7,label,more"
-                                     << "buffer [label]";
-    QTest::newRow("empty-label") << "0,%1,2,0,1,"
-                                 << "buffer []";
-    QTest::newRow("nothing") << ""
-                             << "[buffer]";
-    QTest::newRow("too-short") << "0,%1,2,0"
-                               << "[buffer]";
-    QTest::newRow("no-label") << "0,%1,2,0,1"
-                              << "[buffer]";
-    QTest::newRow("no-caret") << "0,%1,,0,0"
-                              << "[buffer]";
-    QTest::newRow("bad-scrolling") << "0,%1,2,x,0"
-                                   << "[buffer]";
-    QTest::newRow("bad-kind") << "0,%1,2,0,x"
-                              << "[buffer]";
+    row("file", "0,%1,2,0,0", "buffer [a.mel]");
+    row("pane-not-read", "x,%1,2,0,0", "buffer [a.mel]");
+    row("further-fields", "0,%1,2,0,0,label,more", "buffer [a.mel]");
+    row("buffer-anywhere", "0,%1,2,0,7,label,more", "buffer [label]");
+    row("empty-label", "0,%1,2,0,1,", "buffer []");
+    row("nothing", "", "[buffer]");
+    row("too-short", "0,%1,2,0", "[buffer]");
+    row("no-label", "0,%1,2,0,1", "[buffer]");
+    row("no-caret", "0,%1,,0,0", "[buffer]");
+    row("bad-scrolling", "0,%1,2,x,0", "[buffer]");
+    row("bad-kind", "0,%1,2,0,x", "[buffer]");
 }
 
 void TestEdCodeTabWidget::plainEntriesAreTakenAsTheyStand()

@@ -3,6 +3,7 @@
 
 #include "editor/edcodeedit.h"
 #include "preferences/preferences.h"
+#include "tests/support/datatable.h"
 #include "tests/support/modalanswer.h"
 #include "tests/support/scratchdir.h"
 #include "tests/support/testmain.h"
@@ -78,13 +79,12 @@ EdCodeView *TestEdCodeView::newFile(const char *name, const QByteArray &bytes)
 
 void TestEdCodeView::newBuffersHaveAFile_data()
 {
-    QTest::addColumn<int>("language");
-    QTest::addColumn<QString>("name");
+    columns<int, QString>("language", "name");
 
-    QTest::newRow("text") << int(EdCodeView::Text) << "corvaneEditorBuffer-0.txt";
-    QTest::newRow("python") << int(EdCodeView::Python) << "corvaneEditorBuffer-0.py";
-    QTest::newRow("mel") << int(EdCodeView::Mel) << "corvaneEditorBuffer-0.mel";
-    QTest::newRow("unknown") << 7 << "corvaneEditorBuffer-0.txt";
+    row("text", int(EdCodeView::Text), "corvaneEditorBuffer-0.txt");
+    row("python", int(EdCodeView::Python), "corvaneEditorBuffer-0.py");
+    row("mel", int(EdCodeView::Mel), "corvaneEditorBuffer-0.mel");
+    row("unknown", 7, "corvaneEditorBuffer-0.txt");
 }
 
 void TestEdCodeView::newBuffersHaveAFile()
@@ -184,15 +184,11 @@ void TestEdCodeView::writingIsAlwaysReported()
 
 void TestEdCodeView::failedWritesChangeNothing_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("target");
-    QTest::addColumn<QString>("reason");
+    columns<QString, QString, QString>("text", "target", "reason");
 
-    QTest::newRow("folder") << "new"
-                            << "folder"
-                            << "This is not a regular file";
-    QTest::newRow("half-character") << QString(QChar(0xD83D)) << "b.mel"
-                                    << "Line 1 has the character U+D83D, which is not in UTF-8";
+    row("folder", "new", "folder", "This is not a regular file");
+    row("half-character", QString(QChar(0xD83D)), "b.mel",
+        "Line 1 has the character U+D83D, which is not in UTF-8");
 }
 
 void TestEdCodeView::failedWritesChangeNothing()
@@ -376,8 +372,7 @@ void TestEdCodeView::languagesBringTheirIndentation()
 
 void TestEdCodeView::signalsOfTheEditorAreRelayed_data()
 {
-    QTest::addColumn<QByteArray>("emitted");
-    QTest::addColumn<QByteArray>("relayed");
+    columns<QByteArray, QByteArray>("emitted", "relayed");
 
     const char *pairs[][2] = {{"gainedFocus()", "gainedFocus()"},
                               {"overwriteModeChanged()", "overwriteModeChanged()"},
@@ -388,7 +383,7 @@ void TestEdCodeView::signalsOfTheEditorAreRelayed_data()
                               {"previousTabSelected()", "previousTabSelected()"},
                               {"nextTabSelected()", "nextTabSelected()"}};
     for (const auto &pair : pairs)
-        QTest::newRow(pair[0]) << QByteArray(pair[0]) << QByteArray(pair[1]);
+        row(pair[0], QByteArray(pair[0]), QByteArray(pair[1]));
 }
 
 void TestEdCodeView::signalsOfTheEditorAreRelayed()

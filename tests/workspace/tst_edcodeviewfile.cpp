@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "editor/edcodeedit.h"
+#include "tests/support/datatable.h"
 #include "tests/support/modalanswer.h"
 #include "tests/support/scratchdir.h"
 #include "tests/support/testmain.h"
@@ -141,21 +142,17 @@ void TestEdCodeViewFile::reloadingIsOneEdit()
 
 void TestEdCodeViewFile::reloadingKeepsCaretAndScrollPosition_data()
 {
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("selected");
-    QTest::addColumn<int>("caretLine");
-    QTest::addColumn<int>("topLine");
+    columns<QByteArray, QString, int, int>("bytes", "selected", "caretLine", "topLine");
 
     // Line 100 is at the top; "100" to "10" in line 102 is selected, backwards.
     const QString selected =
         QString("100") + QChar(0x2029) + "line 101" + QChar(0x2029) + "line 10";
-    QTest::newRow("below") << numberedLines(1, 200) + "new" << selected << 100 << 100;
-    QTest::newRow("lines-come-above") << "x\ny\n" + numberedLines(1, 300) << selected << 102 << 102;
-    QTest::newRow("lines-go-above") << numberedLines(11, 300) << selected << 90 << 90;
-    QTest::newRow("all-others") << QByteArray("other\n").repeated(300)
-                                << QString(QChar(0x2029)) + "other" + QChar(0x2029) + "other" << 100
-                                << 100;
-    QTest::newRow("short") << QByteArray("ab") << QString() << 1 << 1;
+    row("below", numberedLines(1, 200) + "new", selected, 100, 100);
+    row("lines-come-above", "x\ny\n" + numberedLines(1, 300), selected, 102, 102);
+    row("lines-go-above", numberedLines(11, 300), selected, 90, 90);
+    row("all-others", QByteArray("other\n").repeated(300),
+        QString(QChar(0x2029)) + "other" + QChar(0x2029) + "other", 100, 100);
+    row("short", QByteArray("ab"), QString(), 1, 1);
 }
 
 void TestEdCodeViewFile::reloadingKeepsCaretAndScrollPosition()

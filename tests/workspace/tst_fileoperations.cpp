@@ -2,6 +2,7 @@
 #include "workspace/fileoperations.h"
 
 #include "compat/filesystem.h"
+#include "tests/support/datatable.h"
 #include "tests/support/ordinaryuser.h"
 #include "tests/support/scratchdir.h"
 #include "tests/support/skip.h"
@@ -36,13 +37,13 @@ private slots:
 void TestFileOperations::namesAreNoPaths_data()
 {
     QTest::addColumn<QString>("name");
-    QTest::newRow("nothing") << "";
-    QTest::newRow("blanks") << "  ";
-    QTest::newRow("same-folder") << ".";
-    QTest::newRow("parent") << "..";
-    QTest::newRow("inner") << "inner/x.py";
-    QTest::newRow("outer") << "../x.py";
-    QTest::newRow("of-windows") << "inner\\x.py";
+    row("nothing", "");
+    row("blanks", "  ");
+    row("same-folder", ".");
+    row("parent", "..");
+    row("inner", "inner/x.py");
+    row("outer", "../x.py");
+    row("of-windows", "inner\\x.py");
 }
 
 void TestFileOperations::namesAreNoPaths()
@@ -62,27 +63,13 @@ void TestFileOperations::namesAreNoPaths()
 
 void TestFileOperations::copiesTakeFreeNames_data()
 {
-    QTest::addColumn<QString>("taken");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("free") << "b.py"
-                          << "a.py"
-                          << "a.py";
-    QTest::newRow("taken") << "a.py"
-                           << "a.py"
-                           << "a copy.py";
-    QTest::newRow("twice") << "a.py|a copy.py"
-                           << "a.py"
-                           << "a copy 2.py";
-    QTest::newRow("no-suffix") << "a"
-                               << "a"
-                               << "a copy";
-    QTest::newRow("two-dots") << "a.b.py"
-                              << "a.b.py"
-                              << "a.b copy.py";
-    QTest::newRow("all-suffix") << ".a"
-                                << ".a"
-                                << ".a copy";
+    columns<QString, QString, QString>("taken", "name", "expected");
+    row("free", "b.py", "a.py", "a.py");
+    row("taken", "a.py", "a.py", "a copy.py");
+    row("twice", "a.py|a copy.py", "a.py", "a copy 2.py");
+    row("no-suffix", "a", "a", "a copy");
+    row("two-dots", "a.b.py", "a.b.py", "a.b copy.py");
+    row("all-suffix", ".a", ".a", ".a copy");
 }
 
 void TestFileOperations::copiesTakeFreeNames()

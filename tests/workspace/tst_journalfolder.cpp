@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/datatable.h"
 #include "workspace/journalfolder.h"
 
 #include "tests/support/scratchdir.h"
@@ -227,13 +228,8 @@ void TestJournalFolder::tabsAreThoseOfTheLatest_data()
     QTest::addColumn<QStringList>("expected");
 
     // What only older settings tell of was closed since.
-    QTest::newRow("settings-first") << 3600
-                                    << (QStringList() << "/a.mel"
-                                                      << "/b.mel");
-    QTest::newRow("settings-last") << -3600
-                                   << (QStringList() << "/b.mel"
-                                                     << "/c.mel"
-                                                     << "/a.mel");
+    row("settings-first", 3600, words("/a.mel /b.mel"));
+    row("settings-last", -3600, words("/b.mel /c.mel /a.mel"));
 }
 
 void TestJournalFolder::tabsAreThoseOfTheLatest()
@@ -243,12 +239,10 @@ void TestJournalFolder::tabsAreThoseOfTheLatest()
     {
         JournalFolder folder(m_dir->path());
         folder.storeTabs(stateOf(QStringList() << "/b.mel"));
-        folder.storeTabs(stateOf(QStringList() << "/a.mel"
-                                               << "/b.mel"));
+        folder.storeTabs(stateOf(words("/a.mel /b.mel")));
     }
     JournalFolder folder(m_dir->path());
-    const WorkspaceState settings = stateOf(QStringList() << "/b.mel"
-                                                          << "/c.mel");
+    const WorkspaceState settings = stateOf(words("/b.mel /c.mel"));
     const QDateTime storedAt = QDateTime::currentDateTime().addSecs(-settingsAge);
     QCOMPARE(filesOf(folder.tabsToRestore(settings, storedAt)), expected);
     QCOMPARE(folder.tabsToRestore(settings, storedAt).indexA, 0);

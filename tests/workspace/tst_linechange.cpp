@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/datatable.h"
 #include "workspace/linechange.h"
 
 #include "tests/support/testmain.h"
@@ -42,54 +43,18 @@ void TestLineChange::onlyLinesThatDifferChange_data()
     QTest::addColumn<QString>("lines"); // first, removed, added
     QTest::addColumn<QString>("kept");
 
-    QTest::newRow("equal") << "abc"
-                           << "abc"
-                           << "3 0 0"
-                           << "abc";
-    QTest::newRow("one-line") << "abcd"
-                              << "abxd"
-                              << "2 1 1"
-                              << "abd";
-    QTest::newRow("more-lines") << "abcd"
-                                << "axyzcd"
-                                << "1 1 3"
-                                << "acd";
-    QTest::newRow("fewer-lines") << "abcde"
-                                 << "axe"
-                                 << "1 3 1"
-                                 << "ae";
-    QTest::newRow("new-at-start") << "ab"
-                                  << "xyab"
-                                  << "0 0 2"
-                                  << "b";
-    QTest::newRow("new-inside") << "ab"
-                                << "axyb"
-                                << "1 0 2"
-                                << "ab";
-    QTest::newRow("new-at-end") << "ab"
-                                << "abxy"
-                                << "2 0 2"
-                                << "ab";
-    QTest::newRow("gone-at-start") << "abcd"
-                                   << "cd"
-                                   << "0 2 0"
-                                   << "cd";
-    QTest::newRow("gone-inside") << "abcd"
-                                 << "ad"
-                                 << "1 2 0"
-                                 << "ad";
-    QTest::newRow("gone-at-end") << "abcd"
-                                 << "ab"
-                                 << "2 2 0"
-                                 << "ab";
-    QTest::newRow("repeated-line") << "aaa"
-                                   << "aa"
-                                   << "2 1 0"
-                                   << "aa";
-    QTest::newRow("nothing-in-common") << "ab"
-                                       << "xyz"
-                                       << "0 2 3"
-                                       << "";
+    row("equal", "abc", "abc", "3 0 0", "abc");
+    row("one-line", "abcd", "abxd", "2 1 1", "abd");
+    row("more-lines", "abcd", "axyzcd", "1 1 3", "acd");
+    row("fewer-lines", "abcde", "axe", "1 3 1", "ae");
+    row("new-at-start", "ab", "xyab", "0 0 2", "b");
+    row("new-inside", "ab", "axyb", "1 0 2", "ab");
+    row("new-at-end", "ab", "abxy", "2 0 2", "ab");
+    row("gone-at-start", "abcd", "cd", "0 2 0", "cd");
+    row("gone-inside", "abcd", "ad", "1 2 0", "ad");
+    row("gone-at-end", "abcd", "ab", "2 2 0", "ab");
+    row("repeated-line", "aaa", "aa", "2 1 0", "aa");
+    row("nothing-in-common", "ab", "xyz", "0 2 3", "");
 }
 
 void TestLineChange::onlyLinesThatDifferChange()

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/datatable.h"
 #include "workspace/linediff.h"
 
 #include "tests/support/testmain.h"
@@ -101,25 +102,13 @@ void TestLineDiff::farApartTextsAreTakenWhole()
 
 void TestLineDiff::contextIsKept_data()
 {
-    QTest::addColumn<QString>("before");
-    QTest::addColumn<QString>("after");
-    QTest::addColumn<QString>("expected");
+    columns<QString, QString, QString>("before", "after", "expected");
 
-    QTest::newRow("equal") << "a b"
-                           << "a b"
-                           << "...2 unchanged lines";
-    QTest::newRow("empty") << ""
-                           << "a"
-                           << "+a";
-    QTest::newRow("middle") << "a b c d e"
-                            << "a b x d e"
-                            << "...1 unchanged lines b -c +x d ...1 unchanged lines";
-    QTest::newRow("near") << "a b c d"
-                          << "x b c y"
-                          << "-a +x b c -d +y";
-    QTest::newRow("end") << "a b c"
-                         << "a b"
-                         << "...1 unchanged lines b -c";
+    row("equal", "a b", "a b", "...2 unchanged lines");
+    row("empty", "", "a", "+a");
+    row("middle", "a b c d e", "a b x d e", "...1 unchanged lines b -c +x d ...1 unchanged lines");
+    row("near", "a b c d", "x b c y", "-a +x b c -d +y");
+    row("end", "a b c", "a b", "...1 unchanged lines b -c");
 }
 
 void TestLineDiff::contextIsKept()

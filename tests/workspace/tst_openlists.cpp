@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/datatable.h"
 #include "tests/support/menuchoice.h"
 #include "tests/support/testmain.h"
 #include "workspace/edbufferview.h"
@@ -82,13 +83,9 @@ void TestOpenLists::listsAreSorted()
     list.addDocument("/z/b.mel");
     list.addDocument("/y/c.mel");
     list.addDocument("/x/a.mel");
-    QCOMPARE(textsOf(list), QStringList() << "a.mel"
-                                          << "b.mel"
-                                          << "c.mel");
+    QCOMPARE(textsOf(list), words("a.mel b.mel c.mel"));
     list.renameDocument("/x/a.mel", "/x/d.mel");
-    QCOMPARE(textsOf(list), QStringList() << "b.mel"
-                                          << "c.mel"
-                                          << "d.mel");
+    QCOMPARE(textsOf(list), words("b.mel c.mel d.mel"));
 }
 
 void TestOpenLists::selectingReportsTheIdentity()
@@ -153,13 +150,11 @@ void TestOpenLists::clickingTheCurrentEntrySelectsItAgain()
 
 void TestOpenLists::theMenuActsOnItsEntry_data()
 {
-    QTest::addColumn<QString>("choice");
-    QTest::addColumn<int>("removed");
-    QTest::addColumn<int>("renamed");
+    columns<QString, int, int>("choice", "removed", "renamed");
 
-    QTest::newRow("close") << "Close" << 1 << 0;
-    QTest::newRow("rename") << "Rename..." << 0 << 1;
-    QTest::newRow("dismissed") << "" << 0 << 0;
+    row("close", "Close", 1, 0);
+    row("rename", "Rename...", 0, 1);
+    row("dismissed", "", 0, 0);
 }
 
 void TestOpenLists::theMenuActsOnItsEntry()
@@ -178,8 +173,7 @@ void TestOpenLists::theMenuActsOnItsEntry()
     list.contextMenu(list.visualItemRect(list.item(1)).center());
     while (QApplication::activePopupWidget())
         QApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    QCOMPARE(menu.entries(), QStringList() << "Close"
-                                           << "Rename...");
+    QCOMPARE(menu.entries(), words("Close Rename..."));
     QCOMPARE(int(removals.size()), removed);
     QCOMPARE(int(renames.size()), renamed);
     for (const QList<QVariant> &arguments : removals + renames)

@@ -2,6 +2,7 @@
 // What other programs do to files that are open.
 #include "editor/edcodeedit.h"
 #include "preferences/preferences.h"
+#include "tests/support/datatable.h"
 #include "tests/support/modalanswer.h"
 #include "tests/support/scratchdir.h"
 #include "tests/support/testmain.h"
@@ -80,15 +81,11 @@ void TestOutsideChanges::replaceFile(const char *name, const QByteArray &bytes)
 
 void TestOutsideChanges::changesAreAskedAboutOnce_data()
 {
-    QTest::addColumn<QString>("button");
-    QTest::addColumn<QString>("text");
+    columns<QString, QString>("button", "text");
 
-    QTest::newRow("yes") << "Yes"
-                         << "one\nTWO\nthree\n";
-    QTest::newRow("no") << "No"
-                        << "one\ntwo\nthree\n";
-    QTest::newRow("escape") << "(no such button)"
-                            << "one\ntwo\nthree\n";
+    row("yes", "Yes", "one\nTWO\nthree\n");
+    row("no", "No", "one\ntwo\nthree\n");
+    row("escape", "(no such button)", "one\ntwo\nthree\n");
 }
 
 void TestOutsideChanges::changesAreAskedAboutOnce()
@@ -171,12 +168,11 @@ void TestOutsideChanges::bothPanesAreChecked()
 
 void TestOutsideChanges::missingFilesMayStay_data()
 {
-    QTest::addColumn<QString>("button");
-    QTest::addColumn<bool>("stays");
+    columns<QString, bool>("button", "stays");
 
-    QTest::newRow("yes") << "Yes" << true;
-    QTest::newRow("escape") << "(no such button)" << true;
-    QTest::newRow("no") << "No" << false;
+    row("yes", "Yes", true);
+    row("escape", "(no such button)", true);
+    row("no", "No", false);
 }
 
 void TestOutsideChanges::missingFilesMayStay()
@@ -242,12 +238,11 @@ void TestOutsideChanges::savingAsksFirst()
 
 void TestOutsideChanges::closingAsksBeforeItWrites_data()
 {
-    QTest::addColumn<QString>("way");
-    QTest::addColumn<QString>("reloads");
+    columns<QString, QString>("way", "reloads");
 
     for (const char *way : {"tab", "command", "pane"}) {
-        QTest::newRow(QByteArray(way).append("-reloads").constData()) << way << "Yes";
-        QTest::newRow(QByteArray(way).append("-overwrites").constData()) << way << "No";
+        row(QByteArray(way).append("-reloads").constData(), way, "Yes");
+        row(QByteArray(way).append("-overwrites").constData(), way, "No");
     }
 }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "standin/host/idlequeue.h"
+#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 
 #include <QCoreApplication>
@@ -55,10 +56,7 @@ void TestIdleQueue::workRunsInOrderWithinAPriority()
     queue.add(noting(ran, "low"), IdlePriority::Low);
     queue.add(noting(ran, "second"));
     QVERIFY(queue.processUntilEmpty());
-    QCOMPARE(ran, QStringList() << "first"
-                                << "second"
-                                << "low"
-                                << "lowest");
+    QCOMPARE(ran, words("first second low lowest"));
 }
 
 void TestIdleQueue::nothingRunsBeforeTheEventLoop()
@@ -81,8 +79,7 @@ void TestIdleQueue::aPassLeavesWhatItAdds()
     });
     queue.add(noting(ran, "after"), IdlePriority::Lowest);
     queue.runPass();
-    QCOMPARE(ran, QStringList() << "adds"
-                                << "after");
+    QCOMPARE(ran, words("adds after"));
     QVERIFY(emptiedByEventLoop(queue));
     QCOMPARE(ran.last(), QString("added"));
 }
@@ -117,8 +114,7 @@ void TestIdleQueue::aNestedEventLoopRunsTheRest()
         queue.add([&] { finished = true; });
     });
     QVERIFY(emptiedByEventLoop(queue));
-    QCOMPARE(ran, QStringList() << "inner"
-                                << "outer");
+    QCOMPARE(ran, words("inner outer"));
 }
 
 void TestIdleQueue::otherThreadsMayAdd()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "standin/host/idlequeue.h"
 #include "tests/standin/host/testsession.h"
+#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 
 #include <maya/MCommandMessage.h>
@@ -34,24 +35,19 @@ private slots:
 
 void TestMessages::executedMelReports_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<bool>("display");
-    QTest::addColumn<QStringList>("expected");
-    QTest::newRow("echo-output-result") << "print \"out\\n\"; $a = 5;" << true
-                                        << (QStringList() << "history: print \"out\\n\"; $a = 5;\n"
-                                                          << "display: out\n"
-                                                          << "result: 5");
-    QTest::newRow("no-value-no-result") << "print \"x\";" << true
-                                        << (QStringList() << "history: print \"x\";\n"
-                                                          << "display: x");
-    QTest::newRow("display-off") << "print \"x\"; $a = 5;" << false
-                                 << (QStringList() << "display: x");
-    QTest::newRow("failing-with-display-off")
-        << "noSuchThing" << false
-        << (QStringList() << "error: line 1: Cannot find procedure \"noSuchThing\".");
-    QTest::newRow("failing-host-command")
-        << "loadPlugin \"missing\"" << false
-        << (QStringList()
+    columns<QString, bool, QStringList>("text", "display", "expected");
+    row("echo-output-result", "print \"out\\n\"; $a = 5;", true,
+        QStringList() << "history: print \"out\\n\"; $a = 5;\n"
+                      << "display: out\n"
+                      << "result: 5");
+    row("no-value-no-result", "print \"x\";", true,
+        QStringList() << "history: print \"x\";\n"
+                      << "display: x");
+    row("display-off", "print \"x\"; $a = 5;", false, QStringList("display: x"));
+    row("failing-with-display-off", "noSuchThing", false,
+        QStringList("error: line 1: Cannot find procedure \"noSuchThing\"."));
+    row("failing-host-command", "loadPlugin \"missing\"", false,
+        QStringList()
             << "error: line 1: Plug-in, \"missing\", was not found on MAYA_PLUG_IN_PATH.");
 }
 

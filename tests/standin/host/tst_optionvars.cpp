@@ -2,6 +2,7 @@
 #include "standin/host/optionvars.h"
 #include "tests/support/scratchdir.h"
 #include "tests/standin/host/testsession.h"
+#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 
 #include <maya/MGlobal.h>
@@ -39,17 +40,17 @@ private slots:
 void TestOptionVars::valuesSurviveARestart_data()
 {
     QTest::addColumn<mel::Value>("value");
-    QTest::newRow("int") << mel::Value(-5);
-    QTest::newRow("float") << mel::Value(0.1);
-    QTest::newRow("float-without-fraction") << mel::Value(3.0);
-    QTest::newRow("huge-float") << mel::Value(1e300);
-    QTest::newRow("text") << mel::Value(std::string("plain"));
-    QTest::newRow("empty-text") << mel::Value(std::string());
-    QTest::newRow("quoting") << mel::Value(std::string("\"; print \"x\\\";\n\tC:\\dir\\"));
-    QTest::newRow("not-ascii") << mel::Value(std::string("\xe2\x82\xac\xf0\x9f\x98\x80"));
-    QTest::newRow("ints") << mel::Value(mel::IntArray{1, 2, 3});
-    QTest::newRow("floats") << mel::Value(mel::FloatArray{0.5});
-    QTest::newRow("texts") << mel::Value(mel::StringArray{"a b", "", "\""});
+    row("int", mel::Value(-5));
+    row("float", mel::Value(0.1));
+    row("float-without-fraction", mel::Value(3.0));
+    row("huge-float", mel::Value(1e300));
+    row("text", mel::Value(std::string("plain")));
+    row("empty-text", mel::Value(std::string()));
+    row("quoting", mel::Value(std::string("\"; print \"x\\\";\n\tC:\\dir\\")));
+    row("not-ascii", mel::Value(std::string("\xe2\x82\xac\xf0\x9f\x98\x80")));
+    row("ints", mel::Value(mel::IntArray{1, 2, 3}));
+    row("floats", mel::Value(mel::FloatArray{0.5}));
+    row("texts", mel::Value(mel::StringArray{"a b", "", "\""}));
 }
 
 void TestOptionVars::valuesSurviveARestart()
@@ -101,28 +102,18 @@ void TestOptionVars::anElementOfAnotherTypeStartsTheArrayAnew()
 
 void TestOptionVars::theCommandSetsAndQueries_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("int") << "optionVar -iv \"v\" 3; optionVar -q \"v\""
-                         << "3";
-    QTest::newRow("long-names") << "optionVar -stringValue \"v\" \"t\"; optionVar -query \"v\""
-                                << "t";
-    QTest::newRow("several-at-once")
-        << "optionVar -iv \"v\" 3 -fv \"w\" 0.5; `optionVar -q \"v\"` + `optionVar -q \"w\"`;"
-        << "3.5";
-    QTest::newRow("missing") << "optionVar -q \"none\""
-                             << "0";
-    QTest::newRow("exists") << "optionVar -iv \"v\" 0; optionVar -exists \"v\""
-                            << "1";
-    QTest::newRow("removed") << "optionVar -iv \"v\" 1; optionVar -rm \"v\"; optionVar -ex \"v\""
-                             << "0";
-    QTest::newRow("array")
-        << "optionVar -iva \"v\" 1 -iva \"v\" 2; optionVar -iva \"v\" 3; optionVar -q \"v\""
-        << "1 2 3";
-    QTest::newRow("array-size") << "optionVar -sva \"v\" \"a\"; optionVar -arraySize \"v\""
-                                << "1";
-    QTest::newRow("list") << "optionVar -iv \"b\" 1 -iv \"a\" 1; optionVar -list"
-                          << "a b";
+    columns<QString, QString>("text", "expected");
+    row("int", "optionVar -iv \"v\" 3; optionVar -q \"v\"", "3");
+    row("long-names", "optionVar -stringValue \"v\" \"t\"; optionVar -query \"v\"", "t");
+    row("several-at-once",
+        "optionVar -iv \"v\" 3 -fv \"w\" 0.5; `optionVar -q \"v\"` + `optionVar -q \"w\"`;", "3.5");
+    row("missing", "optionVar -q \"none\"", "0");
+    row("exists", "optionVar -iv \"v\" 0; optionVar -exists \"v\"", "1");
+    row("removed", "optionVar -iv \"v\" 1; optionVar -rm \"v\"; optionVar -ex \"v\"", "0");
+    row("array", "optionVar -iva \"v\" 1 -iva \"v\" 2; optionVar -iva \"v\" 3; optionVar -q \"v\"",
+        "1 2 3");
+    row("array-size", "optionVar -sva \"v\" \"a\"; optionVar -arraySize \"v\"", "1");
+    row("list", "optionVar -iv \"b\" 1 -iv \"a\" 1; optionVar -list", "a b");
 }
 
 void TestOptionVars::theCommandSetsAndQueries()

@@ -2,6 +2,7 @@
 #include "standin/host/pluginloader.h"
 #include "standin/sdk/hostaccess.h"
 #include "tests/standin/host/testsession.h"
+#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 
 #include <maya/MTypes.h>
@@ -56,12 +57,9 @@ private slots:
 
 void TestPluginLoader::goodPlugInsLoadAndUnload_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("command");
-    QTest::newRow("c++-linkage") << "good"
-                                 << "testCommand";
-    QTest::newRow("c-linkage") << "clinkage"
-                               << "testCommandOfC";
+    columns<QString, QString>("name", "command");
+    row("c++-linkage", "good", "testCommand");
+    row("c-linkage", "clinkage", "testCommandOfC");
 }
 
 void TestPluginLoader::goodPlugInsLoadAndUnload()
@@ -80,16 +78,14 @@ void TestPluginLoader::goodPlugInsLoadAndUnload()
 void TestPluginLoader::badPlugInsAreRefused_data()
 {
     QTest::addColumn<QString>("error");
-    QTest::newRow("noentrypoints")
-        << "initializePlugin function could not be found in plug-in (noentrypoints)";
-    QTest::newRow("nouninitialize")
-        << "uninitializePlugin function could not be found in plug-in (nouninitialize)";
-    QTest::newRow("otherversion")
-        << QString("The plug-in was built for API version 201200; this is %1 (otherversion)")
-               .arg(MAYA_API_VERSION);
-    QTest::newRow("failinginit")
-        << "(kInvalidParameter): Invalid Parameter Passed To Method (failinginit)";
-    QTest::newRow("throwinginit") << "Unhandled exception: no room (throwinginit)";
+    row("noentrypoints", "initializePlugin function could not be found in plug-in (noentrypoints)");
+    row("nouninitialize",
+        "uninitializePlugin function could not be found in plug-in (nouninitialize)");
+    row("otherversion",
+        QString("The plug-in was built for API version 201200; this is %1 (otherversion)")
+            .arg(MAYA_API_VERSION));
+    row("failinginit", "(kInvalidParameter): Invalid Parameter Passed To Method (failinginit)");
+    row("throwinginit", "Unhandled exception: no room (throwinginit)");
 }
 
 void TestPluginLoader::badPlugInsAreRefused()
@@ -119,24 +115,15 @@ void TestPluginLoader::aTextFileIsRefused()
 
 void TestPluginLoader::commandsGetTheirWords_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("no-words") << "testCommand"
-                              << "0::";
-    QTest::newRow("function-form") << "testCommand(\"-c\", 3)"
-                                   << "3::";
-    QTest::newRow("array-argument") << "testCommand -n last {\"x\", \"y\"}"
-                                    << "0:last:xy";
-    QTest::newRow("unknown-flag") << "testCommand -nope"
-                                  << "malformed";
-    QTest::newRow("wrong-type") << "testCommand -c three"
-                                << "malformed";
-    QTest::newRow("blanks-and-quotes") << "testCommand -n \"a \\\"b\\\"\""
-                                       << "0:a \"b\":";
-    QTest::newRow("large-number") << "testCommand -c 2147483647"
-                                  << "2147483647::";
-    QTest::newRow("runs-itself") << "testCommand -m \"testCommand -t\"; 1"
-                                 << "(failed)";
+    columns<QString, QString>("text", "expected");
+    row("no-words", "testCommand", "0::");
+    row("function-form", "testCommand(\"-c\", 3)", "3::");
+    row("array-argument", "testCommand -n last {\"x\", \"y\"}", "0:last:xy");
+    row("unknown-flag", "testCommand -nope", "malformed");
+    row("wrong-type", "testCommand -c three", "malformed");
+    row("blanks-and-quotes", "testCommand -n \"a \\\"b\\\"\"", "0:a \"b\":");
+    row("large-number", "testCommand -c 2147483647", "2147483647::");
+    row("runs-itself", "testCommand -m \"testCommand -t\"; 1", "(failed)");
 }
 
 void TestPluginLoader::commandsGetTheirWords()
@@ -195,8 +182,7 @@ void TestPluginLoader::aPlugInMayChooseItsName()
     QVERIFY(session->plugins().load(pluginPath("good")));
     session.takeMessages();
     QVERIFY(session->plugins().load(pluginPath("renamed")));
-    QCOMPARE(session->plugins().names(), QStringList() << "good"
-                                                       << "good1");
+    QCOMPARE(session->plugins().names(), words("good good1"));
     QVERIFY(session->plugins().unload(pluginPath("renamed")));
     QCOMPARE(session.takeMessages(), QStringList());
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "standin/host/searchpath.h"
 #include "tests/standin/host/testsession.h"
+#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 
 #include <maya/MTypes.h>
@@ -34,37 +35,18 @@ void TestSearchPath::cleanup()
 
 void TestSearchPath::modulesGiveTheirFolders_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("plugins");
-    QTest::addColumn<QString>("scripts");
+    columns<QString, QString, QString>("text", "plugins", "scripts");
     const QString release = QString::number(MAYA_API_VERSION).left(4);
-    QTest::newRow("absolute") << "+ name 1.0 /opt/it\n"
-                              << "/opt/it/plug-ins"
-                              << "/opt/it/scripts";
-    QTest::newRow("relative") << "+ name 1.0 ../it"
-                              << "/it/plug-ins"
-                              << "/it/scripts";
-    QTest::newRow("path-with-blanks") << "+ name 1.0 /my it"
-                                      << "/my it/plug-ins"
-                                      << "/my it/scripts";
-    QTest::newRow("windows-line-ends") << "+ name 1.0 /it\r\nscripts: mel\r\n"
-                                       << "/it/plug-ins"
-                                       << "/it/mel";
-    QTest::newRow("overrides") << "+ n 1 /it\nplug-ins: bin\n[r] scripts: /s\nicons: i\nX=1"
-                               << "/it/bin"
-                               << "/s";
-    QTest::newRow("condition-holds") << "+ MAYAVERSION:" + release + " n 1 /it"
-                                     << "/it/plug-ins"
-                                     << "/it/scripts";
-    QTest::newRow("other-release") << "+ MAYAVERSION:1999 n 1 /it\nscripts: x"
-                                   << ""
-                                   << "";
-    QTest::newRow("second-module-applies") << "+ PLATFORM:none a 1 /a\nscripts: x\n+ b 1 /b"
-                                           << "/b/plug-ins"
-                                           << "/b/scripts";
-    QTest::newRow("cut-off") << "+ name"
-                             << ""
-                             << "";
+    row("absolute", "+ name 1.0 /opt/it\n", "/opt/it/plug-ins", "/opt/it/scripts");
+    row("relative", "+ name 1.0 ../it", "/it/plug-ins", "/it/scripts");
+    row("path-with-blanks", "+ name 1.0 /my it", "/my it/plug-ins", "/my it/scripts");
+    row("windows-line-ends", "+ name 1.0 /it\r\nscripts: mel\r\n", "/it/plug-ins", "/it/mel");
+    row("overrides", "+ n 1 /it\nplug-ins: bin\n[r] scripts: /s\nicons: i\nX=1", "/it/bin", "/s");
+    row("condition-holds", "+ MAYAVERSION:" + release + " n 1 /it", "/it/plug-ins", "/it/scripts");
+    row("other-release", "+ MAYAVERSION:1999 n 1 /it\nscripts: x", "", "");
+    row("second-module-applies", "+ PLATFORM:none a 1 /a\nscripts: x\n+ b 1 /b", "/b/plug-ins",
+        "/b/scripts");
+    row("cut-off", "+ name", "", "");
 }
 
 void TestSearchPath::modulesGiveTheirFolders()
@@ -79,22 +61,14 @@ void TestSearchPath::modulesGiveTheirFolders()
 
 void TestSearchPath::modulesSetVariables_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("value") << "+ n 1 /it\nX=a = b"
-                           << "X=a = b";
-    QTest::newRow("added") << "+ n 1 /it\nX+=more"
-                           << "X+=more";
-    QTest::newRow("relative") << "+ n 1 ../it\nX:=lib"
-                              << "X=/it/lib";
-    QTest::newRow("relative-and-added") << "+ n 1 /it\nX +:= ../lib"
-                                        << "X+=/lib";
-    QTest::newRow("absolute-stays") << "+ n 1 /it\nX:=/lib"
-                                    << "X=/lib";
-    QTest::newRow("module-does-not-apply") << "+ PLATFORM:none n 1 /it\nX=1"
-                                           << "";
-    QTest::newRow("folder-with-equals-sign") << "+ n 1 /it\nicons: a=b\nplug-ins: c=d"
-                                             << "";
+    columns<QString, QString>("text", "expected");
+    row("value", "+ n 1 /it\nX=a = b", "X=a = b");
+    row("added", "+ n 1 /it\nX+=more", "X+=more");
+    row("relative", "+ n 1 ../it\nX:=lib", "X=/it/lib");
+    row("relative-and-added", "+ n 1 /it\nX +:= ../lib", "X+=/lib");
+    row("absolute-stays", "+ n 1 /it\nX:=/lib", "X=/lib");
+    row("module-does-not-apply", "+ PLATFORM:none n 1 /it\nX=1", "");
+    row("folder-with-equals-sign", "+ n 1 /it\nicons: a=b\nplug-ins: c=d", "");
 }
 
 void TestSearchPath::modulesSetVariables()

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/standin/host/testsession.h"
+#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 
 #include <maya/MCommandResult.h>
@@ -12,8 +13,6 @@
 
 #include <QFileInfo>
 #include <QSignalSpy>
-#include <QTest>
-
 namespace {
 
 // Answers every text with one value, or fails.
@@ -55,22 +54,14 @@ void TestSessionCommands::resultsAreOfTheWantedType_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("types"); // that take the value
-    QTest::newRow("int") << "1+1"
-                         << "int double";
-    QTest::newRow("float") << "1.5*1"
-                           << "double";
-    QTest::newRow("string") << "$s = \"12\""
-                            << "string";
-    QTest::newRow("ints") << "$i = {1, 2}"
-                          << "ints";
-    QTest::newRow("floats") << "$f = {1.5, 2.0}"
-                            << "doubles";
-    QTest::newRow("strings") << "$t = {\"a\", \"\"}"
-                             << "strings";
-    QTest::newRow("no-value") << "print \"\""
-                              << "";
-    QTest::newRow("failing") << "error \"x\""
-                             << "";
+    row("int", "1+1", "int double");
+    row("float", "1.5*1", "double");
+    row("string", "$s = \"12\"", "string");
+    row("ints", "$i = {1, 2}", "ints");
+    row("floats", "$f = {1.5, 2.0}", "doubles");
+    row("strings", "$t = {\"a\", \"\"}", "strings");
+    row("no-value", "print \"\"", "");
+    row("failing", "error \"x\"", "");
 }
 
 void TestSessionCommands::resultsAreOfTheWantedType()

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/standin/mel/recordinghost.h"
+#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 
 #include <QDir>
@@ -95,11 +96,7 @@ QString writeScript(const QString &name, const char *text)
 
 void TestMelInterpreter::wordsBecomeFlagsAndObjects_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("message");
-    const auto row = [](const char *tag, const char *text, const char *message) {
-        QTest::newRow(tag) << text << message;
-    };
+    columns<QString, QString>("text", "message");
     row("objects", "probe a 1 \"b c\"", "R [string:a,int:1,string:b c]");
     row("short-and-long", "probe -n x -switch", "R name(string:x) switch() []");
     row("after-objects", "probe a -name x b", "R name(string:x) [string:a,string:b]");

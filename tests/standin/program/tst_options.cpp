@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "standin/program/options.h"
+#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
-
-#include <QTest>
 
 using standin::ProgramOptions;
 using standin::StepKind;
@@ -21,13 +20,7 @@ private slots:
 
 void TestOptions::stepsKeepTheirOrder()
 {
-    const ProgramOptions options = standin::readOptions(QStringList() << "--python"
-                                                                      << "b"
-                                                                      << "--mel"
-                                                                      << "a"
-                                                                      << "--mel"
-                                                                      << "c"
-                                                                      << "--quit");
+    const ProgramOptions options = standin::readOptions(words("--python b --mel a --mel c --quit"));
     QVERIFY(options.error.isEmpty());
     QCOMPARE(int(options.steps.size()), 4);
     QVERIFY(options.steps[0].kind == StepKind::Python);
@@ -39,19 +32,9 @@ void TestOptions::stepsKeepTheirOrder()
 
 void TestOptions::settingsCountWhereverTheyStand()
 {
-    const ProgramOptions options = standin::readOptions(QStringList() << "--mel"
-                                                                      << "a"
-                                                                      << "--log"
-                                                                      << "--plugin"
-                                                                      << "p"
-                                                                      << "--plugin"
-                                                                      << "q"
-                                                                      << "--no-plugin"
-                                                                      << "--keep-plugins"
-                                                                      << "--messages"
-                                                                      << "from-2023"
-                                                                      << "--user-dir"
-                                                                      << "/u");
+    const ProgramOptions options =
+        standin::readOptions(words("--mel a --log --plugin p --plugin q --no-plugin --keep-plugins "
+                                   "--messages from-2023 --user-dir /u"));
     QVERIFY(options.error.isEmpty());
     QVERIFY(options.log);
     QVERIFY(!options.closingMarks);
@@ -64,18 +47,12 @@ void TestOptions::settingsCountWhereverTheyStand()
 
 void TestOptions::badCommandLinesAreRefused_data()
 {
-    QTest::addColumn<QString>("arguments");
-    QTest::addColumn<QString>("named");
-    QTest::newRow("unknown-option") << "--quit --fast"
-                                    << "--fast";
-    QTest::newRow("stray-word") << "file.mel"
-                                << "file.mel";
-    QTest::newRow("missing-argument") << "--log --mel"
-                                      << "--mel";
-    QTest::newRow("unknown-message-form") << "--messages old"
-                                          << "old";
-    QTest::newRow("picture-of-no-window") << "--batch --screenshot a.png"
-                                          << "--batch";
+    columns<QString, QString>("arguments", "named");
+    row("unknown-option", "--quit --fast", "--fast");
+    row("stray-word", "file.mel", "file.mel");
+    row("missing-argument", "--log --mel", "--mel");
+    row("unknown-message-form", "--messages old", "old");
+    row("picture-of-no-window", "--batch --screenshot a.png", "--batch");
 }
 
 void TestOptions::badCommandLinesAreRefused()
@@ -88,8 +65,7 @@ void TestOptions::badCommandLinesAreRefused()
 
 void TestOptions::aStepMayLookLikeAnOption()
 {
-    const ProgramOptions options = standin::readOptions(QStringList() << "--mel"
-                                                                      << "--quit");
+    const ProgramOptions options = standin::readOptions(words("--mel --quit"));
     QVERIFY(options.error.isEmpty());
     QVERIFY(!options.quits());
     QCOMPARE(options.steps[0].argument, QString("--quit"));

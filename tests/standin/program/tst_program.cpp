@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/datatable.h"
 #include "tests/support/scratchdir.h"
 #include "tests/support/testmain.h"
 
 #include <QImage>
 #include <QProcess>
-#include <QTest>
-
 namespace {
 
 struct Run
@@ -93,15 +92,14 @@ Run TestProgram::runWithEditor(const QStringList &options,
 
 void TestProgram::theStatusTellsOfErrors_data()
 {
-    QTest::addColumn<QString>("mel");
-    QTest::addColumn<int>("status");
-    QTest::newRow("fine") << "print 1" << 0;
-    QTest::newRow("warning") << "warning \"w\"" << 0;
-    QTest::newRow("error") << "error \"e\"" << 1;
-    QTest::newRow("syntax-error") << "{" << 1;
-    QTest::newRow("caught-error") << "catch(`error \"e\"`)" << 1;
-    QTest::newRow("chosen-by-the-script") << "quit -exitCode 7" << 7;
-    QTest::newRow("quit-by-the-script") << "quit" << 0;
+    columns<QString, int>("mel", "status");
+    row("fine", "print 1", 0);
+    row("warning", "warning \"w\"", 0);
+    row("error", "error \"e\"", 1);
+    row("syntax-error", "{", 1);
+    row("caught-error", "catch(`error \"e\"`)", 1);
+    row("chosen-by-the-script", "quit -exitCode 7", 7);
+    row("quit-by-the-script", "quit", 0);
 }
 
 void TestProgram::theStatusTellsOfErrors()
@@ -206,8 +204,8 @@ void TestProgram::theDefaultPlugInCanBeLoadedAgain()
 void TestProgram::theEditorSurvivesTheEnd_data()
 {
     QTest::addColumn<QString>("option");
-    QTest::newRow("unloaded") << "--log";
-    QTest::newRow("still-loaded") << "--keep-plugins";
+    row("unloaded", "--log");
+    row("still-loaded", "--keep-plugins");
 }
 
 void TestProgram::theEditorSurvivesTheEnd()
@@ -284,11 +282,7 @@ void TestProgram::picturesAreSaved()
     const Run made = run(QStringList() << "--screenshot-main" << file << "--quit");
     QCOMPARE(made.status, 0);
     QVERIFY(QImage(file).width() > 600);
-    QCOMPARE(run(QStringList() << "--screenshot"
-                               << "/no/such/folder/a.png"
-                               << "--quit")
-                 .status,
-             1);
+    QCOMPARE(run(words("--screenshot /no/such/folder/a.png --quit")).status, 1);
 }
 
 void TestProgram::nobodyHasToAnswerDialogs()
@@ -313,12 +307,7 @@ void TestProgram::badCommandLinesShowTheUsage()
 
 void TestProgram::missingFilesAreErrors()
 {
-    const Run made = run(QStringList() << "--log"
-                                       << "--mel-file"
-                                       << "/no/such.mel"
-                                       << "--open"
-                                       << "/no/such.py"
-                                       << "--quit");
+    const Run made = run(words("--log --mel-file /no/such.mel --open /no/such.py --quit"));
     QCOMPARE(made.status, 1);
     QCOMPARE(made.lines, QStringList() << "error\tCannot read file \"/no/such.mel\"."
                                        << "error\tCannot open file \"/no/such.py\".");

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/standin/python/pythontest.h"
+#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 
 #include <QObject>
@@ -95,39 +96,23 @@ void TestMayaPackage::init()
 
 void TestMayaPackage::callsBecomeWords_data()
 {
-    QTest::addColumn<QString>("arguments");
-    QTest::addColumn<QString>("expected");
+    columns<QString, QString>("arguments", "expected");
 
-    QTest::newRow("none") << ""
-                          << "";
-    QTest::newRow("objects-follow-flags") << "'a', 2, title='x'"
-                                          << "-title x a 2";
-    QTest::newRow("short-name") << "t='x'"
-                                << "-title x";
-    QTest::newRow("list-of-objects") << "['a', 'b'], 'c'"
-                                     << "a b c";
-    QTest::newRow("modes-come-first") << "'a', title=True, q=True"
-                                      << "-q -title a";
-    QTest::newRow("long-mode") << "edit=True, force=True"
-                               << "-e -force";
-    QTest::newRow("mode-not-wanted") << "q=False, title='x'"
-                                     << "-title x";
-    QTest::newRow("switch-off") << "force=False"
-                                << "";
-    QTest::newRow("truth-values") << "visible=False"
-                                  << "-visible 0";
-    QTest::newRow("several-arguments") << "wh=(3, 4)"
-                                       << "-widthHeight 3 4";
-    QTest::newRow("several-uses") << "w=['a', 'b']"
-                                  << "-watch a -watch b";
-    QTest::newRow("one-use-of-many") << "w='a'"
-                                     << "-watch a";
-    QTest::newRow("one-use-of-two-arguments") << "cw=(1, 50)"
-                                              << "-columnWidth 1 50";
-    QTest::newRow("script-in-a-named-language") << "c='x', stp='mel'"
-                                                << "-command x -sourceType mel";
-    QTest::newRow("uses-of-two-arguments") << "cw=[(1, 50), (2, 60)]"
-                                           << "-columnWidth 1 50 -columnWidth 2 60";
+    row("none", "", "");
+    row("objects-follow-flags", "'a', 2, title='x'", "-title x a 2");
+    row("short-name", "t='x'", "-title x");
+    row("list-of-objects", "['a', 'b'], 'c'", "a b c");
+    row("modes-come-first", "'a', title=True, q=True", "-q -title a");
+    row("long-mode", "edit=True, force=True", "-e -force");
+    row("mode-not-wanted", "q=False, title='x'", "-title x");
+    row("switch-off", "force=False", "");
+    row("truth-values", "visible=False", "-visible 0");
+    row("several-arguments", "wh=(3, 4)", "-widthHeight 3 4");
+    row("several-uses", "w=['a', 'b']", "-watch a -watch b");
+    row("one-use-of-many", "w='a'", "-watch a");
+    row("one-use-of-two-arguments", "cw=(1, 50)", "-columnWidth 1 50");
+    row("script-in-a-named-language", "c='x', stp='mel'", "-command x -sourceType mel");
+    row("uses-of-two-arguments", "cw=[(1, 50), (2, 60)]", "-columnWidth 1 50 -columnWidth 2 60");
 }
 
 void TestMayaPackage::callsBecomeWords()
@@ -139,20 +124,16 @@ void TestMayaPackage::callsBecomeWords()
 
 void TestMayaPackage::badCallsAreRefused_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("expected");
+    columns<QString, QString>("text", "expected");
 
-    QTest::newRow("unknown-flag") << "cmds.words(nope=1)"
-                                  << "TypeError: file <maya console> line 1: Invalid flag 'nope'";
-    QTest::newRow("none-as-argument")
-        << "cmds.words(None)"
-        << "TypeError: file <maya console> line 1: None is no argument of a command";
-    QTest::newRow("failing-text")
-        << "cmds.words(type('T', (), {'__str__': lambda s: 1 / 0})())"
-        << "ZeroDivisionError: file <maya console> line 1: division by zero";
-    QTest::newRow("unknown-command")
-        << "cmds.nope()"
-        << "AttributeError: file <maya console> line 1: module 'maya.cmds' has no attribute 'nope'";
+    row("unknown-flag", "cmds.words(nope=1)",
+        "TypeError: file <maya console> line 1: Invalid flag 'nope'");
+    row("none-as-argument", "cmds.words(None)",
+        "TypeError: file <maya console> line 1: None is no argument of a command");
+    row("failing-text", "cmds.words(type('T', (), {'__str__': lambda s: 1 / 0})())",
+        "ZeroDivisionError: file <maya console> line 1: division by zero");
+    row("unknown-command", "cmds.nope()",
+        "AttributeError: file <maya console> line 1: module 'maya.cmds' has no attribute 'nope'");
 }
 
 void TestMayaPackage::badCallsAreRefused()
@@ -165,21 +146,14 @@ void TestMayaPackage::badCallsAreRefused()
 
 void TestMayaPackage::answersHavePythonTypes_data()
 {
-    QTest::addColumn<QString>("call");
-    QTest::addColumn<QString>("expected");
+    columns<QString, QString>("call", "expected");
 
-    QTest::newRow("number") << "cmds.number()"
-                            << "1";
-    QTest::newRow("queried-truth-value") << "cmds.number(q=True, visible=True)"
-                                         << "True";
-    QTest::newRow("existence") << "cmds.number(exists=True)"
-                               << "True";
-    QTest::newRow("nothing") << "cmds.nothing()"
-                             << "None";
-    QTest::newRow("vector") << "cmds.place()"
-                            << "[1.0, 2.5, 3.0]";
-    QTest::newRow("numbers") << "cmds.numbers()"
-                             << "[4, 5]";
+    row("number", "cmds.number()", "1");
+    row("queried-truth-value", "cmds.number(q=True, visible=True)", "True");
+    row("existence", "cmds.number(exists=True)", "True");
+    row("nothing", "cmds.nothing()", "None");
+    row("vector", "cmds.place()", "[1.0, 2.5, 3.0]");
+    row("numbers", "cmds.numbers()", "[4, 5]");
 }
 
 void TestMayaPackage::answersHavePythonTypes()
@@ -247,19 +221,13 @@ void TestMayaPackage::scriptsGivenFromPythonArePython()
 
 void TestMayaPackage::melTextHasItsValue_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("expected");
+    columns<QString, QString>("text", "expected");
 
-    QTest::newRow("int") << "$a = 3 + 4"
-                         << "7";
-    QTest::newRow("float") << "1.0 / 4"
-                           << "0.25";
-    QTest::newRow("string") << "\"a\" + 1"
-                            << "a1";
-    QTest::newRow("array") << "$l = {\"a\", \"b\"}"
-                           << "['a', 'b']";
-    QTest::newRow("nothing") << "print \"\""
-                             << "None";
+    row("int", "$a = 3 + 4", "7");
+    row("float", "1.0 / 4", "0.25");
+    row("string", "\"a\" + 1", "a1");
+    row("array", "$l = {\"a\", \"b\"}", "['a', 'b']");
+    row("nothing", "print \"\"", "None");
 }
 
 void TestMayaPackage::melTextHasItsValue()
@@ -370,9 +338,7 @@ void TestMayaPackage::globalSendsMessages()
                   "MGlobal.displayInfo('i')\n"
                   "MGlobal.displayWarning('w')\n"
                   "MGlobal.displayError('e')");
-    QCOMPARE(m_python->host.takeMessages(), QStringList() << "info|i"
-                                                          << "warning|w"
-                                                          << "error|e");
+    QCOMPARE(m_python->host.takeMessages(), words("info|i warning|w error|e"));
     QCOMPARE(value("MGlobal.executeCommandStringResult('1 + 2')"), QString("3"));
     QCOMPARE(value("MGlobal.executeCommand('1 + 2', undoEnabled=True)"), QString("None"));
 }
@@ -380,10 +346,10 @@ void TestMayaPackage::globalSendsMessages()
 void TestMayaPackage::failuresOfGlobalAreAtTheCall_data()
 {
     QTest::addColumn<QString>("call");
-    QTest::newRow("failing-mel") << "executeCommand('noSuchThing')";
-    QTest::newRow("failing-mel-with-result") << "executeCommandStringResult('noSuchThing')";
-    QTest::newRow("missing-file") << "sourceFile('/no/such.mel')";
-    QTest::newRow("no-text") << "displayInfo(1)";
+    row("failing-mel", "executeCommand('noSuchThing')");
+    row("failing-mel-with-result", "executeCommandStringResult('noSuchThing')");
+    row("missing-file", "sourceFile('/no/such.mel')");
+    row("no-text", "displayInfo(1)");
 }
 
 // Neither as the place nor in the trace may a file of the package show.

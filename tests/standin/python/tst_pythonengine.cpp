@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/standin/python/pythontest.h"
+#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 
 #include <QObject>
@@ -60,53 +61,47 @@ void TestPythonEngine::cleanup()
 
 void TestPythonEngine::messages_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QStringList>("expected");
+    columns<QString, QStringList>("text", "expected");
 
-    QTest::newRow("expression-shows-its-repr") << "'a' * 2"
-                                               << (QStringList() << "history|'a' * 2\\n"
-                                                                 << "result|'aa'");
-    QTest::newRow("statement-has-no-result") << "x = 5" << (QStringList() << "history|x = 5\\n");
-    QTest::newRow("none-has-no-result") << "None" << (QStringList() << "history|None\\n");
-    QTest::newRow("line-break-is-not-doubled") << "1\n"
-                                               << (QStringList() << "history|1\\n"
-                                                                 << "result|1");
-    QTest::newRow("only-a-lone-expression-has-a-result")
-        << "1\n2" << (QStringList() << "history|1\\n2\\n");
-    QTest::newRow("comments-around-an-expression") << "# a\n7 # b\n"
-                                                   << (QStringList() << "history|# a\\n7 # b\\n"
-                                                                     << "result|7");
-    QTest::newRow("each-write-is-a-message") << "print('a')"
-                                             << (QStringList() << "history|print('a')\\n"
-                                                               << "display|a"
-                                                               << "display|\\n");
-    QTest::newRow("output-comes-before-the-result")
-        << "len(repr(print('a')))"
-        << (QStringList() << "history|len(repr(print('a')))\\n"
-                          << "display|a"
-                          << "display|\\n"
-                          << "result|4");
-    QTest::newRow("empty-writes-send-nothing") << "print('')"
-                                               << (QStringList() << "history|print('')\\n"
-                                                                 << "display|\\n");
-    QTest::newRow("stderr-is-displayed-bare")
-        << "n = __import__('sys').stderr.write('w')"
-        << (QStringList() << "history|n = __import__('sys').stderr.write('w')\\n"
-                          << "display|w");
-    QTest::newRow("windows-line-breaks") << "x = 1\r\nprint(x)\r\n"
-                                         << (QStringList() << "history|x = 1\r\\nprint(x)\r\\n"
-                                                           << "display|1"
-                                                           << "display|\\n");
-    QTest::newRow("lone-surrogate-is-escaped") << "print('\\ud800')"
-                                               << (QStringList() << "history|print('\\ud800')\\n"
-                                                                 << "display|\\ud800"
-                                                                 << "display|\\n");
-    QTest::newRow("failing-repr-is-an-error")
-        << "type('T', (), {'__repr__': lambda s: 1 / 0})()"
-        << (QStringList()
-            << "history|type('T', (), {'__repr__': lambda s: 1 / 0})()\\n"
-            << "error|ZeroDivisionError: file <maya console> line 1: division by zero");
-    QTest::newRow("empty-text") << "" << (QStringList() << "history|\\n");
+    row("expression-shows-its-repr", "'a' * 2",
+        QStringList() << "history|'a' * 2\\n"
+                      << "result|'aa'");
+    row("statement-has-no-result", "x = 5", QStringList("history|x = 5\\n"));
+    row("none-has-no-result", "None", QStringList("history|None\\n"));
+    row("line-break-is-not-doubled", "1\n",
+        QStringList() << "history|1\\n"
+                      << "result|1");
+    row("only-a-lone-expression-has-a-result", "1\n2", QStringList("history|1\\n2\\n"));
+    row("comments-around-an-expression", "# a\n7 # b\n",
+        QStringList() << "history|# a\\n7 # b\\n"
+                      << "result|7");
+    row("each-write-is-a-message", "print('a')",
+        QStringList() << "history|print('a')\\n"
+                      << "display|a"
+                      << "display|\\n");
+    row("output-comes-before-the-result", "len(repr(print('a')))",
+        QStringList() << "history|len(repr(print('a')))\\n"
+                      << "display|a"
+                      << "display|\\n"
+                      << "result|4");
+    row("empty-writes-send-nothing", "print('')",
+        QStringList() << "history|print('')\\n"
+                      << "display|\\n");
+    row("stderr-is-displayed-bare", "n = __import__('sys').stderr.write('w')",
+        QStringList() << "history|n = __import__('sys').stderr.write('w')\\n"
+                      << "display|w");
+    row("windows-line-breaks", "x = 1\r\nprint(x)\r\n",
+        QStringList() << "history|x = 1\r\\nprint(x)\r\\n"
+                      << "display|1"
+                      << "display|\\n");
+    row("lone-surrogate-is-escaped", "print('\\ud800')",
+        QStringList() << "history|print('\\ud800')\\n"
+                      << "display|\\ud800"
+                      << "display|\\n");
+    row("failing-repr-is-an-error", "type('T', (), {'__repr__': lambda s: 1 / 0})()",
+        QStringList() << "history|type('T', (), {'__repr__': lambda s: 1 / 0})()\\n"
+                      << "error|ZeroDivisionError: file <maya console> line 1: division by zero");
+    row("empty-text", "", QStringList("history|\\n"));
 }
 
 void TestPythonEngine::messages()
@@ -119,63 +114,53 @@ void TestPythonEngine::messages()
 
 void TestPythonEngine::exceptions_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<QString>("trace");
+    columns<QString, QString, QString>("text", "line", "trace");
 
-    QTest::newRow("name") << "x"
-                          << "NameError: file <maya console> line 1: name 'x' is not defined"
-                          << "name 'x' is not defined\n"
-                             "# Traceback (most recent call last):\n"
-                             "#   File \"<maya console>\", line 1, in <module>\n"
-                             "# NameError: name 'x' is not defined";
-    QTest::newRow("innermost-place") << "def f():\n  raise ValueError('v')\n\nf()"
-                                     << "ValueError: file <maya console> line 2: v"
-                                     << "v\n"
-                                        "# Traceback (most recent call last):\n"
-                                        "#   File \"<maya console>\", line 4, in <module>\n"
-                                        "#   File \"<maya console>\", line 2, in f\n"
-                                        "# ValueError: v";
-    QTest::newRow("nested-exec") << "exec('1 / 0')"
-                                 << "ZeroDivisionError: file <string> line 1: division by zero"
-                                 << "division by zero\n"
-                                    "# Traceback (most recent call last):\n"
-                                    "#   File \"<maya console>\", line 1, in <module>\n"
-                                    "#   File \"<string>\", line 1, in <module>\n"
-                                    "# ZeroDivisionError: division by zero";
-    QTest::newRow("syntax") << "a = 1\nx = = 1"
-                            << "SyntaxError: file <maya console> line 2: invalid syntax"
-                            << "line 2: invalid syntax\n"
-                               "#   File \"<maya console>\", line 2\n"
-                               "#     x = = 1\n"
-                               "#         ^\n"
-                               "# SyntaxError: invalid syntax";
-    QTest::newRow("leaving-is-refused") << "raise SystemExit(3)"
-                                        << "SystemExit: file <maya console> line 1: 3"
-                                        << "3\n"
-                                           "# Traceback (most recent call last):\n"
-                                           "#   File \"<maya console>\", line 1, in <module>\n"
-                                           "# SystemExit: 3";
-    QTest::newRow("unprintable")
-        << "class E(Exception):\n  def __str__(self):\n    return 1 / 0\n\nraise E"
-        << "E: file <maya console> line 5: <unprintable E object>" << QString();
-    QTest::newRow("cause-is-told")
-        << "try:\n  {}['k']\nexcept KeyError as e:\n  raise RuntimeError('r') from e"
-        << "RuntimeError: file <maya console> line 4: r"
-        << "r\n"
-           "# Traceback (most recent call last):\n"
-           "#   File \"<maya console>\", line 2, in <module>\n"
-           "# KeyError: 'k'\n"
-           "# \n"
-           "# The above exception was the direct cause of the following exception:\n"
-           "# \n"
-           "# Traceback (most recent call last):\n"
-           "#   File \"<maya console>\", line 4, in <module>\n"
-           "# RuntimeError: r";
-    QTest::newRow("deep-recursion")
-        << "def f(): f()\n\nf()"
-        << "RecursionError: file <maya console> line 1: maximum recursion depth exceeded"
-        << QString();
+    row("name", "x", "NameError: file <maya console> line 1: name 'x' is not defined",
+        "name 'x' is not defined\n"
+        "# Traceback (most recent call last):\n"
+        "#   File \"<maya console>\", line 1, in <module>\n"
+        "# NameError: name 'x' is not defined");
+    row("innermost-place", "def f():\n  raise ValueError('v')\n\nf()",
+        "ValueError: file <maya console> line 2: v",
+        "v\n"
+        "# Traceback (most recent call last):\n"
+        "#   File \"<maya console>\", line 4, in <module>\n"
+        "#   File \"<maya console>\", line 2, in f\n"
+        "# ValueError: v");
+    row("nested-exec", "exec('1 / 0')", "ZeroDivisionError: file <string> line 1: division by zero",
+        "division by zero\n"
+        "# Traceback (most recent call last):\n"
+        "#   File \"<maya console>\", line 1, in <module>\n"
+        "#   File \"<string>\", line 1, in <module>\n"
+        "# ZeroDivisionError: division by zero");
+    row("syntax", "a = 1\nx = = 1", "SyntaxError: file <maya console> line 2: invalid syntax",
+        "line 2: invalid syntax\n"
+        "#   File \"<maya console>\", line 2\n"
+        "#     x = = 1\n"
+        "#         ^\n"
+        "# SyntaxError: invalid syntax");
+    row("leaving-is-refused", "raise SystemExit(3)", "SystemExit: file <maya console> line 1: 3",
+        "3\n"
+        "# Traceback (most recent call last):\n"
+        "#   File \"<maya console>\", line 1, in <module>\n"
+        "# SystemExit: 3");
+    row("unprintable", "class E(Exception):\n  def __str__(self):\n    return 1 / 0\n\nraise E",
+        "E: file <maya console> line 5: <unprintable E object>", QString());
+    row("cause-is-told", "try:\n  {}['k']\nexcept KeyError as e:\n  raise RuntimeError('r') from e",
+        "RuntimeError: file <maya console> line 4: r",
+        "r\n"
+        "# Traceback (most recent call last):\n"
+        "#   File \"<maya console>\", line 2, in <module>\n"
+        "# KeyError: 'k'\n"
+        "# \n"
+        "# The above exception was the direct cause of the following exception:\n"
+        "# \n"
+        "# Traceback (most recent call last):\n"
+        "#   File \"<maya console>\", line 4, in <module>\n"
+        "# RuntimeError: r");
+    row("deep-recursion", "def f(): f()\n\nf()",
+        "RecursionError: file <maya console> line 1: maximum recursion depth exceeded", QString());
 }
 
 void TestPythonEngine::exceptions()
@@ -198,24 +183,23 @@ void TestPythonEngine::exceptions()
 
 void TestPythonEngine::values_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<mel::Value>("expected");
+    columns<QString, mel::Value>("text", "expected");
 
-    QTest::newRow("int") << "6 * 7" << mel::Value(42);
-    QTest::newRow("truth") << "1 < 2" << mel::Value(1);
-    QTest::newRow("largest-int") << "2 ** 31 - 1" << mel::Value(2147483647);
-    QTest::newRow("larger-than-int") << "2 ** 31" << mel::Value(std::string("2147483648"));
-    QTest::newRow("larger-than-any-machine-word")
-        << "-10 ** 30" << mel::Value(std::string("-1000000000000000000000000000000"));
-    QTest::newRow("float") << "1 / 4" << mel::Value(0.25);
-    QTest::newRow("text") << "'\\u00e4'" << mel::Value(std::string("\xC3\xA4"));
-    QTest::newRow("statement") << "x = 1" << mel::Value();
-    QTest::newRow("ints") << "[1, True]" << mel::Value(mel::IntArray{1, 1});
-    QTest::newRow("floats") << "(1, 2.5)" << mel::Value(mel::FloatArray{1, 2.5});
-    QTest::newRow("mixed") << "['a', 1, None]" << mel::Value(mel::StringArray{"a", "1", "None"});
-    QTest::newRow("empty-list") << "[]" << mel::Value(mel::StringArray());
-    QTest::newRow("lists-within") << "[[1], [2]]" << mel::Value(mel::StringArray{"[1]", "[2]"});
-    QTest::newRow("anything-else") << "{'a': 1}" << mel::Value(std::string("{'a': 1}"));
+    row("int", "6 * 7", mel::Value(42));
+    row("truth", "1 < 2", mel::Value(1));
+    row("largest-int", "2 ** 31 - 1", mel::Value(2147483647));
+    row("larger-than-int", "2 ** 31", mel::Value(std::string("2147483648")));
+    row("larger-than-any-machine-word", "-10 ** 30",
+        mel::Value(std::string("-1000000000000000000000000000000")));
+    row("float", "1 / 4", mel::Value(0.25));
+    row("text", "'\\u00e4'", mel::Value(std::string("\xC3\xA4")));
+    row("statement", "x = 1", mel::Value());
+    row("ints", "[1, True]", mel::Value(mel::IntArray{1, 1}));
+    row("floats", "(1, 2.5)", mel::Value(mel::FloatArray{1, 2.5}));
+    row("mixed", "['a', 1, None]", mel::Value(mel::StringArray{"a", "1", "None"}));
+    row("empty-list", "[]", mel::Value(mel::StringArray()));
+    row("lists-within", "[[1], [2]]", mel::Value(mel::StringArray{"[1]", "[2]"}));
+    row("anything-else", "{'a': 1}", mel::Value(std::string("{'a': 1}")));
 }
 
 void TestPythonEngine::values()
@@ -244,14 +228,12 @@ void TestPythonEngine::nothingButTheDisplayIsMissingWhenDisplayIsOff()
 
 void TestPythonEngine::brokenTextsAreReported_data()
 {
-    QTest::addColumn<QByteArray>("text");
-    QTest::addColumn<QString>("reason");
+    columns<QByteArray, QString>("text", "reason");
 
-    QTest::newRow("nul") << QByteArray("a = 1\0b", 7) << "null bytes";
-    QTest::newRow("no-utf8") << QByteArray("x = '\xED\xA0\x80'") << "can't decode byte";
-    QTest::newRow("open-string") << QByteArray("x = 'abc")
-                                 << "SyntaxError: file <maya console> line 1";
-    QTest::newRow("deep-nesting") << QByteArray(100000, '(') << "Error: file <maya console>";
+    row("nul", QByteArray("a = 1\0b", 7), "null bytes");
+    row("no-utf8", QByteArray("x = '\xED\xA0\x80'"), "can't decode byte");
+    row("open-string", QByteArray("x = 'abc"), "SyntaxError: file <maya console> line 1");
+    row("deep-nesting", QByteArray(100000, '('), "Error: file <maya console>");
 }
 
 void TestPythonEngine::brokenTextsAreReported()

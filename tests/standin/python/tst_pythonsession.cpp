@@ -2,6 +2,7 @@
 #include "standin/host/scriptjobs.h"
 #include "standin/host/session.h"
 #include "standin/python/python.h"
+#include "tests/support/datatable.h"
 #include "tests/support/scratchdir.h"
 #include "tests/support/testmain.h"
 
@@ -167,19 +168,13 @@ void TestPythonSession::everyUserSetupRuns()
 
 void TestPythonSession::sessionCommandsTakePythonForms_data()
 {
-    QTest::addColumn<QString>("expression");
-    QTest::addColumn<QString>("expected");
+    columns<QString, QString>("expression", "expected");
 
-    QTest::newRow("stored-value") << "cmds.optionVar(iv=('count', 3)), cmds.optionVar(q='count')"
-                                  << "(None, 3)";
-    QTest::newRow("existence") << "cmds.optionVar(exists='no such name')"
-                               << "False";
-    QTest::newRow("list") << "'SceneOpened' in cmds.scriptJob(listEvents=True)"
-                          << "True";
-    QTest::newRow("folder") << "cmds.internalVar(usd=True)[-9:]"
-                            << "/scripts/";
-    QTest::newRow("mel-procedure") << "mel.eval('startsWith(\"abc\", \"ab\")')"
-                                   << "1";
+    row("stored-value", "cmds.optionVar(iv=('count', 3)), cmds.optionVar(q='count')", "(None, 3)");
+    row("existence", "cmds.optionVar(exists='no such name')", "False");
+    row("list", "'SceneOpened' in cmds.scriptJob(listEvents=True)", "True");
+    row("folder", "cmds.internalVar(usd=True)[-9:]", "/scripts/");
+    row("mel-procedure", "mel.eval('startsWith(\"abc\", \"ab\")')", "1");
 }
 
 void TestPythonSession::sessionCommandsTakePythonForms()

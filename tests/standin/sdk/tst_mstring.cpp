@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 
 #include <maya/MQtUtil.h>
@@ -91,14 +92,12 @@ void TestMString::numbersAppendAsPeopleWriteThem()
 
 void TestMString::wholeNumbersAreRecognised_data()
 {
-    QTest::addColumn<QString>("given");
-    QTest::addColumn<bool>("isInt");
-    QTest::addColumn<bool>("isDouble");
-    QTest::newRow("whole") << "-12" << true << true;
-    QTest::newRow("fraction") << "1.5" << false << true;
-    QTest::newRow("too-large") << "3000000000" << false << true;
-    QTest::newRow("trailing-letter") << "12a" << false << false;
-    QTest::newRow("empty") << "" << false << false;
+    columns<QString, bool, bool>("given", "isInt", "isDouble");
+    row("whole", "-12", true, true);
+    row("fraction", "1.5", false, true);
+    row("too-large", "3000000000", false, true);
+    row("trailing-letter", "12a", false, false);
+    row("empty", "", false, false);
 }
 
 void TestMString::wholeNumbersAreRecognised()
@@ -112,14 +111,12 @@ void TestMString::wholeNumbersAreRecognised()
 
 void TestMString::substringIncludesBothEnds_data()
 {
-    QTest::addColumn<int>("start");
-    QTest::addColumn<int>("end");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("middle") << 1 << 2 << "bc";
-    QTest::newRow("one-character") << 3 << 3 << "d";
-    QTest::newRow("beyond-the-end") << 2 << 99 << "cd";
-    QTest::newRow("before-the-start") << -5 << 0 << "a";
-    QTest::newRow("crossed") << 3 << 1 << "";
+    columns<int, int, QString>("start", "end", "expected");
+    row("middle", 1, 2, "bc");
+    row("one-character", 3, 3, "d");
+    row("beyond-the-end", 2, 99, "cd");
+    row("before-the-start", -5, 0, "a");
+    row("crossed", 3, 1, "");
 }
 
 void TestMString::substringIncludesBothEnds()

@@ -2,6 +2,7 @@
 #include "standin/ui/mainwindow.h"
 #include "standin/ui/commandline.h"
 #include "tests/standin/ui/uisession.h"
+#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 
 #include <maya/MTypes.h>
@@ -10,8 +11,6 @@
 #include <QMenuBar>
 #include <QSignalSpy>
 #include <QStatusBar>
-#include <QTest>
-
 class TestMainWindow : public QObject
 {
     Q_OBJECT
@@ -87,15 +86,10 @@ void TestMainWindow::theCommandLineSwitchesItsLanguage()
 
 void TestMainWindow::messagesAreShownInTheirColours_data()
 {
-    QTest::addColumn<QString>("script");
-    QTest::addColumn<QString>("shown");
-    QTest::addColumn<bool>("coloured");
-    QTest::newRow("error") << "error \"bad\""
-                           << "// Error: line 1: bad" << true;
-    QTest::newRow("warning") << "warning \"odd\""
-                             << "// Warning: line 1: odd" << true;
-    QTest::newRow("print") << "print \"one\\ntwo\\n\""
-                           << "two" << false;
+    columns<QString, QString, bool>("script", "shown", "coloured");
+    row("error", "error \"bad\"", "// Error: line 1: bad", true);
+    row("warning", "warning \"odd\"", "// Warning: line 1: odd", true);
+    row("print", "print \"one\\ntwo\\n\"", "two", false);
 }
 
 void TestMainWindow::messagesAreShownInTheirColours()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "standin/host/scriptjobs.h"
 #include "tests/standin/ui/uisession.h"
+#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 
 #include <QAction>
@@ -8,8 +9,6 @@
 #include <QMenu>
 #include <QPointer>
 #include <QPushButton>
-#include <QTest>
-
 class TestScriptedControls : public QObject
 {
     Q_OBJECT
@@ -29,22 +28,14 @@ private slots:
 
 void TestScriptedControls::scriptsOfControlsRun_data()
 {
-    QTest::addColumn<QString>("control");
-    QTest::addColumn<QString>("printed");
-    QTest::newRow("button") << "button -c \"print 1\" x"
-                            << "1";
-    QTest::newRow("symbol-button") << "symbolButton -c \"print 2\" x"
-                                   << "2";
-    QTest::newRow("icon-text-button") << "iconTextButton -c \"print 3\" x"
-                                      << "3";
-    QTest::newRow("check-box") << "checkBox -cc \"print #1\" x"
-                               << "1";
-    QTest::newRow("check-box-going-on") << "checkBox -onc \"print on\" -ofc \"print off\" x"
-                                        << "on";
-    QTest::newRow("check-box-going-off") << "checkBox -v on -onc \"print on\" -ofc \"print off\" x"
-                                         << "off";
-    QTest::newRow("edited-later") << "button -c \"print 1\" x; button -e -c \"print 4\" x"
-                                  << "4";
+    columns<QString, QString>("control", "printed");
+    row("button", "button -c \"print 1\" x", "1");
+    row("symbol-button", "symbolButton -c \"print 2\" x", "2");
+    row("icon-text-button", "iconTextButton -c \"print 3\" x", "3");
+    row("check-box", "checkBox -cc \"print #1\" x", "1");
+    row("check-box-going-on", "checkBox -onc \"print on\" -ofc \"print off\" x", "on");
+    row("check-box-going-off", "checkBox -v on -onc \"print on\" -ofc \"print off\" x", "off");
+    row("edited-later", "button -c \"print 1\" x; button -e -c \"print 4\" x", "4");
 }
 
 void TestScriptedControls::scriptsOfControlsRun()
