@@ -36,6 +36,12 @@ std::unique_ptr<EdHighlighter> highlighterFor(int language, QTextDocument *docum
     return nullptr;
 }
 
+// Null where there is nothing to complete.
+std::unique_ptr<CompletionSource> completionSourceFor(int)
+{
+    return nullptr;
+}
+
 // Read once for all editors.
 struct DiagnosticImages
 {
@@ -114,15 +120,19 @@ EdCodeEdit::EdCodeEdit(QWidget *parent)
     connect(this, SIGNAL(selectionChanged()), SLOT(updateExtraSelections()));
     connect(verticalScrollBar(), SIGNAL(valueChanged(int)), SLOT(updateExtraSelections()));
     connect(m_completer, SIGNAL(activated(QString, int)), SLOT(completeCode(QString, int)));
+    connect(m_completer, SIGNAL(commandChosen(QString)), SLOT(helpOnCommand(QString)));
+    connect(m_completer, SIGNAL(lettersSwitchedOff()), SIGNAL(completionSlow()));
     connect(document(), SIGNAL(contentsChange(int, int, int)),
             SLOT(onContentsChange(int, int, int)));
     updateLineNumberWidth();
     updateExtraSelections();
 }
 
-// The highlighter takes its colours off the document, which nobody shall hear of any more.
+// The highlighter takes its colours off the document, which nobody shall hear of any more. The
+// popup must not look at what is left of the editor.
 EdCodeEdit::~EdCodeEdit()
 {
+    m_completer->hide();
     document()->blockSignals(true);
 }
 
@@ -134,6 +144,7 @@ void EdCodeEdit::setLanguage(int language)
     m_highlighter.reset(); // takes its colours off the document
     clearBlockData();
     m_highlighter = highlighterFor(language, document());
+    m_completer->setSource(completionSourceFor(language));
 }
 
 // Blocks keep the characters that toPlainText() replaces.
@@ -394,6 +405,14 @@ void EdCodeEdit::completeCode(const QString &text, int prefixLength)
         cursor.setPosition(std::max(cursor.position() - prefixLength, 0), QTextCursor::KeepAnchor);
         cursor.insertText(text);
     });
+}
+
+void EdCodeEdit::helpOnCommand(const QString &name)
+{
+    const bool isWanted = m_language == PythonLanguage ? preferences().pythonAutoCompleteToQuickHelp
+                                                       : preferences().melAutoCompleteToQuickHelp;
+    if (isWanted)
+        emit quickHelpSelected(name, true);
 }
 
 void EdCodeEdit::moveToOtherView()

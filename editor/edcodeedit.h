@@ -90,6 +90,8 @@ signals:
     void nextTabSelected();
     // For whoever can open Maya's documentation, the page of a command.
     void commandDocumentationSelected(const QString &command, bool python);
+    // Completions come only when asked for, because they take long; once.
+    void completionSlow();
     // The caret has come to a line that is too long for colours and marks; once for each text.
     void longLineReached();
 
@@ -155,6 +157,7 @@ protected:
     void insertFromMimeData(const QMimeData *source) override;
 
 private slots:
+    void helpOnCommand(const QString &name);
     void forgetMarkedText();
 
 private:

@@ -105,20 +105,10 @@ void EdCodeEdit::pressInstead(int key, Qt::KeyboardModifiers modifiers)
 
 EdCodeEdit::Key EdCodeEdit::leaveKeyToPopup(QKeyEvent *event)
 {
-    if (!m_completer->isVisible())
+    if (!m_completer->isVisible() || !EdCompleter::isKey(event->key()))
         return Key::Left;
-    switch (event->key()) {
-    case Qt::Key_Tab:
-    case Qt::Key_Backtab:
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-    case Qt::Key_Up:
-    case Qt::Key_Down:
-        QApplication::sendEvent(m_completer, event);
-        return Key::Taken;
-    default:
-        return Key::Left;
-    }
+    QApplication::sendEvent(m_completer, event);
+    return Key::Taken;
 }
 
 // With a command modifier it is one of the window's shortcuts for executing.

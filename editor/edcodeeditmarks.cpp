@@ -5,6 +5,7 @@
 #include "analysis/baseparser.h"
 #include "compat/text.h"
 #include "editor/edcodeeditlinenumbers.h"
+#include "editor/edcompleter.h"
 #include "editor/edhighlighter.h"
 #include "editor/longlines.h"
 #include "preferences/textformats.h"
@@ -50,10 +51,12 @@ QColor inkOf(EditorText category)
     return ink.isValid() ? ink : textFormat(EditorText::Plain).foreground;
 }
 
-// Keys with Ctrl alone that keyPressEvent() takes and that are no shortcuts of the window.
-bool isOwnShortcut(const QKeyEvent &event)
+// Those that keyPressEvent() takes and that are no shortcuts of the window.
+bool isOwnKey(const QKeyEvent &event, bool popupIsVisible)
 {
     const int key = event.key();
+    if (popupIsVisible && EdCompleter::isKey(key) && !(event.modifiers() & ~Qt::KeypadModifier))
+        return true;
     return (event.modifiers() & ~Qt::KeypadModifier) == Qt::ControlModifier &&
            (key == Qt::Key_D || key == Qt::Key_L || key == Qt::Key_Space);
 }
@@ -274,7 +277,7 @@ bool EdCodeEdit::event(QEvent *event)
 {
     // An action of the host with the same keys would take them.
     if (event->type() == QEvent::ShortcutOverride &&
-        isOwnShortcut(*static_cast<QKeyEvent *>(event))) {
+        isOwnKey(*static_cast<QKeyEvent *>(event), m_completer->isVisible())) {
         event->accept();
         return true;
     }

@@ -3,6 +3,7 @@
 #include "editor/edcompleter.h"
 #include "editor/editorlanguage.h"
 #include "preferences/preferences.h"
+#include "tests/editor/listsource.h"
 #include "tests/support/scratchdir.h"
 #include "tests/support/testmain.h"
 
@@ -226,17 +227,33 @@ void TestEdCodeEdit::keysWhilePopupIsVisible_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<int>("key");
     QTest::addColumn<QString>("after");
-    QTest::addColumn<bool>("staysVisible");
-    QTest::addColumn<int>("row"); // of the popup's two
+    QTest::addColumn<QString>("shown"); // the current row; empty when the popup is hidden
 
-    QTest::newRow("tab") << "ab" << int(Qt::Key_Tab) << "ab" << true << 0;
-    QTest::newRow("return") << "ab" << int(Qt::Key_Return) << "ab" << true << 0;
-    QTest::newRow("down") << "ab" << int(Qt::Key_Down) << "ab" << true << 1;
-    QTest::newRow("backspace-in-word") << "ab" << int(Qt::Key_Backspace) << "a" << true << 0;
-    QTest::newRow("backspace-on-dot") << "a." << int(Qt::Key_Backspace) << "a" << false << 0;
-    QTest::newRow("backspace-on-line") << "a\n" << int(Qt::Key_Backspace) << "a" << false << 0;
-    QTest::newRow("left") << "ab" << int(Qt::Key_Left) << "ab" << false << 0;
-    QTest::newRow("letter") << "ab" << int(Qt::Key_C) << "abc" << true << 0;
+    QTest::newRow("tab") << "ab" << int(Qt::Key_Tab) << "abc1"
+                         << "";
+    QTest::newRow("return") << "ab" << int(Qt::Key_Return) << "abc1"
+                            << "";
+    QTest::newRow("down") << "ab" << int(Qt::Key_Down) << "ab"
+                          << "abc2";
+    QTest::newRow("escape") << "ab" << int(Qt::Key_Escape) << "ab"
+                            << "";
+    QTest::newRow("letter") << "ab" << int(Qt::Key_C) << "abc"
+                            << "abc1";
+    QTest::newRow("other-letter") << "ab" << int(Qt::Key_X) << "abx"
+                                  << "";
+    QTest::newRow("backspace-in-word") << "ab" << int(Qt::Key_Backspace) << "a"
+                                       << "abc1";
+    QTest::newRow("backspace-on-dot") << "a." << int(Qt::Key_Backspace) << "a"
+                                      << "";
+    QTest::newRow("backspace-on-line") << "a\n"
+                                       << int(Qt::Key_Backspace) << "a"
+                                       << "";
+    QTest::newRow("left") << "ab" << int(Qt::Key_Left) << "ab"
+                          << "";
+    QTest::newRow("home") << "ab" << int(Qt::Key_Home) << "ab"
+                          << "";
+    QTest::newRow("end") << "ab" << int(Qt::Key_End) << "ab"
+                         << "abc1";
 }
 
 void TestEdCodeEdit::keysWhilePopupIsVisible()
@@ -244,22 +261,18 @@ void TestEdCodeEdit::keysWhilePopupIsVisible()
     QFETCH(QString, text);
     QFETCH(int, key);
     QFETCH(QString, after);
-    QFETCH(bool, staysVisible);
-    QFETCH(int, row);
+    QFETCH(QString, shown);
     KeyWindow window;
+    window.edit->setLanguage(MelLanguage);
     put(*window.edit, text, int(text.size()));
     window.show();
     EdCompleter *popup = window.edit->completer();
-    QSignalSpy updates(popup, SIGNAL(updateRequested()));
-    popup->addItems(QStringList() << "one"
-                                  << "two");
-    popup->setCurrentRow(0);
-    popup->show();
+    popup->setSource(listSource("abc1 abc2"));
+    popup->begin(EdCompleter::OnDemand, MelLanguage);
+    QVERIFY(popup->isVisible());
     QTest::keyClick(window.edit, Qt::Key(key));
     QCOMPARE(window.edit->text(), after);
-    QCOMPARE(popup->isVisible(), staysVisible);
-    QCOMPARE(popup->currentRow(), row);
-    QCOMPARE(!updates.isEmpty(), staysVisible && after != text);
+    QCOMPARE(popup->isVisible() ? popup->currentIndex().data().toString() : QString(), shown);
     QCOMPARE(window.keys, QList<int>());
 }
 
@@ -268,27 +281,28 @@ void TestEdCodeEdit::completionIsAskedFor_data()
     QTest::addColumn<int>("language");
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("typed"); // a blank: Ctrl+Space
-    QTest::addColumn<int>("trigger");   // -1: none
+    QTest::addColumn<bool>("isAsked");
 
-    const int none = -1;
-    QTest::newRow("on-demand") << int(MelLanguage) << "a"
-                               << " " << int(EdCompleter::OnDemand);
+    const int mel = MelLanguage;
+    const int python = PythonLanguage;
+    QTest::newRow("on-demand") << mel << "a"
+                               << " " << true;
     QTest::newRow("not-in-plain-text") << int(TextLanguage) << "a"
-                                       << " " << none;
-    QTest::newRow("dot") << int(PythonLanguage) << "a"
-                         << "." << int(EdCompleter::OnPeriod);
-    QTest::newRow("dot-in-mel") << int(MelLanguage) << "a"
-                                << "." << none;
-    QTest::newRow("letter") << int(PythonLanguage) << "a "
-                            << "b" << int(EdCompleter::OnLetters);
-    QTest::newRow("first-letter") << int(MelLanguage) << ""
-                                  << "b" << int(EdCompleter::OnLetters);
-    QTest::newRow("underscore") << int(MelLanguage) << "("
-                                << "_" << int(EdCompleter::OnLetters);
-    QTest::newRow("inside-a-word") << int(MelLanguage) << "a"
-                                   << "b" << none;
-    QTest::newRow("digit") << int(MelLanguage) << ""
-                           << "1" << none;
+                                       << " " << false;
+    QTest::newRow("dot") << python << "a"
+                         << "." << true;
+    QTest::newRow("dot-in-mel") << mel << "a"
+                                << "." << false;
+    QTest::newRow("letter") << python << "a "
+                            << "b" << true;
+    QTest::newRow("first-letter") << mel << ""
+                                  << "b" << true;
+    QTest::newRow("underscore") << mel << "("
+                                << "_" << true;
+    QTest::newRow("inside-a-word") << mel << "a"
+                                   << "b" << false;
+    QTest::newRow("digit") << mel << ""
+                           << "1" << false;
 }
 
 void TestEdCodeEdit::completionIsAskedFor()
@@ -296,28 +310,27 @@ void TestEdCodeEdit::completionIsAskedFor()
     QFETCH(int, language);
     QFETCH(QString, text);
     QFETCH(QString, typed);
-    QFETCH(int, trigger);
+    QFETCH(bool, isAsked);
     preferences().melCompleteOnLetters = preferences().pythonCompleteOnLetters = true;
     EdCodeEdit edit;
     edit.setLanguage(language);
-    put(edit, text, int(text.size()));
-    const auto type = [&edit, typed] {
+    const auto type = [&edit, text, typed] {
+        put(edit, text, int(text.size()));
         if (typed == " ")
             QTest::keyClick(&edit, Qt::Key_Space, Qt::ControlModifier);
         else
             QTest::keyClicks(&edit, typed);
     };
-    QSignalSpy requested(edit.completer(), SIGNAL(requested(int)));
+    int asked = 0;
+    edit.completer()->setSource(listSource(QString(), &asked));
     type();
-    QCOMPARE(requested.isEmpty() ? -1 : requested.first().first().toInt(), trigger);
-    QVERIFY(requested.size() <= 1);
+    QCOMPARE(asked, isAsked ? 1 : 0);
 
-    requested.clear();
+    asked = 0;
     preferences().melCompleteOnLetters = preferences().pythonCompleteOnLetters = false;
     preferences().melCompleteOnUser = preferences().pythonCompleteOnPeriod = false;
-    put(edit, text, int(text.size()));
     type();
-    QVERIFY(requested.isEmpty());
+    QCOMPARE(asked, 0);
 }
 
 void TestEdCodeEdit::completionReplacesThePrefix()
