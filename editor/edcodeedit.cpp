@@ -372,7 +372,7 @@ void EdCodeEdit::findReplace(const QString &findText, const QString &replaceText
     QTextCursor cursor = textCursor();
     {
         const SameView view(this);
-        outcome = ::findReplace(cursor, request);
+        outcome = ::findReplace(cursor, request, searchedText());
         setTextCursor(cursor);
     }
     if (outcome.selectsMatch)

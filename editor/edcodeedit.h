@@ -3,6 +3,7 @@
 
 #include "editor/diagnosticmarks.h"
 #include "editor/extraselections.h"
+#include "editor/findrequest.h"
 #include "editor/indentstyle.h"
 
 #include <QImage>
@@ -68,6 +69,11 @@ public:
     const DiagnosticMarks &errors() const { return m_errors; }
     const DiagnosticMarks &warnings() const { return m_warnings; }
     const DiagnosticMarks &infos() const { return m_infos; }
+
+    // Marks the matches of a search in what is in view, until the find text is empty.
+    void markMatches(const FindRequest &request);
+    // Of the whole text.
+    int matchCount(const FindRequest &request);
 
     // One flag for all editors: each applies it when it is told, with setOverwriteMode().
     static bool isOverwriting();
@@ -138,6 +144,7 @@ public slots:
     void highlightErrors();
     void highlightCurrentLine();
     void highlightMatchedSelection();
+    void highlightMatches();
     void matchParenthesis();
 
 protected:
@@ -159,6 +166,7 @@ protected:
 private slots:
     void helpOnCommand(const QString &name);
     void forgetMarkedText();
+    void markChangedMatches();
 
 private:
     // What a step did with a key: left it to the next step, took it, or took it in a way that
@@ -200,6 +208,7 @@ private:
     void widenToVariable();
     void dragSelection();
     QTextBlock lastVisibleBlock() const;
+    const QString &searchedText();
     struct LineTop
     {
         int line; // 0-based
@@ -223,9 +232,12 @@ private:
     DiagnosticMarks m_errors;
     DiagnosticMarks m_warnings;
     DiagnosticMarks m_infos;
-    int m_blockCount = 1;     // as of the last change of the text
-    QPoint m_middlePress;     // where the middle button went down
-    bool m_marksText = false; // the extra selections are those of a text that is not empty
+    FindRequest m_markedSearch;
+    QString m_searchedText;       // the plain text, kept from one search to the next change
+    bool m_matchesAreOld = false; // those in view, after a change
+    int m_blockCount = 1;         // as of the last change of the text
+    QPoint m_middlePress;         // where the middle button went down
+    bool m_marksText = false;     // the extra selections are those of a text that is not empty
     bool m_longLineSaid = false;
     int m_revision = -1;   // of the document, at the last change of the text
     int m_marginWidth = 0; // pixels that the view leaves to the gutter

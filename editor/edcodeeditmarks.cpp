@@ -8,6 +8,7 @@
 #include "editor/edcompleter.h"
 #include "editor/edhighlighter.h"
 #include "editor/longlines.h"
+#include "editor/textsearch.h"
 #include "preferences/textformats.h"
 
 #include <QHelpEvent>
@@ -192,6 +193,7 @@ void EdCodeEdit::applyDiagnostics()
 
 void EdCodeEdit::onContentsChange(int position, int charsRemoved, int charsAdded)
 {
+    m_searchedText.clear();
     // Colours came or went, which Qt tells as a change too.
     if (charsRemoved == charsAdded && document()->revision() == m_revision)
         return;
@@ -203,6 +205,16 @@ void EdCodeEdit::onContentsChange(int position, int charsRemoved, int charsAdded
         changesGutter |= marks->shift(position, charsRemoved, charsAdded, addedLines);
     if (changesGutter)
         m_lineNumbers->update();
+    // Most changes move the caret, and everything is marked anew; the others are seen to later.
+    if (!m_markedSearch.findText.isEmpty() && !m_matchesAreOld)
+        QMetaObject::invokeMethod(this, "markChangedMatches", Qt::QueuedConnection);
+    m_matchesAreOld = true;
+}
+
+void EdCodeEdit::markChangedMatches()
+{
+    if (m_matchesAreOld)
+        updateExtraSelections();
 }
 
 // All kinds are made anew at every call; only what is visible is marked.
@@ -215,10 +227,12 @@ void EdCodeEdit::updateExtraSelections()
         return;
     }
     m_marksText = !document()->isEmpty();
+    m_matchesAreOld = false;
     m_extraSelections.clear();
     if (!m_extraSelectionsEnabled)
         return;
     highlightCurrentLine();
+    highlightMatches();
     highlightMatchedSelection();
     matchParenthesis();
     highlightErrors();
@@ -239,6 +253,31 @@ void EdCodeEdit::highlightCurrentLine()
 {
     if (!isReadOnly())
         addCurrentLine(textCursor(), &m_extraSelections);
+}
+
+void EdCodeEdit::highlightMatches()
+{
+    addMatches(m_markedSearch, firstVisibleBlock(), lastVisibleBlock(), &m_extraSelections);
+}
+
+void EdCodeEdit::markMatches(const FindRequest &request)
+{
+    m_markedSearch = request;
+    if (request.findText.isEmpty())
+        m_searchedText.clear(); // as large as the text, and nobody is searching it any more
+    updateExtraSelections();
+}
+
+int EdCodeEdit::matchCount(const FindRequest &request)
+{
+    return TextSearch(request).count(searchedText());
+}
+
+const QString &EdCodeEdit::searchedText()
+{
+    if (m_searchedText.isEmpty())
+        m_searchedText = document()->toPlainText();
+    return m_searchedText;
 }
 
 void EdCodeEdit::highlightMatchedSelection()

@@ -3,8 +3,10 @@
 
 #include "analysis/wordunits.h"
 #include "editor/diagnosticmarks.h"
+#include "editor/findrequest.h"
 #include "editor/longlines.h"
 #include "editor/textblocks.h"
+#include "editor/textsearch.h"
 #include "preferences/textformats.h"
 
 #include <QTextBlock>
@@ -14,6 +16,9 @@ namespace {
 
 // How far away a partner is looked for. Beside a bracket without one this is done at every key.
 const int linesOfMatch = 10000;
+
+// Painting a line looks at every one.
+const int mostMatches = 1000;
 
 bool isWordAt(const QString &text, int index)
 {
@@ -112,6 +117,26 @@ void addMatchedSelections(const QTextCursor &caret, const QTextBlock &first, con
     for (QTextBlock block = first; block.isValid(); block = block.next()) {
         if (!isLong(block))
             addWord(word, block, format, selections);
+        if (block == last)
+            break;
+    }
+}
+
+void addMatches(const FindRequest &search, const QTextBlock &first, const QTextBlock &last,
+                ExtraSelections *selections)
+{
+    if (search.findText.isEmpty())
+        return;
+    const TextSearch matches(search);
+    const QTextCharFormat format = textFormat(EditorText::MatchingSelection).charFormat();
+    const int most = int(selections->size()) + mostMatches;
+    for (QTextBlock block = first; block.isValid(); block = block.next()) {
+        const QString line = isLong(block) ? QString() : searchable(block.text());
+        for (int start : matches.matchesBetween(line, 0, int(line.size()))) {
+            if (selections->size() == most)
+                return;
+            *selections << selectionOver(cursorOver(block, start, matches.length()), format);
+        }
         if (block == last)
             break;
     }

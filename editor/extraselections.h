@@ -7,6 +7,7 @@
 class DiagnosticMarks;
 class QTextBlock;
 class QTextCursor;
+struct FindRequest;
 
 // What an editor marks beside its selection. Each function adds one kind to a list, of which later
 // entries are painted over earlier ones. The time that takes does not grow with the document, but
@@ -19,6 +20,9 @@ void addCurrentLine(const QTextCursor &caret, ExtraSelections *selections);
 // selection is not a word.
 void addMatchedSelections(const QTextCursor &caret, const QTextBlock &first, const QTextBlock &last,
                           ExtraSelections *selections);
+// The matches of a search in these blocks; beyond the first thousand, which no view shows, none.
+void addMatches(const FindRequest &search, const QTextBlock &first, const QTextBlock &last,
+                ExtraSelections *selections);
 // The bracket before the caret and its partner; nothing when it has none within some thousand lines
 // or something is selected.
 void addMatchingBrackets(const QTextCursor &caret, ExtraSelections *selections);

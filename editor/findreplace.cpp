@@ -3,8 +3,8 @@
 
 #include "editor/editblock.h"
 #include "editor/textmatcher.h"
+#include "editor/textsearch.h"
 
-#include <QTextBlock>
 #include <QTextDocument>
 
 #include <algorithm>
@@ -32,17 +32,10 @@ QString withDocumentBreaks(QString text)
     return text;
 }
 
-// Nobody sees or types no-break spaces as such.
-QString withPlainBlanks(QString text)
-{
-    return text.replace(QChar(QChar::Nbsp), QLatin1Char(' '));
-}
-
 // A request with the texts as they are searched for and inserted.
 FindRequest prepared(const FindRequest &request)
 {
-    return {withPlainBlanks(withDocumentBreaks(request.findText)),
-            withDocumentBreaks(request.replaceText), request.options};
+    return {searchable(request.findText), withDocumentBreaks(request.replaceText), request.options};
 }
 
 Qt::CaseSensitivity sensitivity(const FindRequest &request)
@@ -59,7 +52,7 @@ bool canMatch(const FindRequest &request)
 
 bool selectsMatch(const QTextCursor &cursor, const FindRequest &request)
 {
-    const QString selected = withPlainBlanks(cursor.selectedText());
+    const QString selected = searchable(cursor.selectedText());
     return !selected.isEmpty() && selected.compare(request.findText, sensitivity(request)) == 0;
 }
 
@@ -76,88 +69,43 @@ void replaceSelection(QTextCursor &cursor, const QString &text)
     select(cursor, start, cursor.position());
 }
 
-bool isLetterOrNumber(const QString &text, int index)
+// The start of the next match that begins at or behind `from`, or, backwards, before it; -1: none.
+int nextMatch(const QString &text, const FindRequest &request, int from)
 {
-    return index >= 0 && index < text.size() && text.at(index).isLetterOrNumber();
+    const TextSearch search(request);
+    return request.has(FindRequest::Backward) ? search.previous(text, from)
+                                              : search.next(text, from);
 }
 
-// As QTextDocument::find() has it.
-Matches wholeWords(const Matches &matches, const QString &text, const FindRequest &request)
-{
-    Matches words;
-    for (int start : matches) {
-        const int end = start + int(request.findText.size());
-        if (!isLetterOrNumber(text, start - 1) && !isLetterOrNumber(text, end))
-            words.push_back(start);
-    }
-    return words;
-}
-
-// The start of the match in the line that is next to a place before, inside or behind the line; -1
-// when there is none.
-int matchInLine(const QTextBlock &line, const TextMatcher &matcher, const FindRequest &request,
-                int place)
-{
-    const QString text = withPlainBlanks(line.text());
-    Matches matches = matcher.matchesIn(text);
-    if (request.has(FindRequest::WholeWords))
-        matches = wholeWords(matches, text, request);
-    const int column = place - line.position();
-    if (request.has(FindRequest::Backward)) {
-        const auto behind = std::upper_bound(matches.begin(), matches.end(), column);
-        return behind == matches.begin() ? -1 : line.position() + *(behind - 1);
-    }
-    const auto match = std::lower_bound(matches.begin(), matches.end(), column);
-    return match == matches.end() ? -1 : line.position() + *match;
-}
-
-// Like QTextDocument::find(), a match does not go over line breaks. Null when there is none.
-QTextCursor nextMatch(QTextDocument *document, const FindRequest &request, int from)
-{
-    const TextMatcher matcher(request.findText, sensitivity(request));
-    const bool isBackward = request.has(FindRequest::Backward);
-    const int place = isBackward ? from - 1 : from;
-    QTextBlock line = document->findBlock(place);
-    for (; line.isValid(); line = isBackward ? line.previous() : line.next()) {
-        const int start = matchInLine(line, matcher, request, place);
-        if (start < 0)
-            continue;
-        QTextCursor match(document);
-        select(match, start, start + int(request.findText.size()));
-        return match;
-    }
-    return QTextCursor();
-}
-
-// Selects the next match that begins at or behind `from`, or, backwards, before it.
-FindOutcome find(QTextCursor &cursor, const FindRequest &request, int from)
+// Selects that match.
+FindOutcome find(QTextCursor &cursor, const FindRequest &request, const QString &text, int from)
 {
     FindOutcome outcome;
-    QTextDocument *document = cursor.document();
-    QTextCursor match;
+    int start = -1;
     if (canMatch(request)) {
-        match = nextMatch(document, request, from);
-        if (match.isNull() && request.has(FindRequest::Wrap)) {
+        start = nextMatch(text, request, from);
+        if (start < 0 && request.has(FindRequest::Wrap)) {
             outcome.messages << QString::fromLatin1("Wrapped search");
-            const int end = document->characterCount() - 1;
-            match = nextMatch(document, request, request.has(FindRequest::Backward) ? end : 0);
+            const int end = int(text.size());
+            start = nextMatch(text, request, request.has(FindRequest::Backward) ? end : 0);
         }
     }
-    outcome.selectsMatch = !match.isNull();
+    outcome.selectsMatch = start >= 0;
     if (outcome.selectsMatch)
-        cursor = match;
+        select(cursor, start, start + int(request.findText.size()));
     else
         outcome.messages << QString::fromLatin1("String Not Found");
     return outcome;
 }
 
 // A match that is selected already is not found again; one that overlaps it is.
-FindOutcome findNext(QTextCursor &cursor, const FindRequest &request)
+FindOutcome findNext(QTextCursor &cursor, const FindRequest &request, const QString &text)
 {
     if (request.has(FindRequest::Backward))
-        return find(cursor, request, cursor.selectionStart());
+        return find(cursor, request, text, cursor.selectionStart());
     const bool isMatch = selectsMatch(cursor, request);
-    return find(cursor, request, isMatch ? cursor.selectionStart() + 1 : cursor.selectionEnd());
+    return find(cursor, request, text,
+                isMatch ? cursor.selectionStart() + 1 : cursor.selectionEnd());
 }
 
 FindOutcome replace(QTextCursor &cursor, const FindRequest &request)
@@ -171,16 +119,18 @@ FindOutcome replace(QTextCursor &cursor, const FindRequest &request)
 
 // Deliberate: an empty text replaces nothing and searches nothing, so that no series of key presses
 // takes matches out.
-FindOutcome replaceAndFind(QTextCursor &cursor, const FindRequest &request)
+FindOutcome replaceAndFind(QTextCursor &cursor, const FindRequest &request, QString text)
 {
     if (request.findText.isEmpty() || request.replaceText.isEmpty())
         return FindOutcome();
     if (!selectsMatch(cursor, request))
-        return findNext(cursor, request);
+        return findNext(cursor, request, text);
+    text.replace(cursor.selectionStart(), int(request.findText.size()),
+                 searchable(request.replaceText));
     replaceSelection(cursor, request.replaceText);
     const bool isBackward = request.has(FindRequest::Backward);
     FindOutcome outcome =
-        find(cursor, request, isBackward ? cursor.selectionStart() : cursor.selectionEnd());
+        find(cursor, request, text, isBackward ? cursor.selectionStart() : cursor.selectionEnd());
     outcome.selectsMatch = true; // or what was put in its place
     return outcome;
 }
@@ -206,13 +156,17 @@ Matches matchesIn(const QString &text, const FindRequest &request)
         return Matches();
     const bool isWord = request.has(FindRequest::WholeWords);
     const int length = int(request.findText.size());
-    const TextMatcher matcher(request.findText, sensitivity(request));
     Matches matches;
-    for (int start : matcher.matchesIn(text)) {
-        const bool overlaps = !matches.empty() && start < matches.back() + length;
-        if (!overlaps && (!isWord || (isWordEdge(text, start) && isWordEdge(text, start + length))))
+    int end = 0; // of the last of them
+    const TextMatcher matcher(request.findText, sensitivity(request));
+    matcher.visitMatches(text, 0, int(text.size()), [&](int start) {
+        if (start >= end &&
+            (!isWord || (isWordEdge(text, start) && isWordEdge(text, start + length)))) {
             matches.push_back(start);
-    }
+            end = start + length;
+        }
+        return true;
+    });
     return matches;
 }
 
@@ -221,7 +175,8 @@ Matches matchesIn(const QString &text, const FindRequest &request)
 class RangeEdit
 {
 public:
-    RangeEdit(QTextDocument *document, int start, int end, const FindRequest &request);
+    // The text is that of the range.
+    RangeEdit(QTextDocument *document, int start, const QString &text, const FindRequest &request);
 
     int count() const { return int(m_matches.size()); }
     qint64 newLength() const { return m_text.size() + qint64(count()) * growth(); }
@@ -231,64 +186,66 @@ public:
 
 private:
     int growth() const { return int(m_replacement.size()) - m_length; }
-    size_t firstInLine(size_t last) const;
-    void replaceMatches(size_t first, size_t last);
-    QString replaced(size_t first, size_t last) const;
+    size_t endOfLine(size_t match) const;
+    void replaceMatches(size_t first, size_t last, size_t done);
+    QString replaced(size_t first, size_t last, const QString &old) const;
 
     QTextCursor m_cursor;
     int m_start;
-    int m_length; // of a match
-    QString m_text;
+    int m_length;   // of a match
+    QString m_text; // as it is searched
     QString m_replacement;
     Matches m_matches; // in the text
 };
 
-RangeEdit::RangeEdit(QTextDocument *document, int start, int end, const FindRequest &request)
-    : m_cursor(document), m_start(start), m_length(int(request.findText.size())),
-      m_replacement(request.replaceText)
+RangeEdit::RangeEdit(QTextDocument *document, int start, const QString &text,
+                     const FindRequest &request)
+    : m_cursor(document), m_start(start), m_length(int(request.findText.size())), m_text(text),
+      m_replacement(request.replaceText), m_matches(matchesIn(text, request))
 {
-    select(m_cursor, start, end);
-    m_text = m_cursor.selectedText();
-    m_matches = matchesIn(withPlainBlanks(m_text), request);
 }
 
-// From the end, so that the places of the others stay.
+// From the start on: undoing it, which goes back, is quicker than the other way round.
 void RangeEdit::perform()
 {
     const EditBlock step(m_cursor);
-    for (size_t end = m_matches.size(); end > 0;) {
-        const size_t first = firstInLine(end - 1);
+    for (size_t first = 0; first < m_matches.size();) {
+        const size_t end = endOfLine(first);
         if (end - first > mostLineEdits) {
-            replaceMatches(first, end - 1);
+            replaceMatches(first, end - 1, first);
         } else {
-            for (size_t i = end; i > first; --i)
-                replaceMatches(i - 1, i - 1);
+            for (size_t i = first; i < end; ++i)
+                replaceMatches(i, i, i);
         }
-        end = first;
+        first = end;
     }
 }
 
-// Of the matches up to the one given, the first in its line.
-size_t RangeEdit::firstInLine(size_t last) const
+// Behind a match the first one of another line.
+size_t RangeEdit::endOfLine(size_t match) const
 {
-    const int lineBreak = int(m_text.lastIndexOf(QChar::ParagraphSeparator, m_matches[last]));
-    const auto first = std::lower_bound(m_matches.begin(), m_matches.end(), lineBreak);
-    return size_t(first - m_matches.begin());
+    const int lineBreak = int(m_text.indexOf(QLatin1Char('\n'), m_matches[match]));
+    if (lineBreak < 0)
+        return m_matches.size();
+    const auto next = std::upper_bound(m_matches.begin(), m_matches.end(), lineBreak);
+    return size_t(next - m_matches.begin());
 }
 
-// Both included, in one edit.
-void RangeEdit::replaceMatches(size_t first, size_t last)
+// Both included, in one edit, when so many in front of them are replaced.
+void RangeEdit::replaceMatches(size_t first, size_t last, size_t done)
 {
-    select(m_cursor, m_start + m_matches[first], m_start + m_matches[last] + m_length);
-    m_cursor.insertText(replaced(first, last));
+    const int start = m_start + int(done) * growth();
+    select(m_cursor, start + m_matches[first], start + m_matches[last] + m_length);
+    m_cursor.insertText(replaced(first, last, m_cursor.selectedText()));
 }
 
-QString RangeEdit::replaced(size_t first, size_t last) const
+// What lies between them is as in the document, with its no-break spaces.
+QString RangeEdit::replaced(size_t first, size_t last, const QString &old) const
 {
     QString text = m_replacement;
     for (size_t i = first; i < last; ++i) {
         const int end = m_matches[i] + m_length;
-        text += m_text.mid(end, m_matches[i + 1] - end) + m_replacement;
+        text += old.mid(end - m_matches[first], m_matches[i + 1] - end) + m_replacement;
     }
     return text;
 }
@@ -311,13 +268,13 @@ QString replacedMessage(int count)
 }
 
 // The text of a selection is searched as if there were no other; what has become of it is selected.
-FindOutcome replaceAll(QTextCursor &cursor, const FindRequest &request)
+FindOutcome replaceAll(QTextCursor &cursor, const FindRequest &request, const QString &text)
 {
     QTextDocument *document = cursor.document();
     const bool inSelection = request.has(FindRequest::InSelection);
     const int start = inSelection ? cursor.selectionStart() : 0;
-    const int end = inSelection ? cursor.selectionEnd() : document->characterCount() - 1;
-    RangeEdit edit(document, start, end, request);
+    const int end = inSelection ? cursor.selectionEnd() : int(text.size());
+    RangeEdit edit(document, start, text.mid(start, end - start), request);
     if (edit.newLength() > mostCharacters)
         return {QStringList(QString::fromLatin1("Text Would Be Too Long")), false};
     const FindOutcome outcome = {QStringList(replacedMessage(edit.count())), false};
@@ -334,12 +291,17 @@ FindOutcome replaceAll(QTextCursor &cursor, const FindRequest &request)
 
 FindOutcome findReplace(QTextCursor &cursor, const FindRequest &request)
 {
+    return findReplace(cursor, request, cursor.document()->toPlainText());
+}
+
+FindOutcome findReplace(QTextCursor &cursor, const FindRequest &request, const QString &text)
+{
     const FindRequest wanted = prepared(request);
     if (wanted.has(FindRequest::Replace))
         return replace(cursor, wanted);
     if (wanted.has(FindRequest::ReplaceAndFind))
-        return replaceAndFind(cursor, wanted);
+        return replaceAndFind(cursor, wanted, text);
     if (wanted.has(FindRequest::ReplaceAll))
-        return replaceAll(cursor, wanted);
-    return findNext(cursor, wanted);
+        return replaceAll(cursor, wanted, text);
+    return findNext(cursor, wanted, text);
 }

@@ -1,36 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QString>
+#include "editor/findrequest.h"
+
 #include <QStringList>
 
 class QTextCursor;
-
-// What to look for in a document, and what to do with it. Both texts are taken as they stand; every
-// kind of line break means that of the document.
-struct FindRequest
-{
-    // Bits of `options`. Without an operation the next match is selected.
-    enum Option {
-        // The values of QTextDocument::FindFlag.
-        Backward = 1,
-        CaseSensitive = 2,
-        WholeWords = 4,
-        InSelection = 1024, // with ReplaceAll
-        Wrap = 2048,        // at the end of the document
-        // The operations.
-        Replace = 4096,
-        ReplaceAndFind = 8192,
-        ReplaceAll = 16384
-    };
-
-    bool has(Option option) const { return (options & option) != 0; }
-    bool edits() const { return has(Replace) || has(ReplaceAndFind) || has(ReplaceAll); }
-
-    QString findText;
-    QString replaceText;
-    int options = 0;
-};
 
 struct FindOutcome
 {
@@ -41,3 +16,6 @@ struct FindOutcome
 // Carries the request out from the cursor's selection on. All edits are one step to undo. Where
 // everything is replaced, a caret outside the matches stays on its characters.
 FindOutcome findReplace(QTextCursor &cursor, const FindRequest &request);
+// The same with QTextDocument::toPlainText() of the document as it is now, for callers that have it
+// at hand: to fetch it takes longer than to search it.
+FindOutcome findReplace(QTextCursor &cursor, const FindRequest &request, const QString &text);
