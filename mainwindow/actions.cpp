@@ -10,8 +10,8 @@
 
 namespace {
 
-// Checked: checkable, and on at first. Later: for something that does not exist yet.
-enum class Kind { Plain, Checkable, Checked, Later };
+// Checked: checkable, and on at first.
+enum class Kind { Plain, Checkable, Checked };
 
 // The keys of the platform for a well-known action, or those of a text; neither: none.
 struct Keys
@@ -47,7 +47,6 @@ struct ActionRow
 #define plain Kind::Plain
 #define checkable Kind::Checkable
 #define checked Kind::Checked
-#define later Kind::Later
 
 const ActionRow actionRows[] = {
 #define ACTION(id, text, tip, keyColumn, icon, kind, receiver, slot)                               \
@@ -65,7 +64,6 @@ const ActionRow actionRows[] = {
 #undef plain
 #undef checkable
 #undef checked
-#undef later
 
 QAction *createAction(const ActionRow &row, QWidget *window)
 {
@@ -77,7 +75,6 @@ QAction *createAction(const ActionRow &row, QWidget *window)
     action->setStatusTip(QString::fromUtf8(row.tip));
     action->setCheckable(row.kind == Kind::Checkable || row.kind == Kind::Checked);
     action->setChecked(row.kind == Kind::Checked);
-    action->setEnabled(row.kind != Kind::Later);
     if (row.keys.text)
         action->setShortcut(QKeySequence(QString::fromLatin1(row.keys.text)));
     else if (row.keys.standard != QKeySequence::UnknownKey)

@@ -4,6 +4,7 @@
 #include "analysis/edoutlineview.h"
 #include "analysis/edquickhelpview.h"
 #include "compat/icon.h"
+#include "mainwindow/findsession.h"
 #include "mainwindow/menus.h"
 #include "mainwindow/programnames.h"
 #include "mainwindow/shortcuts.h"
@@ -44,7 +45,7 @@ Kestrowl::Kestrowl(const QString &userScriptDirectory, const QString &userPrefer
                    QWidget *parent)
     : QMainWindow(parent), m_scriptDirectory(QDir(homeIfEmpty(userScriptDirectory)).absolutePath()),
       m_preferencesDirectory(homeIfEmpty(userPreferencesDirectory)),
-      m_central(new EdCentralWidget(this))
+      m_central(new EdCentralWidget(this)), m_find(new FindSession(this))
 {
     // The order matters: icons need resources, docks the View menu, connections both ends, and
     // settings everything that they set.
@@ -111,6 +112,8 @@ void Kestrowl::connectCentralWidget()
     connect(m_central, SIGNAL(tabsChanged()), SLOT(rememberTabs()));
     connect(m_central, SIGNAL(journalFailed(QString)), SLOT(warnOfJournal(QString)));
     connect(m_central, SIGNAL(findReplaceMessageChanged(QString)), SLOT(setStatusText(QString)));
+    connect(m_central, SIGNAL(findReplaceMessageChanged(QString)), m_find,
+            SLOT(showMessage(QString)));
     connect(m_central, SIGNAL(tabSaveSelected()), SLOT(save()));
     connect(m_central, SIGNAL(tabSaveAsSelected()), SLOT(saveAs()));
     connect(m_central, SIGNAL(activeBufferNameChanged(QString)), SLOT(setTitleBufferName(QString)));
@@ -201,6 +204,7 @@ void Kestrowl::hideEvent(QHideEvent *event)
         return;
     for (QMenu *menu : menuBar()->findChildren<QMenu *>())
         menu->hideTearOffMenu();
+    m_find->closeDialog();
     hideFloatingDocks();
 }
 

@@ -22,6 +22,7 @@ class EdOpenDocumentView;
 class EdOutlineView;
 class EdOutputView;
 class EdQuickHelpView;
+class FindSession;
 class JournalFolder;
 class QModelIndex;
 class QShortcut;
@@ -98,6 +99,9 @@ public slots:
     void paste();
     void showGotoLineDialog();
     void showFindReplaceDialog();
+    // What was looked for last, without the dialog.
+    void findNext();
+    void findPrevious();
     // The options are those of FindRequest.
     void findReplace(const QString &findText, const QString &replaceText, int options);
     void replace(const QString &text);
@@ -242,6 +246,7 @@ private:
     EdOutputView *m_output;
     EdOutlineView *m_outline;
     EdQuickHelpView *m_quickHelp;
+    FindSession *m_find;
 
     QPointer<QTextDocument> m_followed; // whose edits the outline hears of
 

@@ -2,7 +2,9 @@
 // The window's commands on documents: files and buffers, editing, executing.
 #include "mainwindow/kestrowl.h"
 
+#include "editor/findrequest.h"
 #include "mainwindow/dialogs.h"
+#include "mainwindow/findsession.h"
 #include "mainwindow/programnames.h"
 #include "output/edoutputview.h"
 #include "preferences/preferences.h"
@@ -194,7 +196,17 @@ void Kestrowl::showGotoLineDialog()
 
 void Kestrowl::showFindReplaceDialog()
 {
-    setStatusText(tr("Find and replace is not part of this version."));
+    m_find->openDialog();
+}
+
+void Kestrowl::findNext()
+{
+    m_find->repeat(0);
+}
+
+void Kestrowl::findPrevious()
+{
+    m_find->repeat(FindRequest::Backward);
 }
 
 void Kestrowl::showPreferencesDialog()

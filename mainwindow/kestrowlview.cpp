@@ -7,6 +7,7 @@
 #include "editor/edcodeedit.h"
 #include "editor/longlines.h"
 #include "workspace/flagscope.h"
+#include "mainwindow/findsession.h"
 #include "mainwindow/visibility.h"
 #include "output/edoutputview.h"
 #include "preferences/preferences.h"
@@ -222,6 +223,7 @@ void Kestrowl::followDocument()
     const EdCodeView *view = currentView();
     m_documents->showCurrent(view ? view->fileInfo().absoluteFilePath() : QString());
     m_buffers->showCurrent(view ? view->bufferIndex() : -1);
+    m_find->setEditor(view ? view->codeEdit() : nullptr);
     QTextDocument *document = view ? view->codeEdit()->document() : nullptr;
     if (document == m_followed)
         return;

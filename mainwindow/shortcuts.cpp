@@ -22,6 +22,8 @@ QList<QShortcut *> createShortcuts(QWidget *window)
         {"Ctrl+Alt+Enter", SLOT(executeLine())},
         {"Ctrl+Shift+Return", SLOT(executeAll())},
         {"Ctrl+Shift+Enter", SLOT(executeAll())},
+        {"F3", SLOT(findNext())},
+        {"Shift+F3", SLOT(findPrevious())},
     };
 
     QList<QShortcut *> shortcuts;

@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: MIT
+#include "mainwindow/findsession.h"
+
+#include "editor/edcodeedit.h"
+#include "editor/findreplacedialog.h"
+
+namespace {
+
+const int pauseBeforeCount = 200;  // milliseconds
+const int distanceFromCorner = 24; // pixels
+
+} // namespace
+
+FindSession::FindSession(QWidget *window) : QObject(window), m_window(window)
+{
+    m_pause.setSingleShot(true);
+    m_pause.setInterval(pauseBeforeCount);
+    connect(&m_pause, SIGNAL(timeout()), SLOT(count()));
+}
+
+FindReplaceDialog *FindSession::dialog()
+{
+    if (m_dialog)
+        return m_dialog;
+    m_dialog = new FindReplaceDialog(m_window);
+    connect(m_dialog, SIGNAL(findReplaceSelected(QString, QString, int)), m_window,
+            SLOT(findReplace(QString, QString, int)));
+    connect(m_dialog, SIGNAL(replaceSelected(QString)), m_window, SLOT(replace(QString)));
+    connect(m_dialog, SIGNAL(searchChanged()), SLOT(updateMarks()));
+    placeDialog();
+    return m_dialog;
+}
+
+// Where it hides little of the text.
+void FindSession::placeDialog()
+{
+    m_dialog->adjustSize();
+    const int x = m_window->width() - m_dialog->width() - distanceFromCorner;
+    m_dialog->move(m_window->mapToGlobal(QPoint(x, distanceFromCorner)));
+}
+
+void FindSession::setEditor(EdCodeEdit *edit)
+{
+    if (edit == m_edit)
+        return;
+    if (m_edit) {
+        m_edit->disconnect(this);
+        m_edit->markMatches(FindRequest());
+    }
+    m_edit = edit;
+    if (m_edit)
+        connect(m_edit, SIGNAL(textChanged()), SLOT(countLater()));
+    updateMarks();
+}
+
+void FindSession::openDialog()
+{
+    const QString selected = m_edit ? m_edit->textCursor().selectedText() : QString();
+    const bool isOneLine = !selected.contains(QChar(QChar::ParagraphSeparator));
+    dialog()->openFor(isOneLine ? selected : QString());
+}
+
+void FindSession::repeat(int options)
+{
+    if (m_dialog && !m_dialog->search().findText.isEmpty())
+        m_dialog->find(options, true);
+    else
+        openDialog();
+}
+
+void FindSession::closeDialog()
+{
+    if (m_dialog)
+        m_dialog->close();
+}
+
+void FindSession::showMessage(const QString &message)
+{
+    if (m_dialog)
+        m_dialog->showMessage(message);
+}
+
+bool FindSession::isSeen() const
+{
+    return m_dialog && m_dialog->isVisible();
+}
+
+void FindSession::updateMarks()
+{
+    if (m_edit)
+        m_edit->markMatches(isSeen() ? m_dialog->search() : FindRequest());
+    countLater();
+}
+
+void FindSession::countLater()
+{
+    if (isSeen())
+        m_pause.start();
+}
+
+void FindSession::count()
+{
+    if (!isSeen())
+        return;
+    const FindRequest search = m_dialog->search();
+    const bool isAsked = m_edit && !search.findText.isEmpty();
+    m_dialog->showCount(isAsked ? m_edit->matchCount(search) : -1);
+}

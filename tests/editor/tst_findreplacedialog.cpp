@@ -1,0 +1,293 @@
+// SPDX-License-Identifier: MIT
+#include "editor/findreplacedialog.h"
+#include "tests/support/testmain.h"
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+
+class TestFindReplaceDialog : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup() { m_dialog.reset(); } // the application ends before this object
+
+    void controlsBearTheirNamesAndTexts();
+    void choicesBecomeOptions_data();
+    void choicesBecomeOptions();
+    void buttonsAndKeysSendRequests_data();
+    void buttonsAndKeysSendRequests();
+    void textsAreRememberedOnce();
+    void onlyFirstLinesAreRemembered();
+    void choosingFromTheListFinds();
+    void leavingAFieldFindsNothing();
+    void typingSearchesWhileIncremental();
+    void escapeClosesAndKeepsWhatWasEntered();
+    void openingTakesAText();
+
+private:
+    template <typename Widget>
+    Widget *find(const char *name) const
+    {
+        return m_dialog->findChild<Widget *>(name);
+    }
+    void enter(const char *findText, const char *replaceText);
+    // The requests sent since the last time: "find|replace|options", joined by blanks.
+    QString requests();
+    static QStringList entries(const QComboBox *box);
+
+    std::unique_ptr<FindReplaceDialog> m_dialog;
+    std::unique_ptr<QSignalSpy> m_sent;
+};
+
+void TestFindReplaceDialog::init()
+{
+    m_dialog.reset(new FindReplaceDialog);
+    m_sent.reset(
+        new QSignalSpy(m_dialog.get(), SIGNAL(findReplaceSelected(QString, QString, int))));
+}
+
+void TestFindReplaceDialog::enter(const char *findText, const char *replaceText)
+{
+    find<QComboBox>("findCmb")->setEditText(findText);
+    find<QComboBox>("replaceWithCmb")->setEditText(replaceText);
+}
+
+QString TestFindReplaceDialog::requests()
+{
+    QStringList requests;
+    for (int i = 0; i < m_sent->count(); ++i) {
+        const QList<QVariant> sent = m_sent->at(i);
+        requests
+            << QString("%1|%2|%3").arg(sent[0].toString(), sent[1].toString(), sent[2].toString());
+    }
+    m_sent->clear();
+    return requests.join(" ");
+}
+
+QStringList TestFindReplaceDialog::entries(const QComboBox *box)
+{
+    QStringList entries;
+    for (int i = 0; i < box->count(); ++i)
+        entries << box->itemText(i);
+    return entries;
+}
+
+void TestFindReplaceDialog::controlsBearTheirNamesAndTexts()
+{
+    const struct
+    {
+        const char *name;
+        const char *text;
+        bool checked;
+    } rows[] = {
+        {"backwardRdo", "Up", false},
+        {"forwardRdo", "Down", true},
+        {"scopeAllRdo", "All", true},
+        {"scopeSelectedRdo", "Selection", false},
+        {"caseSensitiveChk", "Case sensitive", false},
+        {"wrapSearchChk", "Wrap search", false},
+        {"wholeWordChk", "Whole word", false},
+        {"incrementalChk", "Incremental", false},
+        {"findBtn", "Find", false},
+        {"replaceFindBtn", "Replace/Find", false},
+        {"replaceBtn", "Replace", false},
+        {"replaceAllBtn", "Replace All", false},
+        {"closeBtn", "Close", false},
+    };
+    QStringList keys;
+    for (const auto &row : rows) {
+        const QAbstractButton *button = find<QAbstractButton>(row.name);
+        QVERIFY2(button, row.name);
+        QCOMPARE(button->text(), QString(row.text));
+        QCOMPARE(button->isChecked(), row.checked);
+        QVERIFY2(!keys.contains(button->shortcut().toString()), row.name);
+        if (!button->shortcut().isEmpty())
+            keys << button->shortcut().toString();
+    }
+    QStringList titles;
+    for (const QGroupBox *group : m_dialog->findChildren<QGroupBox *>())
+        titles << group->title();
+    QCOMPARE(titles, QStringList() << "Direction:"
+                                   << "Scope:"
+                                   << "Options:");
+    QCOMPARE(m_dialog->windowTitle(), QString("Find/Replace"));
+    QCOMPARE(m_dialog->objectName(), QString("FindReplaceDialogCorvane"));
+    QVERIFY(!(m_dialog->windowFlags() & Qt::WindowContextHelpButtonHint));
+    QVERIFY(!m_dialog->isModal());
+}
+
+void TestFindReplaceDialog::choicesBecomeOptions_data()
+{
+    QTest::addColumn<QString>("names");
+    QTest::addColumn<int>("options");
+    QTest::newRow("none") << QString() << 0;
+    QTest::newRow("up") << "backwardRdo" << 1;
+    QTest::newRow("case") << "caseSensitiveChk" << 2;
+    QTest::newRow("word") << "wholeWordChk" << 4;
+    QTest::newRow("selection") << "scopeSelectedRdo" << 1024;
+    QTest::newRow("wrap") << "wrapSearchChk" << 2048;
+    QTest::newRow("case-word-wrap") << "caseSensitiveChk wholeWordChk wrapSearchChk" << 2054;
+}
+
+void TestFindReplaceDialog::choicesBecomeOptions()
+{
+    QFETCH(QString, names);
+    QFETCH(int, options);
+    if (!names.isEmpty()) {
+        for (const QString &name : names.split(" "))
+            m_dialog->findChild<QAbstractButton *>(name)->setChecked(true);
+    }
+    enter("a", "b");
+    m_dialog->find();
+    QCOMPARE(requests(), QString("a|b|%1").arg(options));
+    QCOMPARE(m_dialog->search().options, options & 6);
+}
+
+void TestFindReplaceDialog::buttonsAndKeysSendRequests_data()
+{
+    QTest::addColumn<QString>("receiver");
+    QTest::addColumn<int>("key"); // 0: a click
+    QTest::addColumn<int>("modifiers");
+    QTest::addColumn<int>("options");
+    const int up = 1;
+    const int shift = Qt::ShiftModifier;
+    QTest::newRow("find") << "findBtn" << 0 << 0 << up;
+    QTest::newRow("replace") << "replaceBtn" << 0 << 0 << (4096 | up);
+    QTest::newRow("replace-find") << "replaceFindBtn" << 0 << 0 << (8192 | up);
+    QTest::newRow("replace-all") << "replaceAllBtn" << 0 << 0 << (16384 | up);
+    QTest::newRow("return-in-field") << "findCmb" << int(Qt::Key_Return) << 0 << up;
+    QTest::newRow("enter-in-field") << "findCmb" << int(Qt::Key_Enter) << 0 << up;
+    QTest::newRow("f3-goes-down") << "findCmb" << int(Qt::Key_F3) << 0 << 0;
+    QTest::newRow("shift-f3-goes-up") << "replaceWithCmb" << int(Qt::Key_F3) << shift << up;
+}
+
+// With "Up" chosen, and a text that is further down in the list.
+void TestFindReplaceDialog::buttonsAndKeysSendRequests()
+{
+    QFETCH(QString, receiver);
+    QFETCH(int, key);
+    QFETCH(int, modifiers);
+    QFETCH(int, options);
+    find<QAbstractButton>("backwardRdo")->setChecked(true);
+    for (const char *text : {"a", "c"}) {
+        enter(text, "b");
+        m_dialog->find();
+    }
+    requests();
+    enter("a", "b");
+    m_dialog->show();
+    QWidget *widget = m_dialog->findChild<QWidget *>(receiver);
+    if (key == 0)
+        QTest::mouseClick(widget, Qt::LeftButton);
+    else
+        QTest::keyClick(widget, Qt::Key(key), Qt::KeyboardModifiers(modifiers));
+    QCOMPARE(requests(), QString("a|b|%1").arg(options));
+}
+
+void TestFindReplaceDialog::textsAreRememberedOnce()
+{
+    for (const char *text : {"a", "b", "A", "", "a"}) {
+        enter(text, text);
+        m_dialog->replaceAll();
+    }
+    for (const char *name : {"findCmb", "replaceWithCmb"}) {
+        const QComboBox *box = find<QComboBox>(name);
+        QCOMPARE(entries(box), QStringList() << "a"
+                                             << "A"
+                                             << "b");
+        QCOMPARE(box->currentIndex(), 0);
+    }
+}
+
+void TestFindReplaceDialog::onlyFirstLinesAreRemembered()
+{
+    const QString lines = QString("ab") + QChar(QChar::ParagraphSeparator) + "cd";
+    QComboBox *box = find<QComboBox>("findCmb");
+    for (int i = 0; i < 2; ++i) {
+        if (i == 0)
+            box->setEditText(lines);
+        m_dialog->find();
+        QCOMPARE(requests(), lines + "||0");
+        QCOMPARE(entries(box), QStringList() << "ab");
+    }
+}
+
+void TestFindReplaceDialog::choosingFromTheListFinds()
+{
+    for (const char *text : {"a", "b"}) {
+        enter(text, "");
+        m_dialog->find();
+    }
+    requests();
+    QComboBox *box = find<QComboBox>("findCmb");
+    box->setCurrentIndex(1);
+    QMetaObject::invokeMethod(box, "activated", Q_ARG(int, 1));
+    QCOMPARE(requests(), QString("a||0"));
+    QCOMPARE(entries(box), QStringList() << "a"
+                                         << "b");
+}
+
+void TestFindReplaceDialog::leavingAFieldFindsNothing()
+{
+    for (const char *text : {"a", "b"}) {
+        enter(text, "");
+        m_dialog->find();
+    }
+    requests();
+    m_dialog->show();
+    QApplication::setActiveWindow(m_dialog.get());
+    enter("a", "");
+    QTest::keyClick(find<QComboBox>("findCmb")->lineEdit(), Qt::Key_Tab);
+    find<QPushButton>("closeBtn")->setFocus();
+    QCOMPARE(requests(), QString());
+}
+
+void TestFindReplaceDialog::typingSearchesWhileIncremental()
+{
+    QComboBox *box = find<QComboBox>("findCmb");
+    find<QAbstractButton>("incrementalChk")->setChecked(true);
+    QTest::keyClicks(box->lineEdit(), "ab");
+    QCOMPARE(requests(), QString("a||0 ab||0"));
+    QCOMPARE(box->count(), 0);
+    m_dialog->find();
+    QCOMPARE(requests(), QString("ab||0"));
+    find<QAbstractButton>("incrementalChk")->setChecked(false);
+    QTest::keyClicks(box->lineEdit(), "c");
+    QCOMPARE(requests(), QString());
+}
+
+void TestFindReplaceDialog::escapeClosesAndKeepsWhatWasEntered()
+{
+    enter("a", "b");
+    m_dialog->showMessage("String Not Found");
+    m_dialog->show();
+    QCOMPARE(find<QLabel>("statusLabel")->text(), QString("String Not Found"));
+    QSignalSpy changes(m_dialog.get(), SIGNAL(searchChanged()));
+    QTest::keyClick(m_dialog.get(), Qt::Key_Escape);
+    QVERIFY(!m_dialog->isVisible());
+    QCOMPARE(int(changes.count()), 1);
+    m_dialog->find();
+    QCOMPARE(requests(), QString("a|b|0"));
+}
+
+void TestFindReplaceDialog::openingTakesAText()
+{
+    QLineEdit *field = find<QComboBox>("findCmb")->lineEdit();
+    find<QAbstractButton>("incrementalChk")->setChecked(true);
+    m_dialog->openFor("ab");
+    QCOMPARE(field->selectedText(), QString("ab"));
+    field->deselect();
+    m_dialog->openFor(QString());
+    QCOMPARE(field->selectedText(), QString("ab"));
+    QCOMPARE(requests(), QString());
+}
+
+CORVANE_TEST_MAIN(TestFindReplaceDialog)
+#include "tst_findreplacedialog.moc"
