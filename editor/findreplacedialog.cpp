@@ -78,7 +78,6 @@ FindReplaceDialog::FindReplaceDialog(QWidget *parent)
     setObjectName(QLatin1String("FindReplaceDialogCorvane"));
     setWindowTitle(tr("Find/Replace"));
     setWindowFlags(windowFlags() & ~Qt::WindowContextHelpButtonHint);
-    // In the order of the Tab key.
     QVBoxLayout *input = new QVBoxLayout;
     input->addLayout(createTexts());
     input->addLayout(createChoices());
@@ -89,6 +88,8 @@ FindReplaceDialog::FindReplaceDialog(QWidget *parent)
     QVBoxLayout *layout = new QVBoxLayout(this);
     layout->addLayout(top);
     layout->addLayout(createStatus());
+    findChild<QPushButton *>(QLatin1String("findBtn"))
+        ->setDefault(true); // Return in a field presses it
     connectSearch();
 }
 
@@ -156,11 +157,9 @@ QLayout *FindReplaceDialog::createButtons()
     };
     QVBoxLayout *layout = new QVBoxLayout;
     for (const auto &row : rows) {
-        QPushButton *button = new QPushButton(this);
+        QPushButton *button = new QPushButton;
         label(button, row.objectName, row.text);
         connect(button, SIGNAL(clicked()), row.slot);
-        if (layout->count() == 0)
-            button->setDefault(true); // Return in a field presses it
         layout->addWidget(button);
     }
     layout->addStretch();

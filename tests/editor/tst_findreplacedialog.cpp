@@ -19,6 +19,7 @@ private slots:
     void cleanup() { m_dialog.reset(); } // the application ends before this object
 
     void controlsBearTheirNamesAndTexts();
+    void tabGoesThroughTheControlsInOrder();
     void choicesBecomeOptions_data();
     void choicesBecomeOptions();
     void buttonsAndKeysSendRequests_data();
@@ -121,6 +122,24 @@ void TestFindReplaceDialog::controlsBearTheirNamesAndTexts()
     QCOMPARE(m_dialog->objectName(), QString("FindReplaceDialogCorvane"));
     QVERIFY(!(m_dialog->windowFlags() & Qt::WindowContextHelpButtonHint));
     QVERIFY(!m_dialog->isModal());
+}
+
+void TestFindReplaceDialog::tabGoesThroughTheControlsInOrder()
+{
+    QStringList names;
+    QWidget *first = find<QComboBox>("findCmb");
+    QWidget *widget = first;
+    do {
+        const bool takesTab = (widget->focusPolicy() & Qt::TabFocus) != 0;
+        if (takesTab && (qobject_cast<QAbstractButton *>(widget) || widget->inherits("QComboBox")))
+            names << widget->objectName();
+        widget = widget->nextInFocusChain();
+    } while (widget != first);
+    const QString expected = "findCmb replaceWithCmb backwardRdo forwardRdo scopeAllRdo "
+                             "scopeSelectedRdo caseSensitiveChk wrapSearchChk wholeWordChk "
+                             "incrementalChk findBtn replaceFindBtn replaceBtn replaceAllBtn "
+                             "closeBtn";
+    QCOMPARE(names.join(" "), expected);
 }
 
 void TestFindReplaceDialog::choicesBecomeOptions_data()
