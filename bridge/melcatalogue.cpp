@@ -52,12 +52,15 @@ QString queryText(const QueryRow &row)
 void addNames(const QueryRow &row)
 {
     const MStringArray &names = row.names();
+    melNameTable().reserve(melNameTable().size() + int(names.length()));
+    QList<QStandardItem *> items; // added at once, so that the model tells of it once
     for (unsigned int i = 0; i < names.length(); ++i) {
         const QString name = MQtUtil::toQString(names[i]);
         if (row.isModelled)
-            melCommandModel().appendRow(new QStandardItem(name));
+            items << new QStandardItem(name);
         melNameTable().insert(name, name);
     }
+    melCommandModel().invisibleRootItem()->appendRows(items);
 }
 
 bool holds(const MStringArray &names, const QString &name)
