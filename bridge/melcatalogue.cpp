@@ -49,18 +49,29 @@ QString queryText(const QueryRow &row)
 }
 
 // Deliberate: the empty name too; nobody looks for it.
-void addNames(const QueryRow &row)
+void addNames(const MStringArray &names)
 {
-    const MStringArray &names = row.names();
     melNameTable().reserve(melNameTable().size() + int(names.length()));
-    QList<QStandardItem *> items; // added at once, so that the model tells of it once
     for (unsigned int i = 0; i < names.length(); ++i) {
         const QString name = MQtUtil::toQString(names[i]);
-        if (row.isModelled)
-            items << new QStandardItem(name);
         melNameTable().insert(name, name);
     }
-    melCommandModel().invisibleRootItem()->appendRows(items);
+}
+
+// The model of the names last loaded is made when it is asked for: that takes a few milliseconds,
+// which loading has no need to wait for.
+bool modelIsOutdated = false;
+
+void fillModel(QStandardItemModel &model)
+{
+    model.clear();
+    QList<QStandardItem *> items;
+    for (const QueryRow &row : queries) {
+        const MStringArray &names = row.names();
+        for (unsigned int i = 0; row.isModelled && i < names.length(); ++i)
+            items << new QStandardItem(MQtUtil::toQString(names[i]));
+    }
+    model.invisibleRootItem()->appendRows(items);
 }
 
 bool holds(const MStringArray &names, const QString &name)
@@ -134,19 +145,24 @@ MStringArray &melProcedures()
 QStandardItemModel &melCommandModel()
 {
     static QStandardItemModel model;
+    if (modelIsOutdated)
+        fillModel(model);
+    modelIsOutdated = false;
     return model;
 }
 
 void loadMelCatalogue()
 {
-    melCommandModel().clear();
+    modelIsOutdated = true;
     melNameTable().clear();
     for (const QueryRow &row : queries) {
         MStringArray &names = row.names();
         names.clear();
         const MString text = MQtUtil::toMString(queryText(row));
         if (MGlobal::executeCommand(text, names, false, false) == MStatus::kSuccess)
-            addNames(row);
+            addNames(names);
+        else
+            names.clear();
     }
 }
 
