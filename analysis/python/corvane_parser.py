@@ -60,6 +60,8 @@ _COOKIE = _re.compile(
 _LONGEST_PATH = 64  # parts of a dotted name
 _DEEPEST = 32  # variables that lead from one to the next through attributes and calls
 _LARGEST_FILE = 4 << 20
+_LONG_FILE = 50000  # of which only an outline is parsed
+_PATIENCE = 0.05  # seconds, after which a call reads no more files
 _MOST_FILES = 64  # parsed files that are kept
 
 # A call of the parser costs more than a short statement, of which few are bad.
@@ -98,6 +100,18 @@ def _never_raises(make_empty):
                 return make_empty()
         return guarded
     return decorate
+
+
+def _in_time(function):
+    """Lets a call for which a user waits read no more files once it has taken long."""
+    @_functools.wraps(function)
+    def timed(*args, **kwargs):
+        CorvaneParser._deadline = _time.time() + _PATIENCE
+        try:
+            return function(*args, **kwargs)
+        finally:
+            CorvaneParser._deadline = float("inf")
+    return timed
 
 
 # Source text
@@ -384,6 +398,27 @@ def _read_source(path):
     return _text(text)
 
 
+_DECLARATION = _re.compile(
+    r"([ \t]*)(?:(?:async[ \t]+)?def[ \t]+(\w+)|(class[ \t]+\w+)[ \t]*(\([\w., \t]*\))?"
+    r"|(\w+)[ \t]*=[^=]|((?:import|from)[ \t][^\\(]*$))", _re.UNICODE)
+
+
+def _outline(source):
+    """The declarations at the margin and in classes there, a line each."""
+    lines, block = [], ""  # the indentation in the class at hand; "" outside, None until it is known
+    for found in filter(None, map(_DECLARATION.match, source.splitlines())):
+        indent, function, opening, bases, variable, imported = found.groups()
+        if indent and block is None:
+            block = indent
+        if indent and indent != block:
+            continue
+        line = (imported or opening and opening + (bases or "") + ":\n pass" or
+                function and "def %s(self): pass" % function or variable + " = None")
+        lines.append(" " * bool(indent) + line)
+        block = block if indent else None if opening else ""
+    return "\n".join(lines)
+
+
 def _encoding(data):
     if data.startswith(b"\xef\xbb\xbf"):
         return "utf-8-sig"
@@ -404,10 +439,14 @@ _OLD_CLASS = getattr(_types, "ClassType", None)
 _OLD_INSTANCE = getattr(_types, "InstanceType", None)
 
 
+def _is_module(value):
+    return issubclass(type(value), _types.ModuleType)
+
+
 def _namespaces(value):
     """The dictionaries in which the attributes of a value are found, nearest first."""
     kind = type(value)  # isinstance() would ask the value for its __class__
-    if issubclass(kind, _types.ModuleType):
+    if _is_module(value):
         return [_module_dict(value) or {}]
     if issubclass(kind, type):
         return [_class_dict(one) for one in _class_mro(value)]
@@ -558,14 +597,58 @@ def _find(folders, name):
     return (None, portions) if portions else None
 
 
+def _modules_in(folder):
+    """The names of the modules in a folder or an archive, read again when that has changed."""
+    try:
+        stamp = _os.stat(folder).st_mtime
+        if folder not in _listed or _listed[folder][0] != stamp:
+            _listed[folder] = (stamp, _read_modules_in(folder))
+        return _listed[folder][1]
+    except (EnvironmentError, ValueError, _zipfile.BadZipfile):
+        return []
+
+
+_listed = {}  # path -> (modification time, names)
+
+
+def _read_modules_in(folder):
+    if _os.path.isdir(folder):
+        entries = [name for name in _os.listdir(folder)
+                   if name.endswith(tuple(_MODULE_SUFFIXES)) or _is_package(folder, name)]
+    elif folder.endswith(_LIBRARY_ARCHIVES):
+        with _zipfile.ZipFile(folder) as archive:
+            entries = [name.partition("/")[0] for name in archive.namelist()]
+    else:
+        return []
+    names = set(entry.partition(".")[0] for entry in entries)
+    return [name for name in names if _IDENTIFIER.match(name) and name != "__init__"]
+
+
+def _is_package(folder, name):
+    return "." not in name and _os.path.isfile(_os.path.join(folder, name, "__init__.py"))
+
+
 def _loaded_folders(module):
     """The folders of the submodules of a loaded package."""
-    folders = _module_dict(module).get("__path__", ())
-    return [folder for folder in folders if isinstance(folder, _PATH_TYPES)]
+    folders = _module_dict(module).get("__path__", ()) if _is_module(module) else ()
+    # A namespace package would ask the import hooks anew.
+    if type(folders) not in (list, tuple):
+        folders = dict.get((_own_namespace(folders) or [{}])[0], "_path", ())
+    return [folder for folder in folders if type(folder) in _PATH_TYPES]
+
+
+def _package_folders(parts):
+    """The folders of the submodules of a package, loaded or not."""
+    folders = _search_path()
+    for length, part in enumerate(parts, 1):
+        loaded = _sys.modules.get(".".join(parts[:length]))
+        found = None if loaded is not None else _find(folders, part)
+        folders = _loaded_folders(loaded) if loaded is not None else found[1] if found else []
+    return folders
 
 
 def _search_path():
-    return [entry or "." for entry in _sys.path if isinstance(entry, _PATH_TYPES)]
+    return [entry or "." for entry in _sys.path if type(entry) in _PATH_TYPES]
 
 
 # Syntax nodes
@@ -733,6 +816,7 @@ class CorvaneParser(_ast.NodeVisitor):
     _statement_names = globals()  # among which statements run
     _files = {}  # path -> (modification time, size, parser of the file)
     _lookups = {}  # path -> names, during one call of parse_module from outside
+    _deadline = float("inf")
 
     def __init__(self):
         if not CorvaneParser.initialized:
@@ -769,6 +853,7 @@ class CorvaneParser(_ast.NodeVisitor):
             _never_raises(list)(__import__)(module)  # some versions lack some of them
 
     @_never_raises(list)
+    @_in_time
     def parse_source(self, source, obj=None, keywords=False, builtins=False):
         """Returns the sorted candidates: names in scope, or the members of obj."""
         self._visit_source(_text(source))
@@ -836,6 +921,19 @@ class CorvaneParser(_ast.NodeVisitor):
         finally:
             if outermost:
                 CorvaneParser._lookups = {}
+
+    @_never_raises(list)
+    def module_names(self, package=""):
+        """Returns the sorted names of the modules below a package, or of those at the top."""
+        self.results = self._modules_below(package)
+        return self.sorted_results()
+
+    @_never_raises(list)
+    @_in_time
+    def importable_names(self, module):
+        """Returns the sorted names that can be imported from a module or package."""
+        self.results = list(self.parse_module(module)) + self._modules_below(module)
+        return self.sorted_results()
 
     # Parsing
 
@@ -1082,6 +1180,8 @@ class CorvaneParser(_ast.NodeVisitor):
     def _members(self, dotted, depth=0):
         """Returns the names that can follow "dotted."."""
         first, _, rest = dotted.partition(".")
+        if dotted == "super":
+            return self._inherited_at_locator()
         if depth > _DEEPEST or dotted.count(".") >= _LONGEST_PATH:
             return []
         holder = self._class_of_argument(first)
@@ -1100,6 +1200,10 @@ class CorvaneParser(_ast.NodeVisitor):
             return None
         parsed, function = self._class_and_function(*self.corvane_lctr)
         return parsed if function and name in function.arguments else None
+
+    def _inherited_at_locator(self):
+        parsed = self._class_and_function(*self.corvane_lctr)[0] if self.corvane_lctr else None
+        return parsed.parent_members if parsed else []
 
     def _follow(self, dotted):
         """Follows name-to-name assignments; returns value, node type and ".rest" of the path."""
@@ -1183,7 +1287,8 @@ class CorvaneParser(_ast.NodeVisitor):
 
     def _loaded_names(self, parts):
         """Names of what is in memory; LookupError when the path leads to nothing there."""
-        # Maya's modules are no code of the user's, and may make their names up on demand.
+        # Maya's modules are no code of the user's, and may make their names up on demand. What is
+        # in them may well be.
         is_host = parts[0] == "maya"
         for length in range(len(parts), 0, -1):
             value = _sys.modules.get(".".join(parts[:length]))
@@ -1191,11 +1296,20 @@ class CorvaneParser(_ast.NodeVisitor):
                 continue
             try:
                 for part in parts[length:]:
-                    value = getattr(value, part) if is_host else _member(value, part)
+                    by_host = is_host and _is_module(value)
+                    value = getattr(value, part) if by_host else _member(value, part)
             except AttributeError:
                 break
-            return dir(value) if is_host else _names(value)
+            return dir(value) if is_host and _is_module(value) else _names(value)
         raise LookupError(parts)
+
+    def _modules_below(self, package):
+        start = package + "." if package else ""
+        names = [name[len(start):].partition(".")[0] for name in list(_sys.modules)
+                 if type(name) is str and name.startswith(start)]
+        folders = _package_folders(package.split(".")) if package else _search_path()
+        names += [] if package else _sys.builtin_module_names
+        return sum(map(_modules_in, folders), names)
 
     def _located_names(self, parts):
         """Names from the file of the longest prefix that is a module."""
@@ -1239,11 +1353,14 @@ class CorvaneParser(_ast.NodeVisitor):
         stamp = (status.st_mtime, status.st_size, package)
         files = CorvaneParser._files
         if path not in files or files[path][0] != stamp:
+            if _time.time() > CorvaneParser._deadline:
+                raise EnvironmentError(path)  # next time, when those before it are known
             if len(files) >= _MOST_FILES:
                 files.clear()
             parser = CorvaneParser()
             parser.package = package
-            parser._visit_source(_read_source(path))
+            source = _read_source(path)
+            parser._visit_source(source if len(source) < _LONG_FILE else _outline(source))
             files[path] = (stamp, parser)
         return files[path][1]
 

@@ -271,6 +271,11 @@ class Candidates(unittest.TestCase):
             self.assertEqual(set(complete(drawing, obj)), set(dir(module)), drawing)
         self.assertEqual(complete("", "os"), [])
 
+    def test_super_has_what_is_inherited(self):
+        shape = "class A(object):\n  def f(self): pass\nclass B(A):\n  def g(self):\n    ^\n"
+        self.assertEqual(public(complete(shape, "super")), ["f"])
+        self.assertEqual(complete("class A(object): pass\n^", "super"), [])
+
     def test_functions_have_no_members(self):
         for drawing, obj in [("def f(): pass\n", "f"), ("import os\n", "os.getcwd"),
                              ("from os import getcwd\n", "getcwd"),
@@ -341,6 +346,51 @@ class Modules(unittest.TestCase):
         self.assertEqual(public(complete("import cv_pack.deep.part\n", "cv_pack")),
                          ["d", "deep", "level", "Part"])
         self.assertEqual([n for n in sys.modules if n.startswith("cv_")], [])
+
+    def test_imports_name_modules_and_what_is_in_them(self):
+        self.write("cv_top/__init__.py", "size = 1\n")
+        for path in ("_part.py", "inner/__init__.py", "no module.py", "data/readme.txt"):
+            self.write("cv_top/" + path, "")
+        self.write("cv_one.py", "a = 1\n")
+        module_names, importable = CorvaneParser().module_names, CorvaneParser().importable_names
+        names = module_names()
+        self.assertEqual([n for n in names if n.startswith("cv_")], ["cv_one", "cv_top"])
+        self.assertIn("xml", names)
+        self.assertIn("sys", names)
+        self.assertEqual(module_names("cv_top"), ["inner", "_part"])
+        self.assertEqual(importable("cv_top"), ["inner", "size", "_part"])
+        self.assertEqual(module_names("cv_one") + module_names("cv_none.x"), [])
+        self.assertIn("path", importable("os"))
+        self.assertEqual([n for n in sys.modules if n.startswith("cv_")], [])
+
+    def test_of_long_files_an_outline_is_read(self):
+        text = '''import os.path as p
+from a import (b,
+  c)
+async def later(x,
+    y): pass
+class A(object):
+    x = (1,
+    2)
+    def f(self):
+        def g(): pass
+    z = 1
+class B(A): pass
+v = [
+1]
+'''
+        many = "".join("def many%d():\n    pass\n" % i for i in range(3000))
+        self.write("cv_long.py", text + many + "broken (\n")
+        names = [n for n in self.names("cv_long") if not n.startswith("many")]
+        self.assertEqual(sorted(names), ["A", "B", "later", "p", "v"])
+        self.assertEqual(sorted(public(self.names("cv_long.B"))), ["f", "x", "z"])
+
+    def test_no_more_files_are_read_once_it_took_long(self):
+        self.write("cv_a.py", "x = 1\n")
+        self.addCleanup(setattr, corvane_parser, "_PATIENCE", corvane_parser._PATIENCE)
+        corvane_parser._PATIENCE = -1
+        self.assertEqual(complete("import cv_a\n", "cv_a"), [])
+        self.assertEqual(self.names("cv_a"), ["x"])
 
     def test_a_changed_file_is_read_again(self):
         self.write("cv_new.py", "a = 1")
@@ -451,9 +501,17 @@ class Modules(unittest.TestCase):
             def __getattr__(self, name):
                 raise AttributeError(name)
 
+        class Tool(object):
+            def __getattribute__(self, name):
+                raise KeyError("the user's code was run")
+
+            __dir__ = property(__getattribute__)
+
         sys.modules[str("maya")] = types.ModuleType(str("maya"))
+        sys.modules[str("maya")].tool = Tool()
         sys.modules[str("maya.cmds")] = Host(str("maya.cmds"))
         self.assertEqual(complete("import maya.cmds as cmds\n", "cmds"), ["polySphere"])
+        self.assertIn("__class__", complete("import maya\n", "maya.tool"))
 
 
 # What is hard to cut: text that looks like code, lines that are joined, blocks that go on.
