@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "bridge/pythonanalysis.h"
 
+#include "bridge/forcedimports.h"
 #include "bridge/outputsuppression.h"
 #include "bridge/pythontext.h"
 #include "preferences/preferences.h"
@@ -36,6 +37,14 @@ QStringList listed(const MStringArray &array)
     return list;
 }
 
+// Empty when the command fails or returns no list of strings.
+QStringList listOf(const QString &command)
+{
+    MStringArray found;
+    run(command, found);
+    return listed(found);
+}
+
 } // namespace
 
 bool loadPythonAnalysis()
@@ -56,14 +65,31 @@ QStringList pythonCandidates(const QString &source, const QString &object, Pytho
     const bool any = wanted == PythonNames::Any;
     const QString target = object.isEmpty() ? QString::fromLatin1("None") : quotedForPython(object);
     const QStringList arguments = QStringList()
-                                  << quotedForPython(source) << target
+                                  << quotedForPython(forcedImportLines() + source) << target
                                   << QString::number(any && preferences().pythonIncludeKeywords)
                                   << QString::number(any && preferences().pythonIncludeBuiltins);
-    MStringArray found; // empty when the command fails or returns no list of strings
-    run(QLatin1String("CorvaneParser().parse_source(") + arguments.join(QLatin1String(", ")) +
-            QLatin1String(")"),
-        found);
-    return listed(found);
+    return listOf(QLatin1String("CorvaneParser().parse_source(") +
+                  arguments.join(QLatin1String(", ")) + QLatin1String(")"));
+}
+
+QStringList pythonAnswer(PythonQuestion question, const QString &source, const QString &object)
+{
+    const QString argument = quotedForPython(object) + QLatin1Char(')');
+    switch (question) {
+    case PythonQuestion::NamesInScope:
+        return pythonCandidates(source, QString(), PythonNames::Any);
+    case PythonQuestion::Members:
+        return pythonCandidates(source, object, PythonNames::Members);
+    case PythonQuestion::Modules:
+        return listOf(QLatin1String("CorvaneParser().module_names(") + argument);
+    case PythonQuestion::NamesInModule:
+        return listOf(QLatin1String("CorvaneParser().importable_names(") + argument);
+    case PythonQuestion::Keywords:
+        return listOf(QLatin1String("CorvaneParser.KEYWORDS"));
+    case PythonQuestion::BuiltIns:
+        return listOf(QLatin1String("CorvaneParser.BUILTINS"));
+    }
+    return QStringList();
 }
 
 SyntaxAnswer pythonSyntaxError(const QString &source)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "bridge/pythonnamesource.h"
 #include "bridge/syntaxcheck.h"
 
 #include <QString>
@@ -22,8 +23,11 @@ enum class PythonNames {
 
 // What may stand where `source` has the script's locator: sorted, each once. `object` is what
 // stands before the last dot; without one, empty, it is any name that is in reach. None of the
-// user's code runs for it.
+// user's code runs for it. The forced imports count as part of the source.
 QStringList pythonCandidates(const QString &source, const QString &object, PythonNames names);
+
+// Answers each question by the script: a PythonNameSource.
+QStringList pythonAnswer(PythonQuestion question, const QString &source, const QString &object);
 
 // Compiles the source without running it. Not everything is known of any source: Python gives some
 // up, such as those with null characters.

@@ -183,6 +183,8 @@ signals:
     void lineNumbersInErrorsEnabled(bool enable);
     void showStackTraceEnabled(bool enable);
     void suppressStackWindowEnabled(bool enable);
+    // By the dialog; those of the settings file are in force once the window is made.
+    void preferencesApplied();
 
     // For the code that changes Maya's interface and opens its documentation.
     void scriptToShelfRequested(const QString &label, const QString &script, bool isMel);

@@ -240,5 +240,6 @@ void Kestrowl::updateBars()
 void Kestrowl::updatePreferencesAndWrite()
 {
     updatePreferences();
+    emit preferencesApplied();
     warnOf(writeSettings());
 }

@@ -97,8 +97,10 @@ void createEditor()
     loadMelCatalogue();
     setCommandHelpSource(melCommandHelp);
     setHostVersionsSource(mayaVersions);
-    if (loadPythonAnalysis())
+    if (loadPythonAnalysis()) {
         setPythonSyntaxCheck(PythonSyntaxCheck::start);
+        setPythonNameSource(pythonAnswer);
+    }
     editorInstance().mayaInterface = std::make_unique<MayaInterface>();
     createWindow();
     // The window has read the settings.
@@ -106,6 +108,7 @@ void createEditor()
         MGlobal::executePythonCommand("import pymel.core");
     installQuitJob();
     editorInstance().handler = std::make_unique<MayaHandler>(editorInstance().window);
+    editorInstance().handler->importForcedModules();
     connectInterface();
     applyInitialStates();
 }
@@ -212,6 +215,7 @@ void KestrowlCmd::cleanup()
         delete editor.window;
     }
     setPythonSyntaxCheck(nullptr);
+    setPythonNameSource(nullptr);
     setCommandHelpSource(nullptr);
     setHostVersionsSource(nullptr);
 }

@@ -2,6 +2,7 @@
 #include "plugin/mayahandler.h"
 
 #include "analysis/wordunits.h"
+#include "bridge/forcedimports.h"
 #include "bridge/outputsuppression.h"
 #include "mainwindow/kestrowl.h"
 #include "plugin/exceptionguard.h"
@@ -54,6 +55,7 @@ MayaHandler::MayaHandler(Kestrowl *window) : m_window(window)
     connect(window, SIGNAL(lineNumbersInErrorsEnabled(bool)), SLOT(lineNumbersInErrors(bool)));
     connect(window, SIGNAL(showStackTraceEnabled(bool)), SLOT(showStackTrace(bool)));
     connect(window, SIGNAL(suppressStackWindowEnabled(bool)), SLOT(suppressStackWindow(bool)));
+    connect(window, SIGNAL(preferencesApplied()), SLOT(importForcedModules()));
 }
 
 // Displayed, so that the history shows what was run; the print that is made of a name is not.
@@ -97,6 +99,14 @@ void MayaHandler::showStackTrace(bool enable)
 void MayaHandler::suppressStackWindow(bool enable)
 {
     setToggle(suppressStackWindowToggle, enable);
+}
+
+void MayaHandler::importForcedModules()
+{
+    guarded(false, [] {
+        ::importForcedModules();
+        return true;
+    });
 }
 
 void MayaHandler::runPython(const QString &code, bool display)

@@ -40,6 +40,8 @@ public slots:
     void lineNumbersInErrors(bool enable);
     void showStackTrace(bool enable);
     void suppressStackWindow(bool enable);
+    // Those that the preferences name, at once.
+    void importForcedModules();
 
 private:
     Kestrowl *m_window; // not owned

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "bridge/mayaversions.h"
+#include "bridge/forcedimports.h"
 #include "bridge/outputsuppression.h"
 #include "bridge/pythonanalysis.h"
 #include "bridge/pythontext.h"
@@ -36,6 +37,8 @@ private slots:
     void syntaxErrorsHaveMessageAndLine();
     void statementsRunAmongTheUsersNames();
     void nothingShowsAndNothingIsRaised();
+    void questionsHaveTheirAnswers();
+    void forcedImportsAreImportedOnceAndAssumed();
 
 private:
     std::unique_ptr<TestSession> m_session;
@@ -207,6 +210,49 @@ void PythonAnalysisTest::nothingShowsAndNothingIsRaised()
     MMessage::removeCallback(id);
     QCOMPARE(shown, 0);
     QVERIFY(!isOutputSuppressed());
+}
+
+void PythonAnalysisTest::questionsHaveTheirAnswers()
+{
+    const auto has = [](PythonQuestion question, const char *object, const char *name) {
+        const QString source = QLatin1String("import os\n") + QLatin1String(caret);
+        return pythonAnswer(question, source, QString::fromLatin1(object))
+            .contains(QString::fromLatin1(name));
+    };
+    QVERIFY(has(PythonQuestion::NamesInScope, "", "os"));
+    QVERIFY(has(PythonQuestion::Members, "os", "path"));
+    QVERIFY(has(PythonQuestion::Modules, "", "xml") && has(PythonQuestion::Modules, "", "maya"));
+    QVERIFY(has(PythonQuestion::Modules, "maya", "cmds"));
+    QVERIFY(has(PythonQuestion::NamesInModule, "maya.cmds", "optionVar"));
+    QVERIFY(has(PythonQuestion::Keywords, "", "while"));
+    QVERIFY(has(PythonQuestion::BuiltIns, "", "len"));
+}
+
+void PythonAnalysisTest::forcedImportsAreImportedOnceAndAssumed()
+{
+    const Preferences before = preferences();
+    executePythonStatement("import sys, types\ncvModule = types.ModuleType('cvModule')\n"
+                           "sys.modules['cvModule'] = cvModule\ncvModule.part = 1\ndel cvModule");
+    preferences().pythonForcedImports = " xml.dom ; 1st;a b;cvModule;cvNone;x=1";
+    importForcedModules();
+    QCOMPARE(m_session->takeMessages().join("|"),
+             QString("warning: [CorvaneEditor] Skipping invalid forced import: 1st|"
+                     "warning: [CorvaneEditor] Skipping invalid forced import: a b|"
+                     "warning: [CorvaneEditor] Forced import failed: cvNone|"
+                     "warning: [CorvaneEditor] Skipping invalid forced import: x=1"));
+    QVERIFY(executePythonStatement("xml.dom, cvModule.part"));
+    QVERIFY(candidates("x = 1\n").contains("cvModule"));
+    QVERIFY(candidates("x = 1\n", "cvModule", PythonNames::Members).contains("part"));
+
+    executePythonStatement("del cvModule");
+    importForcedModules();
+    QVERIFY(!executePythonStatement("cvModule")); // it was imported already
+    preferences().pythonForcedImports = "";
+    importForcedModules();
+    preferences().pythonForcedImports = "cvModule";
+    importForcedModules();
+    QVERIFY(executePythonStatement("cvModule"));
+    preferences() = before;
 }
 
 CORVANE_TEST_MAIN(PythonAnalysisTest)

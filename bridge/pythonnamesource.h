@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+// What can be asked of the host's Python. Apart from the analysis because it needs no host.
+enum class PythonQuestion {
+    NamesInScope,  // of the source, where the analysis script's locator stands
+    Members,       // of the object, there
+    Modules,       // below the package that is the object; without one those at the top
+    NamesInModule, // of the object, a module or package: what can be imported from it
+    Keywords,
+    BuiltIns
+};
+
+using PythonNameSource = QStringList (*)(PythonQuestion question, const QString &source,
+                                         const QString &object);
+
+// Process-wide, for the GUI thread; null, as at first, where there is no host. Whoever sets it
+// takes it back before its code goes.
+void setPythonNameSource(PythonNameSource source);
+// Sorted, each once. Without a host there are no names.
+QStringList pythonNames(PythonQuestion question, const QString &source = QString(),
+                        const QString &object = QString());
