@@ -11,6 +11,7 @@
 #include "editor/editorlanguage.h"
 #include "editor/findreplace.h"
 #include "editor/lineedits.h"
+#include "editor/pythoncompletion.h"
 #include "preferences/preferences.h"
 #include "preferences/textcolors.h"
 #include "preferences/textformats.h"
@@ -37,8 +38,10 @@ std::unique_ptr<EdHighlighter> highlighterFor(int language, QTextDocument *docum
 }
 
 // Null where there is nothing to complete.
-std::unique_ptr<CompletionSource> completionSourceFor(int)
+std::unique_ptr<CompletionSource> completionSourceFor(int language)
 {
+    if (language == PythonLanguage)
+        return std::make_unique<PythonCompletion>();
     return nullptr;
 }
 

@@ -1,0 +1,324 @@
+// SPDX-License-Identifier: MIT
+#include "editor/pythoncaret.h"
+
+#include <algorithm>
+
+namespace {
+
+const int longestObject = 64; // names with dots between them
+
+bool isOpener(QChar unit)
+{
+    return unit == QLatin1Char('(') || unit == QLatin1Char('[') || unit == QLatin1Char('{');
+}
+
+bool isCloser(QChar unit)
+{
+    return unit == QLatin1Char(')') || unit == QLatin1Char(']') || unit == QLatin1Char('}');
+}
+
+int lineStart(const QString &text, int position)
+{
+    return position == 0 ? 0 : int(text.lastIndexOf(QLatin1Char('\n'), position - 1)) + 1;
+}
+
+int skipBlanksBack(const QString &code, int end)
+{
+    while (end > 0 && code.at(end - 1).isSpace())
+        --end;
+    return end;
+}
+
+int nameStart(const QString &code, int end)
+{
+    while (end > 0 && isPythonName(code.at(end - 1)))
+        --end;
+    return end;
+}
+
+// The bracket that is open at the end; -1 when there is none.
+int openBracket(const QString &code, int end)
+{
+    int closed = 0;
+    for (int i = end - 1; i >= 0; --i) {
+        if (isCloser(code.at(i)))
+            ++closed;
+        else if (isOpener(code.at(i)) && --closed < 0)
+            return i;
+    }
+    return -1;
+}
+
+// Parts between separators outside brackets; what stands behind a bracket that was not opened is
+// left out.
+QStringList partsOf(const QString &code, QChar separator)
+{
+    QStringList parts;
+    int depth = 0;
+    int start = 0;
+    int i = 0;
+    for (; i < code.size() && depth >= 0; ++i) {
+        depth += isOpener(code.at(i)) ? 1 : isCloser(code.at(i)) ? -1 : 0;
+        if (depth == 0 && code.at(i) == separator) {
+            parts << code.mid(start, i - start);
+            start = i + 1;
+        }
+    }
+    parts << code.mid(start, i - start - (depth < 0 ? 1 : 0));
+    return parts;
+}
+
+// The object whose name ends there: "a.b" for itself and, since a class stands for what it makes,
+// for "a().b". Empty where nothing can be known, as behind "a[0]".
+QString objectBefore(const QString &code, int end)
+{
+    QStringList parts;
+    while (parts.size() < longestObject) {
+        end = skipBlanksBack(code, end);
+        if (end > 0 && code.at(end - 1) == QLatin1Char(')'))
+            end = skipBlanksBack(code, qMax(0, openBracket(code, end - 1)));
+        if (end > 0 && code.at(end - 1) == QLatin1Char('"'))
+            return (QStringList() << QLatin1String("str") << parts).join(QLatin1String("."));
+        const int start = nameStart(code, end);
+        if (start == end || code.at(start).isDigit())
+            return QString();
+        parts.prepend(code.mid(start, end - start));
+        end = skipBlanksBack(code, start);
+        if (end == 0 || code.at(end - 1) != QLatin1Char('.'))
+            return parts.join(QLatin1String("."));
+        --end;
+    }
+    return QString();
+}
+
+QString wordBefore(const QString &code)
+{
+    const int end = skipBlanksBack(code, int(code.size()));
+    const int start = nameStart(code, end);
+    return code.mid(start, end - start);
+}
+
+// "keyword" of "keyword=value", else empty.
+QString keywordArgument(const QString &part)
+{
+    const int sign = int(part.indexOf(QLatin1Char('=')));
+    const bool isKeyword = sign >= 0 && part.mid(sign + 1, 1) != QLatin1String("=");
+    const QString name = isKeyword ? part.left(sign).trimmed() : QString();
+    return nameStart(name, int(name.size())) == 0 ? name : QString();
+}
+
+// Where an import may name a package: "a.b." for those below "a.b".
+void readModule(const QString &path, PythonCaret *caret)
+{
+    const QString trimmed = path.trimmed();
+    const bool isBelow = trimmed.endsWith(QLatin1Char('.'));
+    if (!trimmed.isEmpty() && !isBelow)
+        return;
+    caret->object = objectBefore(trimmed, int(trimmed.size()) - (isBelow ? 1 : 0));
+    // The folder that relative imports begin in is not known.
+    if (caret->object.isEmpty() == trimmed.isEmpty() && !trimmed.startsWith(QLatin1Char('.')))
+        caret->place = PythonCaret::Module;
+}
+
+void readFrom(const QString &rest, PythonCaret *caret)
+{
+    const int word = int(rest.indexOf(QLatin1String(" import")));
+    if (word < 0 || isPythonName(rest.at(word + 7))) {
+        readModule(rest, caret);
+        return;
+    }
+    QString names = rest.mid(word + 7);
+    const QString module = rest.left(word).trimmed();
+    if (names.trimmed().startsWith(QLatin1Char('(')))
+        names = names.mid(names.indexOf(QLatin1Char('(')) + 1);
+    if (!partsOf(names, QLatin1Char(',')).last().trimmed().isEmpty() ||
+        module.startsWith(QLatin1Char('.')))
+        return;
+    caret->object = module;
+    caret->place = PythonCaret::ImportedName;
+}
+
+// False when the code, which ends before the prefix, is no import.
+bool readImport(const QString &code, PythonCaret *caret)
+{
+    const QString statement = partsOf(code, QLatin1Char(';')).last().trimmed() + QLatin1Char(' ');
+    if (statement.startsWith(QLatin1String("import ")))
+        readModule(partsOf(statement.mid(7), QLatin1Char(',')).last(), caret);
+    else if (statement.startsWith(QLatin1String("from ")))
+        readFrom(statement.mid(5).trimmed() + QLatin1Char(' '), caret);
+    else
+        return false;
+    return true;
+}
+
+class CaretReader
+{
+public:
+    explicit CaretReader(const PythonContext &context)
+        : m_context(context), m_statement(context.statements[context.current])
+    {
+    }
+
+    PythonCaret read()
+    {
+        PythonCaret caret;
+        const PythonCode code = pythonCode(m_context.text, start(), m_context.position);
+        const int prefix = nameStart(code.text, int(code.text.size()));
+        caret.prefixLength = int(code.text.size()) - prefix;
+        if (!code.endsInCode || (caret.prefixLength > 0 && code.text.at(prefix).isDigit()))
+            return PythonCaret();
+        m_code = code.text.left(prefix);
+        if (!readImport(m_code, &caret) && !readDefinition(&caret))
+            readExpression(&caret);
+        return caret;
+    }
+
+private:
+    // An added statement may lie in a comment.
+    int start() const
+    {
+        return m_statement.start < m_context.position
+                   ? m_statement.start
+                   : lineStart(m_context.text, m_context.position);
+    }
+
+    // New names are the user's to find, but a method may be one of the base classes'.
+    bool readDefinition(PythonCaret *caret) const
+    {
+        const QString word = wordBefore(m_code);
+        const bool isDefinition = word == QLatin1String("def");
+        if (!isDefinition && word != QLatin1String("class") && word != QLatin1String("as"))
+            return false;
+        if (!m_code.at(m_code.size() - 1).isSpace())
+            return false;
+        const std::vector<int> headers = m_context.headersAbove(m_context.current);
+        const bool isMethod =
+            isDefinition && headers.size() == 1 &&
+            keywordOf(m_context.text, m_context.statements[headers[0]]) == QLatin1String("class");
+        if (isMethod) {
+            caret->place = PythonCaret::Member;
+            caret->object = QLatin1String("self");
+        }
+        return true;
+    }
+
+    void readExpression(PythonCaret *caret) const
+    {
+        const int end = skipBlanksBack(m_code, int(m_code.size()));
+        if (end > 0 && m_code.at(end - 1) == QLatin1Char('.')) {
+            caret->object = objectBefore(m_code, end - 1);
+            caret->place = caret->object.isEmpty() ? PythonCaret::Nothing : PythonCaret::Member;
+            return;
+        }
+        caret->place = PythonCaret::Name;
+        readCall(&caret->call);
+    }
+
+    void readCall(PythonCall *call) const
+    {
+        const int opener = openBracket(m_code, int(m_code.size()));
+        if (opener < 0 || m_code.at(opener) != QLatin1Char('('))
+            return;
+        QStringList parts = partsOf(m_code.mid(opener + 1), QLatin1Char(','));
+        if (!parts.takeLast().trimmed().isEmpty())
+            return;
+        const QString behind = codeBehind();
+        call->hasValue = !keywordArgument(QLatin1Char('_') + behind).isEmpty();
+        parts << partsOf(behind, QLatin1Char(',')).mid(1);
+        for (const QString &part : parts)
+            call->keywords << keywordArgument(part);
+        call->keywords.removeAll(QString());
+        call->function = objectBefore(m_code, opener);
+    }
+
+    // Without what is left of the word at the caret.
+    QString codeBehind() const
+    {
+        const QString code = pythonCode(m_context.text, m_context.position, m_statement.end).text;
+        int start = 0;
+        while (start < code.size() && isPythonName(code.at(start)))
+            ++start;
+        return code.mid(start);
+    }
+
+    const PythonContext &m_context;
+    const PythonStatement &m_statement;
+    QString m_code; // of the statement, up to the prefix
+};
+
+} // namespace
+
+PythonContext::PythonContext(const QString &wholeText, int caret)
+    : text(wholeText), position(caret), statements(pythonStatements(wholeText))
+{
+    const auto isBefore = [](int place, const PythonStatement &one) { return place < one.start; };
+    const auto next = std::upper_bound(statements.begin(), statements.end(), position, isBefore);
+    current = int(next - statements.begin()) - 1;
+    if (current >= 0 && position <= statements[current].end)
+        return;
+    PythonStatement added;
+    added.start = added.end = added.codeEnd = position;
+    added.indent = position - lineStart(text, position);
+    added.depth = caretDepth(++current, added.indent);
+    statements.insert(next, added);
+}
+
+int PythonContext::caretDepth(int index, int indent) const
+{
+    if (index == 0)
+        return 0;
+    const PythonStatement &above = statements[index - 1];
+    if (indent > above.indent)
+        return above.depth + (above.opensBlock ? 1 : 0);
+    for (int i = index - 1; i >= 0; --i) {
+        if (statements[i].indent <= indent)
+            return statements[i].depth;
+    }
+    return 0;
+}
+
+std::vector<int> PythonContext::headersAbove(int statement) const
+{
+    std::vector<int> headers;
+    int depth = statements[statement].depth;
+    for (int i = statement - 1; i >= 0 && depth > 0; --i) {
+        if (statements[i].depth < depth) {
+            depth = statements[i].depth;
+            headers.push_back(i);
+        }
+    }
+    return headers;
+}
+
+int PythonContext::enclosing(const QString &keyword) const
+{
+    for (int header : headersAbove(current)) {
+        if (keywordOf(text, statements[header]) == keyword)
+            return header;
+    }
+    return -1;
+}
+
+PythonCaret pythonCaret(const PythonContext &context)
+{
+    return CaretReader(context).read();
+}
+
+QStringList argumentNames(const QString &text, const PythonStatement &definition)
+{
+    const QString code = pythonCode(text, definition.start, definition.codeEnd).text;
+    QStringList names;
+    const int opener = int(code.indexOf(QLatin1Char('(')));
+    for (const QString &part : partsOf(code.mid(opener + 1), QLatin1Char(','))) {
+        int start = 0;
+        while (start < part.size() &&
+               (part.at(start).isSpace() || part.at(start) == QLatin1Char('*')))
+            ++start;
+        int end = start;
+        while (end < part.size() && isPythonName(part.at(end)))
+            ++end;
+        if (opener >= 0 && end > start)
+            names << part.mid(start, end - start);
+    }
+    return names;
+}

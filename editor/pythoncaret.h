@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "editor/pythonstatements.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <vector>
+
+// A text and the statement at a place in it.
+struct PythonContext
+{
+    // Where there is no statement an empty one is added.
+    PythonContext(const QString &wholeText, int caret);
+
+    // Those that the statement lies in, innermost first; the depth falls by one each time.
+    std::vector<int> headersAbove(int statement) const;
+    // The definition of the innermost function or class around the current statement that is
+    // `keyword`; -1 when there is none.
+    int enclosing(const QString &keyword) const;
+
+    QString text;
+    int position = 0;
+    std::vector<PythonStatement> statements;
+    int current = 0; // index of the one at the position
+
+private:
+    int caretDepth(int index, int indent) const;
+};
+
+// The call whose argument begins at a caret.
+struct PythonCall
+{
+    QString function;      // with the dots in its name; empty where no argument begins
+    QStringList keywords;  // that were given, before and behind the caret
+    bool hasValue = false; // behind the caret stands "=" already
+};
+
+// What can be completed at a caret.
+struct PythonCaret
+{
+    enum Place {
+        Nothing,
+        Name,
+        Member,
+        Module,      // in an import
+        ImportedName // of a module
+    };
+
+    Place place = Nothing;
+    int prefixLength = 0; // UTF-16 units that are typed of it
+    // What stands before the last dot: of members as the analysis script understands it; a package
+    // or module of the other places, empty for modules at the top.
+    QString object;
+    PythonCall call;
+};
+
+PythonCaret pythonCaret(const PythonContext &context);
+
+// The names of a definition's arguments, without stars and values.
+QStringList argumentNames(const QString &text, const PythonStatement &definition);

@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: MIT
+#include "editor/pythoncompletion.h"
+
+#include "bridge/melnametable.h"
+#include "bridge/pythonnamesource.h"
+#include "editor/pythonexcerpt.h"
+#include "editor/pythonnames.h"
+
+#include <QTextCursor>
+#include <QTextDocument>
+
+namespace {
+
+// What Python parses in a few hundredths of a second even where it is dense and broken.
+const int mostUnitsForPython = 20000;
+// Reading more than this takes longer than a typist waits.
+const int longestDocument = 4000000;
+
+const QLatin1String commandPrefix("maya.cmds.");
+
+// "polySphere" of "maya.cmds.polySphere"; empty for what is no such path.
+QString commandOf(const QString &path)
+{
+    return path.startsWith(commandPrefix) ? path.mid(commandPrefix.size()) : QString();
+}
+
+Completion completion(const QString &text, CompletionKind kind)
+{
+    Completion item;
+    item.text = text;
+    item.kind = kind;
+    return item;
+}
+
+std::vector<Completion> completions(const QStringList &names, CompletionKind kind)
+{
+    std::vector<Completion> items;
+    for (const QString &name : names)
+        items.push_back(completion(name, kind));
+    return items;
+}
+
+// Of members of a module: only Maya's are known to be commands.
+CompletionKind memberKind(const QString &module, const QString &name)
+{
+    const bool isCommand =
+        module + QLatin1Char('.') == commandPrefix && melNameTable().contains(name);
+    return isCommand ? CompletionKind::Command : CompletionKind::Name;
+}
+
+QSet<QString> setOf(const QStringList &names)
+{
+    QSet<QString> set;
+    for (const QString &name : names)
+        set.insert(name);
+    return set;
+}
+
+} // namespace
+
+Completions PythonCompletion::completionsAt(const QTextCursor &caret)
+{
+    Completions found;
+    if (caret.isNull() || caret.document()->characterCount() > longestDocument)
+        return found;
+    const PythonContext context(caret.document()->toPlainText(), caret.position());
+    const PythonCaret place = pythonCaret(context);
+    found.prefixLength = place.prefixLength;
+    switch (place.place) {
+    case PythonCaret::Nothing:
+        break;
+    case PythonCaret::Name:
+        found.items = namesAt(context, place);
+        break;
+    case PythonCaret::Member:
+        found.items = membersAt(context, place);
+        break;
+    case PythonCaret::Module:
+        found.items = completions(pythonNames(PythonQuestion::Modules, QString(), place.object),
+                                  CompletionKind::Module);
+        break;
+    case PythonCaret::ImportedName:
+        for (const QString &name :
+             pythonNames(PythonQuestion::NamesInModule, QString(), place.object))
+            found.items.push_back(completion(name, memberKind(place.object, name)));
+        break;
+    }
+    return found;
+}
+
+std::vector<Completion> PythonCompletion::namesAt(const PythonContext &context,
+                                                  const PythonCaret &caret)
+{
+    const DeclaredNames declared(context);
+    std::vector<Completion> items;
+    addFlags(caret.call, declared.path(caret.call.function), &items);
+    QSet<QString> flags;
+    for (const Completion &flag : items)
+        flags.insert(flag.text);
+    const QString excerpt = pythonExcerpt(context, mostUnitsForPython);
+    for (const QString &name : pythonNames(PythonQuestion::NamesInScope, excerpt)) {
+        if (flags.contains(name))
+            continue;
+        CompletionKind kind = declared.kind(name);
+        if (kind == CompletionKind::Name && melNameTable().contains(commandOf(declared.path(name))))
+            kind = CompletionKind::Command;
+        items.push_back(completion(name, kind == CompletionKind::Name ? wordKind(name) : kind));
+    }
+    return items;
+}
+
+std::vector<Completion> PythonCompletion::membersAt(const PythonContext &context,
+                                                    const PythonCaret &caret) const
+{
+    const QString path = DeclaredNames(context).path(caret.object);
+    const QString excerpt = pythonExcerpt(context, mostUnitsForPython);
+    std::vector<Completion> items;
+    for (const QString &name : pythonNames(PythonQuestion::Members, excerpt, caret.object))
+        items.push_back(completion(name, memberKind(path, name)));
+    return items;
+}
+
+// By both names, but for those that were given by either.
+void PythonCompletion::addFlags(const PythonCall &call, const QString &path,
+                                std::vector<Completion> *items)
+{
+    const QString command = commandOf(path);
+    if (command.isEmpty())
+        return;
+    QStringList names;
+    for (const CommandFlag &flag : flagsOf(command)) {
+        if (!call.keywords.contains(flag.shortName) && !call.keywords.contains(flag.longName))
+            names << flag.longName << flag.shortName;
+    }
+    names.removeAll(QString());
+    names.removeDuplicates();
+    names.sort();
+    for (const QString &name : names) {
+        items->push_back(completion(name, CompletionKind::Flag));
+        if (!call.hasValue)
+            items->back().insertion = name + QLatin1Char('=');
+    }
+}
+
+const QList<CommandFlag> &PythonCompletion::flagsOf(const QString &command)
+{
+    const auto known = m_flags.constFind(command);
+    return known != m_flags.constEnd() ? *known
+                                       : *m_flags.insert(command, commandHelp(command).flags);
+}
+
+CompletionKind PythonCompletion::wordKind(const QString &name)
+{
+    if (m_keywords.isEmpty()) {
+        m_keywords = setOf(pythonNames(PythonQuestion::Keywords));
+        m_builtIns = setOf(pythonNames(PythonQuestion::BuiltIns));
+    }
+    return m_keywords.contains(name)   ? CompletionKind::Keyword
+           : m_builtIns.contains(name) ? CompletionKind::BuiltIn
+                                       : CompletionKind::Name;
+}

@@ -1,0 +1,267 @@
+// SPDX-License-Identifier: MIT
+#include "editor/pythonexcerpt.h"
+
+#include <QStringList>
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace {
+
+const char locator[] = "__corvane_lctr_kvrt__";
+
+// How much a statement matters at the caret; the first ones are kept first.
+enum Rank { AtCaret, Import, Near, Declaration, Member, Other };
+
+class Excerpt
+{
+public:
+    explicit Excerpt(const PythonContext &context)
+        : m_context(context), m_statements(context.statements), m_parents(m_statements.size(), -1),
+          m_isKept(m_statements.size(), false)
+    {
+        findParents();
+    }
+
+    QString take(int mostUnits)
+    {
+        choose(mostUnits);
+        for (int i = 0; i < int(m_statements.size()); ++i) {
+            if (m_isKept[i])
+                append(m_statements[i].depth, i == m_context.current ? caretLine() : lineOf(i));
+        }
+        append(0, Word("pass")); // ends a block that is still open
+        return m_source;
+    }
+
+private:
+    using Word = QLatin1String;
+
+    QString word(int i) const { return keywordOf(m_context.text, m_statements[i]); }
+    int length(int i) const { return m_statements[i].codeEnd - m_statements[i].start + 2; }
+    bool isDefinition(int i) const { return word(i) == Word("def"); }
+
+    void findParents()
+    {
+        std::vector<int> open; // the last statement of each depth
+        for (int i = 0; i < int(m_statements.size()); ++i) {
+            const int depth = std::min(m_statements[i].depth, int(open.size()));
+            open.resize(depth);
+            m_parents[i] = open.empty() ? -1 : open.back();
+            open.push_back(i);
+        }
+    }
+
+    // Its outermost one, or -1.
+    int functionAround(int i) const
+    {
+        int function = -1;
+        for (int above = m_parents[i]; above >= 0; above = m_parents[above])
+            function = isDefinition(above) ? above : function;
+        return function;
+    }
+
+    int depthBelow(int i, int ancestor) const
+    {
+        for (int depth = 0; i >= 0; i = m_parents[i], ++depth) {
+            if (i == ancestor)
+                return depth;
+        }
+        return -1;
+    }
+
+    // All of them while they are few, else by rank and, where ranks are equal, nearest first.
+    void choose(int mostUnits)
+    {
+        int units = 0;
+        for (int i = 0; i < int(m_statements.size()) && units <= mostUnits; ++i)
+            units += length(i);
+        if (units <= mostUnits)
+            m_isKept.assign(m_statements.size(), true);
+        else
+            chooseByRank(mostUnits);
+        for (int i = 0; i < int(m_statements.size()); ++i) {
+            const bool isHidden = m_parents[i] >= 0 && !m_isKept[m_parents[i]];
+            m_isKept[i] = m_isKept[i] && !isHidden && !isForeignBody(m_parents[i]);
+        }
+    }
+
+    void chooseByRank(int mostUnits)
+    {
+        const std::vector<int> ranks = allRanks();
+        std::vector<int> order;
+        for (int i = 0; i < int(m_statements.size()); ++i) {
+            if (ranks[i] != Other)
+                order.push_back(i);
+        }
+        const int caret = m_context.current;
+        std::sort(order.begin(), order.end(), [&ranks, caret](int a, int b) {
+            return ranks[a] != ranks[b] ? ranks[a] < ranks[b]
+                                        : std::abs(a - caret) < std::abs(b - caret);
+        });
+        int left = mostUnits;
+        for (int i : order)
+            keep(i, &left);
+    }
+
+    // With the headers that it lies under.
+    void keep(int statement, int *unitsLeft)
+    {
+        int units = 0;
+        for (int i = statement; i >= 0 && !m_isKept[i]; i = m_parents[i])
+            units += i == m_context.current ? 0 : length(i);
+        if (units > *unitsLeft)
+            return;
+        *unitsLeft -= units;
+        for (int i = statement; i >= 0 && !m_isKept[i]; i = m_parents[i])
+            m_isKept[i] = true;
+    }
+
+    std::vector<int> allRanks() const
+    {
+        const int function = functionAround(m_context.current);
+        const int ownClass = m_context.enclosing(Word("class"));
+        std::vector<int> ranks;
+        for (int i = 0; i < int(m_statements.size()); ++i)
+            ranks.push_back(i == m_context.current ? AtCaret : rank(i, function, ownClass));
+        return ranks;
+    }
+
+    Rank rank(int i, int function, int ownClass) const
+    {
+        const int depth = m_statements[i].depth;
+        const QString first = word(i);
+        if (depth == 0 && (first == Word("import") || first == Word("from")))
+            return Import;
+        if (function >= 0 && i > function && depthBelow(i, function) > 0)
+            return Near;
+        const QString assigned = assignedName(m_context.text, m_statements[i]);
+        const bool declares = !assigned.isEmpty() || first == Word("class") || first == Word("def");
+        if (depth == 0)
+            return declares || first == Word("for") || first == Word("with") ? Declaration : Other;
+        const bool isOfObject =
+            assigned.startsWith(Word("self.")) || assigned.startsWith(Word("cls."));
+        if (isOfObject || (declares && depth == 1 && word(m_parents[i]) == Word("class")))
+            return ownClass >= 0 && depthBelow(i, ownClass) > 0 ? Declaration : Member;
+        return Other;
+    }
+
+    // The body of a function inside one, without the caret: its names are out of reach.
+    bool isForeignBody(int header) const
+    {
+        return header >= 0 && isDefinition(header) && functionAround(header) >= 0 &&
+               depthBelow(m_context.current, header) < 0;
+    }
+
+    // Indented anew, since blocks that do not fit together would not parse: a line lies below the
+    // last one only if that opens a block.
+    void append(int depth, const QString &line)
+    {
+        if (line.isEmpty())
+            return;
+        const bool isInBlock = m_opensBlock && depth > m_depth;
+        if (m_opensBlock && !isInBlock)
+            m_source += Word(" pass");
+        m_depth = std::min(depth, m_depth + (isInBlock ? 1 : 0));
+        m_opensBlock = line.endsWith(QLatin1Char(':'));
+        m_source += QLatin1Char('\n') + QString(m_depth, QLatin1Char(' ')) + line;
+    }
+
+    QString lineOf(int i) const
+    {
+        const PythonStatement &statement = m_statements[i];
+        const QString first = word(i);
+        if (first == Word("def") || first == Word("class"))
+            return definition(i);
+        if (statement.isBroken || isPython2Output(i, first))
+            return QString();
+        if (QStringList(clauses()).contains(first))
+            return clause(i, first);
+        const bool isDecorator = m_context.text.at(statement.start) == QLatin1Char('@');
+        return isDecorator && functionAround(i) >= 0 ? QString() : text(i);
+    }
+
+    QString text(int i) const
+    {
+        return m_context.text.mid(m_statements[i].start,
+                                  m_statements[i].codeEnd - m_statements[i].start);
+    }
+
+    // "print x", which would keep Python 3 from parsing the rest.
+    bool isPython2Output(int i, const QString &first) const
+    {
+        if (first != Word("print") && first != Word("exec"))
+            return false;
+        const QString rest = text(i).mid(first.size()).trimmed();
+        return !rest.isEmpty() && rest.at(0) != QLatin1Char('(') && rest.at(0) != QLatin1Char('=');
+    }
+
+    QString definition(int i) const
+    {
+        const PythonStatement &statement = m_statements[i];
+        const QString name = definedName(m_context.text, statement);
+        if (name.isEmpty())
+            return QString();
+        QStringList arguments = argumentNames(m_context.text, statement);
+        // The script does not look into functions inside functions; as a loop they bind the same
+        // names.
+        if (isDefinition(i) && functionAround(i) >= 0)
+            return Word("for ") + (arguments << name).join(Word(", ")) + Word(" in ():");
+        const bool isWhole = headerEnd(m_context.text, statement) < statement.codeEnd;
+        if (isWhole && !statement.isBroken)
+            return text(i);
+        return isDefinition(i) ? Word("def ") + name + QLatin1Char('(') +
+                                     arguments.join(Word(", ")) + Word("):")
+                               : Word("class ") + name + QLatin1Char(':');
+    }
+
+    static QStringList clauses()
+    {
+        return QStringList() << Word("try") << Word("except") << Word("finally") << Word("else")
+                             << Word("elif");
+    }
+
+    // What only parses together with other clauses, of which one may be missing yet.
+    QString clause(int i, const QString &first) const
+    {
+        const int colon = headerEnd(m_context.text, m_statements[i]) - m_statements[i].start;
+        const QString line = text(i);
+        if (first == Word("except") && line.left(colon).contains(Word(" as ")))
+            return Word("with") + line.mid(first.size());
+        return Word("if 1") + (colon < line.size() ? line.mid(colon) : QString(Word(":")));
+    }
+
+    QString caretLine() const
+    {
+        const PythonStatement &statement = m_statements[m_context.current];
+        const QString first = word(m_context.current);
+        const bool isFunction = first == Word("def");
+        if ((!isFunction && first != Word("class")) || functionAround(m_context.current) >= 0)
+            return Word(locator);
+        const int colon = headerEnd(m_context.text, statement);
+        if (colon < statement.codeEnd && m_context.position > colon)
+            return m_context.text.mid(statement.start, colon - statement.start) + Word(": ") +
+                   Word(locator);
+        const int opener = int(m_context.text.indexOf(QLatin1Char('('), statement.start));
+        const bool isNamed = opener >= 0 && opener < m_context.position;
+        if (isNamed)
+            return first + QLatin1Char(' ') + definedName(m_context.text, statement) +
+                   QLatin1Char('(') + Word(locator) + Word("):");
+        return isFunction ? Word("def __kedefloc__(self): ") + Word(locator) : Word(locator);
+    }
+
+    const PythonContext &m_context;
+    const std::vector<PythonStatement> &m_statements;
+    std::vector<int> m_parents; // the header above; -1 at the margin
+    std::vector<bool> m_isKept;
+    QString m_source;
+    int m_depth = 0; // of the last line
+    bool m_opensBlock = false;
+};
+
+} // namespace
+
+QString pythonExcerpt(const PythonContext &context, int mostUnits)
+{
+    return Excerpt(context).take(mostUnits);
+}

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "editor/completion.h"
+#include "editor/pythoncaret.h"
+
+#include <QHash>
+#include <QString>
+
+// What the names of a text are, as far as its statements tell by how they begin.
+class DeclaredNames
+{
+public:
+    explicit DeclaredNames(const PythonContext &context);
+
+    // Name for what is not declared here.
+    CompletionKind kind(const QString &name) const;
+    // The full path of a name with dots, through the imports: "mc.ls" is "maya.cmds.ls". Maya's
+    // commands are known by their usual module without an import, too.
+    QString path(const QString &dotted) const;
+
+private:
+    void add(const QString &name, CompletionKind kind);
+    void readStatement(const PythonContext &context, int index, bool isInReach);
+    void readImports(const QString &code);
+    void readNames(const QString &module, const QString &names);
+
+    QHash<QString, CompletionKind> m_kinds;
+    QHash<QString, QString> m_paths;
+    bool m_hasAllCommands = false; // by "from maya.cmds import *"
+};

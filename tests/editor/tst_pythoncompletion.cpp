@@ -1,0 +1,267 @@
+// SPDX-License-Identifier: MIT
+#include "bridge/commandhelp.h"
+#include "bridge/melnametable.h"
+#include "bridge/pythonnamesource.h"
+#include "editor/pythoncompletion.h"
+#include "editor/pythonexcerpt.h"
+#include "tests/support/caretnotation.h"
+#include "tests/support/lineartime.h"
+#include "tests/support/testmain.h"
+
+#include <QTextDocument>
+
+class PythonCompletionTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void cleanup();
+    void whatStandsAtTheCaret_data();
+    void whatStandsAtTheCaret();
+    void excerptsParse_data();
+    void excerptsParse();
+    void longTextsAreReducedToWhatMatters();
+    void anyTextIsReadInTime();
+    void flagsComeFirstAndOnlyOnce();
+    void kindsTellWhatNamesAre();
+};
+
+namespace {
+
+PythonContext contextOf(const QString &drawing)
+{
+    QTextDocument document;
+    const QTextCursor caret = setDrawing(&document, drawing);
+    return PythonContext(document.toPlainText(), caret.position());
+}
+
+QString described(const PythonCaret &caret)
+{
+    const char *places[] = {"nothing", "name", "member", "module", "imported"};
+    QStringList words = QStringList() << QString::fromLatin1(places[caret.place]);
+    words << QString::number(caret.prefixLength) << caret.object;
+    words << caret.call.function + caret.call.keywords.join(",");
+    return words.join(" ").trimmed();
+}
+
+QStringList answers;
+
+QStringList answer(PythonQuestion question, const QString &, const QString &)
+{
+    if (question == PythonQuestion::Keywords)
+        return QStringList() << "while";
+    if (question == PythonQuestion::BuiltIns)
+        return QStringList() << "len";
+    return answers;
+}
+
+CommandHelp help(const QString &name)
+{
+    CommandHelp result;
+    CommandFlag flag;
+    for (const char *names : {"r radius", "n name", "q "}) {
+        flag.shortName = QString::fromLatin1(names).section(' ', 0, 0);
+        flag.longName = QString::fromLatin1(names).section(' ', 1);
+        if (name == "sphere")
+            result.flags << flag;
+    }
+    return result;
+}
+
+// Each item as "text" or "text>insertion".
+QStringList completed(const QString &drawing, std::vector<Completion> *items = nullptr)
+{
+    setPythonNameSource(answer);
+    setCommandHelpSource(help);
+    QTextDocument document;
+    const Completions found = PythonCompletion().completionsAt(setDrawing(&document, drawing));
+    QStringList texts;
+    for (const Completion &item : found.items)
+        texts << item.text + (item.insertion.isEmpty() ? "" : ">" + item.insertion);
+    if (items)
+        *items = found.items;
+    return texts;
+}
+
+} // namespace
+
+void PythonCompletionTest::cleanup()
+{
+    setPythonNameSource(nullptr);
+    setCommandHelpSource(nullptr);
+    melNameTable().clear();
+    answers.clear();
+}
+
+void PythonCompletionTest::whatStandsAtTheCaret_data()
+{
+    QTest::addColumn<QString>("drawing");
+    QTest::addColumn<QString>("expected");
+
+    const auto row = [](const char *tag, const char *drawing, const char *expected) {
+        QTest::newRow(tag) << QString::fromUtf8(drawing) << QString::fromLatin1(expected);
+    };
+    row("empty", "|", "name 0");
+    row("in-a-name", "x = po|ly", "name 2");
+    row("member", "cmds.po|", "member 2 cmds");
+    row("beyond-ascii",
+        "gr\xc3\xb6\xc3\x9f"
+        "e|",
+        "name 5");
+    row("blanks-around-the-dot", "a . b . |", "member 0 a.b");
+    row("over-lines", "f(a.\n  b.c|", "member 1 a.b");
+    row("behind-a-backslash", "a\\\n.b|", "member 1 a");
+    row("of-a-call", "A(1, ')').b.|", "member 0 A.b");
+    row("of-a-string", "','.join|", "member 4 str");
+    row("of-an-item", "a[0].|", "nothing 0");
+    row("of-brackets", "(a + b).|", "nothing 0");
+    row("number", "12|", "nothing 0");
+    row("fraction", "1.|", "nothing 0");
+    row("in-a-string", "f('a.|", "nothing 0");
+    row("escaped-quote", "r'\\'a|'", "nothing 0");
+    row("in-a-long-string", "'''\na.|\n'''", "nothing 0");
+    row("behind-a-string", "'#' + a|", "name 1");
+    row("in-a-comment", "a # b.|", "nothing 0");
+    row("in-a-line-of-comment", "  # b.|", "nothing 0");
+    row("behind-an-open-string", "a = 'b\nc.|", "member 0 c");
+    row("behind-an-open-bracket", "f(a,\nc.|", "member 0 c");
+    row("import", "import |", "module 0");
+    row("import-more", "import a, b.c.d|", "module 1 b.c");
+    row("import-alias", "import a as b|", "nothing 1");
+    row("import-behind-a-semicolon", "x; import a|", "module 1");
+    row("from", "from importlib.|", "module 0 importlib");
+    row("from-relative", "from .|", "nothing 0");
+    row("from-import", "from importlib import a, b|", "imported 1 importlib");
+    row("from-import-lines", "from a import (b,\n  c, # |\n  d)", "nothing 0");
+    row("from-import-brackets", "from a.b import (c,\n  |\n  d)", "imported 0 a.b");
+    row("new-function", "def f|", "nothing 1");
+    row("new-method", "class A(B):\n    def __in|", "member 4 self");
+    row("argument", "a.sphere(|", "name 0  a.sphere");
+    row("argument-given", "a.sphere(r=1, x == 2, |, n='='); b(c=1)", "name 0  a.spherer,n");
+    row("argument-lines", "a.sphere(\n    r=f(1,\n    k=2),\n    |\n)", "name 0  a.spherer");
+    row("value-of-an-argument", "sphere(r=|)", "name 0");
+    row("item-of-an-argument", "sphere([|", "name 0");
+}
+
+void PythonCompletionTest::whatStandsAtTheCaret()
+{
+    QFETCH(QString, drawing);
+    QFETCH(QString, expected);
+    QCOMPARE(described(pythonCaret(contextOf(drawing))), expected);
+}
+
+void PythonCompletionTest::excerptsParse_data()
+{
+    QTest::addColumn<QString>("drawing");
+    QTest::addColumn<QString>("expected"); // ^ for the locator, / for line ends
+
+    const auto row = [](const char *tag, const char *drawing, const char *expected) {
+        QTest::newRow(tag) << QString::fromLatin1(drawing) << QString::fromLatin1(expected);
+    };
+    row("alone", "cmds.po|", "^");
+    row("open-call", "a = 1\nf(b,\n  c.|\nd = 2", "a = 1/^/d = 2");
+    row("header", "if a.|:\n    b = 1", "^/b = 1");
+    row("arguments", "class A:\n  def f(self, |", "class A:/ def f(^): pass");
+    row("behind-the-colon", "def f(a): return a.|", "def f(a): ^");
+    row("bases", "class A(|", "class A(^): pass");
+    row("new-method", "class A(B):\n  def |\n  x = 1",
+        "class A(B):/ def __kedefloc__(self): ^/ x = 1");
+    row("empty-block", "def f():\n    |\ny = 1", "def f():/ ^/y = 1");
+    row("block-without-a-body", "def f():\n|", "def f(): pass/^");
+    row("no-colon", "def f(a)\n    b = 1\n    |", "def f(a):/ b = 1/ ^");
+    row("lone-clauses", "try:\n  a = 1\n|\nelse: b = 1", "if 1:/ a = 1/^/if 1: b = 1");
+    row("exception", "try: pass\nexcept (A, B) as e:\n  |", "if 1: pass/with (A, B) as e:/ ^");
+    row("broken-ones", "x = (1\ndef f(a,\n  y = 1\nz.\n|", "def f(a, y): pass/^");
+    row("uneven-blocks", "if a:\n    b = 1\n  c = 2\n|", "if a:/ b = 1/ c = 2/^");
+    row("python-2", "print 'x'\nprint ('x')\n|", "print ('x')/^");
+    row("functions-inside", "def f():\n def g(a): pass\n @h\n def i(b, *c):\n  |",
+        "def f():/ for a, g in (): pass/ for b, c, i in ():/  ^");
+}
+
+void PythonCompletionTest::excerptsParse()
+{
+    QFETCH(QString, drawing);
+    QFETCH(QString, expected);
+    QString excerpt = pythonExcerpt(contextOf(drawing), 10000).mid(1);
+    QVERIFY(excerpt.endsWith("\npass"));
+    excerpt.chop(5);
+    excerpt.replace("__corvane_lctr_kvrt__", "^").replace('\n', '/');
+    QCOMPARE(excerpt, expected);
+}
+
+void PythonCompletionTest::longTextsAreReducedToWhatMatters()
+{
+    QString text = "import a.b\n";
+    for (int i = 0; i < 1000; ++i)
+        text += QString("class C%1(Base):\n    def m(self):\n        f(1)\n        self.x = 1\n"
+                        "    def n(self): pass\n")
+                    .arg(i);
+    const QString near = "def here(p):\n    q = 1\n    |\n";
+    const QString excerpt = pythonExcerpt(contextOf(text + near + text), 20000);
+    QVERIFY(excerpt.size() < 40000);
+    for (const char *kept :
+         {"import a.b\n", "def here(p):\n q = 1\n __corvane", "\nclass C999(Base)"})
+        QVERIFY2(excerpt.contains(kept), kept);
+    QVERIFY(!excerpt.contains("f(1)"));
+}
+
+void PythonCompletionTest::anyTextIsReadInTime()
+{
+    const auto read = [](const QString &text) {
+        const PythonContext context(text, int(text.size()));
+        pythonCaret(context);
+        pythonExcerpt(context, 20000);
+    };
+    for (const char *pattern :
+         {"a.", "(", "()", "f(\n", "f(a,\n", "if a:\n", "'''\"", "\\\n", "def f(\n "}) {
+        const QString complaint = slowness(longText(pattern), read);
+        QVERIFY2(complaint.isEmpty(), qPrintable(pattern + complaint));
+    }
+}
+
+void PythonCompletionTest::flagsComeFirstAndOnlyOnce()
+{
+    answers << "a"
+            << "name"
+            << "z";
+    const QString all = "n>n= name>name= q>q= r>r= radius>radius= a z";
+    for (const char *drawing :
+         {"import maya.cmds as mc\nmc.sphere(|", "cmds.sphere(|",
+          "from maya.cmds import sphere as ball\nball(|)",
+          "def f():\n    from maya import cmds as c\n    c.sphere(\n        |",
+          "from maya.cmds import *\nsphere(|"})
+        QCOMPARE(completed(drawing).join(" "), all);
+    QCOMPARE(completed("cmds.sphere(q=1, |, radius=2)").join(" "), QString("n>n= name>name= a z"));
+    QCOMPARE(completed("cmds.sphere(r=2, |=3)").join(" "), QString("n name q a z"));
+    QCOMPARE(completed("cmds.cone(|").join(" "), answers.join(" "));
+    QCOMPARE(completed("# cmds.sphere(|").join(" "), QString());
+}
+
+void PythonCompletionTest::kindsTellWhatNamesAre()
+{
+    melNameTable().insert("ls", "ls");
+    answers << "A"
+            << "arg"
+            << "f"
+            << "len"
+            << "ls"
+            << "os"
+            << "other"
+            << "var"
+            << "while";
+    std::vector<Completion> items;
+    const QString text = "import os\nfrom maya.cmds import ls\nclass A: pass\nvar = 1\n";
+    completed(text + "def f(arg):\n    |", &items);
+    const CompletionKind expected[] = {
+        CompletionKind::Class,   CompletionKind::Argument, CompletionKind::Function,
+        CompletionKind::BuiltIn, CompletionKind::Command,  CompletionKind::Module,
+        CompletionKind::Name,    CompletionKind::Variable, CompletionKind::Keyword};
+    QCOMPARE(int(items.size()), int(answers.size()));
+    for (int i = 0; i < int(items.size()); ++i)
+        QVERIFY2(items[i].kind == expected[i], qPrintable(items[i].text));
+    completed("import maya.cmds as mc\nmc.|", &items);
+    QVERIFY(items[4].kind == CompletionKind::Command && items[5].kind == CompletionKind::Name);
+}
+
+CORVANE_TEST_MAIN(PythonCompletionTest)
+#include "tst_pythoncompletion.moc"
