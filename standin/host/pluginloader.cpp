@@ -22,6 +22,7 @@
 #include <algorithm>
 #include <cstring>
 #include <exception>
+#include <utility>
 
 namespace standin {
 
@@ -93,9 +94,8 @@ void run(EntryPoint function, PluginRecord &record)
 
 } // namespace
 
-PluginLoader::PluginLoader(HostServices &host, const PluginCommands &commands,
-                           const QStringList &folders)
-    : m_host(host), m_commands(commands), m_folders(folders)
+PluginLoader::PluginLoader(HostServices &host, const PluginCommands &commands, Folders folders)
+    : m_host(host), m_commands(commands), m_folders(std::move(folders))
 {
 }
 
@@ -128,7 +128,7 @@ void PluginLoader::loadOrThrow(const QString &nameOrFile)
     // Deliberate: no error, since scripts load what they need without asking.
     if (loaded(nameOrFile))
         return;
-    const QString path = pluginFile(nameOrFile, m_folders);
+    const QString path = pluginFile(nameOrFile, m_folders());
     if (path.isEmpty())
         fail(QString("Plug-in, \"%1\", was not found on MAYA_PLUG_IN_PATH.").arg(nameOrFile));
     // Names decide which commands and callbacks belong together, so they are unique.
@@ -246,7 +246,7 @@ void PluginLoader::close(const Plugin &plugin)
 PluginLoader::Plugin *PluginLoader::loaded(const QString &nameOrFile) const
 {
     const QString name = QFileInfo(nameOrFile).completeBaseName();
-    const std::string path = toUtf8(pluginFile(nameOrFile, m_folders));
+    const std::string path = toUtf8(pluginFile(nameOrFile, m_folders()));
     const bool isFile = nameOrFile.contains('/');
     for (const std::unique_ptr<Plugin> &plugin : m_plugins) {
         const PluginRecord &record = plugin->record;

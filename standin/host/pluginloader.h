@@ -4,6 +4,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -20,8 +21,10 @@ struct PluginRecord;
 class PluginLoader
 {
 public:
-    // Plug-ins given by name are looked up in `folders` too, after MAYA_PLUG_IN_PATH.
-    PluginLoader(HostServices &host, const PluginCommands &commands, const QStringList &folders);
+    // Where plug-ins given by name are looked up, after MAYA_PLUG_IN_PATH; asked each time.
+    using Folders = std::function<QStringList()>;
+
+    PluginLoader(HostServices &host, const PluginCommands &commands, Folders folders);
     ~PluginLoader();
 
     // By file, or by a name that is looked up on the search path. A plug-in that is loaded already
@@ -58,7 +61,7 @@ private:
     // Both outlive the loader.
     HostServices &m_host;
     const PluginCommands &m_commands;
-    const QStringList m_folders;
+    const Folders m_folders;
     // In the order of loading. By pointer: entry points keep the address of their record.
     std::vector<std::unique_ptr<Plugin>> m_plugins;
 };

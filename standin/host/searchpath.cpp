@@ -27,13 +27,20 @@ const char platform[] = "linux";
 const char pluginSuffix[] = ".so";
 #endif
 
+// The second extension of 2016 has a half of its own.
+QString release()
+{
+    return MAYA_API_VERSION == 201650 ? QString("2016.5")
+                                      : QString::number(MAYA_API_VERSION).left(4);
+}
+
 bool conditionHolds(const QString &condition)
 {
     const QString key = condition.section(':', 0, 0);
     const QString value = condition.section(':', 1);
     // The interface has one language, so no locale is refused.
     if (key == "MAYAVERSION")
-        return value == QString::number(MAYA_API_VERSION).left(4);
+        return value == release();
     return key == "PLATFORM" ? value == platform : key == "LOCALE";
 }
 
@@ -182,10 +189,10 @@ ModuleFolders parseModules(const QString &text, const QString &folder)
     return reader.folders;
 }
 
-ModuleFolders readModules()
+ModuleFolders readModules(const QString &userModules)
 {
     ModuleFolders all;
-    const QStringList folders = foldersInEnvironment("MAYA_MODULE_PATH");
+    const QStringList folders = foldersInEnvironment("MAYA_MODULE_PATH") << userModules;
     for (const QString &folder : folders) {
         const QFileInfoList files = QDir(folder).entryInfoList(QDir::Files, QDir::Name);
         for (const QFileInfo &file : files) {
@@ -199,9 +206,9 @@ ModuleFolders readModules()
     return all;
 }
 
-void applyModuleVariables()
+void applyVariables(const ModuleFolders &modules)
 {
-    for (const ModuleVariable &variable : readModules().variables) {
+    for (const ModuleVariable &variable : modules.variables) {
         const QByteArray name = variable.name.toUtf8();
         const QString value =
             variable.isAdded
@@ -216,8 +223,7 @@ QString pluginFile(const QString &nameOrFile, const QStringList &folders)
     const QFileInfo given(nameOrFile);
     if (given.isFile() && (given.isAbsolute() || nameOrFile.contains('/')))
         return QDir::cleanPath(given.absoluteFilePath());
-    const QStringList all =
-        foldersInEnvironment("MAYA_PLUG_IN_PATH") + folders + readModules().plugins;
+    const QStringList all = foldersInEnvironment("MAYA_PLUG_IN_PATH") + folders;
     const QStringList names = QStringList() << nameOrFile << nameOrFile + pluginSuffix;
     for (const QString &folder : all) {
         for (const QString &name : names) {

@@ -22,13 +22,6 @@ namespace standin {
 
 namespace {
 
-// Where plug-ins are looked up by name besides the search path: the user's folder first.
-QStringList pluginFolders(const SessionOptions &options)
-{
-    const QDir user(options.userDirectory);
-    return QStringList() << user.absoluteFilePath("plug-ins") << options.pluginFolders;
-}
-
 // Marks the language that runs. A text run from within another one hands back to it; after the
 // outermost one the mark stays, since the history keeps the form of what ran last.
 class LanguageScope
@@ -87,13 +80,13 @@ Session::Session(const SessionOptions &options) : m_parts(std::make_unique<Parts
     std::setlocale(LC_NUMERIC, "C");
     // From here on the API works, before anything that a plug-in or a script could call.
     setHostServices(this);
-    applyModuleVariables(); // the search paths among them
+    applyVariables(readModules(userModules())); // the search paths among them
     // In place only now, for the interpreter may call back at once.
     m_parts->interpreter.emplace(*this);
     mel().settings().helpNamesCommandType = options.helpNamesCommandType;
     m_parts->vars.emplace(userFolder("prefs") + "userPrefs.mel");
     m_parts->commands.emplace(mel());
-    m_parts->loader.emplace(*this, *m_parts->commands, pluginFolders(options));
+    m_parts->loader.emplace(*this, *m_parts->commands, [this] { return pluginFolders(); });
     addSessionCommands(*this);
     addPluginManagement(*this);
     addOptionVarCommand(*this);
@@ -344,12 +337,26 @@ void Session::processIdle()
     idleQueue().processUntilEmpty();
 }
 
+QString Session::userModules() const
+{
+    return QDir(m_parts->options.userDirectory).absoluteFilePath("modules");
+}
+
+// Where plug-ins are looked up by name besides the search path: what the user has added comes
+// before the program's own.
+QStringList Session::pluginFolders() const
+{
+    const QDir user(m_parts->options.userDirectory);
+    return QStringList() << user.absoluteFilePath("plug-ins") << readModules(userModules()).plugins
+                         << m_parts->options.pluginFolders;
+}
+
 // Read afresh each time, since scripts extend the path with putenv.
 std::vector<std::string> Session::scriptPath() const
 {
     const QStringList folders = QStringList()
                                 << userFolder("scripts") << foldersInEnvironment("MAYA_SCRIPT_PATH")
-                                << readModules().scripts;
+                                << readModules(userModules()).scripts;
     std::vector<std::string> path;
     for (const QString &folder : folders)
         path.push_back(toUtf8(folder));

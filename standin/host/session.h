@@ -26,8 +26,8 @@ class ScriptJobs;
 struct SessionOptions
 {
     bool batch = false;
-    QString userDirectory;             // holds prefs/, scripts/ and plug-ins/; made when needed
-    bool closingMarks = true;          // the message form of releases up to 2022
+    QString userDirectory;    // holds prefs/, scripts/, plug-ins/, modules/; made when needed
+    bool closingMarks = true; // the message form of releases up to 2022
     bool helpNamesCommandType = false; // "help -so" ends with the "Command Type" line
     bool unloadsAtQuit = true;         // else plug-ins stay loaded to the end of the program
     QStringList pluginFolders;         // the program's own, for plug-ins given by name
@@ -122,6 +122,8 @@ private slots:
 private:
     struct Parts;
 
+    QString userModules() const;
+    QStringList pluginFolders() const;
     void saveUserFiles();
 
     std::unique_ptr<Parts> m_parts;

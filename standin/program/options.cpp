@@ -39,7 +39,7 @@ const OptionRow rows[] = {
      [](ProgramOptions &options, const QString &) { options.loadsDefaultPlugin = false; }},
     {"--keep-plugins", nullptr, "leave without unloading the plug-ins, as Maya may",
      [](ProgramOptions &options, const QString &) { options.unloadsAtQuit = false; }},
-    {"--user-dir", "DIR", "folder that holds prefs/, scripts/ and plug-ins/",
+    {"--user-dir", "DIR", "folder that holds prefs/, scripts/, plug-ins/ and modules/",
      [](ProgramOptions &options, const QString &folder) { options.userDirectory = folder; }},
     {"--log", nullptr, "print every message as KIND<TAB>TEXT",
      [](ProgramOptions &options, const QString &) { options.log = true; }},
