@@ -12,13 +12,24 @@ else()
     set(CORVANE_USES_STANDIN ON)
 endif()
 
+# The release as module files write it. The second extension of 2016 has a half of its own.
+function(corvane_maya_release api_version result)
+    string(SUBSTRING ${api_version} 0 4 release)
+    if(api_version EQUAL 201650)
+        set(release 2016.5)
+    endif()
+    set(${result} ${release} PARENT_SCOPE)
+endfunction()
+
 function(_corvane_import_devkit)
     set(roots ${MAYA_DEVKIT_LOCATION} ${MAYA_LOCATION})
     find_path(MAYA_INCLUDE_DIR maya/MTypes.h HINTS ${roots} PATH_SUFFIXES include devkit/include
         NO_DEFAULT_PATH REQUIRED)
     file(STRINGS ${MAYA_INCLUDE_DIR}/maya/MTypes.h line REGEX "#define[ \t]+MAYA_API_VERSION[ \t]+[0-9]+")
     string(REGEX MATCH "[0-9]+$" version "${line}")
-    message(STATUS "Maya API version: ${version} (${MAYA_INCLUDE_DIR})")
+    corvane_maya_release(${version} MAYA_RELEASE)
+    set(MAYA_RELEASE ${MAYA_RELEASE} PARENT_SCOPE)
+    message(STATUS "Maya API version: ${version} of Maya ${MAYA_RELEASE} (${MAYA_INCLUDE_DIR})")
 
     add_library(Maya::Sdk INTERFACE IMPORTED GLOBAL)
     target_include_directories(Maya::Sdk SYSTEM INTERFACE ${MAYA_INCLUDE_DIR})
