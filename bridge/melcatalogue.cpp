@@ -20,14 +20,17 @@ struct QueryRow
     const char *procedure;
     const char *test;
     MStringArray &(*names)();
+    CommandKind kind;
     bool isModelled; // whether its names become rows of the model
 };
 
 // In the order of the model's rows.
 const QueryRow queries[] = {
-    {"cvQueryMelCommands", "if ($s == \"Command\")", melCommands, true},
-    {"cvQueryMelRuntimeCommands", "if ($s == \"Run Time Command\")", melRuntimeCommands, true},
-    {"cvQueryMelProcedures", "if (startsWith($s, \"Mel procedure\"))", melProcedures, false},
+    {"cvQueryMelCommands", "if ($s == \"Command\")", melCommands, CommandKind::Command, true},
+    {"cvQueryMelRuntimeCommands", "if ($s == \"Run Time Command\")", melRuntimeCommands,
+     CommandKind::RuntimeCommand, true},
+    {"cvQueryMelProcedures", "if (startsWith($s, \"Mel procedure\"))", melProcedures,
+     CommandKind::Procedure, false},
 };
 
 // Deliberate: names of another kind leave empty elements, so every position is that of melInfo. One
@@ -49,12 +52,16 @@ QString queryText(const QueryRow &row)
 }
 
 // Deliberate: the empty name too; nobody looks for it.
-void addNames(const MStringArray &names)
+void addNames(const QueryRow &row)
 {
+    const MStringArray &names = row.names();
     melNameTable().reserve(melNameTable().size() + int(names.length()));
     for (unsigned int i = 0; i < names.length(); ++i) {
         const QString name = MQtUtil::toQString(names[i]);
+        const auto known = melNameTable().size();
         melNameTable().insert(name, name);
+        if (!name.isEmpty() && melNameTable().size() > known)
+            melNames().names.push_back({name, row.kind});
     }
 }
 
@@ -155,12 +162,14 @@ void loadMelCatalogue()
 {
     modelIsOutdated = true;
     melNameTable().clear();
+    melNames().names.clear();
+    ++melNames().version;
     for (const QueryRow &row : queries) {
         MStringArray &names = row.names();
         names.clear();
         const MString text = MQtUtil::toMString(queryText(row));
         if (MGlobal::executeCommand(text, names, false, false) == MStatus::kSuccess)
-            addNames(names);
+            addNames(row);
         else
             names.clear();
     }

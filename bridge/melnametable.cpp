@@ -6,3 +6,9 @@ QHash<QString, QString> &melNameTable()
     static QHash<QString, QString> table;
     return table;
 }
+
+MelNames &melNames()
+{
+    static MelNames names;
+    return names;
+}

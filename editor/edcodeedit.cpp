@@ -11,6 +11,7 @@
 #include "editor/editorlanguage.h"
 #include "editor/findreplace.h"
 #include "editor/lineedits.h"
+#include "editor/melcompletion.h"
 #include "editor/pythoncompletion.h"
 #include "preferences/preferences.h"
 #include "preferences/textcolors.h"
@@ -42,6 +43,8 @@ std::unique_ptr<CompletionSource> completionSourceFor(int language)
 {
     if (language == PythonLanguage)
         return std::make_unique<PythonCompletion>();
+    if (language == MelLanguage)
+        return std::make_unique<MelCompletion>();
     return nullptr;
 }
 

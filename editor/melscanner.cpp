@@ -22,6 +22,11 @@ const ScannerRules &rules()
 
 MelScanner::MelScanner(const QHash<QString, QString> &names) : LineScanner(rules(), names) {}
 
+const std::vector<std::string_view> &MelScanner::keywords()
+{
+    return rules().keywords();
+}
+
 // A name that is both has the colour of the keyword.
 EditorText MelScanner::wordCategory(int start, int end)
 {

@@ -10,6 +10,8 @@ class MelScanner : public LineScanner
 public:
     explicit MelScanner(const QHash<QString, QString> &names);
 
+    static const std::vector<std::string_view> &keywords(); // sorted
+
 protected:
     EditorText wordCategory(int start, int end) override;
 };

@@ -35,6 +35,7 @@ public:
 
     // What the scan asks of every unit of code, hence a table.
     UnitKind kindOf(ushort unit) const { return unit < 0x80 ? m_kinds[unit] : Foreign; }
+    const std::vector<std::string_view> &keywords() const { return m_keywords; } // sorted
     EditorText numberCategory() const { return m_numberCategory; }
 
     // The one in which a line with this state ends; null when it ends in code.

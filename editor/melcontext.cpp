@@ -1,0 +1,284 @@
+// SPDX-License-Identifier: MIT
+#include "editor/melcontext.h"
+
+#include "analysis/wordunits.h"
+#include "bridge/melnametable.h"
+#include "editor/edtextblockdata.h"
+#include "editor/longlines.h"
+#include "editor/melscanner.h"
+#include "editor/textblocks.h"
+
+#include <QSet>
+#include <QTextBlock>
+#include <QTextCursor>
+
+#include <algorithm>
+#include <vector>
+
+namespace {
+
+const int mostLinesOfStatement = 200;
+const int mostLinesOfProcedure = 2000;
+
+bool isName(QChar character)
+{
+    return isNameUnit(character.unicode());
+}
+
+bool isBlank(QChar character)
+{
+    return character == QLatin1Char(' ') || character == QLatin1Char('\t');
+}
+
+int nameStart(const QString &code, int end)
+{
+    while (end > 0 && isName(code.at(end - 1)))
+        --end;
+    return end;
+}
+
+int nameEnd(const QString &code, int start)
+{
+    while (start < code.size() && isName(code.at(start)))
+        ++start;
+    return start;
+}
+
+int skipBlanks(const QString &code, int from)
+{
+    while (from < code.size() && isBlank(code.at(from)))
+        ++from;
+    return from;
+}
+
+struct LineStart
+{
+    QString code; // without strings and comments
+    bool endsInCode = false;
+};
+
+// The block data would know the code, but not where in it the caret is.
+LineStart codeBefore(const QTextCursor &caret)
+{
+    const QChar mark(0xFFFF); // which no text has
+    const QTextBlock block = caret.block();
+    MelScanner scanner(melNameTable());
+    LineScan scan;
+    const QString line = block.text().left(caret.position() - block.position()) + mark;
+    scanner.scan(line, block.previous().userState(), scan);
+    LineStart start;
+    start.code = scan.code(line);
+    start.endsInCode = start.code.endsWith(mark);
+    if (start.endsInCode)
+        start.code.chop(1);
+    return start;
+}
+
+// sets -add set1 (`ls -type joint`) -|
+// |                                     from here, passing over what is in brackets
+//
+// What follows the last sign that ends a statement, of the block's code up to the caret and the
+// lines above.
+QString statementBefore(QTextBlock block, QString code)
+{
+    QString statement;
+    int depth = 0;
+    for (int lines = 0; lines < mostLinesOfStatement; ++lines) {
+        for (int i = int(code.size()) - 1; i >= 0; --i) {
+            const ushort unit = code.at(i).unicode();
+            if (unit == ')')
+                ++depth;
+            else if (unit == '(')
+                depth = std::max(depth - 1, 0);
+            else if (depth == 0 && (unit == ';' || unit == '{' || unit == '}'))
+                return code.mid(i + 1) + statement;
+        }
+        statement = code + statement;
+        block = block.previous();
+        if (!block.isValid() || isLong(block))
+            break;
+        code = codeOf(block) + QLatin1Char(' ');
+    }
+    return statement;
+}
+
+// Where the innermost bracket or backquote that is still open begins; -1 when there is none.
+int openEnclosure(const QString &statement)
+{
+    std::vector<int> open;
+    for (int i = 0; i < statement.size(); ++i) {
+        const ushort unit = statement.at(i).unicode();
+        const bool isInBackquotes = !open.empty() && statement.at(open.back()) == QLatin1Char('`');
+        if (unit == '(' || (unit == '`' && !isInBackquotes))
+            open.push_back(i);
+        else if (!open.empty() && (unit == '`' || (unit == ')' && !isInBackquotes)))
+            open.pop_back();
+    }
+    return open.empty() ? -1 : open.back();
+}
+
+int behindParentheses(const QString &code, int from)
+{
+    int depth = 0;
+    for (int i = skipBlanks(code, from); i < code.size(); ++i) {
+        if (code.at(i) == QLatin1Char('('))
+            ++depth;
+        else if (code.at(i) == QLatin1Char(')'))
+            --depth;
+        if (depth == 0)
+            return i + 1;
+    }
+    return int(code.size());
+}
+
+// Behind a keyword that a command may follow in the same statement, and what belongs to it; -1 for
+// any other word.
+int behindHead(const QString &word, const QString &code, int end)
+{
+    static const QSet<QString> withCondition = QSet<QString>()
+                                               << QLatin1String("if") << QLatin1String("for")
+                                               << QLatin1String("while") << QLatin1String("switch");
+    if (word == QLatin1String("else") || word == QLatin1String("do"))
+        return end;
+    if (withCondition.contains(word))
+        return behindParentheses(code, end);
+    if (word != QLatin1String("case") && word != QLatin1String("default"))
+        return -1;
+    const int colon = int(code.indexOf(QLatin1Char(':'), end));
+    return colon < 0 ? int(code.size()) : colon + 1;
+}
+
+// The word with which the call begins that the statement ends in; empty for an expression.
+QString calledIn(const QString &statement)
+{
+    const int enclosure = openEnclosure(statement);
+    for (int from = enclosure + 1; from >= 0;) {
+        const int start = skipBlanks(statement, from);
+        const int end = nameEnd(statement, start);
+        const QString word = statement.mid(start, end - start);
+        from = enclosure < 0 ? behindHead(word, statement, end) : -1;
+        if (from < 0 && !word.isEmpty())
+            return word;
+    }
+    // polySphere(-|
+    const bool isCall = enclosure > 0 && statement.at(enclosure) == QLatin1Char('(');
+    const int start = isCall ? nameStart(statement, enclosure) : 0;
+    return isCall ? statement.mid(start, enclosure - start) : QString();
+}
+
+// move -|        $a -|        in $a-|
+//      a flag    at the end of a call only, and not a sign between two values
+bool startsFlag(const QString &code, int dash)
+{
+    return dash == 0 || isBlank(code.at(dash - 1)) || code.at(dash - 1) == QLatin1Char('(') ||
+           code.at(dash - 1) == QLatin1Char('`');
+}
+
+void addVariables(const QString &code, QSet<QString> *found)
+{
+    for (int at = int(code.indexOf(QLatin1Char('$'))); at >= 0;) {
+        const int end = nameEnd(code, at + 1);
+        if (end > at + 1)
+            found->insert(code.mid(at, end - at));
+        at = int(code.indexOf(QLatin1Char('$'), end));
+    }
+}
+
+// How many more braces the line closes than it opens.
+int closedBraces(const QTextBlock &block, int upToColumn)
+{
+    int closed = 0;
+    const EdTextBlockData *data = EdTextBlockData::of(block);
+    if (!data)
+        return closed;
+    for (const Bracket &bracket : data->brackets) {
+        if (bracket.column < upToColumn && bracket.character == QLatin1Char('}'))
+            ++closed;
+        else if (bracket.column < upToColumn && bracket.character == QLatin1Char('{'))
+            --closed;
+    }
+    return closed;
+}
+
+bool declaresProcedure(const QString &code)
+{
+    const QString rest = code.startsWith(QLatin1String("global")) ? code.mid(6).trimmed() : code;
+    return rest.startsWith(QLatin1String("proc")) && (rest.size() == 4 || !isName(rest.at(4)));
+}
+
+// Collects the variables of a caret's scope, line by line upwards from the caret: those of blocks
+// that were closed before it, and of other procedures, are out of scope.
+class ScopeWalk
+{
+public:
+    void add(const QString &code, int closedBraces)
+    {
+        m_closed += closedBraces;
+        const bool opens = m_closed < m_least; // a block that the caret is in
+        m_least = std::min(m_least, m_closed);
+        const bool isProcedure = declaresProcedure(code.trimmed());
+        m_isDone = isProcedure && (opens || m_isHead);
+        if (m_closed == m_least && (m_isDone || !isProcedure))
+            addVariables(code, &m_variables);
+        // proc f(int $a,
+        //        int $b)
+        // {                  the lines above may belong to the brace until something else ends
+        const bool endsStatement = closedBraces != 0 || code.contains(QLatin1Char(';'));
+        m_isHead = opens || (m_isHead && !endsStatement);
+    }
+
+    bool isDone() const { return m_isDone; } // all of the caret's procedure has been seen
+    const QSet<QString> &variables() const { return m_variables; }
+
+private:
+    QSet<QString> m_variables;
+    int m_closed = 0; // braces that close below, less those that open
+    int m_least = 0;
+    bool m_isHead = false;
+    bool m_isDone = false;
+};
+
+} // namespace
+
+MelContext melContextAt(const QTextCursor &caret)
+{
+    MelContext context;
+    if (isLong(caret.block()))
+        return context;
+    const LineStart line = codeBefore(caret);
+    const QString &code = line.code;
+    const int start = nameStart(code, int(code.size()));
+    const QChar before = start > 0 ? code.at(start - 1) : QChar();
+    if (!line.endsInCode || before == QLatin1Char('.') ||
+        (start < code.size() && code.at(start).isDigit()))
+        return context;
+    context.kind = MelContext::Name;
+    context.prefix = code.mid(start);
+    if (before == QLatin1Char('$'))
+        context.kind = MelContext::Variable;
+    else if (before == QLatin1Char('-') && startsFlag(code, start - 1))
+        context.command = calledIn(statementBefore(caret.block(), code.left(start - 1)));
+    if (!context.command.isEmpty())
+        context.kind = MelContext::Flag;
+    if (context.kind != MelContext::Name)
+        context.prefix.prepend(before);
+    return context;
+}
+
+QStringList melVariablesBefore(const QTextCursor &caret)
+{
+    QTextBlock block = caret.block();
+    if (isLong(block))
+        return QStringList();
+    QString code = codeBefore(caret).code;
+    code.truncate(nameStart(code, int(code.size()))); // without what is being typed
+    ScopeWalk walk;
+    walk.add(code, closedBraces(block, caret.position() - block.position()));
+    for (int lines = 1; lines < mostLinesOfProcedure && !walk.isDone(); ++lines) {
+        block = block.previous();
+        if (!block.isValid())
+            break;
+        walk.add(isLong(block) ? QString() : codeOf(block), closedBraces(block, block.length()));
+    }
+    return QStringList(walk.variables().values());
+}
