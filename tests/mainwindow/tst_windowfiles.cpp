@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tests/mainwindow/windowfixture.h"
-#include "tests/support/datatable.h"
 #include "workspace/edcentralwidget.h"
 #include "workspace/edcodetabwidget.h"
+#include "tests/support/datatable.h"
 #include "tests/support/modalanswer.h"
 #include "tests/support/testmain.h"
 

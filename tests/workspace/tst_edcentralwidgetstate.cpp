@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What survives a restart of the program.
 #include "preferences/preferences.h"
+#include "tests/support/datatable.h"
 #include "tests/support/modalanswer.h"
 #include "tests/support/scratchdir.h"
 #include "tests/support/testmain.h"
@@ -9,7 +10,6 @@
 #include "workspace/edcodetabwidget.h"
 #include "workspace/edcodeview.h"
 #include "editor/edcodeedit.h"
-#include "tests/support/datatable.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -34,7 +34,6 @@ private slots:
     void entriesWaitForTheirFolder();
     void filesOfTheUserAreNoBuffers();
     void restoringShowsNoBox();
-    void savingBuffersLeavesFilesAlone();
     void buffersKeepTheirNames();
     void tidiedBuffersAreWrittenAgain();
 
@@ -233,24 +232,6 @@ void TestEdCentralWidgetState::restoringShowsNoBox()
              QStringList(large.fileName() + reason));
     QVERIFY(!answer.wasAsked() && !central.currentCodeView());
     QCOMPARE(central.state().openTabs, QStringList(entry));
-}
-
-void TestEdCentralWidgetState::savingBuffersLeavesFilesAlone()
-{
-    ScratchDir dir;
-    EdCentralWidget central;
-    central.openFile(dir.write("a.mel", "old"));
-    central.replace("new ");
-    central.saveBuffers();
-    QCOMPARE(dir.read("a.mel"), QByteArray("old"));
-    central.saveAll();
-    QCOMPARE(dir.read("a.mel"), QByteArray("new old"));
-
-    central.newMelBuffer();
-    central.replace("x");
-    central.save();
-    QCOMPARE(m_buffers->read("corvaneEditorBuffer-0.mel"), QByteArray("x"));
-    QVERIFY(central.currentCodeView()->isBuffer());
 }
 
 // A name is free once its buffer is closed, not when its file is gone.

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "tests/support/datatable.h"
 #include "workspace/linechange.h"
 
+#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 
 #include <QTextBlock>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "standin/host/optionvars.h"
+#include "tests/support/datatable.h"
 #include "tests/support/scratchdir.h"
 #include "tests/standin/host/testsession.h"
-#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 
 #include <maya/MGlobal.h>
