@@ -211,10 +211,7 @@ void TestEdOutlineView::buttonsStandInOrder()
         tips << button->toolTip();
         QVERIFY(!button->icon().isNull());
     }
-    QCOMPARE(tips, QStringList() << "Sort by name"
-                                 << "Expand all"
-                                 << "Collapse all"
-                                 << "View");
+    QCOMPARE(tips, strings({"Sort by name", "Expand all", "Collapse all", "View"}));
 }
 
 void TestEdOutlineView::kindsHaveTheirIcons()
@@ -507,12 +504,8 @@ void TestEdOutlineView::theMenuShowsWhatIsHidden()
     QStringList entries;
     for (const QAction *action : menu->actions())
         entries << (action->isSeparator() ? QString("|") : action->text());
-    QCOMPARE(entries, QStringList() << "Hide Imports"
-                                    << "Hide __main__"
-                                    << "|"
-                                    << "Hide Global Variables (MEL)"
-                                    << "Hide Global Procs (MEL)"
-                                    << "Hide Procs (MEL)");
+    QCOMPARE(entries, strings({"Hide Imports", "Hide __main__", "|", "Hide Global Variables (MEL)",
+                               "Hide Global Procs (MEL)", "Hide Procs (MEL)"}));
     QVERIFY(!menu->actions().first()->isChecked());
     QVERIFY(menu->actions().last()->isChecked());
     menu->actions().first()->trigger();

@@ -7,6 +7,7 @@
 #include "editor/edtextblockdata.h"
 #include "editor/melscanner.h"
 #include "preferences/preferences.h"
+#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 
 #include <QCoreApplication>
@@ -247,9 +248,9 @@ void EdHighlighterTest::anyEditLeavesTheDataOfAFreshDocument()
 void EdHighlighterTest::noTurnOfTheEventLoopIsLong_data()
 {
     QTest::addColumn<QString>("change");
-    QTest::newRow("open-a-comment") << "/*";
-    QTest::newRow("paste") << lines(20000);
-    QTest::newRow("load") << QString();
+    row("open-a-comment", "/*");
+    row("paste", lines(20000));
+    row("load", QString());
 }
 
 void EdHighlighterTest::noTurnOfTheEventLoopIsLong()
@@ -313,21 +314,10 @@ void EdHighlighterTest::editsBetweenSlicesLeaveWhatAFreshDocumentHas_data()
     QTest::addColumn<bool>("isMel");
     QTest::addColumn<QStringList>("pieces"); // the first is what the document consists of
     const QString many = lines(manyLines, "{ \"b\"; ] // c");
-    QTest::newRow("mel") << true
-                         << (QStringList() << "f(\"a\") /* b */ c;"
-                                           << "/*"
-                                           << "*/"
-                                           << "\""
-                                           << "x"
-                                           << "\\\n"
-                                           << QString() << many);
-    QTest::newRow("python") << false
-                            << (QStringList() << "f('a', \"\"\"b\"\"\") # c"
-                                              << "'''"
-                                              << "\"\"\""
-                                              << "#"
-                                              << "\n"
-                                              << QString() << many);
+    row("mel", true,
+        strings({"f(\"a\") /* b */ c;", "/*", "*/", "\"", "x", "\\\n", QString(), many}));
+    row("python", false,
+        strings({"f('a', \"\"\"b\"\"\") # c", "'''", "\"\"\"", "#", "\n", QString(), many}));
 }
 
 void EdHighlighterTest::editsBetweenSlicesLeaveWhatAFreshDocumentHas()

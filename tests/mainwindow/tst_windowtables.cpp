@@ -258,12 +258,8 @@ void TestWindowTables::menusHoldTheirActionsInOrder()
                                          << 10 << 11 << 13 << 0 << 15 << 0 << 12 << 0 << 14;
     const QList<int> edit = QList<int>() << 16 << 17 << 0 << 18 << 19 << 20 << 21 << 0 << 22 << 23
                                          << 0 << 24 << 0 << 25 << 26 << 27 << 0 << 28;
-    const QStringList docks = QStringList() << "Project View"
-                                            << "Documents"
-                                            << "Buffers"
-                                            << "Output Window"
-                                            << "Outline"
-                                            << "Quick Help";
+    const QStringList docks =
+        strings({"Project View", "Documents", "Buffers", "Output Window", "Outline", "Quick Help"});
     QCOMPARE(contents.size(), 6);
     QCOMPARE(contents.at(0), textsOf(file));
     QCOMPARE(contents.at(1), textsOf(edit));

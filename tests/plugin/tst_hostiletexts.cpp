@@ -8,6 +8,7 @@
 #include "standin/host/utf8.h"
 #include "standin/python/python.h"
 #include "standin/ui/userinterface.h"
+#include "tests/support/datatable.h"
 #include "tests/support/scratchdir.h"
 #include "tests/support/sessionlog.h"
 #include "tests/support/testmain.h"
@@ -25,25 +26,20 @@ const int rounds = 500;
 QStringList hostilePieces()
 {
     const char mark[] = "global string $gMark; $gMark = \"ran\"; ";
-    return QStringList() << "\""
-                         << "\\"
-                         << "`"
-                         << "$"
-                         << "$gMark"
-                         << "\n"
-                         << "\r" << QString(QChar(0)) << QString(QChar(0x2029))
-                         << QString(QChar(0x2028)) << QString::fromUtf8("\xf0\x9f\x90\x8d")
-                         << QString::fromUtf8("\xc3\xa4") << "'"
-                         << "\"\"\""
-                         << "//"
-                         << "/*"
-                         << "#"
-                         << "%1"
-                         << ";"
-                         << "n"
-                         << "x41" << QString("\"); ") + mark << QString("\\\"); ") + mark
-                         << QString("\n") + mark << "`eval \"$gMark = \\\"ran\\\"\"`"
-                         << "\"\n__import__('maya.mel').mel.eval('$gMark = \"ran\"')\n\"";
+    return strings({"\"", "\\", "`", "$", "$gMark", "\n", "\r", QString(QChar(0)),
+                    QString(QChar(0x2029)), QString(QChar(0x2028)),
+                    QString::fromUtf8("\xf0\x9f\x90\x8d")})
+           << QString::fromUtf8("\xc3\xa4") << "'"
+           << "\"\"\""
+           << "//"
+           << "/*"
+           << "#"
+           << "%1"
+           << ";"
+           << "n"
+           << "x41" << QString("\"); ") + mark << QString("\\\"); ") + mark << QString("\n") + mark
+           << "`eval \"$gMark = \\\"ran\\\"\"`"
+           << "\"\n__import__('maya.mel').mel.eval('$gMark = \"ran\"')\n\"";
 }
 
 QString hostileText(std::mt19937 &random)

@@ -4,6 +4,7 @@
 #include "plugin/mayahandler.h"
 #include "standin/host/idlequeue.h"
 #include "standin/python/python.h"
+#include "tests/support/datatable.h"
 #include "tests/support/sessionlog.h"
 #include "tests/support/testmain.h"
 
@@ -77,25 +78,14 @@ void MayaHandlerTest::cleanup()
 
 void MayaHandlerTest::codeRunsOnIdle_data()
 {
-    QTest::addColumn<bool>("isPython");
-    QTest::addColumn<QString>("code");
-    QTest::addColumn<QStringList>("messages");
+    columns<bool, QString, QStringList>("isPython", "code", "messages");
 
-    const QStringList plain = QStringList() << "display 7"
-                                            << "display \\n";
-    QTest::newRow("variable-alone-prints") << false << "$foo" << plain;
-    QTest::newRow("leading-blank") << false << " $foo"
-                                   << (QStringList() << "history  $foo\\n"
-                                                     << "result 7");
-    QTest::newRow("semicolon") << false << "$foo;"
-                               << (QStringList() << "history $foo;\\n"
-                                                 << "result 7");
-    QTest::newRow("dollar-alone") << false << "print(\"$\")"
-                                  << (QStringList() << "history print(\"$\")\\n"
-                                                    << "display $");
-    QTest::newRow("python") << true << "1 + 2"
-                            << (QStringList() << "history 1 + 2\\n"
-                                              << "result 3");
+    const QStringList plain = strings({"display 7", "display \\n"});
+    row("variable-alone-prints", false, "$foo", plain);
+    row("leading-blank", false, " $foo", strings({"history  $foo\\n", "result 7"}));
+    row("semicolon", false, "$foo;", strings({"history $foo;\\n", "result 7"}));
+    row("dollar-alone", false, "print(\"$\")", strings({"history print(\"$\")\\n", "display $"}));
+    row("python", true, "1 + 2", strings({"history 1 + 2\\n", "result 3"}));
 }
 
 void MayaHandlerTest::codeRunsOnIdle()
@@ -120,9 +110,8 @@ void MayaHandlerTest::executionsRunInOrder()
                               Q_ARG(QString, "import sys; x = sys.stdout.write('2')"));
     QMetaObject::invokeMethod(m_window.get(), "melExecuted", Q_ARG(QString, "print(\"3\")"));
     runIdle();
-    QCOMPARE(m_log->take().filter(QLatin1String("display")), QStringList() << "display 1"
-                                                                           << "display 2"
-                                                                           << "display 3");
+    QCOMPARE(m_log->take().filter(QLatin1String("display")),
+             strings({"display 1", "display 2", "display 3"}));
 }
 
 void MayaHandlerTest::togglesReachMayaAndItsOptionVariables()

@@ -32,6 +32,7 @@ private slots:
     void theSuffixDecidesTheLanguage();
     void theOpenFileIsKnownByItsOtherNames();
     void whatIsNotOpenCannotBeClosed();
+    void thePaneOfAMovedTabIsActive();
     void documentsFollowRenamedFolders();
     void namesAndCursorAreReported();
     void diagnosticsFollowTheText();
@@ -94,6 +95,17 @@ void TestEdCentralWidget::whatIsNotOpenCannotBeClosed()
     central.closeBuffer(7);
     central.closeFile("/not/open");
     QCOMPARE(int(central.codeViews().size()), 1);
+}
+
+// Which does not wait for the focus.
+void TestEdCentralWidget::thePaneOfAMovedTabIsActive()
+{
+    EdCentralWidget central;
+    central.newBuffer();
+    central.moveToOtherView(0, 0);
+    QCOMPARE(central.activePane(), 1);
+    central.moveToOtherView(1, 0);
+    QCOMPARE(central.activePane(), 0);
 }
 
 void TestEdCentralWidget::documentsFollowRenamedFolders()

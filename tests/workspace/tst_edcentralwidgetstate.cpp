@@ -65,16 +65,9 @@ void TestEdCentralWidgetState::restoringOpensWhatWasCurrent_data()
     row("index-too-small", all, 0, -9, 0, "a", 2);
     row("pane-too-large", all, 7, 0, 0, "a", 2);
     row("pane-too-small", all, -7, 0, 0, "a", 2);
-    const QStringList damaged = QStringList() << ""
-                                              << "0"
-                                              << ",,,,"
-                                              << "x,%/b.py,0,0,0"
-                                              << "0,%/b.py,0,0"
-                                              << "0,%/b.py,x,0,0"
-                                              << "0,%/b.py,0,,0"
-                                              << "0,%/b.py,0,0,1"
-                                              << "0,%/b.py,0,0,0x1"
-                                              << "0,,0,0,0";
+    const QStringList damaged =
+        strings({"", "0", ",,,,", "x,%/b.py,0,0,0", "0,%/b.py,0,0", "0,%/b.py,x,0,0",
+                 "0,%/b.py,0,,0", "0,%/b.py,0,0,1", "0,%/b.py,0,0,0x1", "0,,0,0,0"});
     row("damaged", (damaged + QStringList(a)), 0, 0, 0, "a", 2);
     row("file-is-gone", QStringList("0,%/gone.mel,0,0,0"), 0, 0, 0, "", 0);
     row("comma-in-path", QStringList("0,%/d,1,2.mel,2,0,0"), 0, 0, 0, "d,1,2", 2);
@@ -122,8 +115,8 @@ void TestEdCentralWidgetState::stateAndRestoringAgree()
         state = central.state();
     }
     QCOMPARE(state.openTabs,
-             QStringList() << "0," + dir.file("a.mel") + ",2,0,0"
-                           << "0," + m_buffers->path() + "/corvaneEditorBuffer-0.py,3,0,1,Python");
+             strings({"0," + dir.file("a.mel") + ",2,0,0",
+                      "0," + m_buffers->path() + "/corvaneEditorBuffer-0.py,3,0,1,Python"}));
     EdCentralWidget central;
     central.resize(400, 300);
     central.show();
@@ -208,8 +201,8 @@ void TestEdCentralWidgetState::filesOfTheUserAreNoBuffers()
     preferences().confirmCloseTemporaryBuffer = false;
     QDir(m_buffers->path()).mkdir("deeper");
     ScratchDir dir;
-    const QStringList paths = QStringList() << dir.write("a.mel", "abc")
-                                            << m_buffers->write("deeper/a.mel", "abc");
+    const QStringList paths =
+        strings({dir.write("a.mel", "abc"), m_buffers->write("deeper/a.mel", "abc")});
     for (const QString &path : paths) {
         EdCentralWidget central;
         central.restore({QStringList("0," + path + ",2,0,1,Label"), 0, 0, 0});

@@ -251,13 +251,8 @@ void TestFileOperations::filesOfAFolderAreCountedWithoutFollowingLinks()
 
 void TestFileOperations::pathsWithinOthersAreLeftOut()
 {
-    const QStringList paths = QStringList() << "/a/b/c.py"
-                                            << "/a/b"
-                                            << "/a/b c"
-                                            << "/d";
-    QCOMPARE(outermostPaths(paths), QStringList() << "/a/b"
-                                                  << "/a/b c"
-                                                  << "/d");
+    const QStringList paths = strings({"/a/b/c.py", "/a/b", "/a/b c", "/d"});
+    QCOMPARE(outermostPaths(paths), strings({"/a/b", "/a/b c", "/d"}));
 }
 
 CORVANE_TEST_MAIN(TestFileOperations)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "workspace/lineends.h"
 
+#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 
 #include <QMimeData>
@@ -94,11 +95,8 @@ void TestLineEnds::everyCharacterSurvives()
 
 void TestLineEnds::anyMixSurvives()
 {
-    const QStringList parts = QStringList()
-                              << "a"
-                              << "\n"
-                              << "\r\n"
-                              << "\r" << paragraphSeparator << QString(QChar(0xFDD0)) << "\n\r";
+    const QStringList parts =
+        strings({"a", "\n", "\r\n", "\r", paragraphSeparator, QString(QChar(0xFDD0)), "\n\r"});
     const int count = int(parts.size());
     for (int mix = 0; mix < count * count * count * count; ++mix) {
         QString text;
@@ -140,17 +138,14 @@ void TestLineEnds::editsTakeNoOtherLinesEnd()
 
 void TestLineEnds::newLinesTakeTheCommonestEnd_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("line");
-    QTest::addColumn<QString>("result");
+    columns<QString, int, QString>("text", "line", "result");
 
-    QTest::newRow("line-feeds") << "a\nb" << 1 << "a\nb\nx";
-    QTest::newRow("both") << "a\r\nb" << 1 << "a\r\nb\r\nx";
-    QTest::newRow("carriage-returns") << "a\rb" << 1 << "a\rb\rx";
-    QTest::newRow("commonest") << "a\nb\r\nc\r\nd" << 0 << "a\r\nx\nb\r\nc\r\nd";
-    QTest::newRow("never-a-character")
-        << "a" + paragraphSeparator + "b" << 1 << "a" + paragraphSeparator + "b\nx";
-    QTest::newRow("none-yet") << "a" << 0 << "a\nx";
+    row("line-feeds", "a\nb", 1, "a\nb\nx");
+    row("both", "a\r\nb", 1, "a\r\nb\r\nx");
+    row("carriage-returns", "a\rb", 1, "a\rb\rx");
+    row("commonest", "a\nb\r\nc\r\nd", 0, "a\r\nx\nb\r\nc\r\nd");
+    row("never-a-character", "a" + paragraphSeparator + "b", 1, "a" + paragraphSeparator + "b\nx");
+    row("none-yet", "a", 0, "a\nx");
 }
 
 void TestLineEnds::newLinesTakeTheCommonestEnd()
@@ -168,10 +163,8 @@ void TestLineEnds::newLinesTakeTheCommonestEnd()
 // Typed, inserted and pasted, on the empty line behind such an end and on what was typed there.
 void TestLineEnds::unusualEndsAreNotHandedOn()
 {
-    const QStringList ends = QStringList() << "\r"
-                                           << "\r\n"
-                                           << paragraphSeparator << QString(QChar(0xFDD0))
-                                           << QString(QChar(0xFDD1));
+    const QStringList ends =
+        strings({"\r", "\r\n", paragraphSeparator, QString(QChar(0xFDD0)), QString(QChar(0xFDD1))});
     for (const QString &end : ends) {
         const QString text = "a\nb\nc" + end + end + "d\n";
         Document document(text);
@@ -206,9 +199,7 @@ void TestLineEnds::marksAreNoEdit()
 // The caret stands behind an unusual end when the file is loaded again.
 void TestLineEnds::anotherTextBringsItsOwnEnds()
 {
-    const QStringList texts = QStringList() << "b\nc\r\nd\n"
-                                            << "b\nc\n"
-                                            << mixedText;
+    const QStringList texts = strings({"b\nc\r\nd\n", "b\nc\n", mixedText});
     for (const QString &text : texts) {
         Document document("a\n\r\r\n\n\n");
         document.edit.setTextCursor(QTextCursor(document.edit.document()->findBlockByNumber(2)));

@@ -3,6 +3,7 @@
 
 #include "compat/filesystem.h"
 #include "compat/filetree.h"
+#include "tests/support/datatable.h"
 #include "tests/support/scratchdir.h"
 #include "tests/support/testmain.h"
 #include "tests/workspace/editorsession.h"
@@ -92,8 +93,7 @@ void TestRecovery::unsavedTextsComeBack()
         EdCodeView *view = session.open(file);
         session.open(buffer, true);
         const Recovery recovery = session.recover();
-        QCOMPARE(namesOf(recovery), QStringList() << "a.mel"
-                                                  << "corvaneEditorBuffer-0.mel");
+        QCOMPARE(namesOf(recovery), words("a.mel corvaneEditorBuffer-0.mel"));
         QVERIFY(recovery.problems.isEmpty());
         QCOMPARE(int(session.codeViews().size()), 2);
         QCOMPARE(view->text(), QString("new one\ntwo\n"));
@@ -225,9 +225,7 @@ void TestRecovery::movedBuffersKeepTheirTexts()
         QStringList texts;
         for (const EdCodeView *view : m_session->codeViews())
             texts << view->text();
-        QCOMPARE(texts, QStringList() << "two"
-                                      << "three"
-                                      << "one");
+        QCOMPARE(texts, words("two three one"));
     }
 }
 
@@ -291,8 +289,7 @@ void TestRecovery::severalSessionsLoseNothing()
 
     EditorSession &session = restart();
     view = session.open(file);
-    QCOMPARE(namesOf(session.recover()), QStringList() << "a.mel"
-                                                       << "a.mel (recovered)");
+    QCOMPARE(namesOf(session.recover()), strings({"a.mel", "a.mel (recovered)"}));
     QCOMPARE(view->text(), QString("second old"));
     QCOMPARE(session.codeViews().last()->text(), QString("first old"));
     QVERIFY(session.codeViews().last()->isBuffer());

@@ -37,12 +37,9 @@ void TestMessages::executedMelReports_data()
 {
     columns<QString, bool, QStringList>("text", "display", "expected");
     row("echo-output-result", "print \"out\\n\"; $a = 5;", true,
-        QStringList() << "history: print \"out\\n\"; $a = 5;\n"
-                      << "display: out\n"
-                      << "result: 5");
+        strings({"history: print \"out\\n\"; $a = 5;\n", "display: out\n", "result: 5"}));
     row("no-value-no-result", "print \"x\";", true,
-        QStringList() << "history: print \"x\";\n"
-                      << "display: x");
+        strings({"history: print \"x\";\n", "display: x"}));
     row("display-off", "print \"x\"; $a = 5;", false, QStringList("display: x"));
     row("failing-with-display-off", "noSuchThing", false,
         QStringList("error: line 1: Cannot find procedure \"noSuchThing\"."));
@@ -72,11 +69,8 @@ void TestMessages::idleTextsReportInTheirOrder()
                                                                "$b = 2;", "print \"lowest\""}));
     QCOMPARE(session.takeMessages(), QStringList());
     session->idleQueue().processUntilEmpty();
-    QCOMPARE(session.takeMessages(), QStringList() << "display: api"
-                                                   << "display: mel"
-                                                   << "history: $b = 2;\n"
-                                                   << "result: 2"
-                                                   << "display: lowest");
+    QCOMPARE(session.takeMessages(), strings({"display: api", "display: mel", "history: $b = 2;\n",
+                                              "result: 2", "display: lowest"}));
 }
 
 void TestMessages::theApiShowsItsTextsUnchanged()
@@ -87,9 +81,8 @@ void TestMessages::theApiShowsItsTextsUnchanged()
     QVERIFY(!session->errorSeen());
     MGlobal::displayError(MString("e\n\xe2\x82\xac"));
     QVERIFY(session->errorSeen());
-    QCOMPARE(session.takeMessages(), QStringList() << "info: i"
-                                                   << "warning: w"
-                                                   << QString::fromUtf8("error: e\n\xe2\x82\xac"));
+    QCOMPARE(session.takeMessages(),
+             strings({"info: i", "warning: w", QString::fromUtf8("error: e\n\xe2\x82\xac")}));
 }
 
 namespace {
@@ -124,9 +117,8 @@ void TestMessages::aCallbackMayRunCommands()
     session.run("print \"a\"");
     MMessage::removeCallback(id);
     QCOMPARE(session.takeMessages(),
-             QStringList() << "display: a"
-                           << "display: nested"
-                           << "error: line 1: Cannot find procedure \"noSuchThing\".");
+             strings({"display: a", "display: nested",
+                      "error: line 1: Cannot find procedure \"noSuchThing\"."}));
 }
 
 void TestMessages::anEndlessCallbackIsReportedOnce()
@@ -167,9 +159,7 @@ void TestMessages::aFilterKeepsMessagesOutOfTheHistory()
     MGlobal::displayWarning("late");
     QCOMPARE(session->history().text(), std::string("// shown // \n// Warning: late // \n"));
     QCOMPARE(shown.size(), 2);
-    QCOMPARE(session.takeMessages(), QStringList() << "warning: hidden"
-                                                   << "info: shown"
-                                                   << "warning: late");
+    QCOMPARE(session.takeMessages(), strings({"warning: hidden", "info: shown", "warning: late"}));
 }
 
 void TestMessages::anEscapingExceptionIsReported()
@@ -178,9 +168,8 @@ void TestMessages::anEscapingExceptionIsReported()
     const MCallbackId id = MCommandMessage::addCommandOutputCallback(escape);
     QVERIFY(session.run("print \"a\""));
     MMessage::removeCallback(id);
-    QCOMPARE(session.takeMessages(), QStringList()
-                                         << "display: a"
-                                         << "error: Exception in an output callback: lost");
+    QCOMPARE(session.takeMessages(),
+             strings({"display: a", "error: Exception in an output callback: lost"}));
 }
 
 void TestMessages::messagesOfOtherThreadsArriveOnTheMainThread()

@@ -69,8 +69,7 @@ private:
 
 QStringList TestProgram::complete(const QStringList &options) const
 {
-    return QStringList() << "--no-plugin"
-                         << "--user-dir" << m_user.path() << options;
+    return strings({"--no-plugin", "--user-dir", m_user.path()}) + options;
 }
 
 Run TestProgram::run(const QStringList &options) const
@@ -85,8 +84,7 @@ Run TestProgram::runWithEditor(const QStringList &options,
 {
     QProcess process;
     process.setProcessEnvironment(environment);
-    process.start(STANDIN_PROGRAM, QStringList() << "--log"
-                                                 << "--user-dir" << m_user.path() << options);
+    process.start(STANDIN_PROGRAM, strings({"--log", "--user-dir", m_user.path()}) + options);
     return finished(process);
 }
 
@@ -113,51 +111,31 @@ void TestProgram::theStatusTellsOfErrors()
 
 void TestProgram::optionsRunInTheirOrder()
 {
-    const Run made = run(QStringList() << "--mel"
-                                       << "1+1"
-                                       << "--mel"
-                                       << "print \"b\""
-                                       << "--log"
-                                       << "--mel"
-                                       << "warning \"c\""
-                                       << "--quit"
-                                       << "--mel"
-                                       << "print \"never\"");
-    QCOMPARE(made.lines, QStringList() << "history\t1+1\\n"
-                                       << "result\t2"
-                                       << "history\tprint \"b\"\\n"
-                                       << "display\tb"
-                                       << "history\twarning \"c\"\\n"
-                                       << "warning\tline 1: c");
+    const Run made = run(strings({"--mel", "1+1", "--mel", "print \"b\"", "--log", "--mel",
+                                  "warning \"c\"", "--quit", "--mel", "print \"never\""}));
+    QCOMPARE(made.lines,
+             strings({"history\t1+1\\n", "result\t2", "history\tprint \"b\"\\n", "display\tb",
+                      "history\twarning \"c\"\\n", "warning\tline 1: c"}));
 }
 
 void TestProgram::deferredWorkRunsBeforeTheNextOption()
 {
-    const Run made = run(QStringList() << "--log"
-                                       << "--mel"
-                                       << "evalDeferred \"print 1; evalDeferred \\\"print 2\\\"\""
-                                       << "--mel"
-                                       << "print 3"
-                                       << "--quit");
-    QCOMPARE(made.lines.filter("display"), QStringList() << "display\t1"
-                                                         << "display\t2"
-                                                         << "display\t3");
+    const Run made =
+        run(strings({"--log", "--mel", "evalDeferred \"print 1; evalDeferred \\\"print 2\\\"\"",
+                     "--mel", "print 3", "--quit"}));
+    QCOMPARE(made.lines.filter("display"), strings({"display\t1", "display\t2", "display\t3"}));
 }
 
 void TestProgram::lineBreaksAreWrittenOut()
 {
-    const Run made = run(QStringList() << "--log"
-                                       << "--mel"
-                                       << "print \"a\\n\\tb\\n\";"
-                                       << "--quit");
+    const Run made = run(strings({"--log", "--mel", "print \"a\\n\\tb\\n\";", "--quit"}));
     QCOMPARE(made.lines.filter("display"), QStringList() << "display\ta\\n\tb\\n");
 }
 
 void TestProgram::filesAreRun()
 {
     const QString file = m_user.write("script.mel", "int $a = 4;\nprint ($a + 1);\n");
-    const Run made = run(QStringList() << "--log"
-                                       << "--mel-file" << file << "--quit");
+    const Run made = run(strings({"--log", "--mel-file", file, "--quit"}));
     QCOMPARE(made.lines.filter("display"), QStringList() << "display\t5");
     QCOMPARE(made.status, 0);
 }
@@ -168,35 +146,26 @@ void TestProgram::userSetupRunsFirst()
                                       "global string $gMainWindowMenu;\n"
                                       "global int $fromSetup = 8; print(size($gMainWindowMenu));"
                                       "evalDeferred(\"print $gMainWindowMenu\");");
-    const Run made = run(QStringList() << "--log"
-                                       << "--mel"
-                                       << "global int $fromSetup; print $fromSetup;"
-                                       << "--quit");
+    const Run made =
+        run(strings({"--log", "--mel", "global int $fromSetup; print $fromSetup;", "--quit"}));
     QFile::remove(file);
-    QCOMPARE(made.lines.filter("display"), QStringList() << "display\t0"
-                                                         << "display\tmainWindowMenu"
-                                                         << "display\t8");
+    QCOMPARE(made.lines.filter("display"),
+             strings({"display\t0", "display\tmainWindowMenu", "display\t8"}));
     QCOMPARE(made.lines.filter("history").size(), 1);
 }
 
 void TestProgram::optionsOfQtAreNotTaken()
 {
-    const Run made = run(QStringList() << "--plugin" << TEST_PLUGIN_FOLDER "/good.so"
-                                       << "--log"
-                                       << "--mel"
-                                       << "testCommand"
-                                       << "--quit");
+    const Run made = run(strings(
+        {"--plugin", TEST_PLUGIN_FOLDER "/good.so", "--log", "--mel", "testCommand", "--quit"}));
     QVERIFY(made.lines.contains("result\t0::"));
     QVERIFY2(!made.complaints.contains("plugin for spec"), qPrintable(made.complaints));
 }
 
 void TestProgram::theDefaultPlugInCanBeLoadedAgain()
 {
-    const Run made = runWithEditor(QStringList() << "--mel"
-                                                 << "unloadPlugin corvaneEditor;"
-                                                 << "--mel"
-                                                 << "loadPlugin corvaneEditor; corvaneEditor;"
-                                                 << "--quit");
+    const Run made = runWithEditor(strings({"--mel", "unloadPlugin corvaneEditor;", "--mel",
+                                            "loadPlugin corvaneEditor; corvaneEditor;", "--quit"}));
     QCOMPARE(made.lines.filter("error"), QStringList());
     QCOMPARE(made.status, 0);
 }
@@ -214,9 +183,8 @@ void TestProgram::theEditorSurvivesTheEnd()
     const QString settings = m_user.file("prefs/corvaneEditor.ini");
     QFile::remove(settings);
     const QString file = m_user.write("script.mel", "print 5;\n");
-    const Run made = runWithEditor(QStringList() << option << "--open" << file << "--execute"
-                                                 << "--print-output"
-                                                 << "--quit");
+    const Run made =
+        runWithEditor(strings({option, "--open", file, "--execute", "--print-output", "--quit"}));
     QCOMPARE(made.status, 0);
     QVERIFY(made.lines.join("\n").contains("print 5;"));
     QVERIFY(QFile::exists(settings)); // the quit job has run
@@ -227,10 +195,8 @@ void TestProgram::theEditorRunsWithoutMayaLocation()
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert("MAYA_LOCATION", "");
-    const Run made = runWithEditor(QStringList() << "--mel"
-                                                 << "corvaneEditor; getenv MAYA_LOCATION"
-                                                 << "--quit",
-                                   environment);
+    const Run made = runWithEditor(
+        strings({"--mel", "corvaneEditor; getenv MAYA_LOCATION", "--quit"}), environment);
     QVERIFY(made.lines.contains("result\t"));
     QCOMPARE(made.lines.filter("error"), QStringList() << "error\tFailed to get icon path");
     QCOMPARE(made.status, 1);
@@ -243,12 +209,8 @@ void TestProgram::batchSessionsNeedNoDisplay()
     environment.remove("DISPLAY");
     environment.insert("QT_QPA_PLATFORM", "no-such-platform");
     process.setProcessEnvironment(environment);
-    process.start(STANDIN_PROGRAM, complete(QStringList() << "--batch"
-                                                          << "--log"
-                                                          << "--mel"
-                                                          << "about -batch"
-                                                          << "--mel"
-                                                          << "window w"));
+    process.start(STANDIN_PROGRAM, complete(strings({"--batch", "--log", "--mel", "about -batch",
+                                                     "--mel", "window w"})));
     const Run made = finished(process);
     QCOMPARE(made.status, 1);
     QVERIFY(made.lines.contains("result\t1"));
@@ -257,22 +219,15 @@ void TestProgram::batchSessionsNeedNoDisplay()
 
 void TestProgram::optionVariablesSurvive()
 {
-    run(QStringList() << "--mel"
-                      << "optionVar -iv kept 12"
-                      << "--quit");
-    const Run made = run(QStringList() << "--log"
-                                       << "--mel"
-                                       << "optionVar -q kept"
-                                       << "--quit");
+    run(strings({"--mel", "optionVar -iv kept 12", "--quit"}));
+    const Run made = run(strings({"--log", "--mel", "optionVar -q kept", "--quit"}));
     QVERIFY2(made.lines.contains("result\t12"), qPrintable(made.lines.join("\n")));
 }
 
 void TestProgram::quitJobsRunBeforeTheEnd()
 {
-    const Run made = run(QStringList() << "--log"
-                                       << "--mel"
-                                       << "scriptJob -event quitApplication \"print bye\";"
-                                       << "--quit");
+    const Run made = run(
+        strings({"--log", "--mel", "scriptJob -event quitApplication \"print bye\";", "--quit"}));
     QCOMPARE(made.lines.last(), QString("display\tbye"));
 }
 
@@ -287,17 +242,14 @@ void TestProgram::picturesAreSaved()
 
 void TestProgram::nobodyHasToAnswerDialogs()
 {
-    const Run made = run(QStringList() << "--log"
-                                       << "--mel"
-                                       << "confirmDialog -message \"sure?\" -button yes"
-                                       << "--quit");
+    const Run made =
+        run(strings({"--log", "--mel", "confirmDialog -message \"sure?\" -button yes", "--quit"}));
     QCOMPARE(made.lines.last(), QString("result\tdismiss"));
 }
 
 void TestProgram::badCommandLinesShowTheUsage()
 {
-    const Run made = run(QStringList() << "--mle"
-                                       << "print 1");
+    const Run made = run(strings({"--mle", "print 1"}));
     QCOMPARE(made.status, 2);
     QVERIFY(made.complaints.contains("--mle"));
     QVERIFY(made.complaints.contains("Usage:"));
@@ -309,16 +261,15 @@ void TestProgram::missingFilesAreErrors()
 {
     const Run made = run(words("--log --mel-file /no/such.mel --open /no/such.py --quit"));
     QCOMPARE(made.status, 1);
-    QCOMPARE(made.lines, QStringList() << "error\tCannot read file \"/no/such.mel\"."
-                                       << "error\tCannot open file \"/no/such.py\".");
+    QCOMPARE(made.lines, strings({"error\tCannot read file \"/no/such.mel\".",
+                                  "error\tCannot open file \"/no/such.py\"."}));
 }
 
 void TestProgram::terminationStopsARunningScript()
 {
     QProcess process;
-    process.start(STANDIN_PROGRAM, complete(QStringList() << "--log"
-                                                          << "--mel"
-                                                          << "print \"on\"; while (1) ;"));
+    process.start(STANDIN_PROGRAM,
+                  complete(strings({"--log", "--mel", "print \"on\"; while (1) ;"})));
     QByteArray text;
     while (!text.contains("display\ton") && process.waitForReadyRead(longestRun))
         text += process.readAllStandardOutput();

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/standin/python/pythontest.h"
+#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 
 #include <QObject>
@@ -17,26 +18,19 @@ private slots:
 
 void TestPython2::messages_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QStringList>("expected");
+    columns<QString, QStringList>("text", "expected");
 
-    QTest::newRow("print-statement") << "print 'a', 1"
-                                     << (QStringList() << "display|a"
-                                                       << "display| "
-                                                       << "display|1"
-                                                       << "display|\\n");
-    QTest::newRow("source-is-utf-8") << QString::fromUtf8("print repr(u'\xC3\xA4')")
-                                     << (QStringList() << "display|u'\\xe4'"
-                                                       << "display|\\n");
-    QTest::newRow("declared-encoding")
-        << QString::fromUtf8("# -*- coding: utf-8 -*-\nprint u'\xC3\xA4'")
-        << (QStringList() << QString::fromUtf8("display|\xC3\xA4") << "display|\\n");
-    QTest::newRow("message-of-another-alphabet")
-        << QString::fromUtf8("raise ValueError(u'\xC3\xA4')")
-        << QStringList(QString::fromUtf8("error|ValueError: file <maya console> line 1: \xC3\xA4"));
-    QTest::newRow("syntax-error") << "print('a'"
-                                  << QStringList("error|SyntaxError: file <maya console> line 1: "
-                                                 "unexpected EOF while parsing");
+    row("print-statement", "print 'a', 1",
+        strings({"display|a", "display| ", "display|1", "display|\\n"}));
+    row("source-is-utf-8", QString::fromUtf8("print repr(u'\xC3\xA4')"),
+        strings({"display|u'\\xe4'", "display|\\n"}));
+    row("declared-encoding", QString::fromUtf8("# -*- coding: utf-8 -*-\nprint u'\xC3\xA4'"),
+        strings({QString::fromUtf8("display|\xC3\xA4"), "display|\\n"}));
+    row("message-of-another-alphabet", QString::fromUtf8("raise ValueError(u'\xC3\xA4')"),
+        QStringList(QString::fromUtf8("error|ValueError: file <maya console> line 1: \xC3\xA4")));
+    row("syntax-error", "print('a'",
+        QStringList("error|SyntaxError: file <maya console> line 1: "
+                    "unexpected EOF while parsing"));
 }
 
 void TestPython2::messages()

@@ -63,44 +63,27 @@ void TestPythonEngine::messages_data()
 {
     columns<QString, QStringList>("text", "expected");
 
-    row("expression-shows-its-repr", "'a' * 2",
-        QStringList() << "history|'a' * 2\\n"
-                      << "result|'aa'");
+    row("expression-shows-its-repr", "'a' * 2", strings({"history|'a' * 2\\n", "result|'aa'"}));
     row("statement-has-no-result", "x = 5", QStringList("history|x = 5\\n"));
     row("none-has-no-result", "None", QStringList("history|None\\n"));
-    row("line-break-is-not-doubled", "1\n",
-        QStringList() << "history|1\\n"
-                      << "result|1");
+    row("line-break-is-not-doubled", "1\n", strings({"history|1\\n", "result|1"}));
     row("only-a-lone-expression-has-a-result", "1\n2", QStringList("history|1\\n2\\n"));
     row("comments-around-an-expression", "# a\n7 # b\n",
-        QStringList() << "history|# a\\n7 # b\\n"
-                      << "result|7");
+        strings({"history|# a\\n7 # b\\n", "result|7"}));
     row("each-write-is-a-message", "print('a')",
-        QStringList() << "history|print('a')\\n"
-                      << "display|a"
-                      << "display|\\n");
+        strings({"history|print('a')\\n", "display|a", "display|\\n"}));
     row("output-comes-before-the-result", "len(repr(print('a')))",
-        QStringList() << "history|len(repr(print('a')))\\n"
-                      << "display|a"
-                      << "display|\\n"
-                      << "result|4");
-    row("empty-writes-send-nothing", "print('')",
-        QStringList() << "history|print('')\\n"
-                      << "display|\\n");
+        strings({"history|len(repr(print('a')))\\n", "display|a", "display|\\n", "result|4"}));
+    row("empty-writes-send-nothing", "print('')", strings({"history|print('')\\n", "display|\\n"}));
     row("stderr-is-displayed-bare", "n = __import__('sys').stderr.write('w')",
-        QStringList() << "history|n = __import__('sys').stderr.write('w')\\n"
-                      << "display|w");
+        strings({"history|n = __import__('sys').stderr.write('w')\\n", "display|w"}));
     row("windows-line-breaks", "x = 1\r\nprint(x)\r\n",
-        QStringList() << "history|x = 1\r\\nprint(x)\r\\n"
-                      << "display|1"
-                      << "display|\\n");
+        strings({"history|x = 1\r\\nprint(x)\r\\n", "display|1", "display|\\n"}));
     row("lone-surrogate-is-escaped", "print('\\ud800')",
-        QStringList() << "history|print('\\ud800')\\n"
-                      << "display|\\ud800"
-                      << "display|\\n");
+        strings({"history|print('\\ud800')\\n", "display|\\ud800", "display|\\n"}));
     row("failing-repr-is-an-error", "type('T', (), {'__repr__': lambda s: 1 / 0})()",
-        QStringList() << "history|type('T', (), {'__repr__': lambda s: 1 / 0})()\\n"
-                      << "error|ZeroDivisionError: file <maya console> line 1: division by zero");
+        strings({"history|type('T', (), {'__repr__': lambda s: 1 / 0})()\\n",
+                 "error|ZeroDivisionError: file <maya console> line 1: division by zero"}));
     row("empty-text", "", QStringList("history|\\n"));
 }
 
@@ -222,8 +205,7 @@ void TestPythonEngine::nothingButTheDisplayIsMissingWhenDisplayIsOff()
 {
     run("print('kept')");
     run("'value'");
-    QCOMPARE(host().takeMessages(), QStringList() << "display|kept"
-                                                  << "display|\\n");
+    QCOMPARE(host().takeMessages(), strings({"display|kept", "display|\\n"}));
 }
 
 void TestPythonEngine::brokenTextsAreReported_data()
@@ -299,9 +281,9 @@ void TestPythonEngine::hugeTextsAndOutputPass()
 void TestPythonEngine::readingInputMeetsItsEnd()
 {
     run("input('name? ')");
-    QCOMPARE(host().takeMessages(), QStringList() << "display|name? "
-                                                  << "error|EOFError: file <maya console> line 1: "
-                                                     "EOF when reading a line");
+    QCOMPARE(host().takeMessages(),
+             strings({"display|name? ", "error|EOFError: file <maya console> line 1: "
+                                        "EOF when reading a line"}));
     QCOMPARE(m_python->value("__import__('sys').stdin.read()"), QString());
 }
 

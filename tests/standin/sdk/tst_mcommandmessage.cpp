@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "standin/sdk/hostaccess.h"
+#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 
 #include <maya/MCallbackIdArray.h>
@@ -105,10 +106,7 @@ void TestMCommandMessage::callbacksRunInTheOrderTheyWereAdded()
     add(note, const_cast<char *>("second "));
     say("a");
     say("b");
-    QCOMPARE(received, QStringList() << "first a"
-                                     << "second a"
-                                     << "first b"
-                                     << "second b");
+    QCOMPARE(received, strings({"first a", "second a", "first b", "second b"}));
 }
 
 void TestMCommandMessage::aCallbackMayRemoveTheNextOne()
@@ -142,12 +140,8 @@ void TestMCommandMessage::aPrintingCallbackHearsItself()
     add(printLonger);
     add(note, const_cast<char *>("listener "));
     say("a");
-    QCOMPARE(received, QStringList() << "printer a"
-                                     << "printer aa"
-                                     << "printer aaa"
-                                     << "listener aaa"
-                                     << "listener aa"
-                                     << "listener a");
+    QCOMPARE(received, strings({"printer a", "printer aa", "printer aaa", "listener aaa",
+                                "listener aa", "listener a"}));
 }
 
 void TestMCommandMessage::anExceptionLeavesTheOtherCallbacksAlone()

@@ -3,6 +3,7 @@
 #include "standin/ui/executerfield.h"
 #include "standin/ui/reporterfield.h"
 #include "tests/standin/ui/uisession.h"
+#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 
 #include <QTest>
@@ -96,12 +97,10 @@ void TestScriptFields::selectedTextIsCopied()
 
 void TestScriptFields::executersRunTheirText_data()
 {
-    QTest::addColumn<int>("key");
-    QTest::addColumn<bool>("control");
-    QTest::addColumn<QString>("left");
-    QTest::newRow("control-return") << int(Qt::Key_Return) << true << "";
-    QTest::newRow("keypad") << int(Qt::Key_Enter) << false << "";
-    QTest::newRow("plain-return") << int(Qt::Key_Return) << false << "\nprint 7";
+    columns<int, bool, QString>("key", "control", "left");
+    row("control-return", int(Qt::Key_Return), true, "");
+    row("keypad", int(Qt::Key_Enter), false, "");
+    row("plain-return", int(Qt::Key_Return), false, "\nprint 7");
 }
 
 void TestScriptFields::executersRunTheirText()
@@ -116,8 +115,7 @@ void TestScriptFields::executersRunTheirText()
                     control ? Qt::ControlModifier : Qt::NoModifier);
     session.session()->idleQueue().processUntilEmpty();
     QCOMPARE(field->toPlainText(), left);
-    const QStringList ran = QStringList() << "history: print 7\n"
-                                          << "display: 7";
+    const QStringList ran = strings({"history: print 7\n", "display: 7"});
     QCOMPARE(session.session().takeMessages(), left.isEmpty() ? ran : QStringList());
 }
 
