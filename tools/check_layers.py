@@ -11,7 +11,7 @@ import sys
 
 # Upper layers first; a file includes from its own folder and from those below it.
 LAYERS = ["plugin", "mainwindow", "workspace", "output", "editor", "analysis", "bridge",
-          "resources", "preferences", "compat"]
+          "resources", "preferences", "licensing", "compat"]
 MAYA_FOLDERS = {"plugin", "bridge", "standin", "tests"}
 QT_VERSION_FOLDERS = ("compat/", "tests/support/")
 
