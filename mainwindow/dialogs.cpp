@@ -87,10 +87,18 @@ QString askShelfLabel(QWidget *parent)
         .value_or(QString());
 }
 
+void presentDialog(QDialog *dialog)
+{
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->open();
+    dialog->raise();
+    dialog->activateWindow();
+}
+
 void showLicense(QWidget *parent)
 {
     const QString text = translated("%1 is free software under the MIT license.\n"
-                                    "Everything in it can be used without a licence key.");
+                                    "It needs no license file; everything in it can be used.");
     showInformation(parent, translated("Licensing"),
                     text.arg(QLatin1String(CORVANE_APPLICATION_NAME)));
 }

@@ -4,6 +4,7 @@
 #include <QString>
 
 class EdCodeView;
+class QDialog;
 class QWidget;
 
 // The questions that the window's commands ask. Each returns the answer, or nothing (an empty
@@ -27,6 +28,10 @@ int askLineNumber(QWidget *parent, const EdCodeView &view);
 
 // The text of a new shelf button.
 QString askShelfLabel(QWidget *parent);
+
+// Shows a dialog that goes when it is closed, and returns at once: Maya may quit and take the
+// window with it meanwhile.
+void presentDialog(QDialog *dialog);
 
 // Only tells, and returns when the user has closed it.
 void showLicense(QWidget *parent);

@@ -28,6 +28,7 @@ class QModelIndex;
 class QShortcut;
 class QTextDocument;
 class QToolBar;
+class QToolButton;
 struct WorkspaceState;
 
 // The editor's one window. It turns the user's commands into calls on the active document or into
@@ -63,6 +64,10 @@ public slots:
     void show();
     void about();
     void showLicenseDialog();
+    // Keeps the license over restarts.
+    void storeLicense(const QString &text);
+    // Shows whether this is a demo.
+    void updateDemoNotice();
 
     // Files and buffers. A buffer type of 0 makes a MEL buffer, 1 a Python buffer, others ask.
     void newBuffer(int bufferType = -1);
@@ -211,6 +216,7 @@ private:
     QString makeBufferDirectory();
     void restoreDocuments(const WorkspaceState &stored);
     void readSettings();
+    void readLicense();
     // Returns the reason of a failure, else an empty text.
     QString storeSettings(const WorkspaceState &documents);
     void applyWindowSettings(const WindowSettings &stored);
@@ -239,6 +245,7 @@ private:
     QList<QToolBar *> m_toolBars;
     QList<QShortcut *> m_shortcuts;
     StatusLabels m_statusLabels;
+    QToolButton *m_demoNotice = nullptr; // null until there was a demo
 
     // All are children of the window or of its docks, and live as long as it.
     EdCentralWidget *m_central;

@@ -3,6 +3,7 @@
 #include "mainwindow/kestrowl.h"
 
 #include "editor/findrequest.h"
+#include "licensing/license.h"
 #include "mainwindow/dialogs.h"
 #include "mainwindow/findsession.h"
 #include "mainwindow/programnames.h"
@@ -12,6 +13,7 @@
 #include "workspace/edcentralwidget.h"
 #include "workspace/edcodeview.h"
 #include "workspace/edexplorerview.h"
+#include "workspace/licenselimits.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
@@ -37,6 +39,8 @@ EdCodeView *Kestrowl::currentView() const
 // The dialog offers plain text as well, which has no number.
 void Kestrowl::newBuffer(int bufferType)
 {
+    if (!m_central->mayOpenAnother()) // before anything is asked
+        return;
     SourceType type = bufferType == 0 ? SourceType::Mel : SourceType::Python;
     if (bufferType != 0 && bufferType != 1)
         type = askSourceType(this);
@@ -109,7 +113,7 @@ void Kestrowl::save()
 void Kestrowl::saveAs()
 {
     const QPointer<EdCodeView> view = currentView();
-    if (!view)
+    if (!view || !mayWriteFiles(this))
         return;
     const QString name = askSaveName(this, *view, preferences().projectDir);
     if (!name.isEmpty() && view && view == currentView())
@@ -214,13 +218,9 @@ void Kestrowl::showPreferencesDialog()
     PreferencesDialog *dialog = findChild<PreferencesDialog *>();
     if (!dialog) {
         dialog = new PreferencesDialog(this);
-        dialog->setAttribute(Qt::WA_DeleteOnClose);
         connect(dialog, SIGNAL(applied()), SLOT(updatePreferencesAndWrite()));
     }
-    // Not exec(): Maya may quit and take the window with it while the dialog is open.
-    dialog->open();
-    dialog->raise();
-    dialog->activateWindow();
+    presentDialog(dialog);
 }
 
 void Kestrowl::findReplace(const QString &findText, const QString &replaceText, int options)
@@ -294,6 +294,6 @@ void Kestrowl::execute(const QString &script)
 
 void Kestrowl::saveBeforeExecuting()
 {
-    if (preferences().saveOnExecute)
+    if (savingAllowed() && preferences().saveOnExecute)
         saveAll();
 }

@@ -33,19 +33,7 @@ QString commandAtCaret(const QTextCursor &caret)
 void Kestrowl::about()
 {
     AboutDialog *dialog = findChild<AboutDialog *>();
-    if (!dialog) {
-        dialog = new AboutDialog(this);
-        dialog->setAttribute(Qt::WA_DeleteOnClose);
-    }
-    // Not exec(): Maya may quit and take the window with it while the dialog is open.
-    dialog->open();
-    dialog->raise();
-    dialog->activateWindow();
-}
-
-void Kestrowl::showLicenseDialog()
-{
-    showLicense(this);
+    presentDialog(dialog ? dialog : new AboutDialog(this));
 }
 
 void Kestrowl::melCommandReference()

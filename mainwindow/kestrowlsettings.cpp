@@ -57,6 +57,7 @@ void Kestrowl::readSettings()
     }));
     if (!isKnownVersion)
         warnOf(keepLaterVersion(colorsPath()));
+    readLicense();
     applyToggles();
     updatePreferences();
     restoreDocuments(documents);

@@ -18,7 +18,7 @@ const int initialDocks = 61; // all but Quick Help, by dockFlag()
 // What the settings file keeps of the window, apart from preferences. The bytes are Qt's own.
 struct WindowSettings
 {
-    QString license;        // kept for the licensing, of which nothing is known here
+    QString license;        // the text of its file; empty for none
     QByteArray geometry;    // of QWidget::saveGeometry(), as for the docks
     QByteArray windowState; // of QMainWindow::saveState(): tool bars and docks
     DockArray<QByteArray> dockGeometry;

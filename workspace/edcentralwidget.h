@@ -60,6 +60,9 @@ public:
     // and shows nothing; returns the reasons of failures.
     QStringList saveBuffersQuietly();
 
+    // False, once the user was told, where the license allows no more.
+    bool mayOpenAnother();
+
 signals:
     // Paths are absolute. Both also for a document that saveAs() makes another file's.
     void fileDropped(const QString &path);
@@ -229,6 +232,7 @@ private:
     void renameAt(const Place &place);
     void addBuffer(int language);
     bool freeName(const QString &path);
+    void explainUnsavedFiles();
     void reportFailedSaveAs(const EdCodeView &view, const QString &target);
     void closeTabsBut(EdCodeView *keptView);
     bool mayBeClosed(const Place &place);

@@ -3,11 +3,13 @@
 #include "workspace/edcentralwidget.h"
 
 #include "compat/filesystem.h"
+#include "licensing/license.h"
 #include "preferences/preferences.h"
 #include "workspace/edcodetabwidget.h"
 #include "workspace/edcodeview.h"
 #include "workspace/filewatch.h"
 #include "workspace/flagscope.h"
+#include "workspace/licenselimits.h"
 
 #include <QPointer>
 
@@ -71,8 +73,15 @@ void EdCentralWidget::newPythonBuffer()
     addBuffer(EdCodeView::Python);
 }
 
+bool EdCentralWidget::mayOpenAnother()
+{
+    return ::mayOpenAnother(this, m_panes.at(0)->count() + m_panes.at(1)->count());
+}
+
 void EdCentralWidget::addBuffer(int language)
 {
+    if (!mayOpenAnother())
+        return;
     const int index = m_nextBufferIndex++;
     if (language == EdCodeView::Mel)
         active()->newMelBuffer(index);
@@ -93,6 +102,8 @@ void EdCentralWidget::openFile(const QFileInfo &fileInfo)
     // Even a buffer's own file: two documents of it would overwrite each other's text.
     if (const Place place = placeOfFile(fileInfo))
         showPlace(place);
+    else if (!mayOpenAnother())
+        return;
     else if (active()->openFile(fileInfo, -1, preferences().insertDocsOnLeft ? 0 : -1) != -1)
         onTabChange();
 }
@@ -100,7 +111,7 @@ void EdCentralWidget::openFile(const QFileInfo &fileInfo)
 void EdCentralWidget::save()
 {
     const QPointer<EdCodeView> view = currentCodeView();
-    if (!view)
+    if (!view || (view->isModified() && !view->isBuffer() && !mayWriteFiles(this)))
         return;
     checkBeforeWriting(view);
     if (view)
@@ -110,7 +121,9 @@ void EdCentralWidget::save()
 void EdCentralWidget::saveAs(const QString &path)
 {
     const QPointer<EdCodeView> view = currentCodeView();
-    if (!view || path.isEmpty() || !freeName(path) || currentCodeView() != view)
+    if (!view || path.isEmpty() || !mayWriteFiles(this))
+        return;
+    if (!freeName(path) || currentCodeView() != view)
         return; // what was asked may even have closed it
     const QString target = QFileInfo(path).absoluteFilePath();
     active()->saveAs(target);
@@ -159,9 +172,24 @@ bool EdCentralWidget::freeName(const QString &path)
 
 void EdCentralWidget::saveAll()
 {
+    if (!savingAllowed()) {
+        saveBuffers();
+        explainUnsavedFiles();
+        return;
+    }
     checkBeforeWriting(codeViews());
     for (EdCodeTabWidget *pane : m_panes)
         pane->saveAll();
+}
+
+void EdCentralWidget::explainUnsavedFiles()
+{
+    for (const EdCodeView *view : codeViews()) {
+        if (view->isModified() && !view->isBuffer()) {
+            mayWriteFiles(this);
+            return; // once for all
+        }
+    }
 }
 
 void EdCentralWidget::saveBuffers()

@@ -3,6 +3,7 @@
 #include "workspace/edcodetabwidget.h"
 
 #include "editor/edcodeedit.h"
+#include "licensing/license.h"
 #include "preferences/preferences.h"
 #include "workspace/choicebox.h"
 #include "workspace/edcodetabbar.h"
@@ -13,6 +14,8 @@
 
 SaveAnswer EdCodeTabWidget::promptSave(int tabIndex)
 {
+    if (!savingAllowed())
+        return SaveAnswer::Discard;
     return askToSave(this, documentName(tabIndex));
 }
 

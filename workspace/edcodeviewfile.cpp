@@ -5,7 +5,9 @@
 #include "compat/filesystem.h"
 #include "editor/edcodeedit.h"
 #include "editor/editblock.h"
+#include "licensing/license.h"
 #include "workspace/choicebox.h"
+#include "workspace/licenselimits.h"
 #include "workspace/linechange.h"
 #include "workspace/textjournal.h"
 #include "workspace/viewplace.h"
@@ -204,7 +206,7 @@ void EdCodeView::ignoreFileChange()
 
 bool EdCodeView::write(const QString &path, bool keepAsBuffer)
 {
-    if (path.isEmpty())
+    if (path.isEmpty() || (!keepAsBuffer && !mayWriteFiles(this)))
         return false;
     // Set first, so that clearing it is always a change that titles and lists hear of.
     forceModified();
@@ -324,6 +326,8 @@ void EdCodeView::removeBufferFile()
 void EdCodeView::retire()
 {
     removeBufferFile();
-    discardJournal();
+    // Nobody was asked, as it could not be saved: it comes back at the next start.
+    if (savingAllowed() || m_isBuffer || !m_modified)
+        discardJournal();
     m_isRetired = true;
 }
