@@ -32,17 +32,14 @@ private slots:
     void newBufferAsksForTheLanguage_data();
     void newBufferAsksForTheLanguage();
     void docksListWhatIsOpen();
-    void docksShowWhatIsCurrent();
     void saveWritesTheFileAndClearsTheMark();
     void saveAsAsksForAName();
     void addedSuffixesNeverOverwriteUnasked();
-    void savingABufferKeepsItABuffer();
     void saveStateAsksOnlyWithUnsavedContent_data();
     void saveStateAsksOnlyWithUnsavedContent();
     void goToLineOffersTheLinesOfTheDocument();
     void shelfScripts_data();
     void shelfScripts();
-    void sourcedScriptsAreHandedOver();
     void dialogsStartWhereAnotherWindowWas();
     void commandsWithoutADocumentDoNothing();
 };
@@ -73,6 +70,12 @@ void TestWindowFiles::newBufferAsksForTheLanguage()
     QCOMPARE(view ? view->language() : -1, language);
 }
 
+static QString currentEntry(const Kestrowl &window, Dock dock)
+{
+    const QListWidget *list = qobject_cast<QListWidget *>(window.dock(dock)->widget());
+    return list->selectedItems().isEmpty() ? QString() : list->selectedItems().first()->text();
+}
+
 void TestWindowFiles::docksListWhatIsOpen()
 {
     WindowFixture fixture;
@@ -80,36 +83,19 @@ void TestWindowFiles::docksListWhatIsOpen()
     QCOMPARE(entries(fixture.window, Dock::Documents), QStringList("a.mel"));
     fixture.window.open(fixture.dir.write("b.py", "2"));
     QCOMPARE(entries(fixture.window, Dock::Documents), words("a.mel b.py"));
+    QCOMPARE(currentEntry(fixture.window, Dock::Documents), QString("b.py"));
     QVERIFY(fixture.window.windowTitle().contains("b.py"));
 
     fixture.action(Action::NewPythonBuffer)->trigger();
     QCOMPARE(entries(fixture.window, Dock::Buffers), QStringList("Python"));
+    QCOMPARE(currentEntry(fixture.window, Dock::Documents), QString());
+    QCOMPARE(currentEntry(fixture.window, Dock::Buffers), QString("Python"));
     fixture.action(Action::Close)->trigger();
     QCOMPARE(entries(fixture.window, Dock::Buffers), QStringList());
     QCOMPARE(entries(fixture.window, Dock::Documents), words("a.mel b.py"));
     fixture.action(Action::CloseAll)->trigger();
     QCOMPARE(entries(fixture.window, Dock::Documents), QStringList());
     QCOMPARE(fixture.window.windowTitle(), QString("Corvane Editor"));
-}
-
-static QString currentEntry(const Kestrowl &window, Dock dock)
-{
-    const QListWidget *list = qobject_cast<QListWidget *>(window.dock(dock)->widget());
-    return list->selectedItems().isEmpty() ? QString() : list->selectedItems().first()->text();
-}
-
-void TestWindowFiles::docksShowWhatIsCurrent()
-{
-    WindowFixture fixture;
-    fixture.window.open(fixture.dir.write("a.mel", "1"));
-    fixture.window.open(fixture.dir.write("b.py", "2"));
-    QCOMPARE(currentEntry(fixture.window, Dock::Documents), QString("b.py"));
-    fixture.action(Action::NewMelBuffer)->trigger();
-    QCOMPARE(currentEntry(fixture.window, Dock::Documents), QString());
-    QCOMPARE(currentEntry(fixture.window, Dock::Buffers), QString("MEL"));
-    fixture.window.open(fixture.dir.file("a.mel"));
-    QCOMPARE(currentEntry(fixture.window, Dock::Documents), QString("a.mel"));
-    QCOMPARE(currentEntry(fixture.window, Dock::Buffers), QString());
 }
 
 void TestWindowFiles::saveWritesTheFileAndClearsTheMark()
@@ -151,19 +137,6 @@ void TestWindowFiles::addedSuffixesNeverOverwriteUnasked()
         QCOMPARE(answer.text(), QString("tool.mel already exists.\nDo you want to replace it?"));
     }
     QCOMPARE(fixture.dir.read("tool.mel"), QByteArray("new"));
-}
-
-void TestWindowFiles::savingABufferKeepsItABuffer()
-{
-    WindowFixture fixture;
-    fixture.newBuffer(1, "");
-    fixture.edit()->insertPlainText("print(1)");
-    ModalAnswer answer("Cancel");
-    fixture.action(Action::Save)->trigger();
-    QVERIFY(!answer.wasAsked());
-    QVERIFY(fixture.window.central()->currentCodeView()->isBuffer());
-    QCOMPARE(fixture.dir.read("corvaneEditorTemp/corvaneEditorBuffer-0.py"),
-             QByteArray("print(1)"));
 }
 
 void TestWindowFiles::saveStateAsksOnlyWithUnsavedContent_data()
@@ -252,19 +225,6 @@ void TestWindowFiles::shelfScripts()
     }
 }
 
-void TestWindowFiles::sourcedScriptsAreHandedOver()
-{
-    WindowFixture fixture;
-    const QString path = fixture.dir.write("a.mel", "print 1;");
-    QSignalSpy selected(&fixture.window, SIGNAL(sourceScriptSelected(QString)));
-    ModalAnswer answer("Open");
-    answer.enter(path);
-    fixture.action(Action::SourceScript)->trigger();
-    QCOMPARE(answer.title(), QString("Source Script"));
-    QCOMPARE(int(selected.size()), 1);
-    QCOMPARE(selected.first().first().toString(), path);
-}
-
 void TestWindowFiles::dialogsStartWhereAnotherWindowWas()
 {
     const ScratchDir dir;
@@ -282,6 +242,7 @@ void TestWindowFiles::dialogsStartWhereAnotherWindowWas()
         fixture.action(Action::SourceScript)->trigger();
         QCOMPARE(int(selected.size()), 1);
         QCOMPARE(selected.first().first().toString(), path);
+        QCOMPARE(sourcing.title(), QString("Source Script"));
     }
 }
 
