@@ -2,6 +2,7 @@
 #include "analysis/commandword.h"
 #include "analysis/edquickhelpview.h"
 #include "analysis/flaglist.h"
+#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 
 #include <QApplication>
@@ -89,33 +90,20 @@ void TestEdQuickHelpView::init()
 // The caret is "|"; before the arrow the name at it, behind it the command before it.
 void TestEdQuickHelpView::wordsAreFound_data()
 {
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<QString>("found");
+    columns<QString, QString>("line", "found");
 
-    QTest::newRow("in-a-name") << "poly|Sphere -r 1"
-                               << "polySphere<-poly";
-    QTest::newRow("at-its-end") << "ls|;"
-                                << "ls<-ls";
-    QTest::newRow("flag") << "ls -sel|ection"
-                          << "selection<-ls";
-    QTest::newRow("behind-a-blank") << "ls -sl |"
-                                    << "<-ls";
-    QTest::newRow("second-statement") << "ls; select -r|"
-                                      << "r<-select";
-    QTest::newRow("backquote") << "$a = `ls -t |`"
-                               << "<-ls";
-    QTest::newRow("variable") << "$sphe|re"
-                              << "<-";
-    QTest::newRow("module") << "mc.poly|Sphere(r=1)"
-                            << "polySphere<-poly";
-    QTest::newRow("before-the-dot") << "cm|ds.ls()"
-                                    << "ls<-cm";
-    QTest::newRow("in-a-call") << "a = cmds.ls(f(1), |)"
-                               << "<-ls";
-    QTest::newRow("number") << "move 1.5| 2"
-                            << "<-move";
-    QTest::newRow("empty") << "|"
-                           << "<-";
+    row("in-a-name", "poly|Sphere -r 1", "polySphere<-poly");
+    row("at-its-end", "ls|;", "ls<-ls");
+    row("flag", "ls -sel|ection", "selection<-ls");
+    row("behind-a-blank", "ls -sl |", "<-ls");
+    row("second-statement", "ls; select -r|", "r<-select");
+    row("backquote", "$a = `ls -t |`", "<-ls");
+    row("variable", "$sphe|re", "<-");
+    row("module", "mc.poly|Sphere(r=1)", "polySphere<-poly");
+    row("before-the-dot", "cm|ds.ls()", "ls<-cm");
+    row("in-a-call", "a = cmds.ls(f(1), |)", "<-ls");
+    row("number", "move 1.5| 2", "<-move");
+    row("empty", "|", "<-");
 }
 
 void TestEdQuickHelpView::wordsAreFound()
@@ -129,20 +117,13 @@ void TestEdQuickHelpView::wordsAreFound()
 
 void TestEdQuickHelpView::itTellsWhatANameIs_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("message");
-    QTest::addColumn<bool>("hasPage");
+    columns<QString, QString, bool>("name", "message", "hasPage");
 
-    QTest::newRow("command") << "ls"
-                             << "Command, 4 flags" << true;
-    QTest::newRow("runtime") << "Undo"
-                             << "Runtime command; such have no flags." << false;
-    QTest::newRow("procedure") << "myProc"
-                               << "MEL procedure; such have no flags." << false;
-    QTest::newRow("unknown") << "<b>x"
-                             << "Maya knows no command \"<b>x\"." << false;
-    QTest::newRow("none") << ""
-                          << "Put the caret on a command and press F4." << false;
+    row("command", "ls", "Command, 4 flags", true);
+    row("runtime", "Undo", "Runtime command; such have no flags.", false);
+    row("procedure", "myProc", "MEL procedure; such have no flags.", false);
+    row("unknown", "<b>x", "Maya knows no command \"<b>x\".", false);
+    row("none", "", "Put the caret on a command and press F4.", false);
 }
 
 void TestEdQuickHelpView::itTellsWhatANameIs()

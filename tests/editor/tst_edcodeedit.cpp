@@ -4,6 +4,7 @@
 #include "editor/editorlanguage.h"
 #include "preferences/preferences.h"
 #include "tests/editor/listsource.h"
+#include "tests/support/datatable.h"
 #include "tests/support/scratchdir.h"
 #include "tests/support/testmain.h"
 
@@ -101,17 +102,15 @@ void TestEdCodeEdit::init()
 
 void TestEdCodeEdit::keysThatAreLeftToTheWindow_data()
 {
-    QTest::addColumn<int>("key");
-    QTest::addColumn<int>("modifiers");
+    columns<int, int>("key", "modifiers");
 
-    QTest::newRow("ctrl-return") << int(Qt::Key_Return) << int(Qt::ControlModifier);
-    QTest::newRow("ctrl-enter") << int(Qt::Key_Enter) << int(Qt::ControlModifier);
-    QTest::newRow("ctrl-shift-return")
-        << int(Qt::Key_Return) << int(Qt::ControlModifier | Qt::ShiftModifier);
-    QTest::newRow("alt-return") << int(Qt::Key_Return) << int(Qt::AltModifier);
-    QTest::newRow("meta-enter") << int(Qt::Key_Enter) << int(Qt::MetaModifier);
-    QTest::newRow("f2") << int(Qt::Key_F2) << int(Qt::NoModifier);
-    QTest::newRow("shift-f3") << int(Qt::Key_F3) << int(Qt::ShiftModifier);
+    row("ctrl-return", int(Qt::Key_Return), int(Qt::ControlModifier));
+    row("ctrl-enter", int(Qt::Key_Enter), int(Qt::ControlModifier));
+    row("ctrl-shift-return", int(Qt::Key_Return), int(Qt::ControlModifier | Qt::ShiftModifier));
+    row("alt-return", int(Qt::Key_Return), int(Qt::AltModifier));
+    row("meta-enter", int(Qt::Key_Enter), int(Qt::MetaModifier));
+    row("f2", int(Qt::Key_F2), int(Qt::NoModifier));
+    row("shift-f3", int(Qt::Key_F3), int(Qt::ShiftModifier));
 }
 
 void TestEdCodeEdit::keysThatAreLeftToTheWindow()
@@ -224,36 +223,21 @@ void TestEdCodeEdit::readOnlyTextStaysAsItIs()
 
 void TestEdCodeEdit::keysWhilePopupIsVisible_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("key");
-    QTest::addColumn<QString>("after");
+    columns<QString, int, QString>("text", "key", "after");
     QTest::addColumn<QString>("shown"); // the current row; empty when the popup is hidden
 
-    QTest::newRow("tab") << "ab" << int(Qt::Key_Tab) << "abc1"
-                         << "";
-    QTest::newRow("return") << "ab" << int(Qt::Key_Return) << "abc1"
-                            << "";
-    QTest::newRow("down") << "ab" << int(Qt::Key_Down) << "ab"
-                          << "abc2";
-    QTest::newRow("escape") << "ab" << int(Qt::Key_Escape) << "ab"
-                            << "";
-    QTest::newRow("letter") << "ab" << int(Qt::Key_C) << "abc"
-                            << "abc1";
-    QTest::newRow("other-letter") << "ab" << int(Qt::Key_X) << "abx"
-                                  << "";
-    QTest::newRow("backspace-in-word") << "ab" << int(Qt::Key_Backspace) << "a"
-                                       << "abc1";
-    QTest::newRow("backspace-on-dot") << "a." << int(Qt::Key_Backspace) << "a"
-                                      << "";
-    QTest::newRow("backspace-on-line") << "a\n"
-                                       << int(Qt::Key_Backspace) << "a"
-                                       << "";
-    QTest::newRow("left") << "ab" << int(Qt::Key_Left) << "ab"
-                          << "";
-    QTest::newRow("home") << "ab" << int(Qt::Key_Home) << "ab"
-                          << "";
-    QTest::newRow("end") << "ab" << int(Qt::Key_End) << "ab"
-                         << "abc1";
+    row("tab", "ab", int(Qt::Key_Tab), "abc1", "");
+    row("return", "ab", int(Qt::Key_Return), "abc1", "");
+    row("down", "ab", int(Qt::Key_Down), "ab", "abc2");
+    row("escape", "ab", int(Qt::Key_Escape), "ab", "");
+    row("letter", "ab", int(Qt::Key_C), "abc", "abc1");
+    row("other-letter", "ab", int(Qt::Key_X), "abx", "");
+    row("backspace-in-word", "ab", int(Qt::Key_Backspace), "a", "abc1");
+    row("backspace-on-dot", "a.", int(Qt::Key_Backspace), "a", "");
+    row("backspace-on-line", "a\n", int(Qt::Key_Backspace), "a", "");
+    row("left", "ab", int(Qt::Key_Left), "ab", "");
+    row("home", "ab", int(Qt::Key_Home), "ab", "");
+    row("end", "ab", int(Qt::Key_End), "ab", "abc1");
 }
 
 void TestEdCodeEdit::keysWhilePopupIsVisible()
@@ -278,31 +262,21 @@ void TestEdCodeEdit::keysWhilePopupIsVisible()
 
 void TestEdCodeEdit::completionIsAskedFor_data()
 {
-    QTest::addColumn<int>("language");
-    QTest::addColumn<QString>("text");
+    columns<int, QString>("language", "text");
     QTest::addColumn<QString>("typed"); // a blank: Ctrl+Space
     QTest::addColumn<bool>("isAsked");
 
     const int mel = MelLanguage;
     const int python = PythonLanguage;
-    QTest::newRow("on-demand") << mel << "a"
-                               << " " << true;
-    QTest::newRow("not-in-plain-text") << int(TextLanguage) << "a"
-                                       << " " << false;
-    QTest::newRow("dot") << python << "a"
-                         << "." << true;
-    QTest::newRow("dot-in-mel") << mel << "a"
-                                << "." << false;
-    QTest::newRow("letter") << python << "a "
-                            << "b" << true;
-    QTest::newRow("first-letter") << mel << ""
-                                  << "b" << true;
-    QTest::newRow("underscore") << mel << "("
-                                << "_" << true;
-    QTest::newRow("inside-a-word") << mel << "a"
-                                   << "b" << false;
-    QTest::newRow("digit") << mel << ""
-                           << "1" << false;
+    row("on-demand", mel, "a", " ", true);
+    row("not-in-plain-text", int(TextLanguage), "a", " ", false);
+    row("dot", python, "a", ".", true);
+    row("dot-in-mel", mel, "a", ".", false);
+    row("letter", python, "a ", "b", true);
+    row("first-letter", mel, "", "b", true);
+    row("underscore", mel, "(", "_", true);
+    row("inside-a-word", mel, "a", "b", false);
+    row("digit", mel, "", "1", false);
 }
 
 void TestEdCodeEdit::completionIsAskedFor()
@@ -421,19 +395,16 @@ void TestEdCodeEdit::placesOutsideBecomeTheNearest()
 
 void TestEdCodeEdit::doubleClickTakesVariables_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("column");
-    QTest::addColumn<QString>("selected");
+    columns<QString, int, QString>("text", "column", "selected");
 
-    QTest::newRow("name") << "int $abc = 1;" << 6 << "$abc";
-    QTest::newRow("dollar") << "$abc" << 0 << "$abc";
-    QTest::newRow("word") << "a word" << 3 << "word";
-    QTest::newRow("behind-a-word") << "x$abc" << 3 << "abc";
+    row("name", "int $abc = 1;", 6, "$abc");
+    row("dollar", "$abc", 0, "$abc");
+    row("word", "a word", 3, "word");
+    row("behind-a-word", "x$abc", 3, "abc");
     // Deliberate: these letters do not keep the "$" out.
-    QTest::newRow("behind-a-capital") << "B$abc" << 3 << "$abc";
-    QTest::newRow("behind-the-last-capital") << "Z$abc" << 3 << "abc";
-    QTest::newRow("beyond-ascii") << QString::fromUtf8("$\xc3\xa4z") << 1
-                                  << QString::fromUtf8("\xc3\xa4z");
+    row("behind-a-capital", "B$abc", 3, "$abc");
+    row("behind-the-last-capital", "Z$abc", 3, "abc");
+    row("beyond-ascii", QString::fromUtf8("$\xc3\xa4z"), 1, QString::fromUtf8("\xc3\xa4z"));
 }
 
 void TestEdCodeEdit::doubleClickTakesVariables()

@@ -7,6 +7,7 @@
 #include "preferences/preferences.h"
 #include "tests/editor/listsource.h"
 #include "tests/support/caretnotation.h"
+#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 #include "tests/support/wheel.h"
 
@@ -99,20 +100,13 @@ void TestEdCompleter::listsWhatGoesWithTheTyped_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("rows"); // empty: hidden
-    QTest::newRow("nothing-typed") << "(|"
-                                   << "Abs abs makeABox polyAbs xabs y_ab";
-    QTest::newRow("one-letter") << "a|"
-                                << "abs Abs";
-    QTest::newRow("exact-case-first") << "Ab|"
-                                      << "Abs abs makeABox polyAbs y_ab";
-    QTest::newRow("words-inside-last") << "ABs|"
-                                       << "Abs abs polyAbs";
-    QTest::newRow("not-inside-a-word") << "bs|"
-                                       << "";
-    QTest::newRow("only-what-is-there") << "makeABox|"
-                                        << "";
-    QTest::newRow("other-case-of-it") << "makeabox|"
-                                      << "makeABox";
+    row("nothing-typed", "(|", "Abs abs makeABox polyAbs xabs y_ab");
+    row("one-letter", "a|", "abs Abs");
+    row("exact-case-first", "Ab|", "Abs abs makeABox polyAbs y_ab");
+    row("words-inside-last", "ABs|", "Abs abs polyAbs");
+    row("not-inside-a-word", "bs|", "");
+    row("only-what-is-there", "makeABox|", "");
+    row("other-case-of-it", "makeabox|", "makeABox");
 }
 
 void TestEdCompleter::listsWhatGoesWithTheTyped()
@@ -147,33 +141,15 @@ void TestEdCompleter::choosingIsOneStep_data()
     QTest::addColumn<QString>("before");
     QTest::addColumn<QString>("keys"); // Up, Down, page up (<) and down (>), Return, Tab, a Click
     QTest::addColumn<QString>("after");
-    QTest::newRow("return") << "x a| y"
-                            << "R"
-                            << "x abc0| y";
-    QTest::newRow("return-inside") << "a|bx"
-                                   << "R"
-                                   << "abc0|bx";
-    QTest::newRow("tab-inside") << "a|bx.c"
-                                << "T"
-                                << "abc0|.c";
-    QTest::newRow("tab-other-case") << "AB|"
-                                    << "T"
-                                    << "abc0|";
-    QTest::newRow("down") << "a|"
-                          << "DDR"
-                          << "abc2|";
-    QTest::newRow("round-the-end") << "a|"
-                                   << "UR"
-                                   << "abc29|";
-    QTest::newRow("pages") << "a|"
-                           << ">><R"
-                           << "abc11|";
-    QTest::newRow("last-page") << "a|"
-                               << ">>>>R"
-                               << "abc29|";
-    QTest::newRow("click") << "a|"
-                           << "DC"
-                           << "abc1|";
+    row("return", "x a| y", "R", "x abc0| y");
+    row("return-inside", "a|bx", "R", "abc0|bx");
+    row("tab-inside", "a|bx.c", "T", "abc0|.c");
+    row("tab-other-case", "AB|", "T", "abc0|");
+    row("down", "a|", "DDR", "abc2|");
+    row("round-the-end", "a|", "UR", "abc29|");
+    row("pages", "a|", ">><R", "abc11|");
+    row("last-page", "a|", ">>>>R", "abc29|");
+    row("click", "a|", "DC", "abc1|");
 }
 
 void TestEdCompleter::choosingIsOneStep()
@@ -224,7 +200,7 @@ void TestEdCompleter::hidesWhenTheViewChanges_data()
     QTest::addColumn<QString>("change");
     for (const char *change : {"scroll", "wheel", "focus", "move", "resize", "hide", "click",
                                "caret", "select", "language", "text"})
-        QTest::newRow(change) << change;
+        row(change, change);
 }
 
 void TestEdCompleter::hidesWhenTheViewChanges()
@@ -277,8 +253,7 @@ void TestEdCompleter::standsBesideTheWord()
     QCOMPARE(m_popup->geometry().bottom(), letter().top() - 1);
     QVERIFY(screen.contains(m_popup->geometry()));
     press(Qt::Key_D);
-    QCOMPARE(rows(), QStringList() << "abcd"
-                                   << "abcde");
+    QCOMPARE(rows(), words("abcd abcde"));
     press(Qt::Key_E);
     QCOMPARE(m_popup->geometry().bottom(), letter().top() - 1); // with a row less
 }

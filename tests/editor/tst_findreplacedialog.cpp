@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "editor/findreplacedialog.h"
+#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 
 #include <QAbstractButton>
@@ -115,9 +116,7 @@ void TestFindReplaceDialog::controlsBearTheirNamesAndTexts()
     QStringList titles;
     for (const QGroupBox *group : m_dialog->findChildren<QGroupBox *>())
         titles << group->title();
-    QCOMPARE(titles, QStringList() << "Direction:"
-                                   << "Scope:"
-                                   << "Options:");
+    QCOMPARE(titles, words("Direction: Scope: Options:"));
     QCOMPARE(m_dialog->windowTitle(), QString("Find/Replace"));
     QCOMPARE(m_dialog->objectName(), QString("FindReplaceDialogCorvane"));
     QVERIFY(!(m_dialog->windowFlags() & Qt::WindowContextHelpButtonHint));
@@ -144,15 +143,14 @@ void TestFindReplaceDialog::tabGoesThroughTheControlsInOrder()
 
 void TestFindReplaceDialog::choicesBecomeOptions_data()
 {
-    QTest::addColumn<QString>("names");
-    QTest::addColumn<int>("options");
-    QTest::newRow("none") << QString() << 0;
-    QTest::newRow("up") << "backwardRdo" << 1;
-    QTest::newRow("case") << "caseSensitiveChk" << 2;
-    QTest::newRow("word") << "wholeWordChk" << 4;
-    QTest::newRow("selection") << "scopeSelectedRdo" << 1024;
-    QTest::newRow("wrap") << "wrapSearchChk" << 2048;
-    QTest::newRow("case-word-wrap") << "caseSensitiveChk wholeWordChk wrapSearchChk" << 2054;
+    columns<QString, int>("names", "options");
+    row("none", QString(), 0);
+    row("up", "backwardRdo", 1);
+    row("case", "caseSensitiveChk", 2);
+    row("word", "wholeWordChk", 4);
+    row("selection", "scopeSelectedRdo", 1024);
+    row("wrap", "wrapSearchChk", 2048);
+    row("case-word-wrap", "caseSensitiveChk wholeWordChk wrapSearchChk", 2054);
 }
 
 void TestFindReplaceDialog::choicesBecomeOptions()
@@ -173,18 +171,17 @@ void TestFindReplaceDialog::buttonsAndKeysSendRequests_data()
 {
     QTest::addColumn<QString>("receiver");
     QTest::addColumn<int>("key"); // 0: a click
-    QTest::addColumn<int>("modifiers");
-    QTest::addColumn<int>("options");
+    columns<int, int>("modifiers", "options");
     const int up = 1;
     const int shift = Qt::ShiftModifier;
-    QTest::newRow("find") << "findBtn" << 0 << 0 << up;
-    QTest::newRow("replace") << "replaceBtn" << 0 << 0 << (4096 | up);
-    QTest::newRow("replace-find") << "replaceFindBtn" << 0 << 0 << (8192 | up);
-    QTest::newRow("replace-all") << "replaceAllBtn" << 0 << 0 << (16384 | up);
-    QTest::newRow("return-in-field") << "findCmb" << int(Qt::Key_Return) << 0 << up;
-    QTest::newRow("enter-in-field") << "findCmb" << int(Qt::Key_Enter) << 0 << up;
-    QTest::newRow("f3-goes-down") << "findCmb" << int(Qt::Key_F3) << 0 << 0;
-    QTest::newRow("shift-f3-goes-up") << "replaceWithCmb" << int(Qt::Key_F3) << shift << up;
+    row("find", "findBtn", 0, 0, up);
+    row("replace", "replaceBtn", 0, 0, 4096 | up);
+    row("replace-find", "replaceFindBtn", 0, 0, 8192 | up);
+    row("replace-all", "replaceAllBtn", 0, 0, 16384 | up);
+    row("return-in-field", "findCmb", int(Qt::Key_Return), 0, up);
+    row("enter-in-field", "findCmb", int(Qt::Key_Enter), 0, up);
+    row("f3-goes-down", "findCmb", int(Qt::Key_F3), 0, 0);
+    row("shift-f3-goes-up", "replaceWithCmb", int(Qt::Key_F3), shift, up);
 }
 
 // With "Up" chosen, and a text that is further down in the list.
@@ -218,9 +215,7 @@ void TestFindReplaceDialog::textsAreRememberedOnce()
     }
     for (const char *name : {"findCmb", "replaceWithCmb"}) {
         const QComboBox *box = find<QComboBox>(name);
-        QCOMPARE(entries(box), QStringList() << "a"
-                                             << "A"
-                                             << "b");
+        QCOMPARE(entries(box), words("a A b"));
         QCOMPARE(box->currentIndex(), 0);
     }
 }
@@ -249,8 +244,7 @@ void TestFindReplaceDialog::choosingFromTheListFinds()
     box->setCurrentIndex(1);
     QMetaObject::invokeMethod(box, "activated", Q_ARG(int, 1));
     QCOMPARE(requests(), QString("a||0"));
-    QCOMPARE(entries(box), QStringList() << "a"
-                                         << "b");
+    QCOMPARE(entries(box), words("a b"));
 }
 
 void TestFindReplaceDialog::leavingAFieldFindsNothing()

@@ -5,6 +5,7 @@
 #include "output/edoutputview.h"
 #include "preferences/preferencesdialog.h"
 #include "tests/mainwindow/windowfixture.h"
+#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 #include "workspace/edexplorerview.h"
 
@@ -76,13 +77,12 @@ private slots:
 
 void TestWindowView::togglesTellMayaUnlessAskedNotTo_data()
 {
-    QTest::addColumn<QString>("slot");
-    QTest::addColumn<int>("action");
+    columns<QString, int>("slot", "action");
 
-    QTest::newRow("echo") << "echoAllCommands" << int(Action::EchoAllCommands);
-    QTest::newRow("line-numbers") << "lineNumbersInErrors" << int(Action::LineNumbersInErrors);
-    QTest::newRow("stack-trace") << "showStackTrace" << int(Action::ShowStackTrace);
-    QTest::newRow("stack-window") << "suppressStackWindow" << int(Action::SuppressStackWindow);
+    row("echo", "echoAllCommands", int(Action::EchoAllCommands));
+    row("line-numbers", "lineNumbersInErrors", int(Action::LineNumbersInErrors));
+    row("stack-trace", "showStackTrace", int(Action::ShowStackTrace));
+    row("stack-window", "suppressStackWindow", int(Action::SuppressStackWindow));
 }
 
 void TestWindowView::togglesTellMayaUnlessAskedNotTo()
@@ -295,10 +295,8 @@ void TestWindowView::aboutTellsWhatItRunsWith()
     dialogs.first()->copyText();
     const QString copied = QApplication::clipboard()->text();
     const QString qt = QString("Qt: %1, built with " QT_VERSION_STR "\n").arg(qVersion());
-    const QStringList lines = QStringList() << "Corvane Editor 1."
-                                            << "Maya: <b>2026\n"
-                                            << "Python: 3.11.4\n"
-                                            << qt << "License: MIT";
+    const QStringList lines =
+        strings({"Corvane Editor 1.", "Maya: <b>2026\n", "Python: 3.11.4\n", qt, "License: MIT"});
     for (const QString &line : lines)
         QVERIFY2(copied.contains(line), qPrintable(copied));
     QPointer<AboutDialog> dialog = dialogs.first();

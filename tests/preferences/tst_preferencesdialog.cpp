@@ -8,6 +8,7 @@
 #include "preferences/preferenceform.h"
 #include "preferences/preferencesdialog.h"
 #include "tests/preferences/othervalue.h"
+#include "tests/support/datatable.h"
 #include "tests/support/modalanswer.h"
 #include "tests/support/testmain.h"
 #include "tests/support/wheel.h"
@@ -238,35 +239,29 @@ void PreferencesDialogTest::restoredDefaultsWaitToBeApplied()
 
 void PreferencesDialogTest::controlsWithoutEffectAreDisabled_data()
 {
-    QTest::addColumn<QByteArray>("off"); // switches that are turned, by their keys
-    QTest::addColumn<QByteArray>("control");
-    QTest::addColumn<bool>("isEnabled");
+    QTest::addColumn<QString>("off"); // switches that are turned, by their keys
+    columns<QString, bool>("control", "isEnabled");
 
-    const auto add = [](const char *tag, const char *turned, const char *control, bool isEnabled) {
-        QTest::newRow(tag) << QByteArray(turned) << QByteArray(control) << isEnabled;
-    };
-    add("mel-follows-general", "", "melTabSize", false);
-    add("mel-has-its-own", "melUseDefaults", "melTabSize", true);
-    add("python-follows-general", "melUseDefaults", "pyAutoIndent", false);
-    add("python-has-its-own", "pyUseDefaults", "pyAutoIndent", true);
-    add("smart-with-general-auto-indent", "", "melSmartIndent", true);
-    add("smart-without-general-auto-indent", "autoIndent", "melSmartIndent", false);
-    add("smart-with-own-auto-indent", "autoIndent melUseDefaults", "melSmartIndent", true);
-    add("smart-without-own-auto-indent", "pyUseDefaults pyAutoIndent", "pythonSmartIndent", false);
-    add("no-tab-bars-to-lock", "tabBar", "lockTabs", false);
+    row("mel-follows-general", "", "melTabSize", false);
+    row("mel-has-its-own", "melUseDefaults", "melTabSize", true);
+    row("python-follows-general", "melUseDefaults", "pyAutoIndent", false);
+    row("python-has-its-own", "pyUseDefaults", "pyAutoIndent", true);
+    row("smart-with-general-auto-indent", "", "melSmartIndent", true);
+    row("smart-without-general-auto-indent", "autoIndent", "melSmartIndent", false);
+    row("smart-with-own-auto-indent", "autoIndent melUseDefaults", "melSmartIndent", true);
+    row("smart-without-own-auto-indent", "pyUseDefaults pyAutoIndent", "pythonSmartIndent", false);
+    row("no-tab-bars-to-lock", "tabBar", "lockTabs", false);
 }
 
 void PreferencesDialogTest::controlsWithoutEffectAreDisabled()
 {
-    QFETCH(QByteArray, off);
-    QFETCH(QByteArray, control);
+    QFETCH(QString, off);
+    QFETCH(QString, control);
 
     Fixture fixture;
-    for (const QByteArray &key : off.split(' ')) {
-        if (!key.isEmpty())
-            fixture.set(key, false);
-    }
-    QTEST(fixture.find<QWidget>(control)->isEnabled(), "isEnabled");
+    for (const QString &key : words(off.toLatin1()))
+        fixture.set(key.toLatin1(), false);
+    QTEST(fixture.find<QWidget>(control.toLatin1())->isEnabled(), "isEnabled");
 }
 
 void PreferencesDialogTest::namesThatCannotBeImportedKeepTheDialogOpen()
@@ -291,14 +286,13 @@ void PreferencesDialogTest::namesThatCannotBeImportedKeepTheDialogOpen()
 
 void PreferencesDialogTest::onlyFoldersAreTaken_data()
 {
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<bool>("isTaken");
+    columns<QString, bool>("typed", "isTaken");
 
-    QTest::newRow("empty") << "" << true;
-    QTest::newRow("folder") << QDir::tempPath() << true;
-    QTest::newRow("relative") << "." << false;
-    QTest::newRow("missing") << "/no/such/dir" << false;
-    QTest::newRow("file") << QCoreApplication::applicationFilePath() << false;
+    row("empty", "", true);
+    row("folder", QDir::tempPath(), true);
+    row("relative", ".", false);
+    row("missing", "/no/such/dir", false);
+    row("file", QCoreApplication::applicationFilePath(), false);
 }
 
 void PreferencesDialogTest::onlyFoldersAreTaken()
