@@ -109,6 +109,7 @@ void Kestrowl::connectCentralWidget()
     connect(m_central, SIGNAL(commandDocumentationSelected(QString, bool)),
             SIGNAL(commandHelpRequested(QString, bool)));
     connect(m_central, SIGNAL(longLineReached()), SLOT(explainLongLine()));
+    connect(m_central, SIGNAL(completionSlow()), SLOT(explainSlowCompletion()));
     connect(m_central, SIGNAL(tabsChanged()), SLOT(rememberTabs()));
     connect(m_central, SIGNAL(journalFailed(QString)), SLOT(warnOfJournal(QString)));
     connect(m_central, SIGNAL(findReplaceMessageChanged(QString)), SLOT(setStatusText(QString)));

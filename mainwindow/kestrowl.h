@@ -158,6 +158,7 @@ public slots:
     void updateCursorStatus(int line, int column, int sel);
     void updateInsertOverwriteStatus();
     void explainLongLine();
+    void explainSlowCompletion();
     // Keeps the list of open documents, in case Maya crashes before the settings are written.
     void rememberTabs();
     void warnOfJournal(const QString &reason);

@@ -256,3 +256,8 @@ void Kestrowl::explainLongLine()
     setStatusText(tr("Lines of more than %1 characters are shown without colors and marks.")
                       .arg(QLocale().toString(longLine)));
 }
+
+void Kestrowl::explainSlowCompletion()
+{
+    setStatusText(tr("Completions take long in this document: press Ctrl+Space for them."));
+}

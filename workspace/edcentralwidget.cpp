@@ -37,7 +37,7 @@ QStringList localFiles(const QMimeData &data)
 } // namespace
 
 EdCentralWidget::EdCentralWidget(QWidget *parent)
-    : QWidget(parent), m_splitter(new QSplitter(this)), m_watch(new FileWatch(this))
+    : QWidget(parent), m_scripts(this), m_splitter(new QSplitter(this)), m_watch(new FileWatch(this))
 {
     setObjectName(QLatin1String("centralwidget"));
     setAcceptDrops(true);
@@ -95,6 +95,7 @@ void EdCentralWidget::connectPane(EdCodeTabWidget *pane)
     connect(pane, SIGNAL(commandDocumentationSelected(QString, bool)),
             SIGNAL(commandDocumentationSelected(QString, bool)));
     connect(pane, SIGNAL(longLineReached()), SIGNAL(longLineReached()));
+    connect(pane, SIGNAL(completionSlow()), SIGNAL(completionSlow()));
     connect(pane, SIGNAL(codeViewInserted(EdCodeView *)), SLOT(onCodeViewInserted(EdCodeView *)));
     connect(pane, SIGNAL(aboutToSave(EdCodeView *)), SLOT(checkBeforeWriting(EdCodeView *)));
     connect(pane, SIGNAL(tabsReordered()), &m_tabsTimer, SLOT(start()));

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "workspace/recovery.h"
+#include "workspace/workspacescripts.h"
 #include "workspace/workspacestate.h"
 
 #include <QFileInfo>
@@ -94,6 +95,8 @@ signals:
     void journalFailed(const QString &reason);
     // The caret has come to a line that goes without colours and marks; once for each document.
     void longLineReached();
+    // Completions of a document come only when asked for; once for each.
+    void completionSlow();
 
 public slots:
     void newBuffer();
@@ -258,6 +261,7 @@ private:
     void showRecovered(const QList<RecoveredDocument> &documents);
     static void showStored(EdCodeTabWidget *pane, const QList<EdCodeView *> &restored, int index);
 
+    const WorkspaceScripts m_scripts;
     QSplitter *m_splitter;
     QList<EdCodeTabWidget *> m_panes;     // by id
     QTimer m_parseTimer;                  // runs until a pause after the last change of the text

@@ -246,6 +246,7 @@ void EdCodeTabWidget::connectView(EdCodeView *view)
     connect(view, SIGNAL(commandDocumentationSelected(QString, bool)),
             SIGNAL(commandDocumentationSelected(QString, bool)));
     connect(view, SIGNAL(longLineReached()), SIGNAL(longLineReached()));
+    connect(view, SIGNAL(completionSlow()), SIGNAL(completionSlow()));
 }
 
 // Its messages are shown over the pane.

@@ -115,6 +115,7 @@ signals:
     void fileDropped(const QString &path, int id);
     void commandDocumentationSelected(const QString &command, bool python);
     void longLineReached();
+    void completionSlow();
     // By a drag, which is over.
     void tabsReordered();
     // Has a tab and, unless it was restored, is current; it may come from the other pane.

@@ -100,6 +100,7 @@ void EdCodeView::connectCodeEdit()
     connect(m_codeEdit, SIGNAL(commandDocumentationSelected(QString, bool)),
             SIGNAL(commandDocumentationSelected(QString, bool)));
     connect(m_codeEdit, SIGNAL(longLineReached()), SIGNAL(longLineReached()));
+    connect(m_codeEdit, SIGNAL(completionSlow()), SIGNAL(completionSlow()));
 }
 
 void EdCodeView::updateLanguage()

@@ -139,6 +139,7 @@ signals:
     void nextTabSelected();
     void commandDocumentationSelected(const QString &command, bool python);
     void longLineReached();
+    void completionSlow();
     // The text is not safe from the end of the program for now.
     void journalFailed(const QString &reason);
 

@@ -52,6 +52,11 @@ const ScriptDetails &ScriptDetails::of(EdCodeView *view)
     return *details;
 }
 
+const ScriptDetails *ScriptDetails::known(const EdCodeView *view)
+{
+    return view->findChild<ScriptDetails *>();
+}
+
 ScriptDetails::Origin ScriptDetails::origin() const
 {
     Origin origin;

@@ -22,6 +22,9 @@ public:
     // Brought up to date, which parses only if need be.
     static const ScriptDetails &of(EdCodeView *view);
 
+    // As of the last parse; null when there was none.
+    static const ScriptDetails *known(const EdCodeView *view);
+
     // Whether the text, its language and name, and the wish for diagnostics are those of the last
     // parse.
     bool isCurrent() const;
