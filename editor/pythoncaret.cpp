@@ -192,9 +192,8 @@ private:
         if (!m_code.at(m_code.size() - 1).isSpace())
             return false;
         const std::vector<int> headers = m_context.headersAbove(m_context.current);
-        const bool isMethod =
-            isDefinition && headers.size() == 1 &&
-            keywordOf(m_context.text, m_context.statements[headers[0]]) == QLatin1String("class");
+        const bool isMethod = isDefinition && headers.size() == 1 &&
+                              m_context.statements[headers[0]].keyword == PythonKeyword::Class;
         if (isMethod) {
             caret->place = PythonCaret::Member;
             caret->object = QLatin1String("self");
@@ -290,10 +289,10 @@ std::vector<int> PythonContext::headersAbove(int statement) const
     return headers;
 }
 
-int PythonContext::enclosing(const QString &keyword) const
+int PythonContext::enclosingClass() const
 {
     for (int header : headersAbove(current)) {
-        if (keywordOf(text, statements[header]) == keyword)
+        if (statements[header].keyword == PythonKeyword::Class)
             return header;
     }
     return -1;

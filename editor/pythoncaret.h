@@ -16,9 +16,8 @@ struct PythonContext
 
     // Those that the statement lies in, innermost first; the depth falls by one each time.
     std::vector<int> headersAbove(int statement) const;
-    // The definition of the innermost function or class around the current statement that is
-    // `keyword`; -1 when there is none.
-    int enclosing(const QString &keyword) const;
+    // The innermost class around the current statement; -1 when there is none.
+    int enclosingClass() const;
 
     QString text;
     int position = 0;

@@ -12,7 +12,7 @@
 namespace {
 
 // What Python parses in a few hundredths of a second even where it is dense and broken.
-const int mostUnitsForPython = 20000;
+const int mostUnitsForPython = 25000;
 // Reading more than this takes longer than a typist waits.
 const int longestDocument = 4000000;
 

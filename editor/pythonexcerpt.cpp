@@ -9,6 +9,8 @@
 namespace {
 
 const char locator[] = "__corvane_lctr_kvrt__";
+// Units of text that take as long to parse as a statement does whatever is in it.
+const int statementUnits = 12;
 
 // How much a statement matters at the caret; the first ones are kept first.
 enum Rank { AtCaret, Import, Near, Declaration, Member, Other };
@@ -37,9 +39,13 @@ public:
 private:
     using Word = QLatin1String;
 
-    QString word(int i) const { return keywordOf(m_context.text, m_statements[i]); }
-    int length(int i) const { return m_statements[i].codeEnd - m_statements[i].start + 2; }
-    bool isDefinition(int i) const { return word(i) == Word("def"); }
+    QString word(int i) const { return firstWord(m_context.text, m_statements[i]); }
+    int length(int i) const
+    {
+        return m_statements[i].codeEnd - m_statements[i].start + statementUnits;
+    }
+    bool isFunction(int i) const { return m_statements[i].keyword == PythonKeyword::Function; }
+    bool isClass(int i) const { return m_statements[i].keyword == PythonKeyword::Class; }
 
     void findParents()
     {
@@ -57,7 +63,7 @@ private:
     {
         int function = -1;
         for (int above = m_parents[i]; above >= 0; above = m_parents[above])
-            function = isDefinition(above) ? above : function;
+            function = isFunction(above) ? above : function;
         return function;
     }
 
@@ -94,11 +100,15 @@ private:
             if (ranks[i] != Other)
                 order.push_back(i);
         }
+        // No more of them than there is room for need to be in order.
+        const int most = std::min(int(order.size()), mostUnits / statementUnits);
         const int caret = m_context.current;
-        std::sort(order.begin(), order.end(), [&ranks, caret](int a, int b) {
-            return ranks[a] != ranks[b] ? ranks[a] < ranks[b]
-                                        : std::abs(a - caret) < std::abs(b - caret);
-        });
+        std::partial_sort(
+            order.begin(), order.begin() + most, order.end(), [&ranks, caret](int a, int b) {
+                return ranks[a] != ranks[b] ? ranks[a] < ranks[b]
+                                            : std::abs(a - caret) < std::abs(b - caret);
+            });
+        order.resize(most);
         int left = mostUnits;
         for (int i : order)
             keep(i, &left);
@@ -120,7 +130,7 @@ private:
     std::vector<int> allRanks() const
     {
         const int function = functionAround(m_context.current);
-        const int ownClass = m_context.enclosing(Word("class"));
+        const int ownClass = m_context.enclosingClass();
         std::vector<int> ranks;
         for (int i = 0; i < int(m_statements.size()); ++i)
             ranks.push_back(i == m_context.current ? AtCaret : rank(i, function, ownClass));
@@ -130,18 +140,18 @@ private:
     Rank rank(int i, int function, int ownClass) const
     {
         const int depth = m_statements[i].depth;
-        const QString first = word(i);
-        if (depth == 0 && (first == Word("import") || first == Word("from")))
+        const PythonKeyword keyword = m_statements[i].keyword;
+        if (depth == 0 && (keyword == PythonKeyword::Import || keyword == PythonKeyword::From))
             return Import;
         if (function >= 0 && i > function && depthBelow(i, function) > 0)
             return Near;
         const QString assigned = assignedName(m_context.text, m_statements[i]);
-        const bool declares = !assigned.isEmpty() || first == Word("class") || first == Word("def");
+        const bool declares = !assigned.isEmpty() || isClass(i) || isFunction(i);
         if (depth == 0)
-            return declares || first == Word("for") || first == Word("with") ? Declaration : Other;
+            return declares || m_statements[i].opensBlock ? Declaration : Other;
         const bool isOfObject =
             assigned.startsWith(Word("self.")) || assigned.startsWith(Word("cls."));
-        if (isOfObject || (declares && depth == 1 && word(m_parents[i]) == Word("class")))
+        if (isOfObject || (declares && depth == 1 && isClass(m_parents[i])))
             return ownClass >= 0 && depthBelow(i, ownClass) > 0 ? Declaration : Member;
         return Other;
     }
@@ -149,7 +159,7 @@ private:
     // The body of a function inside one, without the caret: its names are out of reach.
     bool isForeignBody(int header) const
     {
-        return header >= 0 && isDefinition(header) && functionAround(header) >= 0 &&
+        return header >= 0 && isFunction(header) && functionAround(header) >= 0 &&
                depthBelow(m_context.current, header) < 0;
     }
 
@@ -171,7 +181,7 @@ private:
     {
         const PythonStatement &statement = m_statements[i];
         const QString first = word(i);
-        if (first == Word("def") || first == Word("class"))
+        if (isFunction(i) || isClass(i))
             return definition(i);
         if (statement.isBroken || isPython2Output(i, first))
             return QString();
@@ -205,14 +215,14 @@ private:
         QStringList arguments = argumentNames(m_context.text, statement);
         // The script does not look into functions inside functions; as a loop they bind the same
         // names.
-        if (isDefinition(i) && functionAround(i) >= 0)
+        if (isFunction(i) && functionAround(i) >= 0)
             return Word("for ") + (arguments << name).join(Word(", ")) + Word(" in ():");
         const bool isWhole = headerEnd(m_context.text, statement) < statement.codeEnd;
         if (isWhole && !statement.isBroken)
             return text(i);
-        return isDefinition(i) ? Word("def ") + name + QLatin1Char('(') +
-                                     arguments.join(Word(", ")) + Word("):")
-                               : Word("class ") + name + QLatin1Char(':');
+        return isFunction(i) ? Word("def ") + name + QLatin1Char('(') + arguments.join(Word(", ")) +
+                                   Word("):")
+                             : Word("class ") + name + QLatin1Char(':');
     }
 
     static QStringList clauses()
@@ -234,9 +244,8 @@ private:
     QString caretLine() const
     {
         const PythonStatement &statement = m_statements[m_context.current];
-        const QString first = word(m_context.current);
-        const bool isFunction = first == Word("def");
-        if ((!isFunction && first != Word("class")) || functionAround(m_context.current) >= 0)
+        const bool isMethod = isFunction(m_context.current);
+        if ((!isMethod && !isClass(m_context.current)) || functionAround(m_context.current) >= 0)
             return Word(locator);
         const int colon = headerEnd(m_context.text, statement);
         if (colon < statement.codeEnd && m_context.position > colon)
@@ -245,9 +254,10 @@ private:
         const int opener = int(m_context.text.indexOf(QLatin1Char('('), statement.start));
         const bool isNamed = opener >= 0 && opener < m_context.position;
         if (isNamed)
-            return first + QLatin1Char(' ') + definedName(m_context.text, statement) +
-                   QLatin1Char('(') + Word(locator) + Word("):");
-        return isFunction ? Word("def __kedefloc__(self): ") + Word(locator) : Word(locator);
+            return (isMethod ? Word("def ") : Word("class ")) +
+                   definedName(m_context.text, statement) + QLatin1Char('(') + Word(locator) +
+                   Word("):");
+        return isMethod ? Word("def __kedefloc__(self): ") + Word(locator) : Word(locator);
     }
 
     const PythonContext &m_context;

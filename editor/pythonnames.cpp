@@ -8,6 +8,7 @@
 namespace {
 
 const QLatin1String commandModule("maya.cmds");
+const int mostImports = 2000; // that are read
 
 // The words of "a.b as c", also of names in brackets.
 QStringList wordsOf(QString part)
@@ -24,7 +25,7 @@ DeclaredNames::DeclaredNames(const PythonContext &context)
     int function = -1;
     for (int header : context.headersAbove(context.current)) {
         const PythonStatement &statement = context.statements[header];
-        if (keywordOf(context.text, statement) != QLatin1String("def"))
+        if (statement.keyword != PythonKeyword::Function)
             continue;
         function = header;
         for (const QString &name : argumentNames(context.text, statement))
@@ -63,17 +64,25 @@ void DeclaredNames::add(const QString &name, CompletionKind kind)
 void DeclaredNames::readStatement(const PythonContext &context, int index, bool isInReach)
 {
     const PythonStatement &statement = context.statements[index];
-    const QString first = keywordOf(context.text, statement);
-    if (first == QLatin1String("import") || first == QLatin1String("from"))
-        readImports(pythonCode(context.text, statement.start, statement.codeEnd).text);
-    if (!isInReach)
-        return;
-    if (first == QLatin1String("class"))
-        add(definedName(context.text, statement), CompletionKind::Class);
-    else if (first == QLatin1String("def"))
-        add(definedName(context.text, statement), CompletionKind::Function);
-    else
-        add(assignedName(context.text, statement), CompletionKind::Variable);
+    switch (statement.keyword) {
+    case PythonKeyword::Import:
+    case PythonKeyword::From:
+        if (++m_importCount < mostImports)
+            readImports(pythonCode(context.text, statement.start, statement.codeEnd).text);
+        break;
+    case PythonKeyword::Class:
+        if (isInReach)
+            add(definedName(context.text, statement), CompletionKind::Class);
+        break;
+    case PythonKeyword::Function:
+        if (isInReach)
+            add(definedName(context.text, statement), CompletionKind::Function);
+        break;
+    case PythonKeyword::None:
+        if (isInReach)
+            add(assignedName(context.text, statement), CompletionKind::Variable);
+        break;
+    }
 }
 
 // "import a.b as c, d; from e import f", with names of modules in any scope.

@@ -27,5 +27,6 @@ private:
 
     QHash<QString, CompletionKind> m_kinds;
     QHash<QString, QString> m_paths;
+    int m_importCount = 0;
     bool m_hasAllCommands = false; // by "from maya.cmds import *"
 };

@@ -70,6 +70,34 @@ int bracketStep(ushort unit)
     return unit == ')' || unit == ']' || unit == '}' ? -1 : 0;
 }
 
+int nameEnd(const SourceCursor &text, int start)
+{
+    while (isPythonName(QChar(text.at(start))))
+        ++start;
+    return start;
+}
+
+// Where the statement begins, behind "async".
+int keywordStart(const SourceCursor &text, int start)
+{
+    return text.hasWord("async", start, start + 5) && text.isSpace(start + 5)
+               ? text.skipLineSpace(start + 5)
+               : start;
+}
+
+PythonKeyword keywordAt(const SourceCursor &text, int statement)
+{
+    const int start = keywordStart(text, statement);
+    const int end = nameEnd(text, start);
+    if (text.isText("import", start, end))
+        return PythonKeyword::Import;
+    if (text.isText("from", start, end))
+        return PythonKeyword::From;
+    if (text.isText("class", start, end))
+        return PythonKeyword::Class;
+    return text.isText("def", start, end) ? PythonKeyword::Function : PythonKeyword::None;
+}
+
 class StatementReader
 {
 public:
@@ -113,6 +141,7 @@ private:
         found.codeEnd = found.start;
         found.indent = columns(lineStart, found.start);
         found.depth = depth(found.indent);
+        found.keyword = keywordAt(m_text, found.start);
         walk(&found);
         return found;
     }
@@ -182,7 +211,8 @@ private:
     bool opensBlock() const
     {
         return !m_statements.empty() && (m_statements.back().opensBlock ||
-                                         !definedName(m_source, m_statements.back()).isEmpty());
+                                         m_statements.back().keyword == PythonKeyword::Class ||
+                                         m_statements.back().keyword == PythonKeyword::Function);
     }
 
     const QString &m_source;
@@ -190,21 +220,6 @@ private:
     std::vector<PythonStatement> m_statements;
     std::vector<int> m_indents{0}; // of the blocks that are open
 };
-
-int nameEnd(const SourceCursor &text, int start)
-{
-    while (isPythonName(QChar(text.at(start))))
-        ++start;
-    return start;
-}
-
-// Where the statement begins, behind "async".
-int keywordStart(const SourceCursor &text, int start)
-{
-    return text.hasWord("async", start, start + 5) && text.isSpace(start + 5)
-               ? text.skipLineSpace(start + 5)
-               : start;
-}
 
 } // namespace
 
@@ -260,21 +275,18 @@ int headerEnd(const QString &text, const PythonStatement &statement)
     return statement.codeEnd;
 }
 
-QString keywordOf(const QString &text, const PythonStatement &statement)
+QString firstWord(const QString &text, const PythonStatement &statement)
 {
     const SourceCursor cursor(text);
-    const int start = keywordStart(cursor, statement.start);
-    return text.mid(start, nameEnd(cursor, start) - start);
+    return text.mid(statement.start, nameEnd(cursor, statement.start) - statement.start);
 }
 
 QString definedName(const QString &text, const PythonStatement &statement)
 {
-    const SourceCursor cursor(text);
-    const int start = keywordStart(cursor, statement.start);
-    const int end = nameEnd(cursor, start);
-    if (!cursor.isText("def", start, end) && !cursor.isText("class", start, end))
+    if (statement.keyword != PythonKeyword::Class && statement.keyword != PythonKeyword::Function)
         return QString();
-    const int name = cursor.skipLineSpace(end);
+    const SourceCursor cursor(text);
+    const int name = cursor.skipLineSpace(nameEnd(cursor, keywordStart(cursor, statement.start)));
     return text.mid(name, nameEnd(cursor, name) - name);
 }
 
