@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "preferences/preferences.h"
 
+#include <QCoreApplication>
 #include <QFont>
 #include <QFontInfo>
 #include <QSettings>
@@ -96,10 +97,12 @@ private:
     const char *m_group = nullptr; // the one that is entered
 };
 
+const char wantedFamily[] = "DejaVu Sans Mono";
+
 // The wanted family where it is installed, else what the system has for listings.
 QString fixedPitchFamily()
 {
-    QFont font(QLatin1String("DejaVu Sans Mono"));
+    QFont font((QLatin1String(wantedFamily)));
     font.setStyleHint(QFont::TypeWriter);
     font.setFixedPitch(true);
     return QFontInfo(font).family();
@@ -109,7 +112,9 @@ QString fixedPitchFamily()
 
 QString builtInFontFamily()
 {
-    // Only now: before there is an application, fonts cannot be asked for.
+    // Without an application fonts cannot be asked for; programs that only parse have none.
+    if (!QCoreApplication::instance())
+        return QLatin1String(wantedFamily);
     static const QString family = fixedPitchFamily();
     return family;
 }
