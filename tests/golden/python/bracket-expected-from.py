@@ -1,2 +1,0 @@
-cmds.ls(
-from os import path

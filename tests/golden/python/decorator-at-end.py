@@ -1,2 +1,0 @@
-@staticmethod
-@last

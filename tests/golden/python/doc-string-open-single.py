@@ -1,3 +1,0 @@
-x = '''Never closed "quoted"
-def inside(a):
-    pass

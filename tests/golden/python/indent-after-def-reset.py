@@ -1,7 +1,0 @@
-if a:
-    if b:
-        c = 1
-def at_left():
-    pass
-  def two():
-    pass

@@ -1,3 +1,0 @@
-for side in "LR":
-    if side:
-    print(side)

@@ -1,2 +1,0 @@
-if  __name__	==  '__main__':
-    print("run")

@@ -1,5 +1,0 @@
-a = 'one \
-two' + """opens
-here""" + "x \
-y" + '''then
-closed'''

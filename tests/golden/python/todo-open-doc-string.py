@@ -1,3 +1,0 @@
-def f():
-    """TODO never closed
-    x = 1
