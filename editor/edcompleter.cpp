@@ -86,6 +86,7 @@ EdCompleter::EdCompleter(QPlainTextEdit *editor)
 {
     setObjectName(QLatin1String("completer"));
     setWindowFlags(Qt::ToolTip);
+    setUpdatesEnabled(true); // the editor's parent may be made without; a window is not told later
     setAttribute(Qt::WA_ShowWithoutActivating);
     setFocusPolicy(Qt::NoFocus); // the caret stays in the editor
     setPalette(alwaysActive(palette()));

@@ -48,6 +48,7 @@ private slots:
     void hidesWhenTheViewChanges_data();
     void hidesWhenTheViewChanges();
     void standsBesideTheWord();
+    void isPaintedWhereverItsEditorWasMade();
     void slowSourcesAreAskedOnDemandOnly();
 
 private:
@@ -256,6 +257,16 @@ void TestEdCompleter::standsBesideTheWord()
     QCOMPARE(rows(), words("abcd abcde"));
     press(Qt::Key_E);
     QCOMPARE(m_popup->geometry().bottom(), letter().top() - 1); // with a row less
+}
+
+// Panes are not updated while they get a new tab, and tell no window of it afterwards.
+void TestEdCompleter::isPaintedWhereverItsEditorWasMade()
+{
+    QWidget pane;
+    pane.setUpdatesEnabled(false);
+    const EdCodeEdit *edit = new EdCodeEdit(&pane);
+    pane.setUpdatesEnabled(true);
+    QVERIFY(edit->completer()->updatesEnabled());
 }
 
 void TestEdCompleter::slowSourcesAreAskedOnDemandOnly()
