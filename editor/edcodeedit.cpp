@@ -153,15 +153,13 @@ void EdCodeEdit::setLanguage(int language)
     m_completer->setSource(completionSourceFor(language));
 }
 
-// Blocks keep the characters that toPlainText() replaces.
+// A selection keeps the characters that toPlainText() replaces, and has another one between lines,
+// which no line can have in it.
 QString EdCodeEdit::text() const
 {
-    QString joined;
-    joined.reserve(document()->characterCount());
-    joined += document()->begin().text();
-    for (QTextBlock block = document()->begin().next(); block.isValid(); block = block.next())
-        joined += QLatin1Char('\n') + block.text();
-    return joined;
+    QTextCursor whole(document());
+    whole.setPosition(document()->characterCount() - 1, QTextCursor::KeepAnchor);
+    return whole.selectedText().replace(QChar::ParagraphSeparator, QLatin1Char('\n'));
 }
 
 // Nobody would keep it up to date.
