@@ -175,7 +175,16 @@ void EdCodeEdit::setText(const QString &text)
 {
     clearDiagnostics(); // rather than moving and dropping them one by one
     m_longLineSaid = false;
+    makeRoomForLines(int(text.count(QLatin1Char('\n'))) + 1);
     setPlainText(text);
+}
+
+void EdCodeEdit::loadText(const QString &text, int line)
+{
+    if (m_highlighter)
+        m_highlighter->waitForTurn();
+    setText(text);
+    highlightPage(document()->findBlockByNumber(line));
 }
 
 int EdCodeEdit::currentLine() const

@@ -45,6 +45,9 @@ public:
     QString text() const;
     // Replaces the document; cannot be undone.
     void setText(const QString &text);
+    // The same for a text that is shown later: of its colours only those of the page that begins
+    // with the line, counted from 0, come at once.
+    void loadText(const QString &text, int line);
 
     // Counted from 1.
     int currentLine() const;
@@ -202,6 +205,10 @@ private:
     template <typename Edit>
     void editAtCaret(Edit edit);
     void clearBlockData();
+    int widthForLines(int count) const;
+    void leaveWidthForLines(int count);
+    void makeRoomForLines(int count);
+    void highlightPage(const QTextBlock &first);
     void applyTextOption();
     void applyDiagnostics();
     QString messageAt(const QPoint &place) const;

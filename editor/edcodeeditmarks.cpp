@@ -15,6 +15,7 @@
 #include <QKeyEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QScrollBar>
 #include <QTextBlock>
 #include <QToolTip>
 
@@ -66,15 +67,35 @@ bool isOwnKey(const QKeyEvent &event, bool popupIsVisible)
 
 int EdCodeEdit::lineNumberWidth() const
 {
-    const int digits = std::max(digitsOf(std::max(blockCount(), 1)), fewestDigits);
+    return widthForLines(blockCount());
+}
+
+int EdCodeEdit::widthForLines(int count) const
+{
+    const int digits = std::max(digitsOf(std::max(count, 1)), fewestDigits);
     return widthBesideNumbers +
            digits * compat::textWidth(QFontMetrics(font()), QLatin1String("9"));
 }
 
-// Qt lays the view out again even for the margins that it has.
 void EdCodeEdit::updateLineNumberWidth()
 {
-    const int width = lineNumberWidth();
+    leaveWidthForLines(blockCount());
+}
+
+// Before there are so many: all would be laid out again when the width that is left to them becomes
+// another one.
+void EdCodeEdit::makeRoomForLines(int count)
+{
+    if (count * QFontMetrics(font()).lineSpacing() > viewport()->height())
+        verticalScrollBar()->setMaximum(count);
+    m_marginWidth = 0; // the margin may be the same, but the scroll bar new
+    leaveWidthForLines(count);
+}
+
+// Qt lays the view out again even for the margins that it has.
+void EdCodeEdit::leaveWidthForLines(int count)
+{
+    const int width = widthForLines(count);
     if (m_lineNumbers->width() == width && m_marginWidth == width)
         return;
     m_marginWidth = width;
@@ -96,16 +117,22 @@ void EdCodeEdit::resizeEvent(QResizeEvent *event)
     QPlainTextEdit::resizeEvent(event);
     const QRect inside = contentsRect();
     m_lineNumbers->setGeometry(inside.left(), inside.top(), lineNumberWidth(), inside.height());
-    updateExtraSelections(); // other lines are visible now
+    highlightPage(firstVisibleBlock()); // or it would be laid out and painted twice
+    updateExtraSelections();            // other lines are visible now
+}
+
+void EdCodeEdit::highlightPage(const QTextBlock &first)
+{
+    if (!m_highlighter || !m_highlighter->isPending())
+        return;
+    const int lines = viewport()->height() / QFontMetrics(font()).lineSpacing() + 1;
+    m_highlighter->highlightVisible(first, lines);
 }
 
 // Whichever way lines come into view, they are painted.
 void EdCodeEdit::paintEvent(QPaintEvent *event)
 {
-    if (m_highlighter && m_highlighter->isPending()) {
-        const int lines = viewport()->height() / QFontMetrics(font()).lineSpacing() + 1;
-        m_highlighter->highlightVisible(firstVisibleBlock(), lines);
-    }
+    highlightPage(firstVisibleBlock());
     QPlainTextEdit::paintEvent(event);
 }
 

@@ -12,6 +12,8 @@
 #include <QCoreApplication>
 #include <QTextDocument>
 
+#include <algorithm>
+
 namespace {
 
 bool isSuspended = false; // for all highlighters
@@ -20,6 +22,23 @@ bool isSuspended = false; // for all highlighters
 // one. In characters; a turn's work takes about three milliseconds.
 const int workOfTurn = 100000;
 const int workOfBlock = 25; // whatever its length
+
+// The first of so many that waits; invalid when none does.
+QTextBlock waitingBlock(QTextBlock block, int count)
+{
+    for (; count > 0 && block.isValid(); --count, block = block.next()) {
+        if (WaitingBlocks::contains(block))
+            return block;
+    }
+    return QTextBlock();
+}
+
+// With both.
+int workBetween(const QTextBlock &first, const QTextBlock &last)
+{
+    const int blocks = last.blockNumber() - first.blockNumber() + 1;
+    return last.position() + last.length() - first.position() + blocks * workOfBlock;
+}
 
 } // namespace
 
@@ -73,38 +92,44 @@ void EdHighlighter::highlightAgain()
 {
     m_waiting.add(document()->begin(), document()->lastBlock());
     if (!isSuspended)
-        highlightSlice();
+        highlightSlice(workOfTurn);
 }
 
 void EdHighlighter::highlightVisible(const QTextBlock &first, int count)
 {
-    QTextBlock block = first;
-    for (int i = 0; i < count && block.isValid(); ++i, block = block.next()) {
-        if (!WaitingBlocks::contains(block))
-            continue;
-        m_budget = workOfTurn;
-        if (!isSuspended)
-            highlightFrom(block);
+    const QTextBlock seen = waitingBlock(first, count);
+    if (!seen.isValid() || isSuspended)
         return;
-    }
+    const int lastLine = std::min(first.blockNumber() + count, document()->blockCount()) - 1;
+    const int work = workBetween(m_waiting.first(), document()->findBlockByNumber(lastLine));
+    if (work <= workOfTurn)
+        return highlightSlice(work);
+    m_budget = workOfTurn;
+    highlightFrom(seen);
+}
+
+void EdHighlighter::waitForTurn()
+{
+    m_budget = 0;
+    m_turn.start(0, this); // which gives a new one, should there be no change at all
 }
 
 void EdHighlighter::finish()
 {
     while (isPending() && !isSuspended)
-        highlightSlice();
+        highlightSlice(workOfTurn);
 }
 
 void EdHighlighter::timerEvent(QTimerEvent *)
 {
     m_turn.stop();
     if (!isSuspended)
-        highlightSlice();
+        highlightSlice(workOfTurn);
 }
 
-void EdHighlighter::highlightSlice()
+void EdHighlighter::highlightSlice(int work)
 {
-    m_budget = workOfTurn;
+    m_budget = work;
     QTextBlock block = m_waiting.first();
     while (block.isValid() && m_budget > 0) {
         highlightFrom(block);

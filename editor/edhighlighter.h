@@ -33,9 +33,13 @@ public:
     // All blocks, of which a first slice at once. QSyntaxHighlighter::rehighlight() waits for all.
     void highlightAgain();
 
-    // Lets blocks that are seen not wait for those above them. What the latter leave open is not
-    // known yet, so the colours may change once more.
+    // Lets blocks that are seen not wait: with those above them where these are no more than a
+    // turn's work, else without. What the latter leave open is not known then, so the colours may
+    // change once more.
     void highlightVisible(const QTextBlock &first, int count);
+
+    // Leaves what changes before the next turn to that, but for what highlightVisible() is asked.
+    void waitForTurn();
 
     // Whether some blocks still wait.
     bool isPending() const { return !m_waiting.isEmpty(); }
@@ -61,7 +65,7 @@ private slots:
 private:
     using QSyntaxHighlighter::setDocument; // it stays with its document
     void takeOver(QTextDocument *document);
-    void highlightSlice();
+    void highlightSlice(int work);
     void highlightFrom(const QTextBlock &first);
     bool highlight(const QTextBlock &block);
     void examine(QTextBlock block, const QString &text);

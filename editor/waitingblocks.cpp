@@ -3,7 +3,8 @@
 
 void WaitingBlocks::add(const QTextBlock &first, const QTextBlock &last)
 {
-    for (QTextBlock block = first; block != last.next(); block = block.next())
+    const QTextBlock end = last.next();
+    for (QTextBlock block = first; block != end; block = block.next())
         block.setUserState(-1);
     if (m_first.isNull() || first.position() < m_first.position())
         m_first = QTextCursor(first);

@@ -148,7 +148,9 @@ void EdCodeView::giveText()
     const Waiting waiting = *m_waiting;
     m_waiting.reset();                           // first: what follows asks for the editor
     const bool wereBlocked = blockSignals(true); // it is no change
-    setText(decoded(waiting.bytes));
+    const QString text = decoded(waiting.bytes);
+    codeEdit()->loadText(text, waiting.scrollValue);
+    noteNewText(text);
     setPlace(waiting.cursorPosition, waiting.scrollValue);
     blockSignals(wereBlocked);
 }

@@ -207,8 +207,9 @@ private:
 
     void createCodeEdit();
     void connectCodeEdit();
-    void setText(const QString &text);
     void giveText();
+    void replaceText(const QString &text);
+    void noteNewText(const QString &text);
     bool isBufferFile(const QString &path) const;
     bool isOpen(const QString &path) const;
     QString read(const QString &path, QByteArray *bytes);

@@ -113,7 +113,7 @@ QString EdCodeView::loadQuietly(const QFileInfo &info, bool isBuffer, int buffer
     else if (isAgain)
         changeText(decoded(bytes));
     else
-        setText(decoded(bytes));
+        replaceText(decoded(bytes));
     updateLanguage();
     if (!m_waiting) {
         codeEdit()->moveCursor(QTextCursor::Start);
@@ -123,11 +123,17 @@ QString EdCodeView::loadQuietly(const QFileInfo &info, bool isBuffer, int buffer
     return QString();
 }
 
-void EdCodeView::setText(const QString &text)
+void EdCodeView::replaceText(const QString &text)
 {
     m_waiting.reset();
-    QTextDocument *document = codeEdit()->document();
     codeEdit()->setText(text);
+    noteNewText(text);
+}
+
+// Which the editor has been given.
+void EdCodeView::noteNewText(const QString &text)
+{
+    QTextDocument *document = codeEdit()->document();
     m_lineEnds.mark(document, text);
     document->setModified(false);
     if (m_modified) // a document that gets an empty text does not tell that it is unmodified

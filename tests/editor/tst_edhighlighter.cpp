@@ -30,6 +30,7 @@ private slots:
     void noTurnOfTheEventLoopIsLong();
     void theSeenPageDoesNotWait();
     void aPaintedPageIsColoured();
+    void aLoadedTextHasThePageOnly();
     void editsBetweenSlicesLeaveWhatAFreshDocumentHas_data();
     void editsBetweenSlicesLeaveWhatAFreshDocumentHas();
     void attachingAnewForgetsTheOtherLanguage();
@@ -187,6 +188,8 @@ void compareAfterEdits(const QStringList &pieces)
     Numbers numbers;
     for (int round = 0; round < 12; ++round) {
         for (int i = numbers.below(4); i >= 0; --i) {
+            if (numbers.below(3) == 0)
+                highlighter.waitForTurn();
             edit(edited, numbers, pieces);
             for (int turns = numbers.below(3); turns > 0; --turns)
                 QCoreApplication::processEvents();
@@ -307,6 +310,20 @@ void EdHighlighterTest::aPaintedPageIsColoured()
     const QTextBlock seen = edit.document()->findBlockByNumber(3 * manyLines);
     QVERIFY(!compat::layoutFormats(seen).isEmpty());
     QVERIFY(compat::layoutFormats(edit.document()->findBlockByNumber(2 * manyLines)).isEmpty());
+}
+
+void EdHighlighterTest::aLoadedTextHasThePageOnly()
+{
+    EdCodeEdit edit;
+    edit.resize(400, 300);
+    edit.setLanguage(MelLanguage);
+    edit.loadText("/*\n" + lines(manyLines), 100);
+    const QTextBlock seen = edit.document()->findBlockByNumber(100);
+    QCOMPARE(int(compat::layoutFormats(seen).size()), 1); // of a comment that begins above
+    const QTextBlock far = edit.document()->findBlockByNumber(200);
+    QVERIFY(!EdTextBlockData::of(far));
+    edit.highlighter()->finish();
+    QVERIFY(EdTextBlockData::of(far));
 }
 
 void EdHighlighterTest::editsBetweenSlicesLeaveWhatAFreshDocumentHas_data()
