@@ -21,7 +21,9 @@
 
 namespace {
 
-const int parseDelay = 2000; // ms after the last change of the text
+// Milliseconds.
+const int parseDelay = 2000; // after the last change of the text
+const int paintDelay = 50;   // after which another document has been painted
 
 QStringList localFiles(const QMimeData &data)
 {
@@ -193,7 +195,21 @@ void EdCentralWidget::onTabChange()
 {
     if (m_ignoresTabs)
         return;
+    if (currentCodeView() && ScriptDetails::areLongInComing(currentCodeView()))
+        return showUnparsed();
     activeViewChange();
+    showTabChange();
+}
+
+// What was found in the document comes when it has been painted.
+void EdCentralWidget::showUnparsed()
+{
+    m_parseTimer.start(paintDelay);
+    showTabChange();
+}
+
+void EdCentralWidget::showTabChange()
+{
     if (!currentCodeView())
         emit clearScriptDetails();
     else if (active()->isVisible())

@@ -248,6 +248,8 @@ private:
     void askAboutChanged(const QString &path);
     void askAboutMissing(const QString &path);
 
+    void showUnparsed();
+    void showTabChange();
     void reportName();
     class OpenFiles;
     QString restoreEntry(const QString &text, const QString &documentId, bool hasPanes,

@@ -115,7 +115,7 @@ QStringList EdCentralWidget::restore(const WorkspaceState &stored)
     const int wanted = state.activeView == 1 ? 1 : 0;
     const bool isEmpty = m_panes.at(wanted)->count() == 0;
     makeActive(isEmpty && m_panes.at(1 - wanted)->count() > 0 ? 1 - wanted : wanted);
-    onTabChange();
+    showUnparsed();
     if (currentCodeView()) // the window may not be shown yet
         active()->setCodeEditFocus();
     return problems;
@@ -164,7 +164,7 @@ QStringList EdCentralWidget::recover(const JournalFolder &journals)
         if (current)
             showPlace(placeOf(current));
     }
-    onTabChange();
+    showUnparsed();
     for (const RecoveredDocument &document : recovery.documents) {
         if (document.isOutdated)
             externalFileChange(document.view->fileInfo().absoluteFilePath());

@@ -11,6 +11,9 @@
 
 namespace {
 
+// Characters; they take some ten milliseconds.
+const int longText = 300000;
+
 bool showsDiagnostics(int language)
 {
     return language == EdCodeView::Python ? preferences().pythonDisplayErrors
@@ -55,6 +58,13 @@ const ScriptDetails &ScriptDetails::of(EdCodeView *view)
 const ScriptDetails *ScriptDetails::known(const EdCodeView *view)
 {
     return view->findChild<ScriptDetails *>();
+}
+
+bool ScriptDetails::areLongInComing(const EdCodeView *view)
+{
+    const ScriptDetails *details = known(view);
+    return view->codeEdit()->document()->characterCount() > longText &&
+           !(details && details->isCurrent());
 }
 
 ScriptDetails::Origin ScriptDetails::origin() const

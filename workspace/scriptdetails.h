@@ -21,6 +21,8 @@ class ScriptDetails : public QObject
 public:
     // Brought up to date, which parses only if need be.
     static const ScriptDetails &of(EdCodeView *view);
+    // Whether that would have somebody wait for what he wants to see.
+    static bool areLongInComing(const EdCodeView *view);
 
     // As of the last parse; null when there was none.
     static const ScriptDetails *known(const EdCodeView *view);

@@ -5,6 +5,7 @@
 #include "tests/support/modalanswer.h"
 #include "tests/support/scratchdir.h"
 #include "tests/support/testmain.h"
+#include "analysis/melparser.h"
 #include "workspace/edcentralwidget.h"
 #include "workspace/edcodetabbar.h"
 #include "workspace/edcodetabwidget.h"
@@ -31,6 +32,7 @@ private slots:
     void stateAndRestoringAgree();
     void panesAreRestored();
     void onlyDocumentsInFrontGetEditors();
+    void nobodyWaitsForAParse();
     void entriesWaitForTheirFolder();
     void filesOfTheUserAreNoBuffers();
     void restoringShowsNoBox();
@@ -175,6 +177,37 @@ void TestEdCentralWidgetState::onlyDocumentsInFrontGetEditors()
         QCOMPARE(bar->tabRect(tab).size(), opened.pane(0)->tabBar()->tabRect(tab).size());
         QVERIFY(bar->tabButton(tab, QTabBar::RightSide));
     }
+}
+
+void TestEdCentralWidgetState::nobodyWaitsForAParse()
+{
+    ScratchDir dir;
+    WorkspaceState state;
+    state.indexA = 0;
+    for (const char *name : {"short.mel", "long.mel"}) {
+        const int lines = *name == 's' ? 1 : 40000;
+        const QString path = dir.write(name, QByteArray("proc p() {}\n").repeated(lines));
+        state.openTabs << "0," + path + ",0,0,0";
+    }
+    EdCentralWidget central;
+    qRegisterMetaType<MelParser>("MelParser");
+    QSignalSpy parsed(&central, SIGNAL(melScriptUpdated(MelParser)));
+    const auto isParsedLater = [&parsed](int count) {
+        if (int(parsed.size()) != count - 1)
+            return false;
+        QElapsedTimer clock;
+        clock.start();
+        while (int(parsed.size()) < count && clock.elapsed() < 10000)
+            QTest::qWait(1);
+        return int(parsed.size()) == count;
+    };
+    central.restore(state);
+    QVERIFY(isParsedLater(1));
+    central.pane(0)->setCurrentTab(1);
+    QVERIFY(isParsedLater(2));
+    central.pane(0)->setCurrentTab(0);
+    central.pane(0)->setCurrentTab(1);
+    QCOMPARE(int(parsed.size()), 4); // as of before
 }
 
 void TestEdCentralWidgetState::entriesWaitForTheirFolder()
