@@ -3,11 +3,9 @@
 // are theirs to carry out.
 #include "workspace/edcentralwidget.h"
 
-#include "editor/edcodeedit.h"
 #include "workspace/edcodetabwidget.h"
 #include "workspace/edcodeview.h"
 #include "workspace/filewatch.h"
-#include "workspace/scriptdetails.h"
 
 #include <QDragEnterEvent>
 #include <QDropEvent>
@@ -15,15 +13,10 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QSplitter>
-#include <QTextCursor>
 #include <QUrl>
 #include <QVBoxLayout>
 
 namespace {
-
-// Milliseconds.
-const int parseDelay = 2000; // after the last change of the text
-const int paintDelay = 50;   // after which another document has been painted
 
 QStringList localFiles(const QMimeData &data)
 {
@@ -191,56 +184,11 @@ void EdCentralWidget::tabMovedToNewPosition(int wantedId, const QPoint &globalPo
         moveToOtherView(id, m_panes.at(id)->currentIndex());
 }
 
-void EdCentralWidget::onTabChange()
-{
-    if (m_ignoresTabs)
-        return;
-    if (currentCodeView() && ScriptDetails::areLongInComing(currentCodeView()))
-        return showUnparsed();
-    activeViewChange();
-    showTabChange();
-}
-
-// What was found in the document comes when it has been painted.
-void EdCentralWidget::showUnparsed()
-{
-    m_parseTimer.start(paintDelay);
-    showTabChange();
-}
-
-void EdCentralWidget::showTabChange()
-{
-    if (!currentCodeView())
-        emit clearScriptDetails();
-    else if (active()->isVisible())
-        active()->setCodeEditFocus();
-    reportName();
-    onCursorStatusChange();
-    update(); // of the hint
-}
-
 // It may come from the other pane, and be connected already.
 void EdCentralWidget::onCodeViewInserted(EdCodeView *view)
 {
     connect(view, SIGNAL(journalFailed(QString)), this, SIGNAL(journalFailed(QString)),
             Qt::UniqueConnection);
-}
-
-void EdCentralWidget::reportName()
-{
-    m_tabsTimer.start();
-    const EdCodeView *view = currentCodeView();
-    QString name;
-    if (view && view->isBuffer())
-        name = active()->tabText(active()->currentIndex());
-    else if (view)
-        name = view->fileInfo().absoluteFilePath();
-    emit activeBufferNameChanged(name);
-}
-
-void EdCentralWidget::onTextChange()
-{
-    m_parseTimer.start(parseDelay);
 }
 
 // The name that is shown may be the one that has changed.
@@ -307,18 +255,6 @@ void EdCentralWidget::onOverwriteModeChange()
     emit overwriteModeChanged();
 }
 
-void EdCentralWidget::onCursorStatusChange()
-{
-    const EdCodeView *view = currentCodeView();
-    if (!view) {
-        emit cursorStatusChanged(0, 0, 0);
-        return;
-    }
-    const QTextCursor cursor = view->codeEdit()->textCursor();
-    emit cursorStatusChanged(cursor.blockNumber(), cursor.positionInBlock(),
-                             cursor.selectionEnd() - cursor.selectionStart());
-}
-
 void EdCentralWidget::onFindReplaceMessageChange(const QString &message)
 {
     emit findReplaceMessageChanged(message);
@@ -327,30 +263,6 @@ void EdCentralWidget::onFindReplaceMessageChange(const QString &message)
 void EdCentralWidget::quickHelp(const QString &text, bool ignoreWhenHidden)
 {
     emit quickHelpSelected(text, ignoreWhenHidden);
-}
-
-void EdCentralWidget::activeViewChange()
-{
-    m_parseTimer.stop();
-    EdCodeView *view = currentCodeView();
-    if (!view)
-        return;
-    const ScriptDetails &details = ScriptDetails::of(view);
-    if (const MelParser *parser = details.mel())
-        emit melScriptUpdated(*parser);
-    else if (const PythonParser *python = details.python())
-        emit pythonScriptUpdated(*python);
-    else
-        emit clearScriptDetails();
-}
-
-void EdCentralWidget::updateDiagnostics()
-{
-    for (EdCodeTabWidget *pane : m_panes) {
-        if (pane != active() && pane->count() > 0)
-            ScriptDetails::of(pane->currentCodeView());
-    }
-    activeViewChange();
 }
 
 void EdCentralWidget::currentTabSave()
