@@ -30,10 +30,10 @@ QString lastName(const QString &text, int start, int end)
 {
     if (start > 0 && text.at(start - 1) == QLatin1Char('$'))
         return QString();
-    while (end > start && text.at(end - 1) == QLatin1Char('.'))
-        --end;
-    const int dot = end > start ? int(text.lastIndexOf(QLatin1Char('.'), end - 1)) : -1;
-    const QString name = text.mid(qMax(start, dot + 1), end - qMax(start, dot + 1));
+    QString name = text.mid(start, end - start);
+    while (name.endsWith(QLatin1Char('.')))
+        name.chop(1);
+    name = name.mid(name.lastIndexOf(QLatin1Char('.')) + 1);
     return name.isEmpty() || name.at(0).isDigit() ? QString() : name;
 }
 
@@ -51,7 +51,8 @@ QString firstName(const QString &text)
 
 bool endsStatement(QChar c)
 {
-    return QString::fromLatin1(";{}`").contains(c);
+    return c == QLatin1Char(';') || c == QLatin1Char('{') || c == QLatin1Char('}') ||
+           c == QLatin1Char('`');
 }
 
 // Where the argument list begins that the column is in: behind an opening parenthesis that is not

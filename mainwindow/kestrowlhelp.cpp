@@ -17,15 +17,21 @@
 
 namespace {
 
+// The table has the empty name, too.
+bool isMelName(const QString &name)
+{
+    return !name.isEmpty() && melNameTable().contains(name);
+}
+
 // The name at the caret; where that is none of Maya's, such as a flag, the command before it.
 QString commandAtCaret(const QTextCursor &caret)
 {
     const QString line = caret.block().text();
     const QString name = commandWordAt(line, caret.positionInBlock());
-    if (melNameTable().contains(name) && !name.isEmpty())
+    if (isMelName(name))
         return name;
     const QString before = commandBefore(line, caret.positionInBlock());
-    return name.isEmpty() || melNameTable().contains(before) ? before : name;
+    return name.isEmpty() || isMelName(before) ? before : name;
 }
 
 } // namespace
@@ -66,7 +72,7 @@ void Kestrowl::updateAndShowQuickHelp(const QString &text, bool ignoreWhenHidden
     const QString command = quickHelpCommand(text);
     if (ignoreWhenHidden) {
         // Nobody asked: no other dock makes room, and what is shown stays if nothing is known.
-        if (melNameTable().contains(command))
+        if (isMelName(command))
             m_quickHelp->showCommand(command);
         return;
     }

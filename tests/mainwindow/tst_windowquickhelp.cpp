@@ -60,7 +60,7 @@ QString markedText(EdCodeEdit *edit)
 void TestWindowQuickHelp::initTestCase()
 {
     setCommandHelpSource(answer);
-    for (const char *name : {"ls", "polySphere"})
+    for (const char *name : {"", "ls", "polySphere"}) // Maya's list has empty names
         melNameTable().insert(name, name);
 }
 
@@ -124,7 +124,7 @@ void TestWindowQuickHelp::flagsAreInsertedAsTheLanguageHasThem()
     fixture.window.updateAndShowQuickHelp("ls", false);
     setMarkedText(fixture.edit(), text);
     const QString before = fixture.edit()->toPlainText();
-    fixture.window.insertQuickHelpFlag("radius");
+    fixture.window.insertQuickHelpFlag(type == 0 ? "radius" : "-radius"); // as Maya has it
     QTEST(markedText(fixture.edit()), "expected");
     fixture.edit()->undo();
     QCOMPARE(fixture.edit()->toPlainText(), before);
@@ -182,6 +182,7 @@ void TestWindowQuickHelp::completionsChangeNothingElse()
     fixture.window.updateAndShowQuickHelp("polySphere", true);
     fixture.window.updateAndShowQuickHelp("polySphere", true);
     fixture.window.updateAndShowQuickHelp("noCommand", true);
+    fixture.window.updateAndShowQuickHelp("", true);
     QCOMPARE(fixture.window.findChild<EdQuickHelpView *>()->command(), QString("polySphere"));
     QVERIFY(fixture.edit()->hasFocus());
 }
