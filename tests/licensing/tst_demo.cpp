@@ -7,6 +7,7 @@
 #include "tests/support/testmain.h"
 #include "workspace/edcodetabwidget.h"
 
+#include <QFile>
 #include <QSignalSpy>
 #include <QToolButton>
 
@@ -159,8 +160,12 @@ void TestDemo::onlySoManyDocumentsAreOpened()
     QCOMPARE(runs.tabCount(), 5);
     runs.window->closeTab();
     runs.window->closeTab();
-    runs.window->newBuffer(0);
-    QCOMPARE(runs.tabCount(), 4);
+    for (const bool isRefused : {false, true}) {
+        ModalAnswer another("OK");
+        runs.window->newBuffer(0);
+        QCOMPARE(another.wasAsked(), isRefused);
+        QCOMPARE(runs.tabCount(), 4);
+    }
 }
 
 void TestDemo::licenseLiftsEverythingAndSurvives()

@@ -3,6 +3,7 @@
 #include "tests/support/scratchdir.h"
 #include "tests/support/testmain.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QProcess>
 
