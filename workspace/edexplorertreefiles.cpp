@@ -3,6 +3,7 @@
 #include "workspace/edexplorertree.h"
 
 #include "compat/filesystem.h"
+#include "workspace/choicebox.h"
 #include "workspace/edexplorerfilterproxymodel.h"
 #include "workspace/fileoperations.h"
 #include "workspace/fileprogress.h"
@@ -12,10 +13,7 @@
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileInfo>
-#include <QInputDialog>
-#include <QLineEdit>
 #include <QList>
-#include <QMessageBox>
 #include <QMimeData>
 #include <QPointer>
 #include <QUrl>
@@ -68,9 +66,7 @@ QString deleteQuestion(const QStringList &paths)
 
 bool confirms(QWidget *parent, const QString &question)
 {
-    return QMessageBox::question(parent, translated("Delete"), question,
-                                 QMessageBox::Yes | QMessageBox::No,
-                                 QMessageBox::No) == QMessageBox::Yes;
+    return askYesNo(parent, translated("Delete"), question, QMessageBox::No, QMessageBox::No);
 }
 
 // A link is only deleted: it holds nothing that could be missed, and a desktop may follow it.
@@ -135,15 +131,13 @@ QString EdExplorerTree::make(const QString &title, const QString &label, Maker m
 {
     const QPointer<EdExplorerTree> self(this);
     const QString folder = targetFolder();
-    bool isAccepted = false;
-    const QString name =
-        QInputDialog::getText(this, title, label, QLineEdit::Normal, QString(), &isAccepted);
-    if (!isAccepted || !self)
+    const std::optional<QString> name = askText(this, title, label);
+    if (!name || !self)
         return QString();
     QString reason;
-    const QString path = maker(folder, name, &reason);
+    const QString path = maker(folder, *name, &reason);
     if (path.isEmpty())
-        complain(tr("Cannot create %1:\n%2.").arg(name, reason));
+        complain(tr("Cannot create %1:\n%2.").arg(*name, reason));
     else
         select(path);
     return path;
@@ -236,7 +230,7 @@ void EdExplorerTree::remove()
 {
     const QPointer<EdExplorerTree> self(this);
     const QStringList paths = outermostPaths(selectedPaths());
-    if (paths.isEmpty() || !confirms(this, deleteQuestion(paths)))
+    if (paths.isEmpty() || !confirms(this, deleteQuestion(paths)) || !self)
         return;
     FileProgress progress(tr("Deleting..."), this);
     QString reason;
@@ -262,5 +256,5 @@ void EdExplorerTree::showInFolder()
 
 void EdExplorerTree::complain(const QString &text)
 {
-    QMessageBox::warning(this, tr("Error"), text);
+    showWarning(this, tr("Error"), text);
 }

@@ -513,16 +513,17 @@ void TestEdExplorerView::takenNamesAreRefused()
 void TestEdExplorerView::deletingAsks()
 {
     Fixture fixture;
-    const QString path = fixture.write("a.py");
+    const QString path = fixture.write("a <b>.py");
     fixture.write("b.py");
     fixture.show();
-    QCOMPARE(fixture.namesOnceThey(list("a.py|b.py")), list("a.py|b.py"));
+    QCOMPARE(fixture.namesOnceThey(list("a <b>.py|b.py")), list("a <b>.py|b.py"));
     QSignalSpy deleted(&fixture.view, SIGNAL(fileDeleted(QString)));
-    fixture.select("a.py");
+    fixture.select("a <b>.py");
     {
         ModalAnswer answer("No");
         fixture.press(Qt::Key_Delete);
-        QVERIFY(answer.text().startsWith("Delete 'a.py'?\n"));
+        QVERIFY(answer.text().startsWith("Delete 'a <b>.py'?\n"));
+        QCOMPARE(answer.textFormat(), Qt::PlainText);
         QCOMPARE(answer.text().contains("trash"), compat::hasTrash());
     }
     QVERIFY(QFile::exists(path));
