@@ -3,6 +3,10 @@
 
 #include "compat/nativepath.h"
 
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <memory>
 #include <vector>
 
 namespace fs = std::filesystem;
@@ -27,6 +31,29 @@ bool succeeds(const std::error_code &error, QString *errorMessage)
     return !error;
 }
 
+const std::uintmax_t longFile = 32 * 1024 * 1024; // bytes; with less nobody has to wait
+const std::size_t slice = 1024 * 1024;
+
+struct Closing
+{
+    void operator()(std::FILE *file) const { std::fclose(file); }
+};
+using OpenFile = std::unique_ptr<std::FILE, Closing>;
+
+OpenFile openFile(const fs::path &path, const char *mode)
+{
+#ifdef _WIN32
+    return OpenFile(_wfopen(path.c_str(), std::wstring(mode, mode + std::strlen(mode)).c_str()));
+#else
+    return OpenFile(std::fopen(path.c_str(), mode));
+#endif
+}
+
+std::error_code lastError()
+{
+    return std::error_code(errno, std::generic_category());
+}
+
 // One copy. Everything is made exclusively, so that undoing it takes away nothing else.
 class TreeCopy
 {
@@ -46,6 +73,7 @@ private:
     };
 
     std::error_code copyFile(const fs::path &from, const fs::path &to);
+    std::error_code copyInSlices(const fs::path &from, const fs::path &to);
     std::error_code copyFolder(const fs::path &from, const fs::path &to, fs::perms permissions);
 
     const GoesOn &m_goesOn;
@@ -77,10 +105,37 @@ std::error_code TreeCopy::copy(const fs::path &from, const fs::path &to)
 std::error_code TreeCopy::copyFile(const fs::path &from, const fs::path &to)
 {
     std::error_code error;
+    const std::uintmax_t size = m_goesOn ? fs::file_size(from, error) : 0;
+    if (error)
+        return error;
+    if (size > longFile)
+        return copyInSlices(from, to);
     fs::copy_file(from, to, error);
     if (error != std::errc::file_exists)
         m_made.push_back(to); // a part of it, if it failed
     return error;
+}
+
+// As the system does it a copy cannot be ended before it is whole.
+std::error_code TreeCopy::copyInSlices(const fs::path &from, const fs::path &to)
+{
+    const OpenFile source = openFile(from, "rb");
+    OpenFile target = source ? openFile(to, "wbx") : nullptr;
+    if (!target)
+        return lastError();
+    m_made.push_back(to);
+    std::error_code ignored; // of a file system without permissions
+    fs::permissions(to, fs::status(from, ignored).permissions(), ignored);
+    std::vector<char> bytes(slice);
+    while (const std::size_t size = std::fread(bytes.data(), 1, slice, source.get())) {
+        if (std::fwrite(bytes.data(), 1, size, target.get()) != size)
+            return lastError();
+        if (isEnded(m_goesOn))
+            return ended();
+    }
+    if (std::ferror(source.get()) || std::fclose(target.release()) != 0)
+        return lastError();
+    return std::error_code();
 }
 
 std::error_code TreeCopy::copyFolder(const fs::path &from, const fs::path &to,

@@ -8,7 +8,8 @@
 // Copying and deleting files with all that is below them.
 namespace compat {
 
-// Asked before each file; false ends the operation there, which then fails without a message.
+// Asked before each file, and in the midst of copying a long one; false ends the operation there,
+// which then fails without a message.
 using GoesOn = std::function<bool()>;
 
 // Copies a file, a link or a folder with all that it holds; links are copied as links. Fails where

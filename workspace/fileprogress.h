@@ -18,7 +18,8 @@ public:
     FileProgress(const FileProgress &) = delete;
     FileProgress &operator=(const FileProgress &) = delete;
 
-    // To be asked again and again, before each file. False once the user ends it.
+    // To be asked again and again: before each file, and within long ones. False once the user ends
+    // it.
     bool goesOn();
     // Until it is asked again nothing is shown: for the time of another question, or at the end.
     void stop();

@@ -26,6 +26,7 @@ private slots:
     void foldersAreCopiedWhole();
     void readOnlyFoldersAreCopiedAsSuch();
     void whatTheUserEndsIsUndoneOrLeft();
+    void copiesOfLongFilesCanBeEnded();
     void anotherLinkIsNoOtherCase();
     void foldersAreNotCopiedIntoThemselves();
     void linksAreCopiedAndDeletedAsLinks();
@@ -158,6 +159,28 @@ void TestFileOperations::whatTheUserEndsIsUndoneOrLeft()
     QVERIFY(!compat::removeTree(dir.file("from"), &reason, goesOn));
     QCOMPARE(reason, QString());
     QVERIFY(countFiles(dir.file("from"), 99).files >= 2);
+}
+
+void TestFileOperations::copiesOfLongFilesCanBeEnded()
+{
+    ScratchDir dir;
+    QVERIFY(QDir(dir.path()).mkpath("to"));
+    const qint64 size = 40 * 1024 * 1024;
+    QFile file(dir.write("a.mb", "begin"));
+    QVERIFY(file.open(QIODevice::ReadWrite) && file.seek(size - 3) && file.write("end") == 3);
+    file.close();
+    QVERIFY(file.setPermissions(QFile::ReadOwner));
+    int steps = 4;
+    QString reason = "none";
+    const compat::GoesOn goesOn = [&] { return steps-- > 0; };
+    QCOMPARE(copyInto(dir.file("to"), file.fileName(), &reason, goesOn), QString());
+    QCOMPARE(reason, QString());
+    QVERIFY(!compat::isTaken(dir.file("to/a.mb")));
+    steps = 100;
+    QCOMPARE(copyInto(dir.file("to"), file.fileName(), &reason, goesOn), dir.file("to/a.mb"));
+    const QByteArray copied = dir.read("to/a.mb");
+    QVERIFY(copied.size() == size && copied.startsWith("begin") && copied.endsWith("end"));
+    QCOMPARE(QFile::permissions(dir.file("to/a.mb")), QFile::permissions(file.fileName()));
 }
 
 // By the other letters of its name a file can be had only on some systems; elsewhere that may be
