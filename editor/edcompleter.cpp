@@ -8,6 +8,7 @@
 #include "editor/editorlanguage.h"
 #include "preferences/preferences.h"
 
+#include <QApplication>
 #include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QPlainTextEdit>
@@ -71,11 +72,15 @@ QRect placeBeside(const QRect &letter, QSize size, bool above, const QRect &scre
     return QRect(QPoint(left, above ? letter.top() - size.height() : letter.bottom() + 1), size);
 }
 
-// The window is never the active one, which must not show.
-QPalette alwaysActive(QPalette palette)
+// The window is never the active one, which must not show; and its frame, drawn in the colour of
+// text, would be a glaring one.
+QPalette popupPalette(QPalette palette)
 {
     for (QPalette::ColorRole role : {QPalette::Highlight, QPalette::HighlightedText})
         palette.setColor(QPalette::Inactive, role, palette.color(QPalette::Active, role));
+    QColor frame = palette.color(QPalette::WindowText);
+    frame.setAlpha(90);
+    palette.setColor(QPalette::WindowText, frame);
     return palette;
 }
 
@@ -89,7 +94,7 @@ EdCompleter::EdCompleter(QPlainTextEdit *editor)
     setUpdatesEnabled(true); // the editor's parent may be made without; a window is not told later
     setAttribute(Qt::WA_ShowWithoutActivating);
     setFocusPolicy(Qt::NoFocus); // the caret stays in the editor
-    setPalette(alwaysActive(palette()));
+    setPalette(popupPalette(palette()));
     setFrameStyle(QFrame::Box | QFrame::Plain);
     setUniformItemSizes(true);
     setIconSize(QSize(iconWidth, iconWidth));
@@ -240,7 +245,12 @@ void EdCompleter::keyPressEvent(QKeyEvent *event)
         return choose(currentIndex().row(), Replaced::Word);
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        return choose(currentIndex().row(), Replaced::Typed);
+        if (currentIndex().data().toString() != typedText())
+            return choose(currentIndex().row(), Replaced::Typed);
+        // The word is finished; whoever went on typing to its end means the line.
+        hide();
+        QApplication::sendEvent(m_editor, event);
+        return;
     case Qt::Key_Escape:
         return hide();
     case Qt::Key_Up:

@@ -144,6 +144,7 @@ void TestEdCompleter::choosingIsOneStep_data()
     QTest::addColumn<QString>("after");
     row("return", "x a| y", "R", "x abc0| y");
     row("return-inside", "a|bx", "R", "abc0|bx");
+    row("return-unchanged", "x abc2|", "R", "x abc2\n    |");
     row("tab-inside", "a|bx.c", "T", "abc0|.c");
     row("tab-other-case", "AB|", "T", "abc0|");
     row("down", "a|", "DDR", "abc2|");
