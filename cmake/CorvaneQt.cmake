@@ -2,7 +2,8 @@
 # One Qt for the whole build, whatever its major version:
 #   Corvane::Qt       core, gui and widgets
 #   Corvane::QtTest   the same and the test library
-# CORVANE_QT chooses the version; AUTO takes the first of 5, 6, 4 that is installed.
+# CORVANE_QT chooses the version; AUTO takes that of the devkit's release, or without a devkit the
+# first of 5, 6, 4 that is installed.
 
 set(CORVANE_QT "AUTO" CACHE STRING "Qt major version: 4, 5, 6 or AUTO")
 set_property(CACHE CORVANE_QT PROPERTY STRINGS AUTO 4 5 6)
@@ -13,11 +14,14 @@ add_library(corvane_qt_test INTERFACE)
 add_library(Corvane::QtTest ALIAS corvane_qt_test)
 
 macro(_corvane_find_modern_qt major requirement)
-    find_package(Qt${major} ${requirement} COMPONENTS Core Gui Widgets Test)
+    # A devkit need not have what only tests want.
+    find_package(Qt${major} ${requirement} COMPONENTS Core Gui Widgets OPTIONAL_COMPONENTS Test)
     if(Qt${major}_FOUND)
         set(CORVANE_QT_MAJOR ${major})
         target_link_libraries(corvane_qt INTERFACE Qt${major}::Core Qt${major}::Gui Qt${major}::Widgets)
-        target_link_libraries(corvane_qt_test INTERFACE corvane_qt Qt${major}::Test)
+        if(TARGET Qt${major}::Test)
+            target_link_libraries(corvane_qt_test INTERFACE corvane_qt Qt${major}::Test)
+        endif()
     endif()
 endmacro()
 
@@ -31,7 +35,11 @@ macro(_corvane_find_qt4 requirement)
 endmacro()
 
 unset(CORVANE_QT_MAJOR)
-if(CORVANE_QT STREQUAL "AUTO")
+set(_corvane_wanted_qt ${CORVANE_QT})
+if(CORVANE_QT STREQUAL "AUTO" AND CORVANE_DEVKIT_QT)
+    set(_corvane_wanted_qt ${CORVANE_DEVKIT_QT})
+endif()
+if(_corvane_wanted_qt STREQUAL "AUTO")
     _corvane_find_modern_qt(5 QUIET)
     if(NOT CORVANE_QT_MAJOR)
         _corvane_find_modern_qt(6 QUIET)
@@ -39,10 +47,10 @@ if(CORVANE_QT STREQUAL "AUTO")
     if(NOT CORVANE_QT_MAJOR)
         _corvane_find_qt4(REQUIRED)
     endif()
-elseif(CORVANE_QT EQUAL 4)
+elseif(_corvane_wanted_qt EQUAL 4)
     _corvane_find_qt4(REQUIRED)
 else()
-    _corvane_find_modern_qt(${CORVANE_QT} REQUIRED)
+    _corvane_find_modern_qt(${_corvane_wanted_qt} REQUIRED)
 endif()
 message(STATUS "Qt major version: ${CORVANE_QT_MAJOR}")
 
