@@ -3,7 +3,6 @@
 #include "standin/ui/userinterface.h"
 #include "tests/plugin/pluginfixture.h"
 #include "tests/support/modalanswer.h"
-#include "tests/support/skip.h"
 #include "tests/support/testmain.h"
 
 #include <QAction>
@@ -302,8 +301,6 @@ void ActionsTest::everyActionDoesItsWork()
     QFETCH(QString, id);
     const Row *row = rowOf(id);
     QVERIFY2(row, "nobody checks what this action does");
-    if (!action(id)->isEnabled())
-        CORVANE_SKIP("what this action opens does not exist yet");
     if (row->prepare)
         (this->*row->prepare)();
     runIdle();

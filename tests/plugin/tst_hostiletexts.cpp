@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 // Texts of users that look like code, on their ways into Maya: they arrive, and run nothing.
+#include "bridge/forcedimports.h"
 #include "bridge/mayainterface.h"
+#include "bridge/melcatalogue.h"
 #include "bridge/pythonanalysis.h"
 #include "mainwindow/kestrowl.h"
 #include "plugin/mayahandler.h"
+#include "preferences/preferences.h"
 #include "standin/host/idlequeue.h"
 #include "standin/host/utf8.h"
 #include "standin/python/python.h"
@@ -72,6 +75,7 @@ private slots:
     void labelsAndScriptsReachTheShelf();
     void scriptsAreSourcedByTheirPaths();
     void textsReachPython();
+    void namesAreAskedAboutAndNotRun();
 
 private:
     QString melString(const char *text);
@@ -168,6 +172,22 @@ void HostileTextsTest::textsReachPython()
         QVERIFY(value);
         QCOMPARE(standin::toQt(*value), text);
     }
+}
+
+// Whatever stands at the caret, and whatever is written in the preferences.
+void HostileTextsTest::namesAreAskedAboutAndNotRun()
+{
+    std::mt19937 random(4);
+    for (int i = 0; i < rounds; ++i) {
+        const QString name = hostileText(random);
+        QVERIFY2(melCommandHelp(name).kind == CommandKind::Unknown, qPrintable(name));
+        QCOMPARE(commandFlags(name), QStringList());
+        QCOMPARE(m_log->take(), QStringList());
+        preferences().pythonForcedImports = "os" + name;
+        importForcedModules();
+        m_log->take(); // of names that are none, and of modules that do not exist
+    }
+    preferences().pythonForcedImports = QString();
 }
 
 CORVANE_TEST_MAIN(HostileTextsTest)
