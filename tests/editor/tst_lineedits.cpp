@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "editor/lineedits.h"
 #include "tests/editor/scriptedit.h"
+#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 
 class LineEditsTest : public QObject
@@ -129,10 +130,7 @@ void LineEditsTest::widthsAreVisual()
 
 void LineEditsTest::linesAreEdited_data()
 {
-    QTest::addColumn<QString>("edit");
-    QTest::addColumn<QString>("style");
-    QTest::addColumn<QString>("given");
-    QTest::addColumn<QString>("expected");
+    columns<QString, QString, QString, QString>("edit", "style", "given", "expected");
     tabRows();
     backtabRows();
     duplicateRows();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "editor/melscanner.h"
 #include "editor/pythonscanner.h"
+#include "tests/support/datatable.h"
 #include "tests/support/lineartime.h"
 #include "tests/support/testmain.h"
 
@@ -82,12 +83,8 @@ QString listed(const std::vector<Bracket> &brackets)
 
 void ScannersTest::codeIsSeparated_data()
 {
-    QTest::addColumn<QString>("language");
-    QTest::addColumn<int>("before");
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<int>("after");
-    QTest::addColumn<QString>("code");
-    QTest::addColumn<QString>("brackets");
+    columns<QString, int, QString, int, QString, QString>("language", "before", "line", "after",
+                                                          "code", "brackets");
     QString language;
     const auto row = [&language](const char *tag, int before, const char *line, int after,
                                  const char *code, const char *brackets = "") {
@@ -150,9 +147,7 @@ void ScannersTest::codeIsSeparated()
 
 void ScannersTest::wordsAreColoured_data()
 {
-    QTest::addColumn<QString>("language");
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<QString>("drawing");
+    columns<QString, QString, QString>("language", "line", "drawing");
     QString language;
     const auto row = [&language](const char *tag, const QString &line, const char *drawing) {
         QTest::newRow((language + QLatin1Char('-') + QLatin1String(tag)).toLatin1().constData())

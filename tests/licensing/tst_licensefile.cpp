@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/licensing/issuer.h"
+#include "tests/support/datatable.h"
 #include "tests/support/scratchdir.h"
 #include "tests/support/testmain.h"
 
@@ -44,11 +45,11 @@ void TestLicenseFile::whatWasIssuedIsValid_data()
 
     const QByteArray text = m_issuer.license("Ada L\xc3\xb6velace", QDate(2030, 12, 31));
     const QByteArray spaced = QByteArray(text).replace("\n", "  \n\n");
-    QTest::newRow("as-it-is") << text;
-    QTest::newRow("windows-line-ends") << QByteArray(text).replace("\n", "\r\n");
-    QTest::newRow("mark-and-blanks") << "\xef\xbb\xbf\n " + spaced;
-    QTest::newRow("broken-line") << QByteArray(text).insert(text.size() - 30, '\n');
-    QTest::newRow("no-end-of-line") << text.trimmed();
+    row("as-it-is", text);
+    row("windows-line-ends", QByteArray(text).replace("\n", "\r\n"));
+    row("mark-and-blanks", "\xef\xbb\xbf\n " + spaced);
+    row("broken-line", QByteArray(text).insert(text.size() - 30, '\n'));
+    row("no-end-of-line", text.trimmed());
 }
 
 void TestLicenseFile::whatWasIssuedIsValid()
@@ -77,28 +78,26 @@ void TestLicenseFile::everyChangedCharacterIsNoticed()
 
 void TestLicenseFile::brokenTextsAreNamed_data()
 {
-    QTest::addColumn<QByteArray>("text");
-    QTest::addColumn<QString>("problem");
+    columns<QByteArray, QString>("text", "problem");
 
     const QByteArray good = m_issuer.license("Ada");
     const QString foreign = "This is no license of Corvane Editor.";
     const QString damaged = "The license is incomplete or damaged.";
     const QString changed = "The license was changed, or was not issued for this program.";
-    QTest::newRow("empty") << QByteArray() << foreign;
-    QTest::newRow("binary") << QByteArray("\x7f"
-                                          "ELF\0\0\xff\xfe",
-                                          8)
-                            << foreign;
-    QTest::newRow("foreign") << QByteArray("Other license\nName: Ada\n") << foreign;
-    QTest::newRow("title-only") << QByteArray("Corvane Editor license") << damaged;
-    QTest::newRow("truncated") << good.left(good.size() - 20) << damaged;
-    QTest::newRow("signature-is-none")
-        << good.left(good.indexOf("Sig")) + "Signature: ?" << damaged;
-    QTest::newRow("longer-signature") << good.trimmed() + "AAAA" << damaged;
-    QTest::newRow("another-name") << QByteArray(good).replace("Ada", "Bob") << changed;
-    QTest::newRow("without-expiry")
-        << m_issuer.license("Ada", today).replace("2030", "never") << changed;
-    QTest::newRow("key-of-others") << Issuer().license("Ada") << changed;
+    row("empty", QByteArray(), foreign);
+    row("binary",
+        QByteArray("\x7f"
+                   "ELF\0\0\xff\xfe",
+                   8),
+        foreign);
+    row("foreign", QByteArray("Other license\nName: Ada\n"), foreign);
+    row("title-only", QByteArray("Corvane Editor license"), damaged);
+    row("truncated", good.left(good.size() - 20), damaged);
+    row("signature-is-none", good.left(good.indexOf("Sig")) + "Signature: ?", damaged);
+    row("longer-signature", good.trimmed() + "AAAA", damaged);
+    row("another-name", QByteArray(good).replace("Ada", "Bob"), changed);
+    row("without-expiry", m_issuer.license("Ada", today).replace("2030", "never"), changed);
+    row("key-of-others", Issuer().license("Ada"), changed);
 }
 
 void TestLicenseFile::brokenTextsAreNamed()
@@ -153,8 +152,7 @@ void TestLicenseFile::theToolSignsWhatTheProgramAccepts()
     const QString key = dir.file("key");
     const QByteArray publicKey =
         QByteArray::fromBase64(toolOutput(QStringList() << "keys" << key).trimmed());
-    const QStringList who = QStringList() << "sign" << key << "Ada"
-                                          << "Example Inc.";
+    const QStringList who = strings({"sign", key, "Ada", "Example Inc."});
     const LicenseAnswer answer = check(toolOutput(QStringList(who) << "2031-01-02"), publicKey);
     QCOMPARE(answer.problem, QString());
     QCOMPARE(answer.license.contact, QString("Example Inc."));
@@ -162,9 +160,7 @@ void TestLicenseFile::theToolSignsWhatTheProgramAccepts()
     QCOMPARE(check(toolOutput(QStringList(who) << "never"), publicKey).problem, QString());
     for (const char *date : {"2031-02-30", "tomorrow", ""})
         QCOMPARE(toolOutput(QStringList(who) << date, 1), QByteArray());
-    const QStringList twoLines = QStringList() << "sign" << key << "A\nB"
-                                               << "C"
-                                               << "never";
+    const QStringList twoLines = strings({"sign", key, "A\nB", "C", "never"});
     QCOMPARE(toolOutput(twoLines, 1), QByteArray());
 }
 

@@ -3,6 +3,7 @@
 #include "analysis/edquickhelpview.h"
 #include "bridge/melnametable.h"
 #include "tests/mainwindow/windowfixture.h"
+#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 
 #include <QDockWidget>
@@ -72,46 +73,27 @@ void TestWindowQuickHelp::cleanupTestCase()
 
 void TestWindowQuickHelp::flagsAreInsertedAsTheLanguageHasThem_data()
 {
-    QTest::addColumn<int>("type");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("expected");
+    columns<int, QString, QString>("type", "text", "expected");
 
     const int mel = 0;
     const int python = 1;
-    QTest::newRow("behind-the-command") << mel << "ls|"
-                                        << "ls -radius |";
-    QTest::newRow("behind-a-blank") << mel << "ls |-sl"
-                                    << "ls -radius |-sl";
-    QTest::newRow("dash-typed") << mel << "ls -|"
-                                << "ls -radius |";
-    QTest::newRow("start-typed") << mel << "ls -ra|"
-                                 << "ls -radius |";
-    QTest::newRow("other-flag-typed") << mel << "ls -sl|"
-                                      << "ls -sl -radius |";
-    QTest::newRow("in-the-command") << mel << "l|s;"
-                                    << "ls -radius |;";
-    QTest::newRow("before-the-command") << mel << "|ls;"
-                                        << "ls -radius |;";
-    QTest::newRow("command-selected") << mel << "`[ls]`"
-                                      << "`ls -radius |`";
-    QTest::newRow("empty-line") << mel << "|"
-                                << "-radius |";
-    QTest::newRow("first-parameter") << python << "cmds.ls(|)"
-                                     << "cmds.ls(radius=|)";
-    QTest::newRow("next-parameter") << python << "cmds.ls(sl=1|)"
-                                    << "cmds.ls(sl=1, radius=|)";
-    QTest::newRow("behind-a-comma") << python << "cmds.ls(a,|)"
-                                    << "cmds.ls(a, radius=|)";
-    QTest::newRow("comma-and-blank") << python << "ls(a, |)"
-                                     << "ls(a, radius=|)";
-    QTest::newRow("parameter-begun") << python << "cmds.ls(a, ra|)"
-                                     << "cmds.ls(a, radius=|)";
-    QTest::newRow("without-parentheses") << python << "cmds.ls|"
-                                         << "cmds.ls(radius=|";
-    QTest::newRow("into-the-parentheses") << python << "cmds.[ls]()"
-                                          << "cmds.ls(radius=|)";
-    QTest::newRow("line-of-its-own") << python << "ls(\n    |)"
-                                     << "ls(\n    radius=|)";
+    row("behind-the-command", mel, "ls|", "ls -radius |");
+    row("behind-a-blank", mel, "ls |-sl", "ls -radius |-sl");
+    row("dash-typed", mel, "ls -|", "ls -radius |");
+    row("start-typed", mel, "ls -ra|", "ls -radius |");
+    row("other-flag-typed", mel, "ls -sl|", "ls -sl -radius |");
+    row("in-the-command", mel, "l|s;", "ls -radius |;");
+    row("before-the-command", mel, "|ls;", "ls -radius |;");
+    row("command-selected", mel, "`[ls]`", "`ls -radius |`");
+    row("empty-line", mel, "|", "-radius |");
+    row("first-parameter", python, "cmds.ls(|)", "cmds.ls(radius=|)");
+    row("next-parameter", python, "cmds.ls(sl=1|)", "cmds.ls(sl=1, radius=|)");
+    row("behind-a-comma", python, "cmds.ls(a,|)", "cmds.ls(a, radius=|)");
+    row("comma-and-blank", python, "ls(a, |)", "ls(a, radius=|)");
+    row("parameter-begun", python, "cmds.ls(a, ra|)", "cmds.ls(a, radius=|)");
+    row("without-parentheses", python, "cmds.ls|", "cmds.ls(radius=|");
+    row("into-the-parentheses", python, "cmds.[ls]()", "cmds.ls(radius=|)");
+    row("line-of-its-own", python, "ls(\n    |)", "ls(\n    radius=|)");
 }
 
 void TestWindowQuickHelp::flagsAreInsertedAsTheLanguageHasThem()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "workspace/textfile.h"
 
+#include "tests/support/datatable.h"
 #include "tests/support/localecodec.h"
 #include "tests/support/scratchdir.h"
 #include "tests/support/skip.h"
@@ -30,9 +31,7 @@ private slots:
 
 void TestTextFile::bytesTellTheEncoding_data()
 {
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<int>("encoding");
-    QTest::addColumn<QString>("text");
+    columns<QByteArray, int, QString>("bytes", "encoding", "text");
 
     const auto row = [](const char *tag, const QByteArray &bytes, TextEncoding encoding,
                         const QString &text) {
@@ -150,9 +149,7 @@ void TestTextFile::theLocaleComesBeforeLatin1()
 
 void TestTextFile::charactersThatAreMissingAreNamed_data()
 {
-    QTest::addColumn<int>("encoding");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("message");
+    columns<int, QString, QString>("encoding", "text", "message");
 
     QTest::newRow("latin-1") << int(TextEncoding::Latin1)
                              << QString::fromUtf8("\xC3\xA4\r\n\r\n \xE2\x82\xAC \xCE\xB1")

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "standin/host/outputhistory.h"
 #include "tests/standin/host/testsession.h"
+#include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 
 #include <QFile>
@@ -25,11 +26,7 @@ private slots:
 
 void TestOutputHistory::messagesAreShownInTheFormOfTheRelease_data()
 {
-    QTest::addColumn<int>("kind");
-    QTest::addColumn<bool>("python");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("upTo2022");
-    QTest::addColumn<QString>("from2023");
+    columns<int, bool, QString, QString, QString>("kind", "python", "text", "upTo2022", "from2023");
 
     const auto row = [](const char *tag, MessageKind kind, bool python, const char *text,
                         const char *upTo2022, const char *from2023) {
@@ -81,8 +78,7 @@ void TestOutputHistory::theSignIsThatOfTheLanguageThatRanLast()
 
 void TestOutputHistory::suppressedKindsStayOutOfTheHistoryOnly_data()
 {
-    QTest::addColumn<QString>("flag");
-    QTest::addColumn<int>("kind");
+    columns<QString, int>("flag", "kind");
     QTest::newRow("info") << "suppressInfo" << static_cast<int>(MessageKind::Info);
     QTest::newRow("warnings") << "suppressWarnings" << static_cast<int>(MessageKind::Warning);
     QTest::newRow("errors") << "suppressErrors" << static_cast<int>(MessageKind::Error);
