@@ -68,6 +68,8 @@ public slots:
     void storeLicense(const QString &text);
     // Shows whether this is a demo.
     void updateDemoNotice();
+    // Tells where changes are that a demo could not save before the document was closed.
+    void explainClosed(EdCodeView *view);
 
     // Files and buffers. A buffer type of 0 makes a MEL buffer, 1 a Python buffer, others ask.
     void newBuffer(int bufferType = -1);

@@ -4,6 +4,9 @@
 
 #include "licensing/license.h"
 #include "mainwindow/dialogs.h"
+#include "workspace/edcentralwidget.h"
+#include "workspace/edcodetabwidget.h"
+#include "workspace/edcodeview.h"
 #ifdef CORVANE_DEMO
 #include "licensing/licensedialog.h"
 #endif
@@ -30,6 +33,9 @@ void Kestrowl::readLicense()
     if (isDemo())
         warnOf(tr("This is a demo: it does not save to files."));
     updateDemoNotice();
+    for (int id = 0; id < EdCentralWidget::PaneCount; ++id)
+        connect(m_central->pane(id), SIGNAL(codeViewRetired(EdCodeView *)),
+                SLOT(explainClosed(EdCodeView *)));
 }
 
 #else
@@ -49,6 +55,13 @@ void Kestrowl::storeLicense(const QString &text)
     m_license = text;
     updateDemoNotice();
     warnOf(writeSettings());
+}
+
+void Kestrowl::explainClosed(EdCodeView *view)
+{
+    if (!savingAllowed() && !view->isBuffer() && view->isModified())
+        setStatusText(tr("The demo does not save: the changes of %1 come back at the next start.")
+                          .arg(view->fileInfo().fileName()));
 }
 
 // In the menu bar's corner, which no setting hides. Saving under another name is for files alone;

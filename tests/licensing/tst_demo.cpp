@@ -9,6 +9,7 @@
 
 #include <QFile>
 #include <QSignalSpy>
+#include <QStatusBar>
 #include <QToolButton>
 
 #include <memory>
@@ -129,6 +130,7 @@ void TestDemo::closedChangesComeBack()
     runs.openChanged("a.mel");
     runs.window->closeTab();
     QCOMPARE(runs.tabCount(), 0);
+    QVERIFY(runs.window->statusBar()->currentMessage().contains("a.mel come back"));
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QCOMPARE(runs.window->writeSettings(), QString());
     runs.start();
