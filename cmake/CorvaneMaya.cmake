@@ -75,6 +75,19 @@ function(_corvane_define_abi api_version)
     endif()
 endfunction()
 
+# What the headers of the older releases expect to find defined.
+function(_corvane_define_platform)
+    target_compile_definitions(Maya::Sdk INTERFACE _BOOL REQUIRE_IOSTREAM)
+    if(WIN32)
+        # They include the system's headers, whose macros would stand in the way of std::min.
+        target_compile_definitions(Maya::Sdk INTERFACE NT_PLUGIN NOMINMAX)
+    elseif(APPLE)
+        target_compile_definitions(Maya::Sdk INTERFACE OSMac_ MAC_PLUGIN)
+    else()
+        target_compile_definitions(Maya::Sdk INTERFACE LINUX)
+    endif()
+endfunction()
+
 macro(_corvane_import_devkit)
     add_library(Maya::Sdk INTERFACE IMPORTED GLOBAL)
     _corvane_find_headers()
@@ -83,9 +96,7 @@ macro(_corvane_import_devkit)
     corvane_maya_release(${_corvane_api_version} MAYA_RELEASE)
     message(STATUS "Maya: ${MAYA_RELEASE}, API version ${_corvane_api_version} (${MAYA_INCLUDE_DIR})")
     target_include_directories(Maya::Sdk SYSTEM INTERFACE ${MAYA_INCLUDE_DIR})
-    # What the headers of the older releases expect to find defined, per platform.
-    target_compile_definitions(Maya::Sdk INTERFACE _BOOL REQUIRE_IOSTREAM
-        $<$<PLATFORM_ID:Linux>:LINUX> $<$<PLATFORM_ID:Windows>:NT_PLUGIN> $<$<PLATFORM_ID:Darwin>:OSMac_ MAC_PLUGIN>)
+    _corvane_define_platform()
     _corvane_define_abi(${_corvane_api_version})
     if(_corvane_api_version LESS 201700)
         set(CORVANE_DEVKIT_QT 4)
