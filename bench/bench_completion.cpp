@@ -10,6 +10,7 @@
 #include "editor/edcompleter.h"
 #include "editor/edhighlighter.h"
 #include "editor/editorlanguage.h"
+#include "editor/openscripts.h"
 #include "preferences/preferences.h"
 
 #include <QAbstractItemView>
@@ -48,6 +49,20 @@ double percentile95(Times times)
     return times[times.size() * 95 / 100];
 }
 
+// What the open scripts declare.
+class Scripts : public OpenScripts
+{
+public:
+    std::vector<Completion> melNamesFor(const QTextDocument *) const override
+    {
+        std::vector<Completion> names;
+        for (int i = 0; i < 2500; ++i)
+            names.push_back({QString::fromLatin1("own%1Procedure").arg(i * 7919 % 2500),
+                             CompletionKind::Procedure, QString()});
+        return names;
+    }
+};
+
 // Such as Maya has: a few first words, of which one is that of a quarter of the names.
 QStringList names(int count)
 {
@@ -61,6 +76,17 @@ QStringList names(int count)
                    .arg(i);
     }
     return all;
+}
+
+// One that is not closed yet, the longest that is searched for variables.
+QString longProcedure()
+{
+    QString text = QString::fromLatin1("global proc last(string $objects[])\n{\n");
+    for (int i = 0; i < 2000; ++i)
+        text += QString::fromLatin1("    int $value%1 = size($objects) + %2; // the next\n")
+                    .arg(i % 200)
+                    .arg(i);
+    return text;
 }
 
 void press(QWidget *widget, int key, const QString &text,
@@ -175,7 +201,9 @@ int main(int argc, char **argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     preferences().melCompleteOnLetters = true;
-    const QString text = melSample(10000) + QLatin1Char('\n');
+    const Scripts scripts;
+    setOpenScripts(&scripts);
+    const QString text = melSample(10000) + longProcedure();
     bool ok = measure(2500, text);
     ok &= measure(10000, text);
     return ok ? 0 : 1;

@@ -20,6 +20,9 @@
 
 namespace {
 
+const Qt::KeyboardModifiers commandModifiers =
+    Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+
 const int longestAnswer = 100; // ms; a longer one is not waited for again while typing
 const int mostRows = 12;       // that are seen at once
 const int fewestColumns = 24;  // of characters
@@ -62,6 +65,15 @@ bool isCompletable(const QString &text)
             return false;
     }
     return true;
+}
+
+// Of an action, which the popup would outlive: Ctrl+Enter executes.
+bool isShortcut(const QEvent &event)
+{
+    if (event.type() != QEvent::ShortcutOverride)
+        return false;
+    const QKeyEvent &key = static_cast<const QKeyEvent &>(event);
+    return EdCompleter::isKey(key.key()) && (key.modifiers() & commandModifiers);
 }
 
 // Where a list of that size goes: below the word's first letter or above it, inside the screen.
@@ -238,7 +250,7 @@ bool EdCompleter::isKey(int key)
 void EdCompleter::keyPressEvent(QKeyEvent *event)
 {
     event->accept();
-    if (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
+    if (event->modifiers() & commandModifiers)
         return hide();
     switch (event->key()) {
     case Qt::Key_Tab:
@@ -335,7 +347,7 @@ bool EdCompleter::eventFilter(QObject *watched, QEvent *event)
         hides = type == QEvent::MouseButtonPress || type == QEvent::Wheel;
     else if (watched == m_editor || watched == m_editor->window())
         hides = type == QEvent::FocusOut || type == QEvent::Hide || type == QEvent::Move ||
-                type == QEvent::Resize;
+                type == QEvent::Resize || isShortcut(*event);
     if (hides)
         hide();
     return QListView::eventFilter(watched, event);

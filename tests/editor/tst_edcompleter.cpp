@@ -201,7 +201,7 @@ void TestEdCompleter::hidesWhenTheViewChanges_data()
 {
     QTest::addColumn<QString>("change");
     for (const char *change : {"scroll", "wheel", "focus", "move", "resize", "hide", "click",
-                               "caret", "select", "language", "text"})
+                               "caret", "select", "language", "execute", "text"})
         row(change, change);
 }
 
@@ -231,6 +231,8 @@ void TestEdCompleter::hidesWhenTheViewChanges()
         m_edit->selectAll();
     } else if (change == "language") {
         m_edit->setLanguage(PythonLanguage);
+    } else if (change == "execute") {
+        press(Qt::Key_Return, Qt::ControlModifier);
     } else {
         m_edit->setText("xyz");
     }
