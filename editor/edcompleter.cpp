@@ -84,6 +84,11 @@ QRect placeBeside(const QRect &letter, QSize size, bool above, const QRect &scre
     return QRect(QPoint(left, above ? letter.top() - size.height() : letter.bottom() + 1), size);
 }
 
+QString insertedText(const Completion &completion)
+{
+    return completion.insertion.isEmpty() ? completion.text : completion.insertion;
+}
+
 // The window is never the active one, which must not show; and its frame, drawn in the colour of
 // text, would be a glaring one.
 QPalette popupPalette(QPalette palette)
@@ -257,12 +262,7 @@ void EdCompleter::keyPressEvent(QKeyEvent *event)
         return choose(currentIndex().row(), Replaced::Word);
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        if (currentIndex().data().toString() != typedText())
-            return choose(currentIndex().row(), Replaced::Typed);
-        // The word is finished; whoever went on typing to its end means the line.
-        hide();
-        QApplication::sendEvent(m_editor, event);
-        return;
+        return returnKey(event);
     case Qt::Key_Escape:
         return hide();
     case Qt::Key_Up:
@@ -277,6 +277,16 @@ void EdCompleter::keyPressEvent(QKeyEvent *event)
     default:
         return;
     }
+}
+
+// Whoever has typed a word to its end means the line.
+void EdCompleter::returnKey(QKeyEvent *event)
+{
+    const int row = currentIndex().row();
+    if (row < 0 || insertedText(m_model->completion(row)) != typedText())
+        return choose(row, Replaced::Typed);
+    hide();
+    QApplication::sendEvent(m_editor, event);
 }
 
 // From one end to the other by a single row only.
@@ -300,7 +310,7 @@ void EdCompleter::choose(int row, Replaced replaced)
     if (row < 0 || row >= m_model->rowCount())
         return;
     const Completion chosen = m_model->completion(row);
-    const QString text = chosen.insertion.isEmpty() ? chosen.text : chosen.insertion;
+    const QString text = insertedText(chosen);
     if (replaced == Replaced::Word)
         goToWordEnd();
     const QString former = typedText();

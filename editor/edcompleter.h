@@ -62,6 +62,7 @@ private:
     bool offersNothingNew(const QString &typed) const;
     void place();
     QSize sizeOfRows(int rows) const;
+    void returnKey(QKeyEvent *event);
     void moveCurrent(int rows);
     // What a completion takes the place of: what was typed, or all of the word that it is in.
     enum class Replaced { Typed, Word };
