@@ -4,6 +4,7 @@
 #include "editor/edtextblockdata.h"
 #include "editor/findreplace.h"
 #include "editor/textmatcher.h"
+#include "editor/textsearch.h"
 #include "tests/editor/scriptedit.h"
 #include "tests/support/lineartime.h"
 #include "tests/support/testmain.h"
@@ -24,6 +25,8 @@ private slots:
     void replacingAllTakesTimeByTheText();
     void searchingTakesTimeByTheText();
     void matchesAreThoseOfAPlainSearch();
+    void findsWhatADocumentFinds_data();
+    void findsWhatADocumentFinds();
     void textsThatWouldFillTheMemoryAreLeftAlone();
     void replacingAllKeepsMarksAndDataOfOtherText();
     void editorTellsAndShowsWhatWasFound();
@@ -63,6 +66,9 @@ void findRows()
     row("find-nothing-behind-the-caret", 0, "ab", "", "ab|", "ab|", missed);
     row("find-empty-text", Wrap, "", "", "a[b]", "a[b]", missed);
     row("find-case-is-ignored", 0, "ÄB", "", "|xäb", "x[äb]");
+    row("find-in-a-long-line-letters-of-one-case", 0, "ks", "",
+        "|........................................\u212a\u017f.",
+        "........................................[\u212a\u017f].");
     row("find-case-sensitive", C, "ab", "", "|AB ab", "AB [ab]");
     row("find-no-break-space-as-blank", 0, "a b", "", "|a\u00a0b", "[a\u00a0b]");
     row("find-blank-as-no-break-space", 0, "a\u00a0b", "", "|a b", "[a b]");
@@ -259,6 +265,51 @@ void FindReplaceTest::matchesAreThoseOfAPlainSearch()
             expected.push_back(at);
         QVERIFY2(TextMatcher(wanted, Qt::CaseSensitive).matchesIn(digits) == expected,
                  qPrintable(digits + QLatin1Char(' ') + wanted));
+    }
+}
+
+void FindReplaceTest::findsWhatADocumentFinds_data()
+{
+    QTest::addColumn<int>("options");
+    QTest::addColumn<QString>("alphabet");
+    const QString letters = QString::fromUtf8("aAbBsSkK\u00e4\u00c4");
+    QTest::newRow("any-case") << 0 << letters + QString::fromUtf8("\u00a0\n _");
+    QTest::newRow("case") << C << letters + QString::fromUtf8("\u00a0\n _");
+    QTest::newRow("word") << W << letters + QString::fromUtf8("\n   ");
+    QTest::newRow("word-case") << (W | C) << letters + QString::fromUtf8("\n   ");
+}
+
+// From every place of a text, in both directions. Words are letters alone: behind a part of a word
+// that was passed over, a document misses a word that overlaps it.
+void FindReplaceTest::findsWhatADocumentFinds()
+{
+    QFETCH(int, options);
+    QFETCH(QString, alphabet);
+    unsigned seed = 1;
+    const auto randomText = [&](const QString &characters, int size) {
+        QString text;
+        for (int i = 0; i < size; ++i) {
+            seed = seed * 1103515245 + 12345;
+            text += characters.at(int((seed >> 16) % unsigned(characters.size())));
+        }
+        return text;
+    };
+    const QString letters = alphabet.left(10);
+    for (int round = 0; round < 100; ++round) {
+        QTextDocument document;
+        document.setPlainText(QString(3, QLatin1Char('.')) + randomText(alphabet, 150));
+        const QString text = document.toPlainText();
+        const QString wanted = randomText(letters, 1 + round % 3);
+        const TextSearch search({wanted, QString(), options});
+        const QTextDocument::FindFlags flags = QFlag(options);
+        for (int from = 4; from <= text.size(); ++from) {
+            const QTextCursor next = document.find(wanted, from, flags);
+            QCOMPARE(search.next(text, from), next.isNull() ? -1 : next.selectionStart());
+            const QTextCursor previous =
+                document.find(wanted, from, flags | QTextDocument::FindBackward);
+            QCOMPARE(search.previous(text, from),
+                     previous.isNull() ? -1 : previous.selectionStart());
+        }
     }
 }
 

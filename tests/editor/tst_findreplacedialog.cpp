@@ -40,6 +40,8 @@ private:
         return m_dialog->findChild<Widget *>(name);
     }
     void enter(const char *findText, const char *replaceText);
+    // Searches for both, the second one last.
+    void findTwo(const char *first, const char *second);
     // The requests sent since the last time: "find|replace|options", joined by blanks.
     QString requests();
     static QStringList entries(const QComboBox *box);
@@ -59,6 +61,15 @@ void TestFindReplaceDialog::enter(const char *findText, const char *replaceText)
 {
     find<QComboBox>("findCmb")->setEditText(findText);
     find<QComboBox>("replaceWithCmb")->setEditText(replaceText);
+}
+
+void TestFindReplaceDialog::findTwo(const char *first, const char *second)
+{
+    for (const char *text : {first, second}) {
+        enter(text, "");
+        m_dialog->find();
+    }
+    requests();
 }
 
 QString TestFindReplaceDialog::requests()
@@ -192,11 +203,7 @@ void TestFindReplaceDialog::buttonsAndKeysSendRequests()
     QFETCH(int, modifiers);
     QFETCH(int, options);
     find<QAbstractButton>("backwardRdo")->setChecked(true);
-    for (const char *text : {"a", "c"}) {
-        enter(text, "b");
-        m_dialog->find();
-    }
-    requests();
+    findTwo("a", "c");
     enter("a", "b");
     m_dialog->show();
     QWidget *widget = m_dialog->findChild<QWidget *>(receiver);
@@ -235,11 +242,7 @@ void TestFindReplaceDialog::onlyFirstLinesAreRemembered()
 
 void TestFindReplaceDialog::choosingFromTheListFinds()
 {
-    for (const char *text : {"a", "b"}) {
-        enter(text, "");
-        m_dialog->find();
-    }
-    requests();
+    findTwo("a", "b");
     QComboBox *box = find<QComboBox>("findCmb");
     box->setCurrentIndex(1);
     QMetaObject::invokeMethod(box, "activated", Q_ARG(int, 1));
@@ -249,11 +252,7 @@ void TestFindReplaceDialog::choosingFromTheListFinds()
 
 void TestFindReplaceDialog::leavingAFieldFindsNothing()
 {
-    for (const char *text : {"a", "b"}) {
-        enter(text, "");
-        m_dialog->find();
-    }
-    requests();
+    findTwo("a", "b");
     m_dialog->show();
     QApplication::setActiveWindow(m_dialog.get());
     enter("a", "");
