@@ -17,8 +17,8 @@ struct EdDiagnosticMark
     int end;
     int line; // 0-based, of the start
     QString message;
-    // Follows the characters through every single edit; null for marks beyond the first thousand,
-    // since each costs every edit of the document a little.
+    // Follows the characters through every single edit; null for marks beyond the first
+    // hundred of a list, since each costs every edit of the document a little.
     QTextCursor characters;
 };
 
