@@ -163,7 +163,8 @@ bool measureReplacing(const QString &text)
     std::printf("replacing all: %.1f ms, one by one %.1f; undo: %.1f ms and %.1f\n", own.replacing,
                 plain.replacing, own.undoing, plain.undoing);
     bool ok = isAtMost("replacing all / one by one", own.replacing / plain.replacing, 1);
-    ok &= isAtMost("undoing that / undoing one by one", own.undoing / plain.undoing, 1);
+    // The steps to undo are the same; what differs is chance.
+    ok &= isAtMost("undoing that / undoing one by one", own.undoing / plain.undoing, 1.1);
     return ok;
 }
 

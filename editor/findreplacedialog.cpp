@@ -270,6 +270,7 @@ void FindReplaceDialog::setIncremental(int state)
 // Remembers nothing: the list would fill with the beginnings of one text.
 void FindReplaceDialog::findWhileTyping()
 {
+    emit typed(m_backward->isChecked());
     send(0, false);
 }
 

@@ -46,6 +46,8 @@ signals:
     void findReplaceSelected(const QString &findText, const QString &replaceText, int options);
     // A text for the place of the selection, whatever that is. No button sends it.
     void replaceSelected(const QString &text);
+    // The text to find was edited and is searched for next.
+    void typed(bool backward);
     // search() has changed, or whether the dialog is seen.
     void searchChanged();
 

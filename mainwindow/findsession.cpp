@@ -4,6 +4,8 @@
 #include "editor/edcodeedit.h"
 #include "editor/findreplacedialog.h"
 
+#include <algorithm>
+
 namespace {
 
 const int pauseBeforeCount = 200;  // milliseconds
@@ -26,6 +28,7 @@ FindReplaceDialog *FindSession::dialog()
     connect(m_dialog, SIGNAL(findReplaceSelected(QString, QString, int)), m_window,
             SLOT(findReplace(QString, QString, int)));
     connect(m_dialog, SIGNAL(replaceSelected(QString)), m_window, SLOT(replace(QString)));
+    connect(m_dialog, SIGNAL(typed(bool)), SLOT(keepPlace(bool)));
     connect(m_dialog, SIGNAL(searchChanged()), SLOT(updateMarks()));
     placeDialog();
     return m_dialog;
@@ -36,21 +39,19 @@ void FindSession::placeDialog()
 {
     m_dialog->adjustSize();
     const int x = m_window->width() - m_dialog->width() - distanceFromCorner;
-    m_dialog->move(m_window->mapToGlobal(QPoint(x, distanceFromCorner)));
+    m_dialog->move(m_window->mapToGlobal(QPoint(std::max(x, 0), distanceFromCorner)));
 }
 
 void FindSession::setEditor(EdCodeEdit *edit)
 {
-    if (edit == m_edit)
-        return;
-    if (m_edit) {
+    if (m_edit && m_edit != edit) {
         m_edit->disconnect(this);
         m_edit->markMatches(FindRequest());
     }
+    if (edit && m_edit != edit)
+        connect(edit, SIGNAL(textChanged()), SLOT(countLater()));
     m_edit = edit;
-    if (m_edit)
-        connect(m_edit, SIGNAL(textChanged()), SLOT(countLater()));
-    updateMarks();
+    updateMarks(); // also when the last one has gone
 }
 
 void FindSession::openDialog()
@@ -83,6 +84,17 @@ void FindSession::showMessage(const QString &message)
 bool FindSession::isSeen() const
 {
     return m_dialog && m_dialog->isVisible();
+}
+
+// A search goes on behind what is selected. While its text is typed, that is what the beginning of
+// the text has found, and most likely the place of the whole.
+void FindSession::keepPlace(bool backward)
+{
+    if (!m_edit)
+        return;
+    QTextCursor cursor = m_edit->textCursor();
+    cursor.setPosition(backward ? cursor.selectionEnd() : cursor.selectionStart());
+    m_edit->setTextCursor(cursor);
 }
 
 void FindSession::updateMarks()

@@ -32,6 +32,7 @@ public slots:
     void showMessage(const QString &message);
 
 private slots:
+    void keepPlace(bool backward);
     void updateMarks();
     void countLater();
     void count();

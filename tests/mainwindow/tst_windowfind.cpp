@@ -59,6 +59,7 @@ private slots:
     void openingTakesASelectionOfOneLine();
     void requestsReachTheEditorAndTheirMessagesComeBack();
     void searchKeysRepeatTheLastSearch();
+    void typingStaysAtAPlaceThatFits();
     void matchesAreMarkedWhileTheDialogIsSeen();
     void marksFollowTextAndDocument();
     void matchesAreCounted();
@@ -114,6 +115,23 @@ void TestWindowFind::searchKeysRepeatTheLastSearch()
     QCOMPARE(startAfter(Qt::NoModifier), 6);
     QCOMPARE(startAfter(Qt::ShiftModifier), 0);
     QVERIFY(!fixture.dialog()->isVisible());
+}
+
+void TestWindowFind::typingStaysAtAPlaceThatFits()
+{
+    FindFixture fixture("xa ab abc abc");
+    fixture.open();
+    fixture.dialog()->findChild<QCheckBox *>("incrementalChk")->setChecked(true);
+    QLineEdit *field = fixture.dialog()->findChild<QComboBox *>("findCmb")->lineEdit();
+    const auto startAfter = [&](int key) {
+        QTest::keyClick(field, Qt::Key(key));
+        return fixture.edit()->textCursor().selectionStart();
+    };
+    QCOMPARE(startAfter(Qt::Key_A), 1);
+    QCOMPARE(startAfter(Qt::Key_B), 3);
+    QCOMPARE(startAfter(Qt::Key_C), 6);
+    fixture.dialog()->findChild<QAbstractButton *>("backwardRdo")->setChecked(true);
+    QCOMPARE(startAfter(Qt::Key_Backspace), 6);
 }
 
 void TestWindowFind::matchesAreMarkedWhileTheDialogIsSeen()
