@@ -16,12 +16,16 @@ const int mostUnitsForPython = 25000;
 // Reading more than this takes longer than a typist waits.
 const int longestDocument = 4000000;
 
-const QLatin1String commandPrefix("maya.cmds.");
+const QString &commandPrefix()
+{
+    static const QString prefix = QLatin1String("maya.cmds.");
+    return prefix;
+}
 
 // "polySphere" of "maya.cmds.polySphere"; empty for what is no such path.
 QString commandOf(const QString &path)
 {
-    return path.startsWith(commandPrefix) ? path.mid(commandPrefix.size()) : QString();
+    return path.startsWith(commandPrefix()) ? path.mid(commandPrefix().size()) : QString();
 }
 
 Completion completion(const QString &text, CompletionKind kind)
@@ -44,7 +48,7 @@ std::vector<Completion> completions(const QStringList &names, CompletionKind kin
 CompletionKind memberKind(const QString &module, const QString &name)
 {
     const bool isCommand =
-        module + QLatin1Char('.') == commandPrefix && melNameTable().contains(name);
+        module + QLatin1Char('.') == commandPrefix() && melNameTable().contains(name);
     return isCommand ? CompletionKind::Command : CompletionKind::Name;
 }
 

@@ -11,6 +11,7 @@ namespace {
 const char locator[] = "__corvane_lctr_kvrt__";
 // Units of text that take as long to parse as a statement does whatever is in it.
 const int statementUnits = 12;
+const int mostImports = 250; // of a long text: the first ones
 
 // How much a statement matters at the caret; the first ones are kept first.
 enum Rank { AtCaret, Import, Near, Declaration, Member, Other };
@@ -96,8 +97,10 @@ private:
     {
         const std::vector<int> ranks = allRanks();
         std::vector<int> order;
+        int imports = 0;
         for (int i = 0; i < int(m_statements.size()); ++i) {
-            if (ranks[i] != Other)
+            imports += ranks[i] == Import ? 1 : 0;
+            if (ranks[i] != Other && (ranks[i] != Import || imports <= mostImports))
                 order.push_back(i);
         }
         // No more of them than there is room for need to be in order.
@@ -185,7 +188,7 @@ private:
             return definition(i);
         if (statement.isBroken || isPython2Output(i, first))
             return QString();
-        if (QStringList(clauses()).contains(first))
+        if (clauses().contains(first))
             return clause(i, first);
         const bool isDecorator = m_context.text.at(statement.start) == QLatin1Char('@');
         return isDecorator && functionAround(i) >= 0 ? QString() : text(i);
@@ -212,11 +215,15 @@ private:
         const QString name = definedName(m_context.text, statement);
         if (name.isEmpty())
             return QString();
-        QStringList arguments = argumentNames(m_context.text, statement);
+        const QStringList arguments = argumentNames(m_context.text, statement);
         // The script does not look into functions inside functions; as a loop they bind the same
-        // names.
-        if (isFunction(i) && functionAround(i) >= 0)
-            return Word("for ") + (arguments << name).join(Word(", ")) + Word(" in ():");
+        // names, those of the arguments where the caret is in reach of them.
+        if (isFunction(i) && functionAround(i) >= 0) {
+            const QStringList bound =
+                depthBelow(m_context.current, i) < 0 ? QStringList() : arguments;
+            return Word("for ") + (QStringList() << bound << name).join(Word(", ")) +
+                   Word(" in ():");
+        }
         const bool isWhole = headerEnd(m_context.text, statement) < statement.codeEnd;
         if (isWhole && !statement.isBroken)
             return text(i);

@@ -4,9 +4,11 @@
 #include "bridge/outputsuppression.h"
 #include "bridge/pythonanalysis.h"
 #include "bridge/pythontext.h"
+#include "editor/pythoncompletion.h"
 #include "preferences/preferences.h"
 #include "standin/python/python.h"
 #include "tests/standin/host/testsession.h"
+#include "tests/support/caretnotation.h"
 #include "tests/support/lineartime.h"
 #include "tests/support/testmain.h"
 
@@ -14,6 +16,8 @@
 #include <maya/MGlobal.h>
 #include <maya/MIntArray.h>
 #include <maya/MQtUtil.h>
+
+#include <QTextDocument>
 
 #include <cstdlib>
 #include <memory>
@@ -39,6 +43,8 @@ private slots:
     void nothingShowsAndNothingIsRaised();
     void questionsHaveTheirAnswers();
     void forcedImportsAreImportedOnceAndAssumed();
+    void completionsAreNamesInReach_data();
+    void completionsAreNamesInReach();
 
 private:
     std::unique_ptr<TestSession> m_session;
@@ -253,6 +259,51 @@ void PythonAnalysisTest::forcedImportsAreImportedOnceAndAssumed()
     importForcedModules();
     QVERIFY(executePythonStatement("cvModule"));
     preferences() = before;
+}
+
+void PythonAnalysisTest::completionsAreNamesInReach_data()
+{
+    QTest::addColumn<QString>("drawing");
+    QTest::addColumn<QString>("offered"); // names with "-" before them are not
+
+    const auto row = [](const char *tag, const char *drawing, const char *offered) {
+        QTest::newRow(tag) << QString::fromLatin1(drawing) << QString::fromLatin1(offered);
+    };
+    const char shape[] = "class A(object):\n    def grow(self): self.size = 1\n"
+                         "class B(A):\n    def f(self, arg):\n        here = (\n        %1|\n"
+                         "    def g(self): pass\nb = B()\n";
+    const auto inside = [&shape](const char *text) {
+        return QString(QLatin1String(shape)).arg(QLatin1String(text)).toLatin1();
+    };
+    row("self", inside("self.").constData(), "f g grow size -arg -B");
+    row("super", inside("super(B, self).").constData(), "grow __init__ -f");
+    row("instance", inside("x(b.").constData(), "f grow -b");
+    row("new-instance", inside("A().gr").constData(), "grow size -f");
+    row("scope", inside("a").constData(), "arg A B b while len -f -grow");
+    row("commands", "import maya.cmds as mc\ndef f(:\n  mc.|\n)]", "optionVar -mc");
+    row("string", "','.|", "join -while");
+    row("function-inside", "def f():\n  def g(x):\n    y = 1\n    |", "f g x y");
+    row("function-beside", "def f():\n  def g(x):\n    y = 1\n  |", "f g -x -y");
+    row("imports", "import os.|", "path -join");
+    row("imported-names", "from os.path import (split, |", "join -self");
+    row("new-method", "class T(dict):\n    def |", "__init__ keys -T");
+}
+
+void PythonAnalysisTest::completionsAreNamesInReach()
+{
+    QFETCH(QString, drawing);
+    QFETCH(QString, offered);
+    setPythonNameSource(pythonAnswer);
+    QTextDocument document;
+    QStringList found;
+    for (const Completion &item :
+         PythonCompletion().completionsAt(setDrawing(&document, drawing)).items)
+        found << item.text;
+    setPythonNameSource(nullptr);
+    for (const QString &name : offered.split(' ')) {
+        const bool isUnwanted = name.startsWith('-');
+        QVERIFY2(found.contains(name.mid(isUnwanted)) != isUnwanted, qPrintable(name));
+    }
 }
 
 CORVANE_TEST_MAIN(PythonAnalysisTest)

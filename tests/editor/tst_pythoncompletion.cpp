@@ -175,7 +175,7 @@ void PythonCompletionTest::excerptsParse_data()
     row("uneven-blocks", "if a:\n    b = 1\n  c = 2\n|", "if a:/ b = 1/ c = 2/^");
     row("python-2", "print 'x'\nprint ('x')\n|", "print ('x')/^");
     row("functions-inside", "def f():\n def g(a): pass\n @h\n def i(b, *c):\n  |",
-        "def f():/ for a, g in (): pass/ for b, c, i in ():/  ^");
+        "def f():/ for g in (): pass/ for b, c, i in ():/  ^");
 }
 
 void PythonCompletionTest::excerptsParse()
