@@ -51,22 +51,28 @@ int skipBlanks(const QString &code, int from)
     return from;
 }
 
+// Of the caret's line what is before it.
 struct LineStart
 {
+    // Its code up to a column behind which everything is code.
+    QString codeBefore(int column) const { return code.left(code.size() - (text.size() - column)); }
+
+    QString text;
     QString code; // without strings and comments
     bool endsInCode = false;
 };
 
 // The block data would know the code, but not where in it the caret is.
-LineStart codeBefore(const QTextCursor &caret)
+LineStart lineBefore(const QTextCursor &caret)
 {
     const QChar mark(0xFFFF); // which no text has
     const QTextBlock block = caret.block();
     MelScanner scanner(melNameTable());
     LineScan scan;
-    const QString line = block.text().left(caret.position() - block.position()) + mark;
-    scanner.scan(line, block.previous().userState(), scan);
     LineStart start;
+    start.text = block.text().left(caret.position() - block.position());
+    const QString line = start.text + mark;
+    scanner.scan(line, block.previous().userState(), scan);
     start.code = scan.code(line);
     start.endsInCode = start.code.endsWith(mark);
     if (start.endsInCode)
@@ -166,12 +172,12 @@ QString calledIn(const QString &statement)
     return isCall ? statement.mid(start, enclosure - start) : QString();
 }
 
-// move -|        $a -|        in $a-|
-//      a flag    at the end of a call only, and not a sign between two values
-bool startsFlag(const QString &code, int dash)
+// move -r $a-|
+//      |    |     no flag without a gap
+bool mayStartFlag(const QString &line, int dash)
 {
-    return dash == 0 || isBlank(code.at(dash - 1)) || code.at(dash - 1) == QLatin1Char('(') ||
-           code.at(dash - 1) == QLatin1Char('`');
+    return dash == 0 || isBlank(line.at(dash - 1)) || line.at(dash - 1) == QLatin1Char('(') ||
+           line.at(dash - 1) == QLatin1Char('`');
 }
 
 void addVariables(const QString &code, QSet<QString> *found)
@@ -245,19 +251,18 @@ MelContext melContextAt(const QTextCursor &caret)
     MelContext context;
     if (isLong(caret.block()))
         return context;
-    const LineStart line = codeBefore(caret);
-    const QString &code = line.code;
-    const int start = nameStart(code, int(code.size()));
-    const QChar before = start > 0 ? code.at(start - 1) : QChar();
+    const LineStart line = lineBefore(caret);
+    const int start = nameStart(line.text, int(line.text.size()));
+    const QChar before = start > 0 ? line.text.at(start - 1) : QChar();
+    context.prefix = line.text.mid(start);
     if (!line.endsInCode || before == QLatin1Char('.') ||
-        (start < code.size() && code.at(start).isDigit()))
-        return context;
+        (!context.prefix.isEmpty() && context.prefix.at(0).isDigit()))
+        return MelContext();
     context.kind = MelContext::Name;
-    context.prefix = code.mid(start);
     if (before == QLatin1Char('$'))
         context.kind = MelContext::Variable;
-    else if (before == QLatin1Char('-') && startsFlag(code, start - 1))
-        context.command = calledIn(statementBefore(caret.block(), code.left(start - 1)));
+    else if (before == QLatin1Char('-') && mayStartFlag(line.text, start - 1))
+        context.command = calledIn(statementBefore(caret.block(), line.codeBefore(start - 1)));
     if (!context.command.isEmpty())
         context.kind = MelContext::Flag;
     if (context.kind != MelContext::Name)
@@ -270,7 +275,7 @@ QStringList melVariablesBefore(const QTextCursor &caret)
     QTextBlock block = caret.block();
     if (isLong(block))
         return QStringList();
-    QString code = codeBefore(caret).code;
+    QString code = lineBefore(caret).code;
     code.truncate(nameStart(code, int(code.size()))); // without what is being typed
     ScopeWalk walk;
     walk.add(code, closedBraces(block, caret.position() - block.position()));

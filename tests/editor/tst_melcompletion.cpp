@@ -89,6 +89,7 @@ void TestMelCompletion::contextIsFound_data()
     row("string", "print \"po|\"", nothing, "", "");
     row("open-string", "print \"po|", nothing, "", "");
     row("behind-string", "print \"a\" + po|", name, "po", "");
+    row("right-behind-string", "print\"a\"po|", name, "po", "");
     row("line-comment", "f; // po|", nothing, "", "");
     row("comment-of-lines", "/* a\n po|", nothing, "", "");
     row("behind-comment", "/* a\n */ po|", name, "po", "");
