@@ -20,6 +20,7 @@ using PythonNameSource = QStringList (*)(PythonQuestion question, const QString 
 // Process-wide, for the GUI thread; null, as at first, where there is no host. Whoever sets it
 // takes it back before its code goes.
 void setPythonNameSource(PythonNameSource source);
-// Sorted, each once. Without a host there are no names.
+// Each once, keywords and built-ins in the order of the script, others sorted. Without a host there
+// are none.
 QStringList pythonNames(PythonQuestion question, const QString &source = QString(),
                         const QString &object = QString());

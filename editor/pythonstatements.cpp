@@ -182,6 +182,11 @@ private:
     bool beginsStatement(int lineStart, const PythonStatement &open) const
     {
         const int start = m_text.skipLineSpace(lineStart);
+        const ushort unit = m_text.at(start);
+        if (unit != '@' && unit != '_' && !QChar(unit).isLetter())
+            return false;
+        if (columns(lineStart, start) <= open.indent)
+            return true;
         for (const char *word : {"class", "def", "import", "from", "return", "raise", "while",
                                  "with", "try:", "del", "pass", "break", "continue", "assert"}) {
             const int end = start + int(qstrlen(word));
@@ -189,9 +194,7 @@ private:
                 m_text.at(end) != '=')
                 return true;
         }
-        const ushort unit = m_text.at(start);
-        return (unit == '@' || QChar(unit).isLetter() || unit == '_') &&
-               columns(lineStart, start) <= open.indent;
+        return false;
     }
 
     // Of a line that follows the statements so far.
