@@ -8,7 +8,6 @@
 class QAbstractButton;
 class QCheckBox;
 class QComboBox;
-class QGroupBox;
 class QLabel;
 class QLayout;
 class QRadioButton;

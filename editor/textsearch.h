@@ -5,10 +5,9 @@
 
 #include <vector>
 
-class QTextDocument;
 struct FindRequest;
 
-// A text to search for as QTextDocument::plainText() has it: each break is a line feed, and
+// A text to search for as QTextDocument::toPlainText() has it: each break is a line feed, and
 // no-break spaces, which nobody sees or types as such, are blanks. As many units as before, but for
 // the breaks of two.
 QString searchable(QString text);

@@ -10,6 +10,7 @@
 #include "tests/support/datatable.h"
 #include "tests/support/testmain.h"
 
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTextBlock>
 
@@ -47,6 +48,7 @@ private slots:
     void equalWordsAreMarked_data();
     void equalWordsAreMarked();
     void onlyVisibleWordsAreMarked();
+    void matchesAreMarkedWhereTheViewIs();
     void diagnosticsAreUnderlinedNearTheView();
     void longLinesGoWithout();
 
@@ -166,6 +168,20 @@ void TestExtraSelections::onlyVisibleWordsAreMarked()
     select(0, 4);
     const int marked = int(places(textFormat(EditorText::MatchingSelection).background).size());
     QVERIFY(marked > 5 && marked < 100);
+}
+
+void TestExtraSelections::matchesAreMarkedWhereTheViewIs()
+{
+    const QColor background = textFormat(EditorText::MatchingSelection).background;
+    m_edit->setText(lines("word", 5000));
+    m_edit->markMatches({"OR", QString(), 0});
+    const QStringList atTop = places(background);
+    QVERIFY(atTop.contains("1-3") && atTop.size() < 100);
+    m_edit->verticalScrollBar()->setValue(4000);
+    QVERIFY(places(background).contains("20001-20003"));
+    QVERIFY(!places(background).contains("1-3"));
+    m_edit->markMatches(FindRequest());
+    QVERIFY(places(background).isEmpty());
 }
 
 void TestExtraSelections::diagnosticsAreUnderlinedNearTheView()
