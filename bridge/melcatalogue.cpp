@@ -56,11 +56,16 @@ void addNames(const QueryRow &row)
 {
     const MStringArray &names = row.names();
     melNameTable().reserve(melNameTable().size() + int(names.length()));
+    bool hadEmpty = false; // most names are, and one of them is enough
     for (unsigned int i = 0; i < names.length(); ++i) {
+        const bool isEmpty = names[i].length() == 0;
+        if (isEmpty && hadEmpty)
+            continue;
+        hadEmpty = hadEmpty || isEmpty;
         const QString name = MQtUtil::toQString(names[i]);
         const auto known = melNameTable().size();
         melNameTable().insert(name, name);
-        if (!name.isEmpty() && melNameTable().size() > known)
+        if (!isEmpty && melNameTable().size() > known)
             melNames().names.push_back({name, row.kind});
     }
 }

@@ -6,6 +6,7 @@
 #include "standin/mel/runtime.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace mel {
 
@@ -50,8 +51,11 @@ std::string describeName(Runtime &runtime, const std::string &name)
 // A variable is told by the value it holds, as a dynamic one has no other type.
 Value whatIs(Runtime &runtime, Call &call)
 {
-    const std::string name = call.objectText(0);
-    if (name.compare(0, 1, "$") != 0)
+    // Catalogues of all names ask thousands of times, so a word is not copied.
+    const auto *word =
+        call.objects.empty() ? nullptr : std::get_if<std::string>(&call.objects.front());
+    const std::string &name = word ? *word : call.objectText(0);
+    if (name.empty() || name[0] != '$')
         return describeName(runtime, name);
     const GlobalVariable *variable = runtime.variables.find(name);
     return variable ? typeName(variable->value) + std::string(" variable") : std::string("Unknown");
@@ -63,23 +67,19 @@ Value exists(Runtime &runtime, Call &call)
     return describeName(runtime, call.objectText(0)) != "Unknown" ? 1 : 0;
 }
 
-// Commands and global procedures in one list. Scripts walk it often, some name by name; so it is
-// kept until a name comes or goes.
-const StringArray &allNames(Runtime &runtime)
+// Commands and global procedures in one list.
+StringArray allNames(Runtime &runtime)
 {
-    SortedNames &known = runtime.sortedNames;
-    const StringArray &procedures = runtime.procedures.globalNames();
-    const SortedNames::Origin origin{runtime.commands.generation(), procedures.size(),
-                                     runtime.library.size()};
-    if (origin == known.origin)
-        return known.names;
-    known.origin = origin;
-    known.names = runtime.commands.names();
-    for (const StringArray &more : {procedures, runtime.library.names()})
-        known.names.insert(known.names.end(), more.begin(), more.end());
-    std::sort(known.names.begin(), known.names.end());
-    known.names.erase(std::unique(known.names.begin(), known.names.end()), known.names.end());
-    return known.names;
+    const StringArray &procedures = runtime.procedures.sortedGlobalNames();
+    StringArray others = runtime.commands.names();
+    for (std::string &name : runtime.library.names())
+        others.push_back(std::move(name));
+    std::sort(others.begin(), others.end());
+    StringArray names;
+    names.reserve(others.size() + procedures.size());
+    std::set_union(others.begin(), others.end(), procedures.begin(), procedures.end(),
+                   std::back_inserter(names));
+    return names;
 }
 
 Value melInfo(Runtime &runtime, Call &)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "standin/mel/procedures.h"
 
+#include <algorithm>
+
 namespace mel {
 
 namespace {
@@ -58,6 +60,14 @@ ProcedureEntry *Procedures::findGlobal(const std::string &name) const
 ProcedureEntry *Procedures::findTyped(const std::string &name) const
 {
     return findDefined(m_typed, name);
+}
+
+const std::vector<std::string> &Procedures::sortedGlobalNames()
+{
+    if (m_sortedCount < m_globalNames.size())
+        std::sort(m_globalNames.begin(), m_globalNames.end());
+    m_sortedCount = m_globalNames.size();
+    return m_globalNames;
 }
 
 } // namespace mel

@@ -30,8 +30,8 @@ public:
     // Defined global procedures; `typed` ones count too for callers in typed text. Null: none.
     ProcedureEntry *findGlobal(const std::string &name) const;
     ProcedureEntry *findTyped(const std::string &name) const;
-    // In the order of their first definition. Grows only.
-    const std::vector<std::string> &globalNames() const { return m_globalNames; }
+    // Sorted anew only when there are more: scripts walk over all names, of which there are many.
+    const std::vector<std::string> &sortedGlobalNames();
 
 private:
     Table m_global;
@@ -39,7 +39,8 @@ private:
     std::map<std::string, Table> m_byFile;
     // A deque, as its elements never move; entries are never removed either.
     std::deque<ProcedureEntry> m_entries;
-    std::vector<std::string> m_globalNames;
+    std::vector<std::string> m_globalNames; // of defined ones
+    size_t m_sortedCount = 0;               // how many of the first are in their order
     unsigned m_generation = 0;
 };
 

@@ -11,7 +11,6 @@
 #include "standin/mel/random.h"
 #include "standin/mel/variables.h"
 
-#include <array>
 #include <atomic>
 
 namespace mel {
@@ -21,15 +20,6 @@ struct RunTimeCommand
 {
     std::map<std::string, std::string> texts;
     bool isDefault = false;
-};
-
-// What there is to call, by name, as of some numbers that grow or shrink with it.
-struct SortedNames
-{
-    using Origin = std::array<size_t, 3>;
-
-    Origin origin{};
-    std::vector<std::string> names;
 };
 
 // Everything that running code shares: tables, limits, the stack of frames, and the way out for
@@ -51,7 +41,6 @@ public:
     std::map<std::string, RunTimeCommand> runTimeCommands;
     // Those not compiled yet.
     Library library;
-    SortedNames sortedNames; // for melInfo and help
     RandomStreams random;
     FileTable files;
 

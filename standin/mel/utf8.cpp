@@ -30,18 +30,23 @@ bool isAscii(char c)
     return static_cast<unsigned char>(c) < 0x80;
 }
 
-// How many bytes are looked at together where a text is plain ASCII, as most long ones are.
+// How many bytes are looked at together where a text is plain ASCII, as most are.
 constexpr size_t stride = 32;
+constexpr size_t shortStride = 8;
 
 // Whether that many bytes follow, each a character of its own.
+template <size_t count>
 bool isAsciiStride(std::string_view text, size_t offset)
 {
-    if (text.size() - offset < stride)
+    if (text.size() - offset < count)
         return false;
     // Copied, as the text need not be aligned.
-    std::uint64_t words[stride / 8];
-    std::memcpy(words, text.data() + offset, stride);
-    return ((words[0] | words[1] | words[2] | words[3]) & 0x8080808080808080u) == 0;
+    std::uint64_t words[count / 8];
+    std::memcpy(words, text.data() + offset, count);
+    std::uint64_t all = 0;
+    for (const std::uint64_t word : words)
+        all |= word;
+    return (all & 0x8080808080808080u) == 0;
 }
 
 // Moves `offset` on by at most `limit` characters; returns how many there were.
@@ -49,9 +54,14 @@ size_t skipCharacters(std::string_view text, size_t &offset, size_t limit)
 {
     size_t count = 0;
     while (count < limit && offset < text.size()) {
-        if (limit - count >= stride && isAsciiStride(text, offset)) {
+        if (limit - count >= stride && isAsciiStride<stride>(text, offset)) {
             offset += stride;
             count += stride;
+            continue;
+        }
+        if (limit - count >= shortStride && isAsciiStride<shortStride>(text, offset)) {
+            offset += shortStride;
+            count += shortStride;
             continue;
         }
         for (const size_t end = std::min(offset + stride, text.size());
