@@ -7,8 +7,8 @@
 #include "editor/edcodeeditlinenumbers.h"
 #include "editor/edcompleter.h"
 #include "editor/edhighlighter.h"
+#include "editor/findreplace.h"
 #include "editor/longlines.h"
-#include "editor/textsearch.h"
 #include "preferences/textformats.h"
 
 #include <QHelpEvent>
@@ -297,7 +297,7 @@ void EdCodeEdit::markMatches(const FindRequest &request)
 
 int EdCodeEdit::matchCount(const FindRequest &request)
 {
-    return TextSearch(request).count(searchedText());
+    return replaceableMatches(request, searchedText());
 }
 
 const QString &EdCodeEdit::searchedText()

@@ -149,24 +149,30 @@ bool isWordEdge(const QString &text, int index)
     return isWordCharacter(text, index - 1) != isWordCharacter(text, index);
 }
 
-// Those that do not overlap an earlier one.
-Matches matchesIn(const QString &text, const FindRequest &request)
+// Calls visit(start) for each match that does not overlap an earlier one.
+template <typename Visit>
+void visitMatches(const QString &text, const FindRequest &request, Visit visit)
 {
     if (!canMatch(request))
-        return Matches();
+        return;
     const bool isWord = request.has(FindRequest::WholeWords);
     const int length = int(request.findText.size());
-    Matches matches;
     int end = 0; // of the last of them
     const TextMatcher matcher(request.findText, sensitivity(request));
     matcher.visitMatches(text, 0, int(text.size()), [&](int start) {
         if (start >= end &&
             (!isWord || (isWordEdge(text, start) && isWordEdge(text, start + length)))) {
-            matches.push_back(start);
+            visit(start);
             end = start + length;
         }
         return true;
     });
+}
+
+Matches matchesIn(const QString &text, const FindRequest &request)
+{
+    Matches matches;
+    visitMatches(text, request, [&matches](int start) { matches.push_back(start); });
     return matches;
 }
 
@@ -304,4 +310,11 @@ FindOutcome findReplace(QTextCursor &cursor, const FindRequest &request, const Q
     if (wanted.has(FindRequest::ReplaceAll))
         return replaceAll(cursor, wanted, text);
     return findNext(cursor, wanted, text);
+}
+
+int replaceableMatches(const FindRequest &request, const QString &text)
+{
+    int count = 0;
+    visitMatches(text, prepared(request), [&count](int) { ++count; });
+    return count;
 }

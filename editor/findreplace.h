@@ -19,3 +19,5 @@ FindOutcome findReplace(QTextCursor &cursor, const FindRequest &request);
 // The same with QTextDocument::toPlainText() of the document as it is now, for callers that have it
 // at hand: to fetch it takes longer than to search it.
 FindOutcome findReplace(QTextCursor &cursor, const FindRequest &request, const QString &text);
+// How many matches Replace All would replace in such a text.
+int replaceableMatches(const FindRequest &request, const QString &text);

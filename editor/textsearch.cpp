@@ -82,16 +82,6 @@ std::vector<int> TextSearch::matchesBetween(const QString &text, int from, int t
     return matches;
 }
 
-int TextSearch::count(const QString &text) const
-{
-    int count = 0;
-    m_matcher.visitMatches(text, 0, int(text.size()), [&](int start) {
-        count += isMatch(text, start) ? 1 : 0;
-        return true;
-    });
-    return count;
-}
-
 bool TextSearch::isMatch(const QString &text, int start) const
 {
     return !m_wholeWords ||

@@ -26,7 +26,6 @@ public:
     int previous(const QString &text, int limit) const;
     // All that lie between two places; they may overlap.
     std::vector<int> matchesBetween(const QString &text, int from, int to) const;
-    int count(const QString &text) const;
 
 private:
     bool isMatch(const QString &text, int start) const;

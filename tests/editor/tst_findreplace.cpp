@@ -201,12 +201,16 @@ void FindReplaceTest::requestsAreCarriedOut()
     QFETCH(QString, expected);
     QFETCH(QString, messages);
     ScriptEdit script(TextLanguage, given);
+    const FindRequest request = {find, replace, options};
+    const int count = replaceableMatches(request, script.document.toPlainText());
     FindOutcome outcome;
-    const QString result = script.after([&](QTextCursor &cursor) {
-        outcome = findReplace(cursor, {find, replace, options});
-    });
+    const QString result =
+        script.after([&](QTextCursor &cursor) { outcome = findReplace(cursor, request); });
     QCOMPARE(result, expected);
     QCOMPARE(outcome.messages.join(QLatin1String(",")), messages);
+    if ((options & All) && !(options & S))
+        QCOMPARE(count,
+                 messages == QString::fromLatin1(missed) ? 0 : messages.section(' ', 0, 0).toInt());
 }
 
 void FindReplaceTest::crowdsOfMatchesAreReplacedLikeFew()
