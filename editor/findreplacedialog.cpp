@@ -288,11 +288,15 @@ void FindReplaceDialog::showCount(int count)
 
 void FindReplaceDialog::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() != Qt::Key_F3) {
+    const bool isOther = event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
+    if (isOther || (event->key() != Qt::Key_F3 && event->key() != Qt::Key_Escape)) {
         QDialog::keyPressEvent(event);
         return;
     }
-    find(event->modifiers() & Qt::ShiftModifier ? FindRequest::Backward : 0, true);
+    if (event->key() == Qt::Key_Escape)
+        close();
+    else
+        find(event->modifiers() & Qt::ShiftModifier ? FindRequest::Backward : 0, true);
     event->accept();
 }
 
