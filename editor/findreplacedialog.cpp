@@ -66,6 +66,14 @@ void remember(QComboBox *history)
     history->blockSignals(wereBlocked);
 }
 
+// That the field's text was chosen from the list, and not edited since.
+bool isEntry(const QComboBox *history)
+{
+    const QLineEdit *field = history->lineEdit();
+    return !field->isUndoAvailable() && !field->isRedoAvailable() &&
+           history->currentText() == history->itemText(history->currentIndex());
+}
+
 } // namespace
 
 FindReplaceDialog::FindReplaceDialog(QWidget *parent)
@@ -103,8 +111,10 @@ QComboBox *FindReplaceDialog::newHistory(const char *objectName)
     history->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     history->setMinimumContentsLength(fieldCharacters);
     history->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    // Leaving a field whose text is in the list would count as choosing it there.
+    // Leaving a field whose text is in the list would count as choosing it there, and so would
+    // Return, which presses a button, with some versions of Qt.
     history->lineEdit()->disconnect(SIGNAL(editingFinished()), history);
+    history->lineEdit()->disconnect(SIGNAL(returnPressed()), history);
     return history;
 }
 
@@ -235,7 +245,11 @@ void FindReplaceDialog::send(int options, bool ignoreDirection)
 
 void FindReplaceDialog::find()
 {
-    find(0, false);
+    // Put on top of the list, an entry chosen with the arrow keys would lead back to the last one.
+    if (sender() == m_find)
+        send(0, false);
+    else
+        find(0, false);
 }
 
 void FindReplaceDialog::find(int options, bool ignoreDirection)
@@ -270,6 +284,8 @@ void FindReplaceDialog::setIncremental(int state)
 // Remembers nothing: the list would fill with the beginnings of one text.
 void FindReplaceDialog::findWhileTyping()
 {
+    if (isEntry(m_find))
+        return; // find() is called next
     emit typed(m_backward->isChecked());
     send(0, false);
 }

@@ -27,7 +27,7 @@ private slots:
     void buttonsAndKeysSendRequests();
     void textsAreRememberedOnce();
     void onlyFirstLinesAreRemembered();
-    void choosingFromTheListFinds();
+    void choosingFromTheListFindsOnce();
     void leavingAFieldFindsNothing();
     void typingSearchesWhileIncremental();
     void escapeClosesAndKeepsWhatWasEntered();
@@ -242,14 +242,24 @@ void TestFindReplaceDialog::onlyFirstLinesAreRemembered()
     }
 }
 
-void TestFindReplaceDialog::choosingFromTheListFinds()
+void TestFindReplaceDialog::choosingFromTheListFindsOnce()
 {
     findTwo("a", "b");
+    findTwo("c", "d");
     QComboBox *box = find<QComboBox>("findCmb");
-    box->setCurrentIndex(1);
-    QMetaObject::invokeMethod(box, "activated", Q_ARG(int, 1));
+    QTest::keyClick(box, Qt::Key_Down);
+    QTest::keyClick(box, Qt::Key_Down);
+    QCOMPARE(requests(), QString("c||0 b||0"));
+    find<QAbstractButton>("incrementalChk")->setChecked(true);
+    QTest::keyClick(box, Qt::Key_Down);
     QCOMPARE(requests(), QString("a||0"));
-    QCOMPARE(entries(box), words("a b"));
+    QCOMPARE(entries(box), words("d c b a"));
+    QTest::keyClick(box->lineEdit(), Qt::Key_Backspace);
+    QTest::keyClicks(box->lineEdit(), "a");
+    box->setEditText("b");
+    QCOMPARE(requests(), QString("||0 a||0 b||0"));
+    m_dialog->find();
+    QCOMPARE(entries(box), words("b d c a"));
 }
 
 void TestFindReplaceDialog::leavingAFieldFindsNothing()
