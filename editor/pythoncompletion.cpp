@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "editor/pythoncompletion.h"
 
+#include "analysis/pythonkeywords.h"
 #include "bridge/melnametable.h"
 #include "bridge/pythonnamesource.h"
 #include "editor/pythonexcerpt.h"
@@ -140,6 +141,8 @@ void PythonCompletion::addFlags(const PythonCall &call, const QString &path,
     names.removeDuplicates();
     names.sort();
     for (const QString &name : names) {
+        if (isPythonKeyword(name))
+            continue; // "import=" is no Python
         items->push_back(completion(name, CompletionKind::Flag));
         if (!call.hasValue)
             items->back().insertion = name + QLatin1Char('=');

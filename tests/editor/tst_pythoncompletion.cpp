@@ -59,7 +59,7 @@ CommandHelp help(const QString &name)
 {
     CommandHelp result;
     CommandFlag flag;
-    for (const char *names : {"r radius", "n name", "q "}) {
+    for (const char *names : {"r radius", "n name", "q import"}) {
         flag.shortName = QString::fromLatin1(names).section(' ', 0, 0);
         flag.longName = QString::fromLatin1(names).section(' ', 1);
         if (name == "sphere")
