@@ -162,6 +162,18 @@ void EdQuickHelpView::chooseFlag()
         emit flagSelected(flag);
 }
 
+CommandFlag EdQuickHelpView::flag(const QString &name) const
+{
+    CommandFlag wanted;
+    wanted.longName = name.startsWith(QLatin1Char('-')) ? name.mid(1) : name;
+    for (const CommandFlag &known : m_known.value(m_command).flags) {
+        if (known.longName == wanted.longName ||
+            (known.longName.isEmpty() && known.shortName == wanted.longName))
+            return known;
+    }
+    return wanted;
+}
+
 void EdQuickHelpView::enterCommand()
 {
     const QString command = commandWord(m_entry->text());

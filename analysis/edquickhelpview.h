@@ -25,6 +25,9 @@ public:
 
     // The name that was asked for last; empty before.
     QString command() const { return m_command; }
+    // The one of that name, with both of its names; of an unknown one just the name. A dash in
+    // front is no part of it.
+    CommandFlag flag(const QString &name) const;
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 

@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "mainwindow/flaginsertion.h"
 
+#include "analysis/commandword.h"
+#include "analysis/pythonkeywords.h"
 #include "analysis/wordunits.h"
+#include "bridge/commandhelp.h"
 #include "editor/edcodeedit.h"
 #include "editor/editblock.h"
 #include "editor/editorlanguage.h"
+#include "mainwindow/pythonarguments.h"
 
 #include <QTextBlock>
 #include <QTextCursor>
@@ -13,8 +17,10 @@ namespace {
 
 struct Insertion
 {
-    int typed = 0; // the start of the flag, in front of the caret, that makes room
+    int column = 0;
+    int typed = 0; // the start of the flag, in front of the column, that makes room
     QString text;
+    int caretBack = 0; // from the end of the text; below 0, behind it
 };
 
 QString lastWord(const QString &before)
@@ -30,22 +36,12 @@ bool endsInOneOf(const QString &text, const char *characters)
     return text.isEmpty() || QString::fromLatin1(characters).contains(text.at(text.size() - 1));
 }
 
-QString trimmedEnd(QString text)
-{
-    while (!text.isEmpty() && text.at(text.size() - 1).isSpace())
-        text.chop(1);
-    return text;
-}
-
 // What parts the parameter from the text that it is put behind.
 QString pythonSeparator(const QString &before, const QString &command)
 {
-    const QString text = trimmedEnd(before);
-    if (endsInOneOf(text, "(")) // or is empty: the call began on a line above
-        return QString();
-    if (text.endsWith(QLatin1Char(',')))
-        return QLatin1String(text.size() == before.size() ? " " : "");
-    return QLatin1String(lastWord(text) == command ? "(" : ", ");
+    if (startsArgument(before))
+        return QLatin1String(before.endsWith(QLatin1Char(',')) ? " " : "");
+    return QLatin1String(lastWord(before) == command ? "(" : ", ");
 }
 
 int wordEnd(const QString &line, int column)
@@ -67,10 +63,25 @@ int insertionColumn(const QString &line, int column, const QString &command, boo
     return isCalled ? end + 1 : end;
 }
 
-// Behind `before`, the line in front of the caret.
-Insertion melInsertion(const QString &flag, const QString &before)
+// polySphere -r 1;|
+//                |     from behind the statement of the command into it
+int melColumn(const QString &line, int column, const QString &command)
+{
+    bool isBehind = false;
+    for (int end = column; end > 0 && endsInOneOf(line.left(end), " \t;`");) {
+        --end;
+        isBehind = isBehind || endsInOneOf(line.mid(end, 1), ";`");
+        if (isBehind && commandBefore(line, end) == command)
+            return end;
+    }
+    return column;
+}
+
+Insertion melInsertion(const QString &line, int column, const QString &flag, const QString &command)
 {
     Insertion insertion;
+    insertion.column = melColumn(line, column, command);
+    const QString before = line.left(insertion.column);
     const QString word = lastWord(before);
     const QString rest = before.left(before.size() - word.size());
     if (rest.endsWith(QLatin1Char('-')) && flag.startsWith(word))
@@ -80,36 +91,61 @@ Insertion melInsertion(const QString &flag, const QString &before)
     return insertion;
 }
 
-Insertion pythonInsertion(const QString &flag, const QString &before, const QString &command)
+// A name that is there, with its value, is changed and keeps the value.
+Insertion pythonReplacement(const QString &line, int column, int typed, const QString &name)
 {
     Insertion insertion;
-    const QString word = lastWord(before);
-    const QString rest = before.left(before.size() - word.size());
-    if (flag.startsWith(word) && endsInOneOf(trimmedEnd(rest), "(,"))
-        insertion.typed = int(word.size());
-    const QString left = before.left(before.size() - insertion.typed);
-    insertion.text = pythonSeparator(left, command) + flag + QLatin1Char('=');
+    insertion.column = column;
+    insertion.typed = typed;
+    const QString after = line.mid(column, 2);
+    const bool hasValue = after.startsWith(QLatin1Char('=')) && after != QLatin1String("==");
+    insertion.text = hasValue ? name : name + QLatin1Char('=');
+    insertion.caretBack = hasValue ? -1 : 0;
+    return insertion;
+}
+
+Insertion pythonInsertion(const QString &line, int column, const CommandFlag &flag,
+                          const QString &command)
+{
+    const bool isNoName = isPythonKeyword(flag.longName) && !flag.shortName.isEmpty();
+    const QString name = isNoName || flag.longName.isEmpty() ? flag.shortName : flag.longName;
+    const QString word = lastWord(line.left(column));
+    if (!word.isEmpty() && (name.startsWith(word) || flag.longName.startsWith(word)) &&
+        startsArgument(line.left(column - word.size())))
+        return pythonReplacement(line, column, int(word.size()), name);
+
+    Insertion insertion;
+    const int closing = closingOfCall(line, column, command);
+    insertion.column = keywordPlace(line, closing >= 0 ? closing : column);
+    insertion.text =
+        pythonSeparator(line.left(insertion.column), command) + name + QLatin1Char('=');
+    if (argumentFollows(line, insertion.column)) {
+        insertion.text += QLatin1String(", ");
+        insertion.caretBack = 2;
+    }
     return insertion;
 }
 
 } // namespace
 
-void insertFlag(EdCodeEdit *edit, const QString &flag, const QString &command)
+void insertFlag(EdCodeEdit *edit, const CommandFlag &flag, const QString &command)
 {
     const bool isPython = edit->language() == PythonLanguage;
     QTextCursor cursor = edit->textCursor();
     cursor.setPosition(cursor.selectionEnd());
-    const QTextBlock line = cursor.block();
-    const int column = insertionColumn(line.text(), cursor.positionInBlock(), command, isPython);
-    cursor.setPosition(line.position() + column);
-    const QString name = flag.startsWith(QLatin1Char('-')) ? flag.mid(1) : flag;
-    const QString before = line.text().left(column);
-    const Insertion insertion =
-        isPython ? pythonInsertion(name, before, command) : melInsertion(name, before);
+    const QTextBlock block = cursor.block();
+    const QString line = block.text();
+    const int column = insertionColumn(line, cursor.positionInBlock(), command, isPython);
+    const QString melName = flag.longName.isEmpty() ? flag.shortName : flag.longName;
+    const Insertion insertion = isPython ? pythonInsertion(line, column, flag, command)
+                                         : melInsertion(line, column, melName, command);
+    const int end = block.position() + insertion.column;
     {
         const EditBlock step(cursor); // or it would join what was typed before
-        cursor.movePosition(QTextCursor::Left, QTextCursor::KeepAnchor, insertion.typed);
+        cursor.setPosition(end - insertion.typed);
+        cursor.setPosition(end, QTextCursor::KeepAnchor);
         cursor.insertText(insertion.text);
     }
+    cursor.setPosition(cursor.position() - insertion.caretBack);
     edit->setTextCursor(cursor);
 }

@@ -100,7 +100,7 @@ void Kestrowl::insertQuickHelpFlag(const QString &flag)
 {
     if (!currentView())
         return;
-    insertFlag(currentView()->codeEdit(), flag, m_quickHelp->command());
+    insertFlag(currentView()->codeEdit(), m_quickHelp->flag(flag), m_quickHelp->command());
     focusEditor();
 }
 

@@ -19,6 +19,7 @@ private slots:
     void cleanupTestCase();
     void flagsAreInsertedAsTheLanguageHasThem_data();
     void flagsAreInsertedAsTheLanguageHasThem();
+    void keywordsGoByTheirShortNames();
     void f4LeadsFromTheWordToItsFlag();
     void f4FindsTheCommandOfAFlag();
     void completionsChangeNothingElse();
@@ -32,7 +33,8 @@ CommandHelp answer(const QString &name)
     CommandHelp help;
     if (name == "ls" || name == "polySphere") {
         help.kind = CommandKind::Command;
-        help.flags << CommandFlag{"r", "radius", "Length"} << CommandFlag{"sl", "selection", ""};
+        help.flags << CommandFlag{"r", "radius", "Length"} << CommandFlag{"sl", "selection", ""}
+                   << CommandFlag{"i", "import", ""};
     }
     return help;
 }
@@ -94,6 +96,19 @@ void TestWindowQuickHelp::flagsAreInsertedAsTheLanguageHasThem_data()
     row("without-parentheses", python, "cmds.ls|", "cmds.ls(radius=|");
     row("into-the-parentheses", python, "cmds.[ls]()", "cmds.ls(radius=|)");
     row("line-of-its-own", python, "ls(\n    |)", "ls(\n    radius=|)");
+    row("behind-the-statement", mel, "`ls -sl`; |", "`ls -sl -radius |`; ");
+    row("behind-another-statement", mel, "ls; select;|", "ls; select; -radius |");
+    row("before-others", python, "cmds.l|s(sl=1)", "cmds.ls(radius=|, sl=1)");
+    row("start-of-others", python, "x = ls(\n    |sl=1)", "x = ls(\n    radius=|, sl=1)");
+    row("behind-values", python, "ls(|'a, (', b(1, 2) , sl=1)",
+        "ls('a, (', b(1, 2), radius=| , sl=1)");
+    row("in-a-string", python, "ls('a,|b', *c)", "ls('a,b', radius=|, *c)");
+    row("in-a-value", python, "ls(sl=|1)", "ls(sl=1, radius=|)");
+    row("behind-the-call", python, "cmds.ls(sl=f(1))|", "cmds.ls(sl=f(1), radius=|)");
+    row("behind-another-call", python, "ls(f(1)|)", "ls(f(1), radius=|)");
+    row("name-with-a-value", python, "ls(a, r|a=1)", "ls(a, radius=|1)");
+    const QString hebrew = QString::fromUtf8("\xd7\x90\xd7\x91 = ");
+    row("right-to-left", python, hebrew + "ls(ra|)", hebrew + "ls(radius=|)");
 }
 
 void TestWindowQuickHelp::flagsAreInsertedAsTheLanguageHasThem()
@@ -111,6 +126,20 @@ void TestWindowQuickHelp::flagsAreInsertedAsTheLanguageHasThem()
     fixture.edit()->undo();
     QCOMPARE(fixture.edit()->toPlainText(), before);
     fixture.edit()->document()->setModified(false);
+}
+
+// "import=" would be no Python.
+void TestWindowQuickHelp::keywordsGoByTheirShortNames()
+{
+    WindowFixture fixture;
+    fixture.showActive();
+    for (const int type : {0, 1}) {
+        fixture.newBuffer(type, type == 0 ? "ls -im" : "ls(im");
+        fixture.window.updateAndShowQuickHelp("ls", false);
+        fixture.edit()->moveCursor(QTextCursor::End);
+        fixture.window.insertQuickHelpFlag("import");
+        QCOMPARE(markedText(fixture.edit()), QString(type == 0 ? "ls -import |" : "ls(i=|"));
+    }
 }
 
 void TestWindowQuickHelp::f4LeadsFromTheWordToItsFlag()

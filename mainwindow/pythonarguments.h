@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+// Where in a line of Python one more keyword argument may stand. Columns count from 0; brackets are
+// followed within the line alone.
+#pragma once
+
+#include <QString>
+
+// Whether what follows the text is the first of an argument: behind "(" or ",", or behind nothing,
+// as in a call that began on a line above.
+bool startsArgument(const QString &before);
+
+// Whether an argument stands behind the column, past blanks.
+bool argumentFollows(const QString &line, int column);
+
+// From the column on, the first place that is between arguments and behind all that have no name:
+//   f(|a, b, c=1)      f(a, b|, c=1)
+int keywordPlace(const QString &line, int column);
+
+// That of the ")" of a call of the function which ends at the column, past blanks and ";"; -1 for
+// none.
+int closingOfCall(const QString &line, int column, const QString &function);
