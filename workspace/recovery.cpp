@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -28,6 +29,7 @@ QString translated(const char *text)
 struct Journal
 {
     QString path;
+    int number = 0; // among those of its session
     JournalContents contents;
     bool isCopy = false; // outlives its recovery, being kept aside
 };
@@ -70,20 +72,29 @@ private:
         m_sessionIds.clear();
         for (const Journal &journal : journals)
             m_sessionIds << journal.contents.header.documentId;
-        // Buffers that share a file are told apart by their order if by nothing else.
-        std::stable_sort(journals.begin(), journals.end(), [](const Journal &a, const Journal &b) {
-            return a.contents.header.bufferIndex < b.contents.header.bufferIndex;
-        });
+        std::stable_sort(journals.begin(), journals.end(), isBefore);
         for (const Journal &journal : journals)
             recover(journal);
         m_laterPaths += m_sessionPaths;
         m_sessionPaths.clear();
     }
 
+    // Buffers that share a file are told apart by their order if by nothing else. Of the texts for
+    // one file the latest is the one that counts.
+    static bool isBefore(const Journal &a, const Journal &b)
+    {
+        const auto rank = [](const Journal &journal) {
+            const JournalHeader &header = journal.contents.header;
+            return std::make_pair(header.bufferIndex, header.isBuffer ? 1 : -journal.number);
+        };
+        return rank(a) < rank(b);
+    }
+
     void readInto(std::vector<Journal> *journals, const QString &path)
     {
         Journal journal;
         journal.path = path;
+        journal.number = QFileInfo(path).baseName().toInt();
         journal.contents = readJournal(path);
         if (journal.contents.state == JournalContents::Refused) {
             m_result.problems << translated("An unsaved text cannot be read now: %1: %2.")

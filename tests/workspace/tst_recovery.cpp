@@ -42,6 +42,7 @@ private slots:
     void buffersBeyondTheLastNameLoseNothing();
     void movedBuffersKeepTheirTexts();
     void severalSessionsLoseNothing();
+    void theLatestOfOneSessionIsTheFiles();
     void filesChangedSinceAreNotOverwritten();
     void filesOfTwoNamesAreOneDocument();
     void mixedLineEndsStayWhereTheyWere();
@@ -269,6 +270,21 @@ void TestRecovery::mixedLineEndsStayWhereTheyWere()
     m_session->recover();
     view->save();
     QCOMPARE(m_dir->read("a.txt"), QByteArray("new\r\none\r\ntwo\rthree\nfour\r\nnew\r\nfive\r\n"));
+}
+
+// Their journals are numbered: 10 is later than 2.
+void TestRecovery::theLatestOfOneSessionIsTheFiles()
+{
+    const QString file = m_dir->write("a.mel", "");
+    for (int i = 0; i <= 10; ++i) {
+        EditorSession &session = i == 0 ? restart() : *m_session;
+        session.open(file)->replace(QString::number(i));
+    }
+    EditorSession &session = restart();
+    EdCodeView *view = session.open(file);
+    session.recover();
+    QCOMPARE(view->text(), QString("10"));
+    QCOMPARE(int(session.codeViews().size()), 11);
 }
 
 void TestRecovery::severalSessionsLoseNothing()
