@@ -59,8 +59,9 @@ void Kestrowl::storeLicense(const QString &text)
 
 void Kestrowl::explainClosed(EdCodeView *view)
 {
-    if (!savingAllowed() && !view->isBuffer() && view->isModified())
-        setStatusText(tr("The demo does not save: the changes of %1 come back at the next start.")
+    if (!view->keptJournal().isEmpty())
+        setStatusText(tr("The demo does not save: the changes of %1 come back when it is opened "
+                         "again, or at the next start.")
                           .arg(view->fileInfo().fileName()));
 }
 

@@ -32,7 +32,8 @@ QStringList localFiles(const QMimeData &data)
 } // namespace
 
 EdCentralWidget::EdCentralWidget(QWidget *parent)
-    : QWidget(parent), m_scripts(this), m_splitter(new QSplitter(this)), m_watch(new FileWatch(this))
+    : QWidget(parent), m_scripts(this), m_splitter(new QSplitter(this)),
+      m_watch(new FileWatch(this))
 {
     setObjectName(QLatin1String("centralwidget"));
     setAcceptDrops(true);
@@ -94,6 +95,7 @@ void EdCentralWidget::connectPane(EdCodeTabWidget *pane)
     connect(pane, SIGNAL(codeViewInserted(EdCodeView *)), SLOT(onCodeViewInserted(EdCodeView *)));
     connect(pane, SIGNAL(aboutToSave(EdCodeView *)), SLOT(checkBeforeWriting(EdCodeView *)));
     connect(pane, SIGNAL(tabsReordered()), &m_tabsTimer, SLOT(start()));
+    connect(pane, SIGNAL(codeViewRetired(EdCodeView *)), SLOT(noteKeptChanges(EdCodeView *)));
 }
 
 EdCodeView *EdCentralWidget::currentCodeView() const

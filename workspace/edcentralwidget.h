@@ -6,6 +6,7 @@
 #include "workspace/workspacestate.h"
 
 #include <QFileInfo>
+#include <QHash>
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -210,6 +211,7 @@ private slots:
     void showDocument(EdCodeView *view);
     void closeDocument(EdCodeView *view);
     void checkBeforeWriting(EdCodeView *view);
+    void noteKeptChanges(EdCodeView *view);
 
 private:
     // A tab of a pane, or none.
@@ -261,6 +263,7 @@ private:
     QString nameOf(const EdCodeView &view) const override;
     void addCodeView(EdCodeView *view, const QString &label) override;
     void showRecovered(const QList<RecoveredDocument> &documents);
+    void giveBackChanges(EdCodeView *view);
     static void showStored(EdCodeTabWidget *pane, const QList<EdCodeView *> &restored, int index);
 
     const WorkspaceScripts m_scripts;
@@ -274,6 +277,7 @@ private:
     FileWatch *m_watch;
     QStringList m_changedFiles; // reported and not asked about yet
     QStringList m_missingFiles;
-    QStringList m_waitingEntries; // of the restored list, whose folders are not there
-    bool m_ignoresTabs = false;   // while many change at once
+    QHash<QString, QString> m_keptJournals; // of files that a demo has closed, by path
+    QStringList m_waitingEntries;           // of the restored list, whose folders are not there
+    bool m_ignoresTabs = false;             // while many change at once
 };

@@ -6,6 +6,7 @@
 #include "workspace/edcodetabwidget.h"
 #include "workspace/edcodeview.h"
 #include "workspace/flagscope.h"
+#include "workspace/journalfile.h"
 #include "workspace/recoverybar.h"
 #include "workspace/tabentry.h"
 
@@ -21,6 +22,12 @@ bool mayComeBack(const TabEntry &entry)
 {
     const QFileInfo file(entry.path);
     return !entry.isBuffer && (file.exists() || !file.dir().exists());
+}
+
+QString pathWithoutLinks(const EdCodeView &view)
+{
+    const QFileInfo file = view.fileInfo();
+    return file.exists() ? file.canonicalFilePath() : file.absoluteFilePath();
 }
 
 } // namespace
@@ -188,6 +195,29 @@ void EdCentralWidget::showRecovered(const QList<RecoveredDocument> &documents)
         qobject_cast<QBoxLayout *>(layout())->insertWidget(0, m_recoveryBar);
     }
     m_recoveryBar->add(documents);
+}
+
+void EdCentralWidget::noteKeptChanges(EdCodeView *view)
+{
+    if (!view->keptJournal().isEmpty())
+        m_keptJournals.insert(pathWithoutLinks(*view), view->keptJournal());
+}
+
+// Or there would be two unsaved texts for one file at the next start.
+void EdCentralWidget::giveBackChanges(EdCodeView *view)
+{
+    const QString journal = m_keptJournals.take(pathWithoutLinks(*view));
+    const JournalContents contents = journal.isEmpty() ? JournalContents() : readJournal(journal);
+    if (contents.state != JournalContents::Intact)
+        return; // what is wrong with it, the next start tells
+    view->recover(contents, journal);
+    RecoveredDocument document;
+    document.view = view;
+    document.name = nameOf(*view);
+    document.isOutdated = view->isFileChanged();
+    if (document.isOutdated)
+        externalFileChange(view->fileInfo().absoluteFilePath());
+    showRecovered(QList<RecoveredDocument>() << document);
 }
 
 QString EdCentralWidget::nameOf(const EdCodeView &view) const

@@ -104,8 +104,10 @@ void EdCentralWidget::openFile(const QFileInfo &fileInfo)
         showPlace(place);
     else if (!mayOpenAnother())
         return;
-    else if (active()->openFile(fileInfo, -1, preferences().insertDocsOnLeft ? 0 : -1) != -1)
+    else if (active()->openFile(fileInfo, -1, preferences().insertDocsOnLeft ? 0 : -1) != -1) {
+        giveBackChanges(currentCodeView());
         onTabChange();
+    }
 }
 
 void EdCentralWidget::save()

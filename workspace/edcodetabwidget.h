@@ -221,6 +221,7 @@ private:
     QString documentName(int tabIndex) const;
 
     SaveAnswer promptSave(int tabIndex);
+    bool askToLose(const QString &name);
     bool mayCloseFile(EdCodeView *view);
     bool saveBeforeClosing(const QPointer<EdCodeView> &view);
     bool saveForClosing(const QPointer<EdCodeView> &view);

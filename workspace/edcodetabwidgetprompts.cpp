@@ -14,9 +14,19 @@
 
 SaveAnswer EdCodeTabWidget::promptSave(int tabIndex)
 {
-    if (!savingAllowed())
-        return SaveAnswer::Discard;
-    return askToSave(this, documentName(tabIndex));
+    if (savingAllowed())
+        return askToSave(this, documentName(tabIndex));
+    // Nothing is lost by closing, so there is nothing to ask, as long as the changes come back.
+    EdCodeView *view = codeViewAt(tabIndex);
+    const bool isKept = view && view->keepChanges();
+    return isKept || askToLose(documentName(tabIndex)) ? SaveAnswer::Discard : SaveAnswer::Cancel;
+}
+
+bool EdCodeTabWidget::askToLose(const QString &name)
+{
+    const QString question = tr("The changes of '%1' cannot be kept now, and the demo does not "
+                                "save.\n\nClose it and lose them?");
+    return askYesNo(this, tr("Demo"), question.arg(name), QMessageBox::No, QMessageBox::No);
 }
 
 bool EdCodeTabWidget::promptAllUnsaved(bool ignoreCurrent)

@@ -82,13 +82,18 @@ public:
     // Whether other buffers, for want of names, have the same file.
     bool mayShareFile() const;
     // For a document that the user has closed, and that is deleted soon: nothing of it is left but
-    // a file of the user's.
+    // a file of the user's, and in a demo the journal of its changes.
     void retire();
+    // The journal that was left; empty for none.
+    QString keptJournal() const { return m_keptJournal; }
     // By the file's suffix.
     void updateLanguage();
 
     // Has the journal hold the text as it is now, before something that may take the program away.
-    void flushJournal();
+    // False when it does not.
+    bool flushJournal();
+    // The same for changes of which nothing else will be left. Tries again what has failed.
+    bool keepChanges();
     // Gives up the text that is not saved: it will not come back.
     void discardJournal();
     // Makes a view that awaits a file the document of one that is missing or cannot be read.
@@ -242,4 +247,5 @@ private:
     std::optional<Fingerprint> m_seen;      // the file's; nothing while it has none of its own
     QElapsedTimer m_sinceNoJournal;         // since there was no folder for one
     std::unique_ptr<TextJournal> m_journal; // null while everything is saved
+    QString m_keptJournal;
 };

@@ -332,8 +332,11 @@ void EdCodeView::removeBufferFile()
 void EdCodeView::retire()
 {
     removeBufferFile();
-    // Nobody was asked, as it could not be saved: it comes back at the next start.
+    // Nobody was asked, as it could not be saved: it comes back.
     if (savingAllowed() || m_isBuffer || !m_modified)
         discardJournal();
+    else if (flushJournal())
+        m_keptJournal = m_journal->path();
+    m_journal.reset();
     m_isRetired = true;
 }

@@ -87,10 +87,16 @@ JournalHeader EdCodeView::journalHeader() const
     return header;
 }
 
-void EdCodeView::flushJournal()
+bool EdCodeView::flushJournal()
 {
-    if (m_journal)
-        m_journal->flush();
+    return m_journal && m_journal->flush();
+}
+
+bool EdCodeView::keepChanges()
+{
+    if (!m_journal)
+        followChanges();
+    return m_journal && m_journal->flush(TextJournal::Insists);
 }
 
 void EdCodeView::discardJournal()

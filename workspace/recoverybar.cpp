@@ -114,6 +114,7 @@ void RecoveryBar::discard()
     }
     if (m_documents.at(m_list->currentIndex()).isApart || !file.exists()) {
         forget(view);
+        view->discardJournal(); // or a demo would keep it
         emit closeWanted(view);
         return;
     }
@@ -188,7 +189,7 @@ void RecoveryBar::refresh()
         say(tr("Recovered unsaved text of %1.").arg(m_list->itemText(0)), LongText);
     else
         say(tr("Recovered (%1):").arg(count()), ShortText);
-    m_message->setToolTip(tr("These texts were not saved when the program ended."));
+    m_message->setToolTip(tr("These texts were not saved before."));
     m_list->setVisible(!isOne);
     m_keepAll->setVisible(!isOne);
     setVisible(count() > 0);

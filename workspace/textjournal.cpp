@@ -342,14 +342,13 @@ void TextJournal::retryCopy()
         startCopy();
 }
 
-// A copy that has failed a moment ago is not tried again here, where the user may wait for it.
-bool TextJournal::flush()
+bool TextJournal::flush(Patience patience)
 {
     if (m_isRemoved)
         return false;
     m_follows = m_follows && !isFileGone();
     writePending();
-    if (!m_follows && !m_isCopying && !m_retryTimer.isActive())
+    if (!m_follows && !m_isCopying && (patience == Insists || !m_retryTimer.isActive()))
         startCopy();
     while (!m_follows && m_isCopying && copySlice()) {
     }

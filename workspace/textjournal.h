@@ -50,8 +50,10 @@ public:
     void adopt(qint64 size);
     // Once the document has another file, or what it has seen of it has changed.
     void setHeader(const JournalHeader &header);
-    // Has the file hold the text now. False when it cannot be written.
-    bool flush();
+    // Has the file hold the text now. False when it cannot be written; what has failed a moment
+    // ago is only tried again if that is insisted on.
+    enum Patience { WaitsForRetry, Insists };
+    bool flush(Patience patience = WaitsForRetry);
     // Deletes the file and follows the document no more.
     void remove();
 

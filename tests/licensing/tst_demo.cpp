@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What a demo refuses in the window, and what it keeps all the same.
+#include "compat/filetree.h"
 #include "licensing/license.h"
 #include "tests/licensing/issuer.h"
 #include "tests/mainwindow/windowfixture.h"
@@ -8,6 +9,7 @@
 #include "workspace/edcodetabwidget.h"
 
 #include <QFile>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QStatusBar>
 #include <QToolButton>
@@ -25,6 +27,9 @@ private slots:
     void buffersAreSaved();
     void executingSavesNothingAndRuns();
     void closedChangesComeBack();
+    void closedChangesComeBackWithTheFile();
+    void closingAsksWhereNothingIsKept();
+    void discardedTextsStayAway();
     void onlySoManyDocumentsAreOpened();
     void licenseLiftsEverythingAndSurvives();
 
@@ -138,6 +143,60 @@ void TestDemo::closedChangesComeBack()
     QCOMPARE(runs.view()->text(), QString("new"));
     QVERIFY(runs.view()->isModified());
     QCOMPARE(runs.dir.read("a.mel"), QByteArray("old"));
+}
+
+// At the next start, too, there is one text for the file, and it is the last one.
+void TestDemo::closedChangesComeBackWithTheFile()
+{
+    Runs runs;
+    runs.openChanged("a.mel");
+    runs.window->closeTab();
+    runs.window->open(runs.dir.file("a.mel"));
+    QCOMPARE(runs.view()->text(), QString("new"));
+    runs.view()->codeEdit()->insertPlainText("er");
+    runs.window->closeTab();
+    runs.start();
+    QCOMPARE(runs.tabCount(), 1);
+    QCOMPARE(runs.view()->text(), QString("newer"));
+    runs.view()->codeEdit()->undo();
+    QCOMPARE(runs.view()->text(), QString("old"));
+}
+
+void TestDemo::closingAsksWhereNothingIsKept()
+{
+    Runs runs;
+    runs.openChanged("a.mel");
+    QString ignored;
+    QVERIFY(compat::removeTree(runs.dir.file("corvaneEditorTemp/journal"), &ignored));
+    runs.dir.write("corvaneEditorTemp/journal", "no folder");
+    for (const char *slot : {"closeTab", "closeAllTabs"}) {
+        ModalAnswer kept("No");
+        QMetaObject::invokeMethod(runs.window.get(), slot);
+        QVERIFY2(kept.text().contains("'a.mel' cannot be kept"), slot);
+        QCOMPARE(runs.tabCount(), 1);
+    }
+    ModalAnswer lost("Yes");
+    runs.window->closeTab();
+    QVERIFY(lost.wasAsked());
+    QCOMPARE(runs.tabCount(), 0);
+    QVERIFY(!runs.window->statusBar()->currentMessage().contains("come back"));
+}
+
+// The file is gone, so its document goes with the text.
+void TestDemo::discardedTextsStayAway()
+{
+    Runs runs;
+    runs.openChanged("a.mel");
+    runs.start();
+    QCOMPARE(runs.view()->text(), QString("new"));
+    QVERIFY(QFile::remove(runs.dir.file("a.mel")));
+    for (QPushButton *button : runs.window->findChildren<QPushButton *>()) {
+        if (button->text() == "Discard")
+            button->click();
+    }
+    QCOMPARE(runs.tabCount(), 0);
+    runs.start();
+    QCOMPARE(runs.tabCount(), 0);
 }
 
 void TestDemo::onlySoManyDocumentsAreOpened()
