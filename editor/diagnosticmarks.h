@@ -36,23 +36,48 @@ public:
     // marks now.
     bool shift(int position, int charsRemoved, int charsAdded, int addedLines);
 
+    bool isEmpty() const { return m_marks.empty(); }
     // Null when no mark lies there.
     const EdDiagnosticMark *at(int position) const;
-    const std::vector<EdDiagnosticMark> &all() const { return m_marks; }
-    // Null before they are set.
-    QTextDocument *document() const { return m_document; }
+    const std::vector<EdDiagnosticMark> &all() const;
     // Message by line; of two on a line the later one in the list. To look at a few lines of many
     // marks, the next one is quicker.
     const QMap<int, QString> &lines() const;
     // Those with a mark from `first` to `last`, both included, in ascending order.
     std::vector<int> linesBetween(int first, int last) const;
+    // The characters of the marks that begin on these lines, where there are any. As long as no
+    // mark comes to another line, and the same lines are asked for, this looks at no mark.
+    const std::vector<QTextCursor> &charactersBetween(int first, int last) const;
 
 private:
+    // A part of the text in which no mark begins or ends. What is edited inside moves all marks
+    // behind it; this is done when somebody asks for marks, not at every key.
+    struct QuietPart
+    {
+        int start = 0;
+        int end = 0;
+        int delta = 0; // how far the marks behind are to be moved
+        int addedLines = 0;
+    };
+
+    struct Shown
+    {
+        bool isOld = true;
+        int first = 0;
+        int last = 0;
+        std::vector<QTextCursor> characters;
+    };
+
+    bool shiftEach(int position, int charsRemoved, int charsAdded, int addedLines);
     bool updateLine(EdDiagnosticMark &mark) const;
+    QuietPart quietAround(int position) const;
+    void settle() const;
 
     QTextDocument *m_document = nullptr; // that of the marks
 
-    std::vector<EdDiagnosticMark> m_marks;
+    mutable std::vector<EdDiagnosticMark> m_marks; // as of the last settle()
+    mutable QuietPart m_quiet;
+    mutable Shown m_shown;              // made when asked for
     mutable QMap<int, QString> m_lines; // made when asked for
     mutable bool m_linesAreOld = false;
 };

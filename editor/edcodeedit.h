@@ -215,6 +215,7 @@ private:
     void widenToVariable();
     void dragSelection();
     QTextBlock lastVisibleBlock() const;
+    int mostVisibleLines() const;
     const QString &searchedText();
     struct LineTop
     {

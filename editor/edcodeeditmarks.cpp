@@ -125,8 +125,7 @@ void EdCodeEdit::highlightPage(const QTextBlock &first)
 {
     if (!m_highlighter || !m_highlighter->isPending())
         return;
-    const int lines = viewport()->height() / QFontMetrics(font()).lineSpacing() + 1;
-    m_highlighter->highlightVisible(first, lines);
+    m_highlighter->highlightVisible(first, mostVisibleLines());
 }
 
 // Whichever way lines come into view, they are painted.
@@ -284,7 +283,8 @@ void EdCodeEdit::highlightCurrentLine()
 
 void EdCodeEdit::highlightMatches()
 {
-    addMatches(m_markedSearch, firstVisibleBlock(), lastVisibleBlock(), &m_extraSelections);
+    if (!m_markedSearch.findText.isEmpty())
+        addMatches(m_markedSearch, firstVisibleBlock(), lastVisibleBlock(), &m_extraSelections);
 }
 
 void EdCodeEdit::markMatches(const FindRequest &request)
@@ -321,11 +321,18 @@ void EdCodeEdit::matchParenthesis()
 
 void EdCodeEdit::highlightErrors()
 {
-    if (m_errors.all().empty() && m_warnings.all().empty() && m_infos.all().empty())
+    if (m_errors.isEmpty() && m_warnings.isEmpty() && m_infos.isEmpty())
         return;
-    addErrorUnderlines(m_errors, m_warnings, m_infos,
-                       firstVisibleBlock().blockNumber() - linesAround,
-                       lastVisibleBlock().blockNumber() + linesAround, &m_extraSelections);
+    const int line = firstVisibleBlock().blockNumber();
+    addErrorUnderlines(m_errors, m_warnings, m_infos, line - linesAround,
+                       line + mostVisibleLines() + linesAround, &m_extraSelections);
+}
+
+// Those of a page of lines without a wrap. To look for the last one in view takes many times
+// longer.
+int EdCodeEdit::mostVisibleLines() const
+{
+    return viewport()->height() / QFontMetrics(font()).lineSpacing() + 1;
 }
 
 QTextBlock EdCodeEdit::lastVisibleBlock() const

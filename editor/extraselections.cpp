@@ -73,19 +73,14 @@ void addWord(const QString &word, const QTextBlock &block, const QTextCharFormat
 void addUnderlines(const DiagnosticMarks &marks, OutputText category, int firstLine, int lastLine,
                    ExtraSelections *selections)
 {
-    QTextDocument *document = marks.document();
+    if (marks.isEmpty())
+        return;
     QTextCharFormat format;
     format.setUnderlineStyle(QTextCharFormat::WaveUnderline);
     format.setUnderlineColor(textFormat(category).foreground);
-    for (const EdDiagnosticMark &mark : marks.all()) {
-        if (mark.line < firstLine || mark.line > lastLine)
-            continue;
-        QTextCursor cursor(document);
-        cursor.setPosition(mark.start);
-        if (isLong(cursor.block()))
-            continue;
-        cursor.setPosition(mark.end, QTextCursor::KeepAnchor);
-        *selections << selectionOver(cursor, format);
+    for (const QTextCursor &characters : marks.charactersBetween(firstLine, lastLine)) {
+        if (!isLong(characters.document()->findBlock(characters.anchor())))
+            *selections << selectionOver(characters, format);
     }
 }
 

@@ -9,6 +9,8 @@
 #include <QTextCursor>
 #include <QTextDocument>
 
+#include <random>
+
 // A document with marks that hear of its changes, as those of an editor do.
 class MarkedText : public QObject
 {
@@ -28,9 +30,12 @@ public:
     {
         m_list.add(message, start, end);
         m_marks.set(m_list, &m_document);
+        m_known.set(m_list, &m_document);
     }
 
     const DiagnosticMarks &marks() const { return m_marks; }
+    // The same ones, but asked for after every change.
+    const DiagnosticMarks &knownMarks() const { return m_known; }
     QTextDocument *document() { return &m_document; }
     QTextCursor cursor(int from, int to)
     {
@@ -58,6 +63,8 @@ private slots:
     {
         const int lines = m_document.blockCount();
         m_marks.shift(position, removed, added, lines - m_lines);
+        m_known.shift(position, removed, added, lines - m_lines);
+        m_known.all();
         m_lines = lines;
     }
 
@@ -65,8 +72,28 @@ private:
     QTextDocument m_document;
     DiagnosticList m_list;
     DiagnosticMarks m_marks;
+    DiagnosticMarks m_known;
     int m_lines = 0;
 };
+
+// Of those that cover a character.
+QStringList places(const std::vector<EdDiagnosticMark> &marks, int firstLine, int lastLine)
+{
+    QStringList places;
+    for (const EdDiagnosticMark &mark : marks) {
+        if (mark.line >= firstLine && mark.line <= lastLine && mark.start < mark.end)
+            places << QString("%1-%2").arg(mark.start).arg(mark.end);
+    }
+    return places;
+}
+
+QStringList places(const std::vector<QTextCursor> &cursors)
+{
+    QStringList places;
+    for (const QTextCursor &cursor : cursors)
+        places << QString("%1-%2").arg(cursor.anchor()).arg(cursor.position());
+    return places;
+}
 
 class TestDiagnosticMarks : public QObject
 {
@@ -77,6 +104,7 @@ private slots:
     void editsMoveOrDropMarks();
     void gatheredEditsKeepWhatTheyDidNotTouch();
     void gatheredEditsReachIntoMarks();
+    void marksAreTheSameHoweverOftenAskedFor();
     void undoneRemovalDoesNotInventMarks();
     void theLaterMarkOfALineWins();
     void listsMayReachBeyondTheText();
@@ -167,6 +195,43 @@ void TestDiagnosticMarks::gatheredEditsReachIntoMarks()
     cursor.endEditBlock();
     const QChar eol(QChar::ParagraphSeparator);
     QCOMPARE(text.shown(), QString("0:aa%1  bbb%1  cc 0:aa%1  bb").arg(eol));
+}
+
+// Bursts of keys at one place, with a look at all marks, or at those in view, now and then.
+void TestDiagnosticMarks::marksAreTheSameHoweverOftenAskedFor()
+{
+    MarkedText text(QString("0123456789\n").repeated(200));
+    for (int start = 0; start < 2000; start += 15)
+        text.mark(start, start + start % 7);
+    std::mt19937 dice(1);
+    QTextCursor cursor(text.document());
+    for (int i = 0; i < 4000; ++i) {
+        if (i % 500 == 0)
+            text.mark(500, 900); // as of now, all of them anew
+        if (i % 10 == 0)
+            cursor.setPosition(int(dice() % 1000));
+        const unsigned key = dice() % 8;
+        if (key == 0)
+            cursor.insertBlock();
+        else if (key == 1)
+            cursor.deletePreviousChar();
+        else if (key == 2)
+            cursor.deleteChar();
+        else if (key < 6)
+            cursor.insertText("x");
+        else
+            cursor.movePosition(key == 6 ? QTextCursor::Left : QTextCursor::Right);
+        const int line = i / 1000;
+        if (i % 3 == 0)
+            QCOMPARE(places(text.marks().charactersBetween(line, 500)),
+                     places(text.knownMarks().all(), line, 500));
+        if (i % 37 == 0)
+            QCOMPARE(text.marks().lines(), text.knownMarks().lines());
+    }
+    QCOMPARE(places(text.marks().all(), 0, 9999), places(text.knownMarks().all(), 0, 9999));
+    QVERIFY(text.marks().all().size() > 50);
+    for (const EdDiagnosticMark &mark : text.marks().all())
+        QCOMPARE(mark.line, text.document()->findBlock(mark.start).blockNumber());
 }
 
 void TestDiagnosticMarks::undoneRemovalDoesNotInventMarks()
