@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What a key costs in the editor, from its event to the repainted window, against the same key in a
 // plain text edit, in turns in the same run; and how long a large paste takes in either.
-#include "analysis/melparser.h"
+#include "analysis/diagnosticlist.h"
 #include "bench/measure.h"
 #include "bench/sampletext.h"
 #include "editor/edcodeedit.h"
@@ -83,11 +83,11 @@ struct Editors
 // Spread over the text, one character each.
 void addDiagnostics(EdCodeEdit &edit)
 {
-    MelParser parser;
+    DiagnosticList errors;
     const int distance = edit.document()->characterCount() / diagnostics;
     for (int i = 0; i < diagnostics; ++i)
-        parser.addError(QString::fromLatin1("an error"), i * distance, i * distance + 1);
-    edit.setDiagnostics(parser);
+        errors.add(QString::fromLatin1("an error"), i * distance, i * distance + 1);
+    edit.setErrors(errors);
 }
 
 struct Typing
