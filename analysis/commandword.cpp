@@ -72,6 +72,30 @@ int argumentsStart(const QString &line, int column)
     return 0;
 }
 
+bool isBlank(QChar c)
+{
+    return c == QLatin1Char(' ') || c == QLatin1Char('\t');
+}
+
+// -scale      but not the difference in 1 -scale(2)
+bool hasDash(const QString &line, int start, int end)
+{
+    if (start == 0 || line.at(start - 1) != QLatin1Char('-') ||
+        line.mid(end, 1) == QLatin1String("("))
+        return false;
+    return start == 1 || isBlank(line.at(start - 2)) ||
+           QString::fromLatin1("(`").contains(line.at(start - 2));
+}
+
+bool isParameter(const QString &line, int start, int end)
+{
+    while (end < line.size() && isBlank(line.at(end)))
+        ++end;
+    const int arguments = argumentsStart(line, start);
+    return arguments > 0 && line.at(arguments - 1) == QLatin1Char('(') &&
+           line.mid(end, 1) == QLatin1String("=") && line.mid(end, 2) != QLatin1String("==");
+}
+
 } // namespace
 
 QString commandWord(const QString &text)
@@ -83,6 +107,15 @@ QString commandWordAt(const QString &line, int column)
 {
     const int at = qBound(0, column, int(line.size()));
     return lastName(line, runStart(line, at), runEnd(line, at));
+}
+
+bool isFlagAt(const QString &line, int column)
+{
+    const int at = qBound(0, column, int(line.size()));
+    const int start = runStart(line, at);
+    const int end = runEnd(line, at);
+    const bool isPath = line.mid(start, end - start).contains(QLatin1Char('.'));
+    return start < end && !isPath && (hasDash(line, start, end) || isParameter(line, start, end));
 }
 
 QString commandBefore(const QString &line, int column)

@@ -11,6 +11,10 @@ QString commandWord(const QString &text);
 // The name that the column, counted from 0, is in or at an end of; empty for none.
 QString commandWordAt(const QString &line, int column);
 
+// Whether that name looks like a flag, though it may be that of a command too: ls -type, or
+// cmds.ls(type=...).
+bool isFlagAt(const QString &line, int column);
+
 // The command whose arguments the column is among, as far as its line tells:
 //   ls -long `select -|     is in the arguments of select
 //   cmds.ls(sl=|            in those of ls

@@ -146,6 +146,7 @@ void EdQuickHelpView::back()
 
 void EdQuickHelpView::focusFilter()
 {
+    activateWindow(); // the dock may float
     QWidget *part = m_filter->isEnabled() ? m_filter : m_entry;
     part->setFocus();
 }

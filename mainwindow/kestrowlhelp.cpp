@@ -23,14 +23,15 @@ bool isMelName(const QString &name)
     return !name.isEmpty() && melNameTable().contains(name);
 }
 
-// The name at the caret; where that is none of Maya's, such as a flag, the command before it.
+// The name at the caret; where that is a flag, or none of Maya's, the command before it.
 QString commandAtCaret(const QTextCursor &caret)
 {
     const QString line = caret.block().text();
-    const QString name = commandWordAt(line, caret.positionInBlock());
-    if (isMelName(name))
+    const int column = caret.positionInBlock();
+    const QString name = commandWordAt(line, column);
+    if (isMelName(name) && !isFlagAt(line, column))
         return name;
-    const QString before = commandBefore(line, caret.positionInBlock());
+    const QString before = commandBefore(line, column);
     return name.isEmpty() || isMelName(before) ? before : name;
 }
 

@@ -22,6 +22,7 @@ private slots:
     void keywordsGoByTheirShortNames();
     void f4LeadsFromTheWordToItsFlag();
     void f4FindsTheCommandOfAFlag();
+    void f4BringsTheKeyboardToAFloatingDock();
     void completionsChangeNothingElse();
     void thePageIsThatOfTheLanguage();
 };
@@ -169,8 +170,11 @@ void TestWindowQuickHelp::f4FindsTheCommandOfAFlag()
     fixture.showActive();
     fixture.newBuffer(1, "");
     EdQuickHelpView *view = fixture.window.findChild<EdQuickHelpView *>();
-    for (const char *text : {"x = mc.polySphere(rad|ius=1)", "mc.polySphere(r=1, |)",
-                             "mc.poly|Sphere()", "[mc.polySphere(]"}) {
+    for (const char *text :
+         {"x = mc.polySphere(rad|ius=1)", "mc.polySphere(r=1, |)", "mc.poly|Sphere()",
+          "[mc.polySphere(]", "polySphere -l|s 1", "f(`polySphere -ls|`)",
+          "mc.polySphere(r, l|s = 1)", "mc.ls(1, -mc.poly|Sphere())", "ls -polySphere|(1)",
+          "mc.ls(poly|Sphere == 1)"}) {
         setMarkedText(fixture.edit(), "print 1|");
         QTest::keyClick(fixture.edit(), Qt::Key_F4);
         QVERIFY(view->command() != "polySphere");
@@ -178,6 +182,24 @@ void TestWindowQuickHelp::f4FindsTheCommandOfAFlag()
         QTest::keyClick(fixture.edit(), Qt::Key_F4);
         QCOMPARE(view->command(), QString("polySphere"));
     }
+}
+
+void TestWindowQuickHelp::f4BringsTheKeyboardToAFloatingDock()
+{
+    WindowFixture fixture;
+    fixture.showActive();
+    fixture.newBuffer(0, "ls");
+    QDockWidget *dock = fixture.window.dock(Dock::QuickHelp);
+    dock->setFloating(true);
+    QTest::keyClick(fixture.edit(), Qt::Key_F4);
+    QApplication::processEvents();
+    fixture.window.activateWindow(); // the dock came in front
+    QApplication::processEvents();
+    QCOMPARE(QApplication::activeWindow(), static_cast<QWidget *>(&fixture.window));
+    QTest::keyClick(fixture.edit(), Qt::Key_F4);
+    QApplication::processEvents();
+    QCOMPARE(QApplication::activeWindow(), static_cast<QWidget *>(dock));
+    QVERIFY(dock->findChild<QLineEdit *>("filter")->hasFocus());
 }
 
 void TestWindowQuickHelp::completionsChangeNothingElse()
