@@ -22,7 +22,8 @@ namespace {
 const int rounds = 3;
 const int keys = 300;
 const int keysOfLine = 100;
-const int diagnostics = 200;
+const int fewErrors = 200;
+const int manyErrors = 10000;
 
 // Milliseconds of a key each, sorted: the program's own, for a key takes less than the turn of
 // another program that comes between.
@@ -81,11 +82,11 @@ struct Editors
 };
 
 // Spread over the text, one character each.
-void addDiagnostics(EdCodeEdit &edit)
+void addErrors(EdCodeEdit &edit, int count)
 {
     DiagnosticList errors;
-    const int distance = edit.document()->characterCount() / diagnostics;
-    for (int i = 0; i < diagnostics; ++i)
+    const int distance = edit.document()->characterCount() / count;
+    for (int i = 0; i < count; ++i)
         errors.add(QString::fromLatin1("an error"), i * distance, i * distance + 1);
     edit.setErrors(errors);
 }
@@ -123,25 +124,26 @@ Typing type(Editors &editors, int count)
     return typing;
 }
 
-Typing typeInTheMiddle(int lines)
+Typing typeInTheMiddle(int lines, int errors)
 {
     Editors editors(melSample(lines));
-    addDiagnostics(editors.own);
+    addErrors(editors.own, errors);
     editors.goTo(lines / 2 + 4);
     Typing typing = type(editors, keys);
     for (int i = 1; i < rounds; ++i) {
         editors.goTo(lines / 2 + 4 + 20 * i);
         typing.keepBest(type(editors, keys));
     }
-    std::printf("%d lines: a key takes %.3f ms, in a plain text edit %.3f ms\n", lines,
-                median(typing.own), median(typing.plain));
+    std::printf("%d lines, %d errors: a key takes %.3f ms, in a plain text edit %.3f ms\n", lines,
+                errors, median(typing.own), median(typing.plain));
     return typing;
 }
 
 bool measureTyping()
 {
-    const Typing few = typeInTheMiddle(1000);
-    const Typing many = typeInTheMiddle(100000);
+    const Typing few = typeInTheMiddle(1000, fewErrors);
+    const Typing many = typeInTheMiddle(100000, fewErrors);
+    const Typing crowded = typeInTheMiddle(100000, manyErrors);
     bool ok = true;
     for (const Typing &typing : {few, many}) {
         ok &= isAtMost("a key / one in a plain text edit",
@@ -149,6 +151,8 @@ bool measureTyping()
         ok &= isAtMost("99 % of the keys / half of those in a plain text edit",
                        percentile99(typing.own) / median(typing.plain), 4);
     }
+    ok &= isAtMost("a key with 10,000 errors / with 200", median(crowded.own) / median(many.own),
+                   1.2);
     return isAtMost("a key in 100,000 lines / in 1,000", median(many.own) / median(few.own), 1.5) &&
            ok;
 }
