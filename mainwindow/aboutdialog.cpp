@@ -62,7 +62,10 @@ QLayout *AboutDialog::createHead()
     QLabel *title = createLabel(name);
     QFont font = title->font();
     font.setBold(true);
-    font.setPointSize(font.pointSize() + 4);
+    if (font.pixelSize() > 0) // the host may count like this
+        font.setPixelSize(font.pixelSize() + 5);
+    else
+        font.setPointSize(font.pointSize() + 4);
     title->setFont(font);
     m_text = name + QLatin1Char('\n');
 

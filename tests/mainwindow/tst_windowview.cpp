@@ -302,8 +302,17 @@ void TestWindowView::aboutTellsWhatItRunsWith()
     QPointer<AboutDialog> dialog = dialogs.first();
     QTest::keyClick(dialog, Qt::Key_Escape);
     QVERIFY(!dialog || !dialog->isVisible());
+    const QFont font = QApplication::font();
+    QFont inPixels = font;
+    inPixels.setPixelSize(20);
+    QApplication::setFont(inPixels); // such a font has no size in points
     AboutDialog unknown;
+    QApplication::setFont(font);
     QVERIFY(unknown.text().contains("Maya: unknown\nPython: unknown\n"));
+    QList<int> sizes;
+    for (const QLabel *label : unknown.findChildren<QLabel *>())
+        sizes << label->font().pixelSize();
+    QCOMPARE(int(sizes.count(25)), 1); // the title's
 }
 
 void TestWindowView::preferencesReachTheWindow()
