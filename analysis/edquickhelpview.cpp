@@ -101,7 +101,7 @@ void EdQuickHelpView::lookUp()
     m_entry->setText(m_command);
     m_back->setEnabled(!m_history.isEmpty());
     m_message->setText(message(help));
-    m_documentation->setVisible(help.kind == CommandKind::Command);
+    m_documentation->setVisible(help.hasPage);
     m_filter->clear();
     m_filter->setEnabled(!help.flags.isEmpty());
     m_flags->setFlags(help.flags);

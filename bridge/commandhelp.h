@@ -18,6 +18,7 @@ struct CommandFlag
 struct CommandHelp
 {
     CommandKind kind = CommandKind::Unknown;
+    bool hasPage = false;     // in the host's documentation; commands of plug-ins may have none
     QList<CommandFlag> flags; // of compiled commands alone, in the host's order
 };
 

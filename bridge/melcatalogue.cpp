@@ -196,6 +196,7 @@ CommandHelp melCommandHelp(const QString &name)
     if (name.isEmpty())
         return help;
     help.kind = kindOf(name);
+    help.hasPage = isMelCommand(name);
     if (help.kind != CommandKind::Command)
         return help;
     const QStringList fields = flagsOf(name);

@@ -123,6 +123,7 @@ void TestMelCatalogue::helpKnowsWhatCameLater()
         QCOMPARE(melCommandHelp(name).kind, CommandKind::Unknown);
     const CommandHelp help = melCommandHelp("optionVar");
     QCOMPARE(help.kind, CommandKind::Command);
+    QVERIFY(help.hasPage && !melCommandHelp("cvTestRuntime").hasPage);
     QVERIFY(!help.flags.isEmpty());
     for (const CommandFlag &flag : help.flags) {
         if (flag.shortName == "ex")
