@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Makes the pair of keys that licenses are signed and checked with, and signs licenses.
+#include "compat/filesystem.h"
 #include "licensing/licensefile.h"
 
 #include <QCoreApplication>
@@ -19,8 +20,6 @@ const char usage[] =
     "corvane-license sign FILE NAME CONTACT EXPIRES   prints a license, signed with the key in\n"
     "                                                 FILE; EXPIRES is YYYY-MM-DD or \"never\"\n";
 
-const QFile::Permissions ownerOnly = QFile::ReadOwner | QFile::WriteOwner;
-
 unsigned char *unsignedBytes(QByteArray *bytes)
 {
     return reinterpret_cast<unsigned char *>(bytes->data());
@@ -39,16 +38,16 @@ void print(const QByteArray &text)
 
 int makeKeys(const QString &path)
 {
-    QFile file(path);
-    if (file.exists())
-        return fail(path + QLatin1String(" exists already"));
     QByteArray publicKey(int(crypto_sign_PUBLICKEYBYTES), '\0');
     QByteArray secretKey(int(crypto_sign_SECRETKEYBYTES), '\0');
     crypto_sign_keypair(unsignedBytes(&publicKey), unsignedBytes(&secretKey));
     const QByteArray line = secretKey.toBase64() + '\n';
-    // Nobody else may read it, not even while it is written.
-    if (!file.open(QIODevice::WriteOnly) || !file.setPermissions(ownerOnly) ||
-        file.write(line) != line.size() || !file.flush())
+    // Nobody else may read it, not even for a moment.
+    QFile file;
+    QString reason;
+    if (!compat::createFile(&file, path, compat::Access::UserOnly, &reason))
+        return fail(path + QLatin1String(": ") + reason);
+    if (file.write(line) != line.size() || !file.flush())
         return fail(file.errorString());
     print(publicKey.toBase64() + '\n');
     return 0;
