@@ -125,14 +125,18 @@ LicenseAnswer checkLicense(const QString &text, const QByteArray &publicKey, con
 
 QString readLicenseFile(const QString &path, QString *problem)
 {
-    QFile file(path);
-    if (!QFileInfo(path).isFile()) // opening a pipe would wait
+    if (!QFileInfo(path).isFile()) { // opening a pipe would wait
         *problem = translated("This is no file.");
-    else if (!file.open(QIODevice::ReadOnly))
+        return QString();
+    }
+    QFile file(path);
+    const QByteArray bytes =
+        file.open(QIODevice::ReadOnly) ? file.read(mostBytes + 1) : QByteArray();
+    if (file.error() != QFile::NoError)
         *problem = translated("The file cannot be read: %1.").arg(file.errorString());
-    else if (file.size() > mostBytes)
+    else if (bytes.size() > mostBytes)
         *problem = translated("This is no license of Corvane Editor.");
     else
-        return QString::fromUtf8(file.read(mostBytes));
+        return QString::fromUtf8(bytes);
     return QString();
 }

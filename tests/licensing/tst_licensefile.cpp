@@ -136,6 +136,11 @@ void TestLicenseFile::filesAreReadWithCare()
         QCOMPARE(readLicenseFile(path, &problem), QString());
         QVERIFY2(!problem.isEmpty(), qPrintable(path));
     }
+    const QString unreadable = "/proc/self/mem"; // nothing is mapped at its start
+    if (QFileInfo(unreadable).isFile()) {
+        readLicenseFile(unreadable, &problem);
+        QVERIFY2(problem.startsWith("The file cannot be read"), qPrintable(problem));
+    }
 }
 
 static QByteArray toolOutput(const QStringList &arguments, int status = 0)
