@@ -107,7 +107,7 @@ void Kestrowl::connectCentralWidget()
     connect(m_central, SIGNAL(quickHelpSelected(QString, bool)),
             SLOT(updateAndShowQuickHelp(QString, bool)));
     connect(m_central, SIGNAL(commandDocumentationSelected(QString, bool)),
-            SIGNAL(commandHelpRequested(QString, bool)));
+            SLOT(openSelectedPage(QString, bool)));
     connect(m_central, SIGNAL(longLineReached()), SLOT(explainLongLine()));
     connect(m_central, SIGNAL(completionSlow()), SLOT(explainSlowCompletion()));
     connect(m_central, SIGNAL(tabsChanged()), SLOT(rememberTabs()));

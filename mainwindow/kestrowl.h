@@ -175,6 +175,7 @@ public slots:
     // At the caret, as the document's language has it.
     void insertQuickHelpFlag(const QString &flag);
     void openQuickHelpPage(const QString &command);
+    void openSelectedPage(const QString &selection, bool python);
     void focusEditor();
 
     void showPreferencesDialog();

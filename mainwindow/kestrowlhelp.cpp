@@ -105,6 +105,16 @@ void Kestrowl::insertQuickHelpFlag(const QString &flag)
     focusEditor();
 }
 
+// Where nothing is selected, the page is that of the command at the caret; else the index.
+void Kestrowl::openSelectedPage(const QString &selection, bool python)
+{
+    QString command = selection;
+    if (command.isEmpty() && currentView())
+        command = commandAtCaret(currentView()->codeEdit()->textCursor());
+    const bool isKnown = !selection.isEmpty() || commandHelp(command).hasPage;
+    emit commandHelpRequested(isKnown ? command : QString(), python);
+}
+
 void Kestrowl::openQuickHelpPage(const QString &command)
 {
     const bool python = currentView() && currentView()->language() == EdCodeView::Python;

@@ -25,6 +25,7 @@ private slots:
     void f4BringsTheKeyboardToAFloatingDock();
     void completionsChangeNothingElse();
     void thePageIsThatOfTheLanguage();
+    void f5FindsTheCommandAtTheCaret();
 };
 
 namespace {
@@ -34,6 +35,7 @@ CommandHelp answer(const QString &name)
     CommandHelp help;
     if (name == "ls" || name == "polySphere") {
         help.kind = CommandKind::Command;
+        help.hasPage = true;
         help.flags << CommandFlag{"r", "radius", "Length"} << CommandFlag{"sl", "selection", ""}
                    << CommandFlag{"i", "import", ""};
     }
@@ -231,6 +233,23 @@ void TestWindowQuickHelp::thePageIsThatOfTheLanguage()
     QCOMPARE(help.value(0).value(1).toBool(), true);
     QCOMPARE(help.value(1).value(1).toBool(), false);
     QCOMPARE(help.value(1).value(0).toString(), QString("ls"));
+}
+
+// What is selected is taken as it is.
+void TestWindowQuickHelp::f5FindsTheCommandAtTheCaret()
+{
+    WindowFixture fixture;
+    fixture.showActive();
+    fixture.newBuffer(1, "");
+    QSignalSpy help(&fixture.window, SIGNAL(commandHelpRequested(QString, bool)));
+    for (const char *text : {"mc.l|s(r=1)", "x = 1|", "mc.[ls](r=1)", "[mc.ls](r=1)"}) {
+        setMarkedText(fixture.edit(), text);
+        QTest::keyClick(fixture.edit(), Qt::Key_F5);
+    }
+    QStringList commands;
+    while (!help.isEmpty())
+        commands << help.takeFirst().value(0).toString();
+    QCOMPARE(commands.join(" "), QString("ls  ls mc.ls"));
 }
 
 CORVANE_TEST_MAIN(TestWindowQuickHelp)
