@@ -10,12 +10,16 @@
 #include <QTextCursor>
 #include <QTextDocument>
 
+#include <algorithm>
+
 namespace {
 
 // What Python parses in a few hundredths of a second even where it is dense and broken.
 const int mostUnitsForPython = 25000;
 // Reading more than this takes longer than a typist waits.
 const int longestDocument = 4000000;
+
+const QLatin1Char equalsSign('=');
 
 const QString &commandPrefix()
 {
@@ -37,6 +41,14 @@ Completion completion(const QString &text, CompletionKind kind)
     return item;
 }
 
+QStringList texts(const std::vector<Completion> &items)
+{
+    QStringList list;
+    for (const Completion &item : items)
+        list << item.text;
+    return list;
+}
+
 std::vector<Completion> completions(const QStringList &names, CompletionKind kind)
 {
     std::vector<Completion> items;
@@ -53,12 +65,37 @@ CompletionKind memberKind(const QString &module, const QString &name)
     return isCommand ? CompletionKind::Command : CompletionKind::Name;
 }
 
+// Whether the script has a name for something of its own.
+bool isDeclared(const Completion &name)
+{
+    return name.kind != CompletionKind::Keyword && name.kind != CompletionKind::BuiltIn;
+}
+
 QSet<QString> setOf(const QStringList &names)
 {
     QSet<QString> set;
     for (const QString &name : names)
         set.insert(name);
     return set;
+}
+
+// Flags first. A variable that is called as one of them goes before that one: who types its name to
+// the end means the variable, since the flag has a sign to come. What is called as a flag that has
+// its value already can only be the flag.
+std::vector<Completion> joined(const std::vector<Completion> &flags,
+                               const std::vector<Completion> &names)
+{
+    const QSet<QString> flagTexts = setOf(texts(flags));
+    std::vector<Completion> items = flags;
+    for (const Completion &name : names) {
+        const QString flag = name.text + equalsSign;
+        const auto isFlag = [&flag](const Completion &item) { return item.text == flag; };
+        if (isDeclared(name) && flagTexts.contains(flag))
+            items.insert(std::find_if(items.begin(), items.end(), isFlag), name);
+        else if (!flagTexts.contains(name.text))
+            items.push_back(name);
+    }
+    return items;
 }
 
 } // namespace
@@ -97,21 +134,15 @@ std::vector<Completion> PythonCompletion::namesAt(const PythonContext &context,
                                                   const PythonCaret &caret)
 {
     const DeclaredNames declared(context);
-    std::vector<Completion> items;
-    addFlags(caret.call, declared.path(caret.call.function), &items);
-    QSet<QString> flags;
-    for (const Completion &flag : items)
-        flags.insert(flag.text);
     const QString excerpt = pythonExcerpt(context, mostUnitsForPython);
+    std::vector<Completion> names;
     for (const QString &name : pythonNames(PythonQuestion::NamesInScope, excerpt)) {
-        if (flags.contains(name))
-            continue;
         CompletionKind kind = declared.kind(name);
         if (kind == CompletionKind::Name && melNameTable().contains(commandOf(declared.path(name))))
             kind = CompletionKind::Command;
-        items.push_back(completion(name, kind == CompletionKind::Name ? wordKind(name) : kind));
+        names.push_back(completion(name, kind == CompletionKind::Name ? wordKind(name) : kind));
     }
-    return items;
+    return joined(flagsFor(caret.call, declared.path(caret.call.function)), names);
 }
 
 std::vector<Completion> PythonCompletion::membersAt(const PythonContext &context,
@@ -126,12 +157,12 @@ std::vector<Completion> PythonCompletion::membersAt(const PythonContext &context
 }
 
 // By both names, but for those that were given by either.
-void PythonCompletion::addFlags(const PythonCall &call, const QString &path,
-                                std::vector<Completion> *items)
+std::vector<Completion> PythonCompletion::flagsFor(const PythonCall &call, const QString &path)
 {
+    std::vector<Completion> flags;
     const QString command = commandOf(path);
     if (command.isEmpty())
-        return;
+        return flags;
     QStringList names;
     for (const CommandFlag &flag : flagsOf(command)) {
         if (!call.keywords.contains(flag.shortName) && !call.keywords.contains(flag.longName))
@@ -141,12 +172,11 @@ void PythonCompletion::addFlags(const PythonCall &call, const QString &path,
     names.removeDuplicates();
     names.sort();
     for (const QString &name : names) {
-        if (isPythonKeyword(name))
-            continue; // "import=" is no Python
-        items->push_back(completion(name, CompletionKind::Flag));
-        if (!call.hasValue)
-            items->back().insertion = name + QLatin1Char('=');
+        if (!isPythonKeyword(name)) // "import=" is no Python
+            flags.push_back(
+                completion(call.hasValue ? name : name + equalsSign, CompletionKind::Flag));
     }
+    return flags;
 }
 
 const QList<CommandFlag> &PythonCompletion::flagsOf(const QString &command)

@@ -22,7 +22,7 @@ public:
 private:
     std::vector<Completion> namesAt(const PythonContext &context, const PythonCaret &caret);
     std::vector<Completion> membersAt(const PythonContext &context, const PythonCaret &caret) const;
-    void addFlags(const PythonCall &call, const QString &path, std::vector<Completion> *items);
+    std::vector<Completion> flagsFor(const PythonCall &call, const QString &path);
     const QList<CommandFlag> &flagsOf(const QString &command);
     CompletionKind wordKind(const QString &name);
 

@@ -5,6 +5,7 @@
 #include "editor/pythoncompletion.h"
 #include "editor/pythonexcerpt.h"
 #include "tests/support/caretnotation.h"
+#include "tests/support/datatable.h"
 #include "tests/support/lineartime.h"
 #include "tests/support/testmain.h"
 
@@ -22,7 +23,8 @@ private slots:
     void excerptsParse();
     void longTextsAreReducedToWhatMatters();
     void anyTextIsReadInTime();
-    void flagsComeFirstAndOnlyOnce();
+    void flagsComeFirst_data();
+    void flagsComeFirst();
     void kindsTellWhatNamesAre();
 };
 
@@ -65,10 +67,14 @@ CommandHelp help(const QString &name)
         if (name == "sphere")
             result.flags << flag;
     }
+    flag.shortName = "len";
+    flag.longName.clear();
+    if (name == "box")
+        result.flags << flag;
     return result;
 }
 
-// Each item as "text" or "text>insertion".
+// The texts of the items.
 QStringList completed(const QString &drawing, std::vector<Completion> *items = nullptr)
 {
     setPythonNameSource(answer);
@@ -77,7 +83,7 @@ QStringList completed(const QString &drawing, std::vector<Completion> *items = n
     const Completions found = PythonCompletion().completionsAt(setDrawing(&document, drawing));
     QStringList texts;
     for (const Completion &item : found.items)
-        texts << item.text + (item.insertion.isEmpty() ? "" : ">" + item.insertion);
+        texts << item.text;
     if (items)
         *items = found.items;
     return texts;
@@ -219,22 +225,28 @@ void PythonCompletionTest::anyTextIsReadInTime()
     }
 }
 
-void PythonCompletionTest::flagsComeFirstAndOnlyOnce()
+void PythonCompletionTest::flagsComeFirst_data()
 {
-    answers << "a"
-            << "name"
-            << "z";
-    const QString all = "n>n= name>name= q>q= r>r= radius>radius= a z";
-    for (const char *drawing :
-         {"import maya.cmds as mc\nmc.sphere(|", "cmds.sphere(|",
-          "from maya.cmds import sphere as ball\nball(|)",
-          "def f():\n    from maya import cmds as c\n    c.sphere(\n        |",
-          "from maya.cmds import *\nsphere(|"})
-        QCOMPARE(completed(drawing).join(" "), all);
-    QCOMPARE(completed("cmds.sphere(q=1, |, radius=2)").join(" "), QString("n>n= name>name= a z"));
-    QCOMPARE(completed("cmds.sphere(r=2, |=3)").join(" "), QString("n name q a z"));
-    QCOMPARE(completed("cmds.cone(|").join(" "), answers.join(" "));
-    QCOMPARE(completed("# cmds.sphere(|").join(" "), QString());
+    columns<QString, QString>("drawing", "expected");
+    const char all[] = "n= name name= q= r= radius= a len z"; // the variable before its flag
+    row("alias", "import maya.cmds as mc\nmc.sphere(|", all);
+    row("without-an-import", "cmds.sphere(|", all);
+    row("imported-command", "from maya.cmds import sphere as ball\nball(|)", all);
+    row("import-nearby", "def f():\n    from maya import cmds as c\n    c.sphere(\n        |", all);
+    row("all-commands", "from maya.cmds import *\nsphere(|", all);
+    row("given", "cmds.sphere(q=1, |, radius=2)", "n= name name= a len z");
+    row("with-its-value", "cmds.sphere(r=2, |=3)", "n name q a len z");
+    row("no-flags", "cmds.cone(|", "a len name z");
+    row("in-a-comment", "# cmds.sphere(|", "");
+    row("called-as-a-built-in", "cmds.box(|", "len= a len name z");
+}
+
+void PythonCompletionTest::flagsComeFirst()
+{
+    QFETCH(QString, drawing);
+    QFETCH(QString, expected);
+    answers = words("a len name z");
+    QCOMPARE(completed(drawing).join(" "), expected);
 }
 
 void PythonCompletionTest::kindsTellWhatNamesAre()
