@@ -150,7 +150,9 @@ Costs measurePeer(QStringList all)
 {
     QLineEdit edit;
     edit.show();
-    all.sort(Qt::CaseInsensitive);
+    std::sort(all.begin(), all.end(), [](const QString &a, const QString &b) {
+        return QString::compare(a, b, Qt::CaseInsensitive) < 0;
+    });
     QCompleter completer(all);
     completer.setCaseSensitivity(Qt::CaseInsensitive);
     completer.setModelSorting(QCompleter::CaseInsensitivelySortedModel);
