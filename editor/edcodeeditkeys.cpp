@@ -228,10 +228,11 @@ EdCodeEdit::Key EdCodeEdit::commandKeys(QKeyEvent *event)
 
 EdCodeEdit::Key EdCodeEdit::otherKey(QKeyEvent *event)
 {
-    const int position = textCursor().position();
-    const bool wordStartsHere = position == 0 || !isNameUnit(characterBefore(position).unicode());
     if (m_completer->isVisible())
         hidePopupFor(*event);
+    const int position = textCursor().position();
+    const bool wordStartsHere = !m_completer->isVisible() &&
+                                (position == 0 || !isNameUnit(characterBefore(position).unicode()));
     QPlainTextEdit::keyPressEvent(event);
     if (isReadOnly())
         return Key::Taken;

@@ -224,6 +224,7 @@ void EdCodeEdit::onContentsChange(int position, int charsRemoved, int charsAdded
     if (charsRemoved == charsAdded && document()->revision() == m_revision)
         return;
     m_revision = document()->revision();
+    m_completer->hideOutsideWord();
     const int addedLines = blockCount() - m_blockCount;
     m_blockCount = blockCount();
     bool changesGutter = addedLines != 0;

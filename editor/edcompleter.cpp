@@ -118,8 +118,8 @@ EdCompleter::EdCompleter(QPlainTextEdit *editor)
     setEditTriggers(NoEditTriggers);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setModel(m_model);
-    connect(m_editor, SIGNAL(cursorPositionChanged()), SLOT(hideOutsideWord()));
-    connect(m_editor, SIGNAL(selectionChanged()), SLOT(hideOutsideWord()));
+    connect(m_editor, SIGNAL(cursorPositionChanged()), SLOT(followText()));
+    connect(m_editor, SIGNAL(selectionChanged()), SLOT(followText()));
     for (QScrollBar *bar : {editor->verticalScrollBar(), editor->horizontalScrollBar()})
         connect(bar, SIGNAL(actionTriggered(int)), SLOT(hide())); // by the user
     connect(this, SIGNAL(clicked(QModelIndex)), SLOT(chooseClicked(QModelIndex)));
@@ -166,6 +166,9 @@ void EdCompleter::updateCompletions()
     if (!isInWord())
         return hide();
     const QString typed = typedText();
+    if (isVisible() && typed == m_narrowedBy)
+        return;
+    m_narrowedBy = typed;
     m_model->narrow(typed);
     if (offersNothingNew(typed))
         return hide();
@@ -194,6 +197,13 @@ bool EdCompleter::offersNothingNew(const QString &typed) const
 {
     const int count = m_model->rowCount();
     return count == 0 || (count == 1 && m_model->completion(0).text == typed);
+}
+
+// Not all that is typed comes as a key: input methods commit text, and it can be pasted.
+void EdCompleter::followText()
+{
+    if (isVisible())
+        updateCompletions();
 }
 
 void EdCompleter::hideOutsideWord()

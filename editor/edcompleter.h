@@ -33,6 +33,8 @@ public:
     void begin(Trigger trigger, int language);
     // While it is visible: the text before the caret is another one now.
     void updateCompletions();
+    // At a change of the text, of which the caret need not tell.
+    void hideOutsideWord();
     // Keys that it takes from the editor while it is visible.
     static bool isKey(int key);
 
@@ -52,7 +54,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private slots:
-    void hideOutsideWord();
+    void followText();
     void chooseClicked(const QModelIndex &index);
 
 private:
@@ -72,6 +74,7 @@ private:
     QPlainTextEdit *m_editor;
     CompletionModel *m_model;
     std::unique_ptr<CompletionSource> m_source;
+    QString m_narrowedBy; // what was typed of the word when the rows were chosen
     int m_language = 0;
     int m_start = 0;           // where the word begins: a position in the document
     bool m_beganEmpty = false; // before anything of the word was typed

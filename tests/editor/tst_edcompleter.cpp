@@ -13,6 +13,7 @@
 
 #include <QApplication>
 #include <QFocusEvent>
+#include <QInputMethodEvent>
 #include <QScrollBar>
 #include <QSignalSpy>
 
@@ -42,6 +43,8 @@ private slots:
     void listsWhatGoesWithTheTyped_data();
     void listsWhatGoesWithTheTyped();
     void narrowsWithoutAskingAgain();
+    void followsWhatIsNotTyped_data();
+    void followsWhatIsNotTyped();
     void choosingIsOneStep_data();
     void choosingIsOneStep();
     void commandsGoToQuickHelp();
@@ -135,6 +138,35 @@ void TestEdCompleter::narrowsWithoutAskingAgain()
     QTest::keyClicks(m_edit.get(), "p");
     press(Qt::Key_Backspace);
     QVERIFY(m_popup->isVisible()); // it began with nothing
+}
+
+void TestEdCompleter::followsWhatIsNotTyped_data()
+{
+    columns<QString, QString, QString>("change", "rows", "after");
+    row("commit", "commit", "window", "f(window|");
+    row("commit-other", "commit-other", "", "f(x|");
+    row("paste", "paste", "window", "f(window|");
+    row("clear", "clear", "", "|");
+}
+
+void TestEdCompleter::followsWhatIsNotTyped()
+{
+    QFETCH(QString, change);
+    QFETCH(QString, rows);
+    QFETCH(QString, after);
+    show("f(|", "about window wi");
+    QInputMethodEvent commit;
+    commit.setCommitString(change == "commit" ? "win" : "x");
+    if (change == "clear")
+        m_edit->document()->clear();
+    else if (change == "paste")
+        m_edit->insertPlainText("win");
+    else
+        QApplication::sendEvent(m_edit.get(), &commit);
+    QCOMPARE(this->rows().join(" "), rows);
+    if (m_popup->isVisible())
+        press(Qt::Key_Return);
+    QCOMPARE(drawing(m_edit->textCursor()), after);
 }
 
 void TestEdCompleter::choosingIsOneStep_data()
