@@ -57,7 +57,10 @@ QColor inkOf(EditorText category)
 bool isOwnKey(const QKeyEvent &event, bool popupIsVisible)
 {
     const int key = event.key();
-    if (popupIsVisible && EdCompleter::isKey(key) && !(event.modifiers() & ~Qt::KeypadModifier))
+    // Shift+Tab goes up in the popup.
+    const Qt::KeyboardModifiers others =
+        event.modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier);
+    if (popupIsVisible && EdCompleter::isKey(key) && !others)
         return true;
     return (event.modifiers() & ~Qt::KeypadModifier) == Qt::ControlModifier &&
            (key == Qt::Key_D || key == Qt::Key_L || key == Qt::Key_Space);

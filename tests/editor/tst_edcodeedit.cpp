@@ -229,6 +229,7 @@ void TestEdCodeEdit::keysWhilePopupIsVisible_data()
     row("tab", "ab", int(Qt::Key_Tab), "abc1", "");
     row("return", "ab", int(Qt::Key_Return), "abc1", "");
     row("down", "ab", int(Qt::Key_Down), "ab", "abc2");
+    row("shift-tab", "ab", int(Qt::Key_Backtab), "ab", "abc2");
     row("escape", "ab", int(Qt::Key_Escape), "ab", "");
     row("letter", "ab", int(Qt::Key_C), "abc", "abc1");
     row("other-letter", "ab", int(Qt::Key_X), "abx", "");
@@ -254,7 +255,10 @@ void TestEdCodeEdit::keysWhilePopupIsVisible()
     popup->setSource(listSource("abc1 abc2"));
     popup->begin(EdCompleter::OnDemand, MelLanguage);
     QVERIFY(popup->isVisible());
-    QTest::keyClick(window.edit, Qt::Key(key));
+    const Qt::KeyboardModifiers shift = key == Qt::Key_Backtab ? Qt::ShiftModifier : Qt::NoModifier;
+    QKeyEvent claim(QEvent::ShortcutOverride, key, shift);
+    QVERIFY(!EdCompleter::isKey(key) || isAccepted(claim, window.edit));
+    QTest::keyClick(window.edit, Qt::Key(key), shift);
     QCOMPARE(window.edit->text(), after);
     QCOMPARE(popup->isVisible() ? popup->currentIndex().data().toString() : QString(), shown);
     QCOMPARE(window.keys, QList<int>());
