@@ -109,14 +109,16 @@ Insertion pythonInsertion(const QString &line, int column, const CommandFlag &fl
 {
     const bool isNoName = isPythonKeyword(flag.longName) && !flag.shortName.isEmpty();
     const QString name = isNoName || flag.longName.isEmpty() ? flag.shortName : flag.longName;
+    const int outside = outOfBrackets(line, column, command);
     const QString word = lastWord(line.left(column));
-    if (!word.isEmpty() && (name.startsWith(word) || flag.longName.startsWith(word)) &&
+    if (outside == column && !word.isEmpty() &&
+        (name.startsWith(word) || flag.longName.startsWith(word)) &&
         startsArgument(line.left(column - word.size())))
         return pythonReplacement(line, column, int(word.size()), name);
 
     Insertion insertion;
     const int closing = closingOfCall(line, column, command);
-    insertion.column = keywordPlace(line, closing >= 0 ? closing : column);
+    insertion.column = keywordPlace(line, closing >= 0 ? closing : outside);
     insertion.text =
         pythonSeparator(line.left(insertion.column), command) + name + QLatin1Char('=');
     if (argumentFollows(line, insertion.column)) {

@@ -73,6 +73,24 @@ int trimmedSize(const QString &text)
 
 } // namespace
 
+int outOfBrackets(const QString &line, int column, const QString &function)
+{
+    int outermost = column;
+    int closed = 0;
+    for (int i = column - 1; i >= 0; --i) {
+        const QChar c = line.at(i);
+        if (isOneOf(c, ")]}"))
+            ++closed;
+        if (!isOneOf(c, "([{") || closed-- > 0)
+            continue;
+        if (c == QLatin1Char('(') && commandWordAt(line, i) == function)
+            return outermost;
+        outermost = i;
+        closed = 0;
+    }
+    return column;
+}
+
 bool startsArgument(const QString &before)
 {
     const int size = trimmedSize(before);

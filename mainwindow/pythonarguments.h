@@ -5,6 +5,11 @@
 
 #include <QString>
 
+// From the column out of the brackets inside a call of the function, to the outermost of them; the
+// column itself where there is none, or no such call.
+//   function(a, [1, |2])      function(a, |[1, 2])
+int outOfBrackets(const QString &line, int column, const QString &function);
+
 // Whether what follows the text is the first of an argument: behind "(" or ",", or behind nothing,
 // as in a call that began on a line above.
 bool startsArgument(const QString &before);

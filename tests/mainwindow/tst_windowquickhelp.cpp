@@ -4,6 +4,7 @@
 #include "bridge/melnametable.h"
 #include "tests/mainwindow/windowfixture.h"
 #include "tests/support/datatable.h"
+#include "tests/support/skip.h"
 #include "tests/support/testmain.h"
 
 #include <QDockWidget>
@@ -54,6 +55,13 @@ void setMarkedText(EdCodeEdit *edit, QString text)
     cursor.setPosition(anchor < 0 ? caret : anchor);
     cursor.setPosition(caret, QTextCursor::KeepAnchor);
     edit->setTextCursor(cursor);
+}
+
+bool becomesActive(const QWidget *window)
+{
+    for (int i = 0; i < 200 && QApplication::activeWindow() != window; ++i)
+        QTest::qWait(5);
+    return QApplication::activeWindow() == window;
 }
 
 QString markedText(EdCodeEdit *edit)
@@ -108,6 +116,7 @@ void TestWindowQuickHelp::flagsAreInsertedAsTheLanguageHasThem_data()
     row("in-a-string", python, "ls('a,|b', *c)", "ls('a,b', radius=|, *c)");
     row("in-a-value", python, "ls(sl=|1)", "ls(sl=1, radius=|)");
     row("behind-the-call", python, "cmds.ls(sl=f(1))|", "cmds.ls(sl=f(1), radius=|)");
+    row("in-a-call-inside", python, "ls(a=f(1, {|2}), sl=1)", "ls(a=f(1, {2}), radius=|, sl=1)");
     row("behind-another-call", python, "ls(f(1)|)", "ls(f(1), radius=|)");
     row("name-with-a-value", python, "ls(a, r|a=1)", "ls(a, radius=|1)");
     const QString hebrew = QString::fromUtf8("\xd7\x90\xd7\x91 = ");
@@ -194,13 +203,12 @@ void TestWindowQuickHelp::f4BringsTheKeyboardToAFloatingDock()
     QDockWidget *dock = fixture.window.dock(Dock::QuickHelp);
     dock->setFloating(true);
     QTest::keyClick(fixture.edit(), Qt::Key_F4);
-    QApplication::processEvents();
-    fixture.window.activateWindow(); // the dock came in front
-    QApplication::processEvents();
-    QCOMPARE(QApplication::activeWindow(), static_cast<QWidget *>(&fixture.window));
+    QApplication::processEvents(); // it comes in front
+    fixture.window.activateWindow();
+    if (!becomesActive(&fixture.window))
+        CORVANE_SKIP("Windows are not activated here.");
     QTest::keyClick(fixture.edit(), Qt::Key_F4);
-    QApplication::processEvents();
-    QCOMPARE(QApplication::activeWindow(), static_cast<QWidget *>(dock));
+    QVERIFY(becomesActive(dock));
     QVERIFY(dock->findChild<QLineEdit *>("filter")->hasFocus());
 }
 
