@@ -49,25 +49,6 @@ int openBracket(const QString &code, int end)
     return -1;
 }
 
-// Parts between separators outside brackets; what stands behind a bracket that was not opened is
-// left out.
-QStringList partsOf(const QString &code, QChar separator)
-{
-    QStringList parts;
-    int depth = 0;
-    int start = 0;
-    int i = 0;
-    for (; i < code.size() && depth >= 0; ++i) {
-        depth += isOpener(code.at(i)) ? 1 : isCloser(code.at(i)) ? -1 : 0;
-        if (depth == 0 && code.at(i) == separator) {
-            parts << code.mid(start, i - start);
-            start = i + 1;
-        }
-    }
-    parts << code.mid(start, i - start - (depth < 0 ? 1 : 0));
-    return parts;
-}
-
 // The object whose name ends there: "a.b" for itself and, since a class stands for what it makes,
 // for "a().b". Empty where nothing can be known, as behind "a[0]".
 QString objectBefore(const QString &code, int end)
@@ -131,7 +112,7 @@ void readFrom(const QString &rest, PythonCaret *caret)
     const QString module = rest.left(word).trimmed();
     if (names.trimmed().startsWith(QLatin1Char('(')))
         names = names.mid(names.indexOf(QLatin1Char('(')) + 1);
-    if (!partsOf(names, QLatin1Char(',')).last().trimmed().isEmpty() ||
+    if (!codeParts(names, QLatin1Char(',')).last().trimmed().isEmpty() ||
         module.startsWith(QLatin1Char('.')))
         return;
     caret->object = module;
@@ -141,9 +122,9 @@ void readFrom(const QString &rest, PythonCaret *caret)
 // False when the code, which ends before the prefix, is no import.
 bool readImport(const QString &code, PythonCaret *caret)
 {
-    const QString statement = partsOf(code, QLatin1Char(';')).last().trimmed() + QLatin1Char(' ');
+    const QString statement = codeParts(code, QLatin1Char(';')).last().trimmed() + QLatin1Char(' ');
     if (statement.startsWith(QLatin1String("import ")))
-        readModule(partsOf(statement.mid(7), QLatin1Char(',')).last(), caret);
+        readModule(codeParts(statement.mid(7), QLatin1Char(',')).last(), caret);
     else if (statement.startsWith(QLatin1String("from ")))
         readFrom(statement.mid(5).trimmed() + QLatin1Char(' '), caret);
     else
@@ -218,12 +199,12 @@ private:
         const int opener = openBracket(m_code, int(m_code.size()));
         if (opener < 0 || m_code.at(opener) != QLatin1Char('('))
             return;
-        QStringList parts = partsOf(m_code.mid(opener + 1), QLatin1Char(','));
+        QStringList parts = codeParts(m_code.mid(opener + 1), QLatin1Char(','));
         if (!parts.takeLast().trimmed().isEmpty())
             return;
         const QString behind = codeBehind();
         call->hasValue = !keywordArgument(QLatin1Char('_') + behind).isEmpty();
-        parts << partsOf(behind, QLatin1Char(',')).mid(1);
+        parts << codeParts(behind, QLatin1Char(',')).mid(1);
         for (const QString &part : parts)
             call->keywords << keywordArgument(part);
         call->keywords.removeAll(QString());
@@ -306,9 +287,14 @@ PythonCaret pythonCaret(const PythonContext &context)
 QStringList argumentNames(const QString &text, const PythonStatement &definition)
 {
     const QString code = pythonCode(text, definition.start, definition.codeEnd).text;
-    QStringList names;
     const int opener = int(code.indexOf(QLatin1Char('(')));
-    for (const QString &part : partsOf(code.mid(opener + 1), QLatin1Char(','))) {
+    return opener < 0 ? QStringList() : argumentNames(code.mid(opener + 1));
+}
+
+QStringList argumentNames(const QString &list)
+{
+    QStringList names;
+    for (const QString &part : codeParts(list, QLatin1Char(','))) {
         int start = 0;
         while (start < part.size() &&
                (part.at(start).isSpace() || part.at(start) == QLatin1Char('*')))
@@ -316,8 +302,25 @@ QStringList argumentNames(const QString &text, const PythonStatement &definition
         int end = start;
         while (end < part.size() && isPythonName(part.at(end)))
             ++end;
-        if (opener >= 0 && end > start)
+        if (end > start)
             names << part.mid(start, end - start);
     }
     return names;
+}
+
+QStringList codeParts(const QString &code, QChar separator)
+{
+    QStringList parts;
+    int depth = 0;
+    int start = 0;
+    int i = 0;
+    for (; i < code.size() && depth >= 0; ++i) {
+        depth += isOpener(code.at(i)) ? 1 : isCloser(code.at(i)) ? -1 : 0;
+        if (depth == 0 && code.at(i) == separator) {
+            parts << code.mid(start, i - start);
+            start = i + 1;
+        }
+    }
+    parts << code.mid(start, i - start - (depth < 0 ? 1 : 0));
+    return parts;
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "editor/pythonexcerpt.h"
 
+#include "editor/pythonbindings.h"
+
 #include <QStringList>
 
 #include <algorithm>
@@ -12,9 +14,25 @@ const char locator[] = "__corvane_lctr_kvrt__";
 // Units of text that take as long to parse as a statement does whatever is in it.
 const int statementUnits = 12;
 const int mostImports = 250; // of a long text: the first ones
+// Of the statement at the caret, on either side; a longer one is not read in parts.
+const int mostUnitsAtCaret = 2000;
 
 // How much a statement matters at the caret; the first ones are kept first.
 enum Rank { AtCaret, Import, Near, Declaration, Member, Other };
+
+// "print x", which would keep Python 3 from parsing the rest.
+bool isPython2Output(const QString &code)
+{
+    for (const char *word : {"print", "exec"}) {
+        const QString rest = code.mid(int(qstrlen(word)));
+        if (!code.startsWith(QLatin1String(word)) || rest.isEmpty() || isPythonName(rest.at(0)))
+            continue;
+        const QString argument = rest.trimmed();
+        return !argument.isEmpty() && argument.at(0) != QLatin1Char('(') &&
+               argument.at(0) != QLatin1Char('=');
+    }
+    return false;
+}
 
 class Excerpt
 {
@@ -30,9 +48,12 @@ public:
     {
         choose(mostUnits);
         for (int i = 0; i < int(m_statements.size()); ++i) {
-            if (m_isKept[i])
-                append(m_statements[i].depth, i == m_context.current ? caretLine() : lineOf(i));
+            if (i == m_context.current)
+                appendCaret();
+            else if (m_isKept[i])
+                append(m_statements[i].depth, lineOf(i));
         }
+        appendLocalImports();
         append(0, Word("pass")); // ends a block that is still open
         return m_source;
     }
@@ -46,6 +67,11 @@ private:
         return m_statements[i].codeEnd - m_statements[i].start + statementUnits;
     }
     bool isFunction(int i) const { return m_statements[i].keyword == PythonKeyword::Function; }
+    bool isImport(int i) const
+    {
+        const PythonKeyword keyword = m_statements[i].keyword;
+        return keyword == PythonKeyword::Import || keyword == PythonKeyword::From;
+    }
     bool isClass(int i) const { return m_statements[i].keyword == PythonKeyword::Class; }
 
     void findParents()
@@ -59,7 +85,16 @@ private:
         }
     }
 
-    // Its outermost one, or -1.
+    // The function or class whose names it binds; -1 at the margin.
+    int scope(int i) const
+    {
+        do
+            i = m_parents[i];
+        while (i >= 0 && !isFunction(i) && !isClass(i));
+        return i;
+    }
+
+    // Its outermost function, or -1.
     int functionAround(int i) const
     {
         int function = -1;
@@ -143,8 +178,7 @@ private:
     Rank rank(int i, int function, int ownClass) const
     {
         const int depth = m_statements[i].depth;
-        const PythonKeyword keyword = m_statements[i].keyword;
-        if (depth == 0 && (keyword == PythonKeyword::Import || keyword == PythonKeyword::From))
+        if (depth == 0 && isImport(i))
             return Import;
         if (function >= 0 && i > function && depthBelow(i, function) > 0)
             return Near;
@@ -186,7 +220,7 @@ private:
         const QString first = word(i);
         if (isFunction(i) || isClass(i))
             return definition(i);
-        if (statement.isBroken || isPython2Output(i, first))
+        if (statement.isBroken || isPython2Output(text(i)))
             return QString();
         if (clauses().contains(first))
             return clause(i, first);
@@ -198,15 +232,6 @@ private:
     {
         return m_context.text.mid(m_statements[i].start,
                                   m_statements[i].codeEnd - m_statements[i].start);
-    }
-
-    // "print x", which would keep Python 3 from parsing the rest.
-    bool isPython2Output(int i, const QString &first) const
-    {
-        if (first != Word("print") && first != Word("exec"))
-            return false;
-        const QString rest = text(i).mid(first.size()).trimmed();
-        return !rest.isEmpty() && rest.at(0) != QLatin1Char('(') && rest.at(0) != QLatin1Char('=');
     }
 
     QString definition(int i) const
@@ -248,16 +273,34 @@ private:
         return Word("if 1") + (colon < line.size() ? line.mid(colon) : QString(Word(":")));
     }
 
-    QString caretLine() const
+    // The locator, below what is finished before it on the same line: "import a; a.|".
+    void appendCaret()
+    {
+        const int current = m_context.current;
+        const PythonStatement &statement = m_statements[current];
+        const bool isDefinition = isFunction(current) || isClass(current);
+        const int colon = headerEnd(m_context.text, statement);
+        const bool isInBody = colon < statement.codeEnd && m_context.position > colon;
+        if (isDefinition && !isInBody) {
+            append(statement.depth, functionAround(current) >= 0 ? Word(locator) : unfinished());
+            return;
+        }
+        if (isDefinition)
+            append(statement.depth, functionAround(current) >= 0
+                                        ? definition(current)
+                                        : text(current).left(colon + 1 - statement.start));
+        const int depth = statement.depth + (isDefinition ? 1 : 0);
+        m_caretLines = linesAtCaret(isDefinition ? colon + 1 : statement.start);
+        for (const QString &line : m_caretLines)
+            append(depth, line);
+        append(depth, Word(locator));
+    }
+
+    // A definition whose header has the caret.
+    QString unfinished() const
     {
         const PythonStatement &statement = m_statements[m_context.current];
         const bool isMethod = isFunction(m_context.current);
-        if ((!isMethod && !isClass(m_context.current)) || functionAround(m_context.current) >= 0)
-            return Word(locator);
-        const int colon = headerEnd(m_context.text, statement);
-        if (colon < statement.codeEnd && m_context.position > colon)
-            return m_context.text.mid(statement.start, colon - statement.start) + Word(": ") +
-                   Word(locator);
         const int opener = int(m_context.text.indexOf(QLatin1Char('('), statement.start));
         const bool isNamed = opener >= 0 && opener < m_context.position;
         if (isNamed)
@@ -267,10 +310,71 @@ private:
         return isMethod ? Word("def __kedefloc__(self): ") + Word(locator) : Word(locator);
     }
 
+    // if a: import b; f(c for c in |
+    // -----             a loop over c; the import as it is
+    QStringList linesAtCaret(int start) const
+    {
+        QString before = pythonCode(m_context.text, start, m_context.position).text;
+        const int end = m_statements[m_context.current].codeEnd;
+        QString behind = pythonCode(m_context.text, m_context.position, end).text;
+        if (before.size() > mostUnitsAtCaret || behind.size() > mostUnitsAtCaret)
+            return QStringList();
+        while (!before.isEmpty() && isPythonName(before.at(before.size() - 1)))
+            before.chop(1);
+        while (!behind.isEmpty() && isPythonName(behind.at(0)))
+            behind.remove(0, 1);
+        const QString header = blockHeader(before);
+        QStringList lines;
+        QStringList parts = codeParts(before.mid(header.size()), QLatin1Char(';'));
+        const QString bound = header + parts.takeLast() + QLatin1Char(' ') + behind;
+        const QStringList names = pythonBindings(bound);
+        if (!names.isEmpty())
+            lines << Word("for ") + names.join(Word(", ")) + Word(" in (): pass");
+        for (const QString &part : parts) {
+            if (!isPython2Output(part.trimmed()))
+                lines << part.trimmed();
+        }
+        return lines;
+    }
+
+    // "if a:" of "if a: b = 1"; empty where no block begins.
+    QString blockHeader(const QString &code) const
+    {
+        const QStringList words = clauses() << Word("if") << Word("for") << Word("while")
+                                            << Word("with") << Word("async");
+        const QStringList parts = codeParts(code, QLatin1Char(':'));
+        const bool isBlock = parts.size() > 1 && words.contains(word(m_context.current));
+        return isBlock ? parts[0] + QLatin1Char(':') : QString();
+    }
+
+    // The script passes over what functions import; at the margin it finds that.
+    void appendLocalImports()
+    {
+        std::vector<bool> isAround(m_statements.size(), false);
+        for (int i = m_parents[m_context.current]; i >= 0; i = m_parents[i])
+            isAround[i] = isFunction(i);
+        int imports = 0;
+        for (int i = 0; i < int(m_statements.size()) && imports < mostImports; ++i) {
+            const int owner = isImport(i) && i != m_context.current ? scope(i) : -1;
+            if (owner < 0 || !isAround[owner] || m_statements[i].isBroken)
+                continue;
+            ++imports;
+            append(0, text(i));
+        }
+        const bool isInFunction =
+            functionAround(m_context.current) >= 0 || isFunction(m_context.current);
+        for (const QString &line : m_caretLines) {
+            if (isInFunction &&
+                (line.startsWith(Word("import ")) || line.startsWith(Word("from "))))
+                append(0, line);
+        }
+    }
+
     const PythonContext &m_context;
     const std::vector<PythonStatement> &m_statements;
     std::vector<int> m_parents; // the header above; -1 at the margin
     std::vector<bool> m_isKept;
+    QStringList m_caretLines; // of what stands on the caret's line
     QString m_source;
     int m_depth = 0; // of the last line
     bool m_opensBlock = false;

@@ -168,7 +168,24 @@ void PythonCompletionTest::excerptsParse_data()
     row("open-call", "a = 1\nf(b,\n  c.|\nd = 2", "a = 1/^/d = 2");
     row("header", "if a.|:\n    b = 1", "^/b = 1");
     row("arguments", "class A:\n  def f(self, |", "class A:/ def f(^): pass");
-    row("behind-the-colon", "def f(a): return a.|", "def f(a): ^");
+    row("behind-the-colon", "def f(a): return a.|", "def f(a):/ ^");
+    row("inside-behind-the-colon", "def f():\n def g(a): a.|", "def f():/ for a, g in ():/  ^");
+    row("same-line", "import a.b as c; d = 'x;'; print 1; c.|; e", "import a.b as c/d = \"\"/^");
+    row("same-line-of-a-block", "try: import a; a.|", "import a/^");
+    row("same-line-of-a-function", "def f(): import a; a.|", "def f():/ import a/ ^/import a");
+    row("loop-in-brackets", "[f(b|) for a, (b, c) in d]", "for a, b, c in (): pass/^");
+    row("loop-on-the-line", "for a in b: c|", "for a in (): pass/^");
+    row("loop-begun", "[a for b|", "^");
+    row("lambda", "f(lambda a, b={c: d}, *e: a.|", "for a, b, e in (): pass/^");
+    row("lambda-begun", "f(lambda a, b|", "^");
+    row("named-values", "if (a := 1) and b: c|; d", "for a in (): pass/^");
+    row("context", "with open(a[b:c]) as d, e() as f: d|", "for d, f in (): pass/^");
+    row("attribute-as-target", "[0 for a.b in c|]", "^");
+    row("import-in-the-function",
+        "class A:\n def f(self):\n  if a:\n   from b import (c,\n    d)\n  def g(): import h\n  |",
+        "class A:/ def f(self):/  if a:/   from b import (c,/    d)/  for g in (): pass/  ^"
+        "/from b import (c,/    d)");
+    row("import-in-another", "def f():\n import a\ndef g():\n |", "def f():/ import a/def g():/ ^");
     row("bases", "class A(|", "class A(^): pass");
     row("new-method", "class A(B):\n  def |\n  x = 1",
         "class A(B):/ def __kedefloc__(self): ^/ x = 1");
