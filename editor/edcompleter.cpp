@@ -2,6 +2,7 @@
 #include "editor/edcompleter.h"
 
 #include "analysis/wordunits.h"
+#include "compat/popup.h"
 #include "compat/screen.h"
 #include "compat/text.h"
 #include "editor/completionmodel.h"
@@ -107,7 +108,7 @@ EdCompleter::EdCompleter(QPlainTextEdit *editor)
     : QListView(editor), m_editor(editor), m_model(new CompletionModel(this))
 {
     setObjectName(QLatin1String("completer"));
-    setWindowFlags(Qt::ToolTip);
+    setWindowFlags(compat::popupFlags());
     setUpdatesEnabled(true); // the editor's parent may be made without; a window is not told later
     setAttribute(Qt::WA_ShowWithoutActivating);
     setFocusPolicy(Qt::NoFocus); // the caret stays in the editor
