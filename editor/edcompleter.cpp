@@ -25,6 +25,7 @@ const Qt::KeyboardModifiers commandModifiers =
     Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
 
 const int longestAnswer = 100; // ms; a longer one is not waited for again while typing
+const int fewestLetters = 2;   // that mean a completion where nobody has asked for any
 const int mostRows = 12;       // that are seen at once
 const int fewestColumns = 24;  // of characters
 const int mostColumns = 56;
@@ -137,6 +138,7 @@ void EdCompleter::setSource(std::unique_ptr<CompletionSource> source)
 void EdCompleter::begin(Trigger trigger, int language)
 {
     m_language = language;
+    m_isUnasked = trigger == OnLetters;
     hide();
     const bool isUnwanted = trigger == OnLetters && m_lettersOff;
     if (!m_source || isUnwanted || !isSwitchedOn(trigger, language))
@@ -294,15 +296,26 @@ void EdCompleter::keyPressEvent(QKeyEvent *event)
 void EdCompleter::returnKey(QKeyEvent *event)
 {
     const int row = currentIndex().row();
-    if (row < 0 || insertedText(m_model->completion(row)) != typedText())
+    if (row < 0 || !isWholeWord(row))
         return choose(row, Replaced::Typed);
     hide();
     QApplication::sendEvent(m_editor, event);
 }
 
+// Such as no row has, too: in a list that nobody asked for or moved in, a single letter may be a
+// name of its own.
+bool EdCompleter::isWholeWord(int row) const
+{
+    const QString typed = typedText();
+    const int letters = int(typed.size()) - int(typed.startsWith(QLatin1Char('$')));
+    return insertedText(m_model->completion(row)) == typed ||
+           (m_isUnasked && letters < fewestLetters);
+}
+
 // From one end to the other by a single row only.
 void EdCompleter::moveCurrent(int rows)
 {
+    m_isUnasked = false;
     const int count = m_model->rowCount();
     const int row = currentIndex().row() + rows;
     const bool wraps = std::abs(rows) == 1;

@@ -65,6 +65,7 @@ private:
     void place();
     QSize sizeOfRows(int rows) const;
     void returnKey(QKeyEvent *event);
+    bool isWholeWord(int row) const;
     void moveCurrent(int rows);
     // What a completion takes the place of: what was typed, or all of the word that it is in.
     enum class Replaced { Typed, Word };
@@ -79,6 +80,7 @@ private:
     int m_start = 0;           // where the word begins: a position in the document
     bool m_beganEmpty = false; // before anything of the word was typed
     bool m_isAbove = false;    // the line, because there was no room below
+    bool m_isUnasked = false;  // came while typing, and none of its rows was looked for
     bool m_lettersOff = false; // the last answer took too long
     bool m_saidLettersOff = false;
 };

@@ -47,6 +47,8 @@ private slots:
     void followsWhatIsNotTyped();
     void choosingIsOneStep_data();
     void choosingIsOneStep();
+    void unaskedListsLeaveShortWords_data();
+    void unaskedListsLeaveShortWords();
     void commandsGoToQuickHelp();
     void hidesWhenTheViewChanges_data();
     void hidesWhenTheViewChanges();
@@ -214,6 +216,30 @@ void TestEdCompleter::choosingIsOneStep()
     QCOMPARE(drawing(m_edit->textCursor()), after);
     m_edit->undo();
     QCOMPARE(m_edit->text(), QString(before).remove("|"));
+}
+
+void TestEdCompleter::unaskedListsLeaveShortWords_data()
+{
+    columns<QString, bool, QString>("typed", "moves", "after");
+    row("letter", "s", false, "$abc; $b = s\n    |");
+    row("variable", "$a", false, "$abc; $b = $a\n    |");
+    row("letter-moved", "s", true, "$abc; $b = switch|");
+    row("letters", "st", false, "$abc; $b = string|");
+}
+
+void TestEdCompleter::unaskedListsLeaveShortWords()
+{
+    QFETCH(QString, typed);
+    QFETCH(bool, moves);
+    QFETCH(QString, after);
+    preferences().melCompleteOnLetters = true;
+    m_edit->setTextCursor(setDrawing(m_edit->document(), "$abc; $b = |"));
+    QTest::keyClicks(m_edit.get(), typed);
+    QVERIFY(m_popup->isVisible());
+    if (moves)
+        press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    QCOMPARE(drawing(m_edit->textCursor()), after);
 }
 
 void TestEdCompleter::commandsGoToQuickHelp()
