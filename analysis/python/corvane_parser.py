@@ -1189,7 +1189,10 @@ class CorvaneParser(_ast.NodeVisitor):
             return (self._class_variable_members(holder, rest, depth) if rest
                     else holder.members(of_instance=first == "self"))
         if first in self.variables:
-            return self._followed_members(dotted, depth)
+            found = self._followed_members(dotted, depth)
+            # Where an import may fail, the name is often bound to None instead.
+            if found or first not in self.modules:
+                return found
         if any(function.name == first for function in self.functions):
             return []
         return self._named_members(dotted, depth)

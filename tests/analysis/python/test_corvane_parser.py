@@ -251,6 +251,7 @@ class Candidates(unittest.TestCase):
                 ("class A(object): x = A.x\n", "A.x", []), ("a = 1\n", "a", public(dir(1))),
                 ("def f():\n a = ''\n ^\na = 1\n", "a", text),
                 ("a = {}\n", "a", public(dir({}))), ("a = (1,)\n", "a", public(dir(()))),
+                ("import os as a\na = ''\n", "a", text),
                 ("a = 1\na = ''\n", "a", []), ("a = dict()\n", "a", public(dir({})))]
         for drawing, obj, expected in rows:
             self.assertEqual(set(public(complete(drawing, obj))), set(expected), (drawing, obj))
@@ -267,6 +268,7 @@ class Candidates(unittest.TestCase):
                 ("import os.path as p\n", "p", os.path), ("from os import path\n", "path", os.path),
                 ("import os\nx = os.path\n", "x", os.path), ("import os\no = os\n", "o", os),
                 ("x = os.path\n", "x", os.path),
+                ("try: import os\nexcept ImportError: os = None\n", "os.path", os.path),
                 ("import threading\nx = threading.Thread()\n", "x", threading.Thread)]:
             self.assertEqual(set(complete(drawing, obj)), set(dir(module)), drawing)
         self.assertEqual(complete("", "os"), [])
