@@ -49,6 +49,17 @@ int openBracket(const QString &code, int end)
     return -1;
 }
 
+// What a string that ends there is: bytes of "b" and "rb".
+QString stringClass(const QString &code, int end)
+{
+    const int quote = end - 2; // strings are empty here
+    const int start = nameStart(code, qMax(0, quote));
+    const QString prefix = code.mid(start, quote - start);
+    const bool isBytes =
+        prefix.size() <= 2 && prefix.contains(QLatin1Char('b'), Qt::CaseInsensitive);
+    return QLatin1String(isBytes ? "bytes" : "str");
+}
+
 // The object whose name ends there: "a.b" for itself and, since a class stands for what it makes,
 // for "a().b". Empty where nothing can be known, as behind "a[0]".
 QString objectBefore(const QString &code, int end)
@@ -59,7 +70,7 @@ QString objectBefore(const QString &code, int end)
         if (end > 0 && code.at(end - 1) == QLatin1Char(')'))
             end = skipBlanksBack(code, qMax(0, openBracket(code, end - 1)));
         if (end > 0 && code.at(end - 1) == QLatin1Char('"'))
-            return (QStringList() << QLatin1String("str") << parts).join(QLatin1String("."));
+            return (QStringList() << stringClass(code, end) << parts).join(QLatin1String("."));
         const int start = nameStart(code, end);
         if (start == end || code.at(start).isDigit())
             return QString();
