@@ -179,11 +179,15 @@ std::vector<Completion> PythonCompletion::flagsFor(const PythonCall &call, const
     return flags;
 }
 
-const QList<CommandFlag> &PythonCompletion::flagsOf(const QString &command)
+QList<CommandFlag> PythonCompletion::flagsOf(const QString &command)
 {
     const auto known = m_flags.constFind(command);
-    return known != m_flags.constEnd() ? *known
-                                       : *m_flags.insert(command, commandHelp(command).flags);
+    if (known != m_flags.constEnd())
+        return *known;
+    const CommandHelp help = commandHelp(command);
+    if (help.kind != CommandKind::Unknown) // a plug-in may still bring it
+        m_flags.insert(command, help.flags);
+    return help.flags;
 }
 
 CompletionKind PythonCompletion::wordKind(const QString &name)

@@ -23,7 +23,7 @@ private:
     std::vector<Completion> namesAt(const PythonContext &context, const PythonCaret &caret);
     std::vector<Completion> membersAt(const PythonContext &context, const PythonCaret &caret) const;
     std::vector<Completion> flagsFor(const PythonCall &call, const QString &path);
-    const QList<CommandFlag> &flagsOf(const QString &command);
+    QList<CommandFlag> flagsOf(const QString &command);
     CompletionKind wordKind(const QString &name);
 
     QHash<QString, QList<CommandFlag>> m_flags; // of the commands that were asked for

@@ -25,6 +25,7 @@ private slots:
     void anyTextIsReadInTime();
     void flagsComeFirst_data();
     void flagsComeFirst();
+    void flagsOfALaterPlugInAreFound();
     void kindsTellWhatNamesAre();
 };
 
@@ -67,6 +68,7 @@ CommandHelp help(const QString &name)
         if (name == "sphere")
             result.flags << flag;
     }
+    result.kind = name == "cone" ? CommandKind::Unknown : CommandKind::Command;
     flag.shortName = "len";
     flag.longName.clear();
     if (name == "box")
@@ -119,6 +121,7 @@ void PythonCompletionTest::whatStandsAtTheCaret_data()
     row("behind-a-backslash", "a\\\n.b|", "member 1 a");
     row("of-a-call", "A(1, ')').b.|", "member 0 A.b");
     row("of-a-string", "','.join|", "member 4 str");
+    row("of-bytes", "x = Rb'''a'''.de|", "member 2 bytes");
     row("of-an-item", "a[0].|", "nothing 0");
     row("of-brackets", "(a + b).|", "nothing 0");
     row("number", "12|", "nothing 0");
@@ -264,6 +267,18 @@ void PythonCompletionTest::flagsComeFirst()
     QFETCH(QString, expected);
     answers = words("a len name z");
     QCOMPARE(completed(drawing).join(" "), expected);
+}
+
+void PythonCompletionTest::flagsOfALaterPlugInAreFound()
+{
+    QTextDocument document;
+    const QTextCursor caret = setDrawing(&document, "cmds.sphere(|");
+    PythonCompletion completion;
+    QCOMPARE(int(completion.completionsAt(caret).items.size()), 0);
+    setCommandHelpSource(help);
+    QCOMPARE(int(completion.completionsAt(caret).items.size()), 5);
+    setCommandHelpSource(nullptr);
+    QCOMPARE(int(completion.completionsAt(caret).items.size()), 5); // not asked for again
 }
 
 void PythonCompletionTest::kindsTellWhatNamesAre()
