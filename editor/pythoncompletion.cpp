@@ -18,6 +18,7 @@ namespace {
 const int mostUnitsForPython = 25000;
 // Reading more than this takes longer than a typist waits.
 const int longestDocument = 4000000;
+const int mostWholeModules = 4; // whose names are looked up
 
 const QLatin1Char equalsSign('=');
 
@@ -98,6 +99,21 @@ std::vector<Completion> joined(const std::vector<Completion> &flags,
     return items;
 }
 
+// What "from module import *" binds, as far as the script's own names do not hide it.
+void addWholeModules(const QStringList &modules, std::vector<Completion> *names)
+{
+    QSet<QString> known = setOf(texts(*names));
+    for (const QString &module : modules.mid(0, mostWholeModules)) {
+        const QString source = QLatin1String("import ") + module;
+        for (const QString &name : pythonNames(PythonQuestion::Members, source, module)) {
+            if (known.contains(name) || name.startsWith(QLatin1Char('_')))
+                continue;
+            known.insert(name);
+            names->push_back(completion(name, memberKind(module, name)));
+        }
+    }
+}
+
 } // namespace
 
 Completions PythonCompletion::completionsAt(const QTextCursor &caret)
@@ -142,6 +158,7 @@ std::vector<Completion> PythonCompletion::namesAt(const PythonContext &context,
             kind = CompletionKind::Command;
         names.push_back(completion(name, kind == CompletionKind::Name ? wordKind(name) : kind));
     }
+    addWholeModules(declared.wholeModules(), &names);
     return joined(flagsFor(caret.call, declared.path(caret.call.function)), names);
 }
 

@@ -3,8 +3,6 @@
 
 #include "compat/text.h"
 
-#include <QStringList>
-
 namespace {
 
 const QLatin1String commandModule("maya.cmds");
@@ -51,7 +49,8 @@ QString DeclaredNames::path(const QString &dotted) const
     const QString first = dotted.section(QLatin1Char('.'), 0, 0);
     if (m_paths.contains(first))
         return m_paths.value(first) + dotted.mid(first.size());
-    const bool isCommand = m_hasAllCommands && first == dotted && !m_kinds.contains(dotted);
+    const bool isCommand =
+        m_wholeModules.contains(commandModule) && first == dotted && !m_kinds.contains(dotted);
     return isCommand ? commandModule + QLatin1Char('.') + dotted : dotted;
 }
 
@@ -111,8 +110,9 @@ void DeclaredNames::readNames(const QString &module, const QString &names)
 {
     for (const QString &part : names.split(QLatin1Char(','))) {
         const QStringList words = wordsOf(part);
-        m_hasAllCommands |= module == commandModule && words.value(0) == QLatin1String("*");
-        if (words.size() == 1 || words.size() == 3)
+        if (words.value(0) == QLatin1String("*") && !m_wholeModules.contains(module))
+            m_wholeModules << module;
+        else if (words.size() == 1 || words.size() == 3)
             m_paths.insert(words.last(), module + QLatin1Char('.') + words[0]);
     }
 }

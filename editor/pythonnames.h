@@ -6,6 +6,7 @@
 
 #include <QHash>
 #include <QString>
+#include <QStringList>
 
 // What the names of a text are, as far as its statements tell by how they begin.
 class DeclaredNames
@@ -18,6 +19,8 @@ public:
     // The full path of a name with dots, through the imports: "mc.ls" is "maya.cmds.ls". Maya's
     // commands are known by their usual module without an import, too.
     QString path(const QString &dotted) const;
+    // Of which all names are imported: "from a.b import *".
+    QStringList wholeModules() const { return m_wholeModules; }
 
 private:
     void add(const QString &name, CompletionKind kind);
@@ -28,5 +31,5 @@ private:
     QHash<QString, CompletionKind> m_kinds;
     QHash<QString, QString> m_paths;
     int m_importCount = 0;
-    bool m_hasAllCommands = false; // by "from maya.cmds import *"
+    QStringList m_wholeModules;
 };

@@ -49,8 +49,10 @@ QString described(const PythonCaret &caret)
 
 QStringList answers;
 
-QStringList answer(PythonQuestion question, const QString &, const QString &)
+QStringList answer(PythonQuestion question, const QString &source, const QString &object)
 {
+    if (question == PythonQuestion::Members && source == "import " + object)
+        return words("__doc__ len sphere");
     if (question == PythonQuestion::Keywords)
         return QStringList() << "while";
     if (question == PythonQuestion::BuiltIns)
@@ -253,7 +255,8 @@ void PythonCompletionTest::flagsComeFirst_data()
     row("without-an-import", "cmds.sphere(|", all);
     row("imported-command", "from maya.cmds import sphere as ball\nball(|)", all);
     row("import-nearby", "def f():\n    from maya import cmds as c\n    c.sphere(\n        |", all);
-    row("all-commands", "from maya.cmds import *\nsphere(|", all);
+    row("all-commands", "from maya.cmds import *\nsphere(|",
+        "n= name name= q= r= radius= a len z sphere");
     row("given", "cmds.sphere(q=1, |, radius=2)", "n= name name= a len z");
     row("with-its-value", "cmds.sphere(r=2, |=3)", "n name q a len z");
     row("no-flags", "cmds.cone(|", "a len name z");
@@ -305,6 +308,9 @@ void PythonCompletionTest::kindsTellWhatNamesAre()
         QVERIFY2(items[i].kind == expected[i], qPrintable(items[i].text));
     completed("import maya.cmds as mc\nmc.|", &items);
     QVERIFY(items[4].kind == CompletionKind::Command && items[5].kind == CompletionKind::Name);
+    melNameTable().insert("sphere", "sphere");
+    completed("from maya.cmds import *\n|", &items);
+    QVERIFY(items.back().kind == CompletionKind::Command);
 }
 
 CORVANE_TEST_MAIN(PythonCompletionTest)
