@@ -59,6 +59,7 @@ _COOKIE = _re.compile(
 # Bounds that no sensible source reaches; beyond them there are no names rather than a long wait.
 _LONGEST_PATH = 64  # parts of a dotted name
 _DEEPEST = 32  # variables that lead from one to the next through attributes and calls
+_MOST_IMPORTS = 4  # of the same name
 _LARGEST_FILE = 4 << 20
 _LONG_FILE = 50000  # of which only an outline is parsed
 _PATIENCE = 0.05  # seconds, after which a call reads no more files
@@ -837,6 +838,7 @@ class CorvaneParser(_ast.NodeVisitor):
         self.function_index = -1
         self._classes_by_name = {}
         self._imported_paths = []
+        self._paths = {}  # bound name -> all that it is imported as, the last one last
         self._local_variables = {}
         self._lines_that_matter = (0, float("inf"))
 
@@ -981,7 +983,7 @@ class CorvaneParser(_ast.NodeVisitor):
             if self._is_outside():
                 bound = alias.asname or alias.name.partition(".")[0]
                 self.imports.append(bound)
-                self.modules[bound] = alias.name if alias.asname else bound
+                self._bind_module(bound, alias.name if alias.asname else bound)
                 self._imported_paths.append(alias.name)
 
     def visit_ImportFrom(self, node):
@@ -990,7 +992,14 @@ class CorvaneParser(_ast.NodeVisitor):
             if alias.name != "*" and self._is_outside():
                 bound = alias.asname or alias.name
                 self.importfroms.append((module, bound))
-                self.modules[bound] = module.rstrip(".") + "." + alias.name
+                self._bind_module(bound, module.rstrip(".") + "." + alias.name)
+
+    def _bind_module(self, name, path):
+        self.modules[name] = path
+        paths = self._paths.setdefault(name, [])
+        if path in paths:
+            paths.remove(path)
+        paths.append(path)
 
     def _absolute(self, module, level):
         if not level:
@@ -1250,12 +1259,21 @@ class CorvaneParser(_ast.NodeVisitor):
         parsed = self._classes_by_name.get(first)
         if parsed and parsed.find_variable(rest.partition(".")[0]):
             return self._class_variable_members(parsed, rest, depth)
-        path = self._module_path(dotted)
-        if path and first in self.modules:
-            return self.parse_module(path) + self._imported_below(path)
+        if first in self.modules:
+            return self._imported_members(first, dotted[len(first):])
         if parsed:
             return [] if rest else parsed.members()
+        path = self._module_path(dotted)
         return self.parse_module(path) if path else []
+
+    def _imported_members(self, name, rest):
+        """Of the last import of the name that leads to something: others are for other hosts."""
+        for module in self._paths[name][:-_MOST_IMPORTS - 1:-1]:
+            path = module + rest
+            found = self.parse_module(path) + self._imported_below(path)
+            if found:
+                return found
+        return []
 
     def _module_path(self, dotted):
         """Returns the full path of a name that is imported or a type of the interpreter's."""

@@ -269,6 +269,8 @@ class Candidates(unittest.TestCase):
                 ("import os\nx = os.path\n", "x", os.path), ("import os\no = os\n", "o", os),
                 ("x = os.path\n", "x", os.path),
                 ("try: import os\nexcept ImportError: os = None\n", "os.path", os.path),
+                ("try: import os as o\nexcept E: import cv_other as o\n", "o.path", os.path),
+                ("import threading as o\nimport os as o\n", "o", os),
                 ("import threading\nx = threading.Thread()\n", "x", threading.Thread)]:
             self.assertEqual(set(complete(drawing, obj)), set(dir(module)), drawing)
         self.assertEqual(complete("", "os"), [])
