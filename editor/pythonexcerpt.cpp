@@ -14,7 +14,7 @@ const char locator[] = "__corvane_lctr_kvrt__";
 // Units of text that take as long to parse as a statement does whatever is in it.
 const int statementUnits = 12;
 const int mostImports = 250; // of a long text: the first ones
-// Of the statement at the caret, on either side; a longer one is not read in parts.
+// Of the statement at the caret, on either side of it.
 const int mostUnitsAtCaret = 2000;
 
 // How much a statement matters at the caret; the first ones are kept first.
@@ -285,10 +285,10 @@ private:
             append(statement.depth, functionAround(current) >= 0 ? Word(locator) : unfinished());
             return;
         }
-        if (isDefinition)
-            append(statement.depth, functionAround(current) >= 0
-                                        ? definition(current)
-                                        : text(current).left(colon + 1 - statement.start));
+        if (isDefinition && functionAround(current) < 0)
+            append(statement.depth, text(current).left(colon + 1 - statement.start));
+        else if (isFunction(current)) // the script would not look into a class there
+            append(statement.depth, definition(current));
         const int depth = statement.depth + (isDefinition ? 1 : 0);
         m_caretLines = linesAtCaret(isDefinition ? colon + 1 : statement.start);
         for (const QString &line : m_caretLines)
@@ -314,26 +314,26 @@ private:
     // -----             a loop over c; the import as it is
     QStringList linesAtCaret(int start) const
     {
-        QString before = pythonCode(m_context.text, start, m_context.position).text;
-        const int end = m_statements[m_context.current].codeEnd;
-        QString behind = pythonCode(m_context.text, m_context.position, end).text;
-        if (before.size() > mostUnitsAtCaret || behind.size() > mostUnitsAtCaret)
-            return QStringList();
+        const int caret = m_context.position;
+        const int end = qMax(caret, m_statements[m_context.current].codeEnd);
+        QString before = pythonCode(m_context.text, start, caret).text;
+        QString behind = pythonCode(m_context.text, caret, end).text.left(mostUnitsAtCaret);
         while (!before.isEmpty() && isPythonName(before.at(before.size() - 1)))
             before.chop(1);
         while (!behind.isEmpty() && isPythonName(behind.at(0)))
             behind.remove(0, 1);
-        const QString header = blockHeader(before);
         QStringList lines;
-        QStringList parts = codeParts(before.mid(header.size()), QLatin1Char(';'));
-        const QString bound = header + parts.takeLast() + QLatin1Char(' ') + behind;
+        if (before.size() < mostUnitsAtCaret) {
+            const QString header = blockHeader(before);
+            lines = codeParts(before.mid(header.size()), QLatin1Char(';'));
+            before = header + lines.takeLast();
+        }
+        const QString bound = before.right(mostUnitsAtCaret) + QLatin1Char(' ') + behind;
         const QStringList names = pythonBindings(bound);
+        for (QString &line : lines)
+            line = isPython2Output(line.trimmed()) ? QString() : line.trimmed();
         if (!names.isEmpty())
             lines << Word("for ") + names.join(Word(", ")) + Word(" in (): pass");
-        for (const QString &part : parts) {
-            if (!isPython2Output(part.trimmed()))
-                lines << part.trimmed();
-        }
         return lines;
     }
 
@@ -356,7 +356,8 @@ private:
         int imports = 0;
         for (int i = 0; i < int(m_statements.size()) && imports < mostImports; ++i) {
             const int owner = isImport(i) && i != m_context.current ? scope(i) : -1;
-            if (owner < 0 || !isAround[owner] || m_statements[i].isBroken)
+            if (owner < 0 || !isAround[owner] || m_statements[i].isBroken ||
+                length(i) > mostUnitsAtCaret)
                 continue;
             ++imports;
             append(0, text(i));

@@ -176,6 +176,8 @@ void PythonCompletionTest::excerptsParse_data()
     row("behind-the-colon", "def f(a): return a.|", "def f(a):/ ^");
     row("inside-behind-the-colon", "def f():\n def g(a): a.|", "def f():/ for a, g in ():/  ^");
     row("same-line", "import a.b as c; d = 'x;'; print 1; c.|; e", "import a.b as c/d = \"\"/^");
+    row("blank-behind-the-code", "a = 1; b |\nfor x in y: pass", "a = 1/^/for x in y: pass");
+    row("inside-class-on-a-line", "def f():\n class A: b = c|", "def f():/ ^");
     row("same-line-of-a-block", "try: import a; a.|", "import a/^");
     row("same-line-of-a-function", "def f(): import a; a.|", "def f():/ import a/ ^/import a");
     row("loop-in-brackets", "[f(b|) for a, (b, c) in d]", "for a, b, c in (): pass/^");
@@ -241,7 +243,7 @@ void PythonCompletionTest::anyTextIsReadInTime()
         pythonExcerpt(context, 20000);
     };
     for (const char *pattern :
-         {"a.", "(", "()", "f(\n", "f(a,\n", "if a:\n", "'''\"", "\\\n", "def f(\n "}) {
+         {"a.", "(", "()", "f(\n", "f(a,\n", "if a:\n", "'''\"", "\\\n", "def f(\n ", "lambda a;"}) {
         const QString complaint = slowness(longText(pattern), read);
         QVERIFY2(complaint.isEmpty(), qPrintable(pattern + complaint));
     }
