@@ -6,6 +6,7 @@
 #include <vector>
 
 class QTextCursor;
+class QTextDocument;
 
 // What a completion stands for; the popup shows it by an icon.
 enum class CompletionKind {
@@ -44,6 +45,9 @@ class CompletionSource
 public:
     virtual ~CompletionSource() = default;
 
+    // The user has asked, and so may wait for what is known to be brought up to date, the document
+    // included; some ten milliseconds.
+    virtual void refresh(const QTextDocument *document) { Q_UNUSED(document) }
     // All that may stand there, whatever was typed of it already: the popup narrows the list down
     // while the user types on. Empty in strings, comments and numbers.
     virtual Completions completionsAt(const QTextCursor &caret) = 0;

@@ -143,6 +143,8 @@ void EdCompleter::begin(Trigger trigger, int language)
     const bool isUnwanted = trigger == OnLetters && m_lettersOff;
     if (!m_source || isUnwanted || !isSwitchedOn(trigger, language))
         return;
+    if (trigger == OnDemand)
+        m_source->refresh(m_editor->document());
     Completions found = ask();
     m_start = m_editor->textCursor().position() - found.prefixLength;
     m_beganEmpty = found.prefixLength == 0;

@@ -108,6 +108,12 @@ List variablesOf(const List &names)
 
 } // namespace
 
+void MelCompletion::refresh(const QTextDocument *document)
+{
+    if (openScripts())
+        openScripts()->refresh(document);
+}
+
 Completions MelCompletion::completionsAt(const QTextCursor &caret)
 {
     const MelContext context = melContextAt(caret);

@@ -10,6 +10,7 @@
 class MelCompletion : public CompletionSource
 {
 public:
+    void refresh(const QTextDocument *document) override;
     Completions completionsAt(const QTextCursor &caret) override;
 
 private:

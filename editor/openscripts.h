@@ -17,6 +17,8 @@ public:
     // global ones of the others; as of when they were last parsed. In any order, some perhaps more
     // than once.
     virtual std::vector<Completion> melNamesFor(const QTextDocument *document) const = 0;
+    // Has that tell of the document as it is now, and of others as far as there is time.
+    virtual void refresh(const QTextDocument *document) const { Q_UNUSED(document) }
 };
 
 // Process-wide, for the GUI thread; null, as at first, where there is no workspace. Whoever sets it

@@ -109,6 +109,9 @@ public:
     // A view that awaits a file has no editor, which is costly, and what it loads waits as mere
     // bytes, until the view is shown or somebody asks for the editor here.
     EdCodeEdit *codeEdit() const;
+    // Null where codeEdit() would have to make it or give it what waits: these bytes of the file.
+    const EdCodeEdit *knownCodeEdit() const { return m_waiting ? nullptr : m_codeEdit; }
+    QByteArray waitingBytes() const { return m_waiting ? m_waiting->bytes : QByteArray(); }
     QFileInfo fileInfo() const { return m_fileInfo; }
     // 0 or more for a buffer, -1 for a file.
     int bufferIndex() const { return m_bufferIndex; }

@@ -11,9 +11,6 @@
 
 namespace {
 
-// Characters; they take some ten milliseconds.
-const int longText = 300000;
-
 bool showsDiagnostics(int language)
 {
     return language == EdCodeView::Python ? preferences().pythonDisplayErrors

@@ -19,6 +19,9 @@ class ScriptDetails : public QObject
     Q_OBJECT
 
 public:
+    // Characters of a text; to parse more takes some ten milliseconds.
+    static const int longText = 300000;
+
     // Brought up to date, which parses only if need be.
     static const ScriptDetails &of(EdCodeView *view);
     // Whether that would have somebody wait for what he wants to see.
@@ -33,6 +36,8 @@ public:
     // Null for a text in another language; may be copied, does not move.
     const MelParser *mel() const;
     const PythonParser *python() const;
+    // That of the document at the last parse.
+    int revision() const { return m_origin.revision; }
     // How often the text was parsed.
     int parseCount() const { return m_parseCount; }
 

@@ -5,12 +5,18 @@
 #include "workspace/edcodeview.h"
 #include "workspace/recovery.h"
 #include "workspace/scriptdetails.h"
+#include "workspace/textencoding.h"
+
+#include <QElapsedTimer>
+#include <QTextDocument>
 
 namespace {
 
-void addNames(const MelParser &parser, bool isOwn, std::vector<Completion> *names)
+const int longestReading = 15; // ms
+
+void addNames(const QList<OutlineItem> &items, bool isOwn, std::vector<Completion> *names)
 {
-    for (const OutlineItem &item : parser.outlineItems()) {
+    for (const OutlineItem &item : items) {
         if (item.kind == GlobalVariableItem)
             names->push_back({item.name, CompletionKind::Variable, QString()});
         else if (isOwn || item.kind == GlobalProcedureItem)
@@ -18,10 +24,41 @@ void addNames(const MelParser &parser, bool isOwn, std::vector<Completion> *name
     }
 }
 
+bool shows(const EdCodeView &view, const QTextDocument *document)
+{
+    return view.knownCodeEdit() && view.knownCodeEdit()->document() == document;
+}
+
+// Null when nothing was parsed of it, or not as MEL.
+const ScriptDetails *melDetails(const EdCodeView &view)
+{
+    const ScriptDetails *details = ScriptDetails::known(&view);
+    return details && details->mel() ? details : nullptr;
+}
+
+bool isLong(const EdCodeView &view)
+{
+    const EdCodeEdit *edit = view.knownCodeEdit();
+    const int size = edit ? edit->document()->characterCount() : int(view.waitingBytes().size());
+    return size > ScriptDetails::longText;
+}
+
+// Makes no editor.
+QString textOf(const EdCodeView &view)
+{
+    if (view.knownCodeEdit())
+        return view.knownCodeEdit()->text();
+    QString text;
+    decodeText(view.waitingBytes(), &text);
+    return text;
+}
+
 } // namespace
 
 WorkspaceScripts::WorkspaceScripts(const DocumentHost *host) : m_host(host)
 {
+    m_timer.setSingleShot(true);
+    connect(&m_timer, SIGNAL(timeout()), SLOT(readLater()));
     setOpenScripts(this);
 }
 
@@ -34,11 +71,85 @@ WorkspaceScripts::~WorkspaceScripts()
 std::vector<Completion> WorkspaceScripts::melNamesFor(const QTextDocument *document) const
 {
     std::vector<Completion> names;
-    for (const EdCodeView *view : m_host->codeViews()) {
-        const ScriptDetails *details = ScriptDetails::known(view);
-        const MelParser *parser = details ? details->mel() : nullptr;
-        if (parser) // which only a view with an editor has
-            addNames(*parser, view->codeEdit()->document() == document, &names);
-    }
+    for (const EdCodeView *view : m_host->codeViews())
+        addNames(itemsOf(*view), shows(*view, document), &names);
+    m_timer.start(0);
     return names;
+}
+
+void WorkspaceScripts::refresh(const QTextDocument *document) const
+{
+    QElapsedTimer clock;
+    clock.start();
+    for (const EdCodeView *view : m_host->codeViews()) {
+        if (shows(*view, document) && isOutdated(*view))
+            read(*view);
+    }
+    while (clock.elapsed() < longestReading && readNext()) {
+    }
+}
+
+// One in a turn, so that keys get theirs.
+void WorkspaceScripts::readLater() const
+{
+    if (readNext())
+        m_timer.start(0);
+    else
+        forgetClosed();
+}
+
+// The later of what was parsed for the outline and what was read here.
+WorkspaceScripts::Items WorkspaceScripts::itemsOf(const EdCodeView &view) const
+{
+    const ScriptDetails *details = melDetails(view);
+    const auto script = m_scripts.constFind(view.documentId());
+    if (view.language() != EdCodeView::Mel || (!details && script == m_scripts.constEnd()))
+        return Items();
+    const bool isRead =
+        script != m_scripts.constEnd() && (!details || script->revision > details->revision());
+    return isRead ? script->items : details->mel()->outlineItems();
+}
+
+bool WorkspaceScripts::isOutdated(const EdCodeView &view) const
+{
+    const ScriptDetails *details = melDetails(view);
+    return view.language() == EdCodeView::Mel && !isLong(view) &&
+           !(details && details->isCurrent()) &&
+           m_scripts.value(view.documentId()).revision !=
+               view.knownCodeEdit()->document()->revision();
+}
+
+void WorkspaceScripts::read(const EdCodeView &view) const
+{
+    const EdCodeEdit *edit = view.knownCodeEdit();
+    MelParser parser;
+    if (!isLong(view))
+        parser.parse(textOf(view), view.fileInfo().absoluteFilePath());
+    Script script;
+    script.revision = edit ? edit->document()->revision() : -1;
+    script.items = parser.outlineItems();
+    m_scripts.insert(view.documentId(), script);
+}
+
+// Of the scripts of which nothing is known; false when there is none.
+bool WorkspaceScripts::readNext() const
+{
+    for (const EdCodeView *view : m_host->codeViews()) {
+        if (view->language() == EdCodeView::Mel && !melDetails(*view) &&
+            !m_scripts.contains(view->documentId())) {
+            read(*view);
+            return true;
+        }
+    }
+    return false;
+}
+
+void WorkspaceScripts::forgetClosed() const
+{
+    QHash<QString, Script> open;
+    for (const EdCodeView *view : m_host->codeViews()) {
+        if (m_scripts.contains(view->documentId()))
+            open.insert(view->documentId(), m_scripts.value(view->documentId()));
+    }
+    m_scripts.swap(open);
 }

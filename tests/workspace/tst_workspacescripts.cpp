@@ -8,7 +8,9 @@
 #include "tests/support/testmain.h"
 #include "workspace/edcentralwidget.h"
 #include "workspace/edcodeview.h"
+#include "workspace/recovery.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QSignalSpy>
 
@@ -18,6 +20,7 @@ class TestWorkspaceScripts : public QObject
 
 private slots:
     void editorsKnowWhatOpenScriptsDeclare();
+    void unseenScriptsAreRead();
     void slowCompletionIsReported();
 };
 
@@ -26,14 +29,33 @@ namespace {
 const char ownScript[] = "global proc own() {}\nproc ownLocal() {}\nglobal string $gOwn;\n";
 const char otherScript[] = "global proc other() {}\nproc otherLocal() {}\nglobal int $gOther;\n";
 
-QString namesIn(const EdCodeView *view)
+QString namesFor(const QTextDocument *document)
 {
     QStringList names;
-    for (const Completion &completion : openScripts()->melNamesFor(view->codeEdit()->document()))
+    for (const Completion &completion : openScripts()->melNamesFor(document))
         names << completion.text;
     names.sort();
     return names.join(" ");
 }
+
+QString namesIn(const EdCodeView *view)
+{
+    return namesFor(view->codeEdit()->document());
+}
+
+// Of a single view.
+class Host : public DocumentHost
+{
+public:
+    explicit Host(EdCodeView *view) : m_view(view) {}
+    QList<EdCodeView *> codeViews() const override { return QList<EdCodeView *>() << m_view; }
+    int newBufferIndex() override { return 0; }
+    QString nameOf(const EdCodeView &) const override { return QString(); }
+    void addCodeView(EdCodeView *, const QString &) override {}
+
+private:
+    EdCodeView *m_view;
+};
 
 } // namespace
 
@@ -52,6 +74,12 @@ void TestWorkspaceScripts::editorsKnowWhatOpenScriptsDeclare()
             central.activeViewChange();
         }
         QCOMPARE(namesIn(views[0]), QString("$gOther $gOwn other own ownLocal"));
+        views[0]->codeEdit()->appendPlainText("proc newest() {}");
+        QCOMPARE(namesIn(views[0]), QString("$gOther $gOwn other own ownLocal"));
+        openScripts()->refresh(views[0]->codeEdit()->document());
+        QCOMPARE(namesIn(views[0]), QString("$gOther $gOwn newest other own ownLocal"));
+        views[0]->codeEdit()->setText(ownScript);
+        openScripts()->refresh(views[0]->codeEdit()->document());
         central.newPythonBuffer();
         QCOMPARE(namesIn(central.currentCodeView()), QString("$gOther $gOwn other own"));
         views[0]->codeEdit()->setModified(false);
@@ -59,6 +87,20 @@ void TestWorkspaceScripts::editorsKnowWhatOpenScriptsDeclare()
         QCOMPARE(namesIn(views[0]), QString("$gOwn own ownLocal"));
     }
     QVERIFY(!openScripts());
+}
+
+void TestWorkspaceScripts::unseenScriptsAreRead()
+{
+    ScratchDir folder;
+    const std::unique_ptr<EdCodeView> view(EdCodeView::createUnseen(nullptr));
+    QCOMPARE(view->loadQuietly(QFileInfo(folder.write("other.mel", otherScript)), false, -1),
+             QString());
+    const Host host(view.get());
+    const WorkspaceScripts scripts(&host);
+    QCOMPARE(namesFor(nullptr), QString());
+    QApplication::processEvents();
+    QCOMPARE(namesFor(nullptr), QString("$gOther other"));
+    QVERIFY(!view->knownCodeEdit());
 }
 
 void TestWorkspaceScripts::slowCompletionIsReported()
