@@ -3,7 +3,6 @@
 
 #include "analysis/wordunits.h"
 #include "bridge/melnametable.h"
-#include "editor/edtextblockdata.h"
 #include "editor/longlines.h"
 #include "editor/melscanner.h"
 #include "editor/textblocks.h"
@@ -190,56 +189,59 @@ void addVariables(const QString &code, QSet<QString> *found)
     }
 }
 
-// How many more braces the line closes than it opens.
-int closedBraces(const QTextBlock &block, int upToColumn)
-{
-    int closed = 0;
-    const EdTextBlockData *data = EdTextBlockData::of(block);
-    if (!data)
-        return closed;
-    for (const Bracket &bracket : data->brackets) {
-        if (bracket.column < upToColumn && bracket.character == QLatin1Char('}'))
-            ++closed;
-        else if (bracket.column < upToColumn && bracket.character == QLatin1Char('{'))
-            --closed;
-    }
-    return closed;
-}
-
 bool declaresProcedure(const QString &code)
 {
     const QString rest = code.startsWith(QLatin1String("global")) ? code.mid(6).trimmed() : code;
     return rest.startsWith(QLatin1String("proc")) && (rest.size() == 4 || !isName(rest.at(4)));
 }
 
-// Collects the variables of a caret's scope, line by line upwards from the caret: those of blocks
-// that were closed before it, and of other procedures, are out of scope.
+// Collects the variables of a caret's scope, line by line upwards from the caret and each line from
+// its end: those of blocks that were closed before it, and of other procedures, are out of scope.
 class ScopeWalk
 {
 public:
-    void add(const QString &code, int closedBraces)
+    void add(const QString &code)
     {
-        m_closed += closedBraces;
-        const bool opens = m_closed < m_least; // a block that the caret is in
-        m_least = std::min(m_least, m_closed);
-        const bool isProcedure = declaresProcedure(code.trimmed());
-        m_isDone = isProcedure && (opens || m_isHead);
-        if (m_closed == m_least && (m_isDone || !isProcedure))
-            addVariables(code, &m_variables);
-        // proc f(int $a,
-        //        int $b)
-        // {                  the lines above may belong to the brace until something else ends
-        const bool endsStatement = closedBraces != 0 || code.contains(QLatin1Char(';'));
-        m_isHead = opens || (m_isHead && !endsStatement);
+        int end = int(code.size());
+        for (int i = end - 1; i >= 0 && !m_isDone; --i) {
+            const ushort unit = code.at(i).unicode();
+            if (unit != '{' && unit != '}')
+                continue;
+            addPart(code.mid(i + 1, end - i - 1));
+            addBrace(unit == '{' ? -1 : 1);
+            end = i;
+        }
+        if (!m_isDone)
+            addPart(code.left(end));
     }
 
     bool isDone() const { return m_isDone; } // all of the caret's procedure has been seen
     const QSet<QString> &variables() const { return m_variables; }
 
 private:
+    // One without braces.
+    void addPart(const QString &code)
+    {
+        const bool isProcedure = declaresProcedure(code.trimmed());
+        m_isDone = isProcedure && m_isHead;
+        if (m_closed == m_least && (m_isDone || !isProcedure))
+            addVariables(code, &m_variables);
+        m_isHead = m_isHead && !code.contains(QLatin1Char(';'));
+    }
+
+    void addBrace(int closed)
+    {
+        m_closed += closed;
+        m_isHead = m_closed < m_least; // of a block that the caret is in
+        m_least = std::min(m_least, m_closed);
+    }
+
     QSet<QString> m_variables;
     int m_closed = 0; // braces that close below, less those that open
     int m_least = 0;
+    // proc f(int $a,
+    //        int $b)
+    // {                  the lines above may belong to the brace until something else ends
     bool m_isHead = false;
     bool m_isDone = false;
 };
@@ -278,12 +280,12 @@ QStringList melVariablesBefore(const QTextCursor &caret)
     QString code = lineBefore(caret).code;
     code.truncate(nameStart(code, int(code.size()))); // without what is being typed
     ScopeWalk walk;
-    walk.add(code, closedBraces(block, caret.position() - block.position()));
+    walk.add(code);
     for (int lines = 1; lines < mostLinesOfProcedure && !walk.isDone(); ++lines) {
         block = block.previous();
         if (!block.isValid())
             break;
-        walk.add(isLong(block) ? QString() : codeOf(block), closedBraces(block, block.length()));
+        walk.add(isLong(block) ? QString() : codeOf(block));
     }
     return QStringList(walk.variables().values());
 }

@@ -138,6 +138,8 @@ void TestMelCompletion::variablesInScope_data()
     row("one-line", "$a; \nproc f(int $b) { $c|", "$b");
     row("blocks-around", "proc f() {\n $a;\n if ($b) {\n  $c;\n  |", "$a $b $c");
     row("not-of-closed-blocks", "proc f() {\n $a;\n while (1) {\n  if (1) {\n $x; }\n |", "$a");
+    row("not-of-closed-branches", "if ($a) {\n $x;\n} else if ($b) {\n|", "$a $b");
+    row("not-of-a-block-in-a-line", "$a; while ($b) { $x; } |", "$a $b");
     row("loop-below-procedure", "proc f(int $a) {\n $b;\n}\n$c;\nfor ($d in $c) {\n|", "$c $d");
     row("not-in-strings", "print \"$a\"; // $b\n/* $c */ $d;\n|", "$d");
 }
