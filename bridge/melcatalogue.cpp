@@ -9,6 +9,7 @@
 #include <maya/MQtUtil.h>
 #include <maya/MString.h>
 
+#include <QSet>
 #include <QStandardItem>
 #include <QStandardItemModel>
 
@@ -69,6 +70,8 @@ void addNames(const QueryRow &row)
             melNames().names.push_back({name, row.kind});
     }
 }
+
+unsigned int lastCount = 0; // of all names, when Maya was asked for new ones
 
 // The model of the names last loaded is made when it is asked for: that takes a few milliseconds,
 // which loading has no need to wait for.
@@ -166,6 +169,7 @@ QStandardItemModel &melCommandModel()
 void loadMelCatalogue()
 {
     modelIsOutdated = true;
+    lastCount = 0;
     melNameTable().clear();
     melNames().names.clear();
     ++melNames().version;
@@ -178,6 +182,27 @@ void loadMelCatalogue()
         else
             names.clear();
     }
+}
+
+void addNewMelNames()
+{
+    MStringArray all;
+    if (MGlobal::executeCommand("melInfo", all, false, false) != MStatus::kSuccess ||
+        all.length() == lastCount)
+        return;
+    lastCount = all.length();
+    std::vector<MelName> &names = melNames().names;
+    QSet<QString> known;
+    known.reserve(int(names.size()));
+    for (const MelName &name : names)
+        known.insert(name.name);
+    for (unsigned int i = 0; i < all.length(); ++i) {
+        const QString name = MQtUtil::toQString(all[i]);
+        if (!known.contains(name))
+            names.push_back({name, CommandKind::Unknown});
+    }
+    if (int(names.size()) > int(known.size()))
+        ++melNames().version;
 }
 
 bool isMelCommand(const QString &name)

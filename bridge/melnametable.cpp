@@ -1,6 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "bridge/melnametable.h"
 
+namespace {
+
+void (*namesUpdate)() = nullptr;
+
+} // namespace
+
 QHash<QString, QString> &melNameTable()
 {
     static QHash<QString, QString> table;
@@ -11,4 +17,15 @@ MelNames &melNames()
 {
     static MelNames names;
     return names;
+}
+
+void updateMelNames()
+{
+    if (namesUpdate)
+        namesUpdate();
+}
+
+void setMelNamesUpdate(void (*update)())
+{
+    namesUpdate = update;
 }

@@ -21,6 +21,7 @@ struct MelName
 };
 
 // The same with their kinds: each once, as what it is first of all, and without the empty one.
+// Behind them, of no kind, names that the host has learned later.
 struct MelNames
 {
     std::vector<MelName> names; // in the order of the host
@@ -28,3 +29,8 @@ struct MelNames
 };
 
 MelNames &melNames();
+
+// Adds what the host has learned since, within some milliseconds; nothing without a host, whose
+// plug-in tells how.
+void updateMelNames();
+void setMelNamesUpdate(void (*update)());

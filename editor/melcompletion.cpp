@@ -112,6 +112,7 @@ void MelCompletion::refresh(const QTextDocument *document)
 {
     if (openScripts())
         openScripts()->refresh(document);
+    updateMelNames();
 }
 
 Completions MelCompletion::completionsAt(const QTextCursor &caret)

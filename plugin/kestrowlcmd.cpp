@@ -3,6 +3,7 @@
 
 #include "bridge/mayaversions.h"
 #include "bridge/melcatalogue.h"
+#include "bridge/melnametable.h"
 #include "bridge/pythonanalysis.h"
 #include "bridge/pythonsyntaxcheck.h"
 #include "mainwindow/kestrowl.h"
@@ -95,6 +96,7 @@ void createEditor()
 {
     // Before the window: from the first document on names are asked for.
     loadMelCatalogue();
+    setMelNamesUpdate(addNewMelNames);
     setCommandHelpSource(melCommandHelp);
     setHostVersionsSource(mayaVersions);
     if (loadPythonAnalysis()) {
@@ -217,5 +219,6 @@ void KestrowlCmd::cleanup()
     setPythonSyntaxCheck(nullptr);
     setPythonNameSource(nullptr);
     setCommandHelpSource(nullptr);
+    setMelNamesUpdate(nullptr);
     setHostVersionsSource(nullptr);
 }

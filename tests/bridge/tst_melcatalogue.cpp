@@ -21,6 +21,7 @@ private slots:
     void loadingAgainForgets();
     void flagsAreThoseOfCompiledCommands();
     void helpKnowsWhatCameLater();
+    void newNamesAreAdded();
     void flagTextsAreSplitIntoThrees_data();
     void flagTextsAreSplitIntoThrees();
     void longFlagTextsAreSplitInLinearTime();
@@ -129,6 +130,25 @@ void TestMelCatalogue::helpKnowsWhatCameLater()
         if (flag.shortName == "ex")
             QCOMPARE(flag.longName + " " + flag.argument, QString("exists String"));
     }
+    QVERIFY(session.takeMessages().isEmpty());
+}
+
+void TestMelCatalogue::newNamesAreAdded()
+{
+    TestSession session;
+    loadMelCatalogue();
+    addNewMelNames();
+    const size_t count = melNames().names.size();
+    const int version = melNames().version;
+    addNewMelNames();
+    QCOMPARE(melNames().version, version);
+    session.run("global proc cvLater() {}");
+    session.takeMessages();
+    addNewMelNames();
+    QVERIFY(melNames().version != version);
+    QCOMPARE(melNames().names.size(), count + 1);
+    QCOMPARE(melNames().names.back().name, QString("cvLater"));
+    QVERIFY(!melNameTable().contains("cvLater"));
     QVERIFY(session.takeMessages().isEmpty());
 }
 
