@@ -153,6 +153,7 @@ public slots:
 protected:
     bool event(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void inputMethodEvent(QInputMethodEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
@@ -195,7 +196,8 @@ private:
 
     void pressInstead(int key, Qt::KeyboardModifiers modifiers);
     void hidePopupFor(const QKeyEvent &event);
-    Key beginCompletion(const QKeyEvent &event, bool wordStartsHere);
+    bool startsWord() const;
+    Key beginCompletion(const QString &typed, bool startedWord);
     QChar characterBefore(int position) const;
 
     // As set for this editor and, for what has no field here, as preferred.

@@ -230,13 +230,29 @@ EdCodeEdit::Key EdCodeEdit::otherKey(QKeyEvent *event)
 {
     if (m_completer->isVisible())
         hidePopupFor(*event);
-    const int position = textCursor().position();
-    const bool wordStartsHere = !m_completer->isVisible() &&
-                                (position == 0 || !isNameUnit(characterBefore(position).unicode()));
+    const bool startedWord = !(event->modifiers() & commandModifiers) && startsWord();
     QPlainTextEdit::keyPressEvent(event);
     if (isReadOnly())
         return Key::Taken;
-    return m_completer->isVisible() ? Key::Typed : beginCompletion(*event, wordStartsHere);
+    return m_completer->isVisible() ? Key::Typed : beginCompletion(event->text(), startedWord);
+}
+
+// Some keyboards, those on screens too, have only this way to type, and all of them for signs that
+// are composed.
+void EdCodeEdit::inputMethodEvent(QInputMethodEvent *event)
+{
+    const bool startedWord = startsWord();
+    QPlainTextEdit::inputMethodEvent(event);
+    if (!isReadOnly() && event->preeditString().isEmpty() && !m_completer->isVisible())
+        beginCompletion(event->commitString(), startedWord);
+}
+
+// What is typed now. In a word that is being completed nothing starts.
+bool EdCodeEdit::startsWord() const
+{
+    const int position = textCursor().position();
+    return !m_completer->isVisible() &&
+           (position == 0 || !isNameUnit(characterBefore(position).unicode()));
 }
 
 void EdCodeEdit::hidePopupFor(const QKeyEvent &event)
@@ -249,16 +265,12 @@ void EdCodeEdit::hidePopupFor(const QKeyEvent &event)
 }
 
 // Always Taken: a popup that comes up now has just been told everything.
-EdCodeEdit::Key EdCodeEdit::beginCompletion(const QKeyEvent &event, bool wordStartsHere)
+EdCodeEdit::Key EdCodeEdit::beginCompletion(const QString &typed, bool startedWord)
 {
-    const QString typed = event.text();
     if (typed == QLatin1String(".") && m_language == PythonLanguage &&
-        preferences().pythonCompleteOnPeriod) {
+        preferences().pythonCompleteOnPeriod)
         m_completer->begin(EdCompleter::OnPeriod, m_language);
-        return Key::Taken;
-    }
-    if (!(event.modifiers() & commandModifiers) && wordStartsHere && typed.size() == 1 &&
-        isLetter(typed.at(0)))
+    else if (startedWord && typed.size() == 1 && isLetter(typed.at(0)))
         m_completer->begin(EdCompleter::OnLetters, m_language);
     return Key::Taken;
 }

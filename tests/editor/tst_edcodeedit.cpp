@@ -304,6 +304,12 @@ void TestEdCodeEdit::completionIsAskedFor()
     type();
     QCOMPARE(asked, isAsked ? 1 : 0);
 
+    put(edit, text, int(text.size()));
+    QInputMethodEvent commit;
+    commit.setCommitString(typed);
+    QApplication::sendEvent(&edit, &commit);
+    QCOMPARE(asked, !isAsked ? 0 : typed == " " ? 1 : 2);
+
     asked = 0;
     preferences().melCompleteOnLetters = preferences().pythonCompleteOnLetters = false;
     preferences().melCompleteOnUser = preferences().pythonCompleteOnPeriod = false;
