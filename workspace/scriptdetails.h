@@ -36,8 +36,6 @@ public:
     // Null for a text in another language; may be copied, does not move.
     const MelParser *mel() const;
     const PythonParser *python() const;
-    // That of the document at the last parse.
-    int revision() const { return m_origin.revision; }
     // How often the text was parsed.
     int parseCount() const { return m_parseCount; }
 

@@ -36,6 +36,12 @@ const ScriptDetails *melDetails(const EdCodeView &view)
     return details && details->mel() ? details : nullptr;
 }
 
+int parsesOf(const EdCodeView &view)
+{
+    const ScriptDetails *details = melDetails(view);
+    return details ? details->parseCount() : 0;
+}
+
 bool isLong(const EdCodeView &view)
 {
     const EdCodeEdit *edit = view.knownCodeEdit();
@@ -101,22 +107,23 @@ void WorkspaceScripts::readLater() const
 // The later of what was parsed for the outline and what was read here.
 WorkspaceScripts::Items WorkspaceScripts::itemsOf(const EdCodeView &view) const
 {
-    const ScriptDetails *details = melDetails(view);
-    const auto script = m_scripts.constFind(view.documentId());
-    if (view.language() != EdCodeView::Mel || (!details && script == m_scripts.constEnd()))
+    if (view.language() != EdCodeView::Mel)
         return Items();
-    const bool isRead =
-        script != m_scripts.constEnd() && (!details || script->revision > details->revision());
-    return isRead ? script->items : details->mel()->outlineItems();
+    const Script script = m_scripts.value(view.documentId());
+    if (script.parses == parsesOf(view))
+        return script.items;
+    const ScriptDetails *details = melDetails(view);
+    return details ? details->mel()->outlineItems() : Items();
 }
 
 bool WorkspaceScripts::isOutdated(const EdCodeView &view) const
 {
     const ScriptDetails *details = melDetails(view);
-    return view.language() == EdCodeView::Mel && !isLong(view) &&
-           !(details && details->isCurrent()) &&
-           m_scripts.value(view.documentId()).revision !=
-               view.knownCodeEdit()->document()->revision();
+    if (view.language() != EdCodeView::Mel || isLong(view) || (details && details->isCurrent()))
+        return false;
+    const Script script = m_scripts.value(view.documentId());
+    return script.parses != parsesOf(view) ||
+           script.revision != view.knownCodeEdit()->document()->revision();
 }
 
 void WorkspaceScripts::read(const EdCodeView &view) const
@@ -126,6 +133,7 @@ void WorkspaceScripts::read(const EdCodeView &view) const
     if (!isLong(view))
         parser.parse(textOf(view), view.fileInfo().absoluteFilePath());
     Script script;
+    script.parses = parsesOf(view);
     script.revision = edit ? edit->document()->revision() : -1;
     script.items = parser.outlineItems();
     m_scripts.insert(view.documentId(), script);

@@ -35,6 +35,7 @@ private:
     typedef QList<OutlineItem> Items;
     struct Script
     {
+        int parses = -1;   // for the outline, before it was read here
         int revision = -1; // of the document; -1: that of a view without an editor
         Items items;
     };

@@ -9,6 +9,7 @@
 #include "workspace/edcentralwidget.h"
 #include "workspace/edcodeview.h"
 #include "workspace/recovery.h"
+#include "workspace/scriptdetails.h"
 
 #include <QApplication>
 #include <QDir>
@@ -79,7 +80,7 @@ void TestWorkspaceScripts::editorsKnowWhatOpenScriptsDeclare()
         openScripts()->refresh(views[0]->codeEdit()->document());
         QCOMPARE(namesIn(views[0]), QString("$gOther $gOwn newest other own ownLocal"));
         views[0]->codeEdit()->setText(ownScript);
-        openScripts()->refresh(views[0]->codeEdit()->document());
+        ScriptDetails::of(views[0]); // as for the outline
         central.newPythonBuffer();
         QCOMPARE(namesIn(central.currentCodeView()), QString("$gOther $gOwn other own"));
         views[0]->codeEdit()->setModified(false);
