@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "editor/edcompleter.h"
 
+#include "bridge/melnametable.h"
 #include "compat/screen.h"
 #include "editor/edcodeedit.h"
 #include "editor/editorlanguage.h"
@@ -54,6 +55,7 @@ private slots:
     void hidesWhenTheViewChanges();
     void standsBesideTheWord();
     void isPaintedWhereverItsEditorWasMade();
+    void namesAreUpdatedOnDemandOnly();
     void slowSourcesAreAskedOnDemandOnly();
 
 private:
@@ -328,6 +330,20 @@ void TestEdCompleter::isPaintedWhereverItsEditorWasMade()
     const EdCodeEdit *edit = new EdCodeEdit(&pane);
     pane.setUpdatesEnabled(true);
     QVERIFY(edit->completer()->updatesEnabled());
+}
+
+void TestEdCompleter::namesAreUpdatedOnDemandOnly()
+{
+    static int updates;
+    updates = 0;
+    setMelNamesUpdate([] { ++updates; });
+    preferences().melCompleteOnLetters = true;
+    press(Qt::Key_S);
+    QVERIFY(m_popup->isVisible());
+    QCOMPARE(updates, 0);
+    press(Qt::Key_Space, Qt::ControlModifier);
+    QCOMPARE(updates, 1);
+    setMelNamesUpdate(nullptr);
 }
 
 void TestEdCompleter::slowSourcesAreAskedOnDemandOnly()
