@@ -26,9 +26,8 @@ enum class CompletionKind {
 
 struct Completion
 {
-    QString text; // what the list shows and is searched for
+    QString text; // what the list shows, is searched for, and what is inserted
     CompletionKind kind = CompletionKind::Name;
-    QString insertion; // what is inserted where that is another text; else empty
 };
 
 // What may stand at a caret.

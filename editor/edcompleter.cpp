@@ -86,11 +86,6 @@ QRect placeBeside(const QRect &letter, QSize size, bool above, const QRect &scre
     return QRect(QPoint(left, above ? letter.top() - size.height() : letter.bottom() + 1), size);
 }
 
-QString insertedText(const Completion &completion)
-{
-    return completion.insertion.isEmpty() ? completion.text : completion.insertion;
-}
-
 // The window is never the active one, which must not show; and its frame, drawn in the colour of
 // text, would be a glaring one.
 QPalette popupPalette(QPalette palette)
@@ -310,8 +305,7 @@ bool EdCompleter::isWholeWord(int row) const
 {
     const QString typed = typedText();
     const int letters = int(typed.size()) - int(typed.startsWith(QLatin1Char('$')));
-    return insertedText(m_model->completion(row)) == typed ||
-           (m_isUnasked && letters < fewestLetters);
+    return m_model->completion(row).text == typed || (m_isUnasked && letters < fewestLetters);
 }
 
 // From one end to the other by a single row only.
@@ -336,12 +330,11 @@ void EdCompleter::choose(int row, Replaced replaced)
     if (row < 0 || row >= m_model->rowCount())
         return;
     const Completion chosen = m_model->completion(row);
-    const QString text = insertedText(chosen);
     if (replaced == Replaced::Word)
         goToWordEnd();
     const QString former = typedText();
-    if (former != text)
-        emit activated(text, int(former.size()));
+    if (former != chosen.text)
+        emit activated(chosen.text, int(former.size()));
     if (chosen.kind == CompletionKind::Command)
         emit commandChosen(chosen.text);
 }

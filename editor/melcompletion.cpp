@@ -70,10 +70,10 @@ List hostNamesAndKeywords()
 {
     List list;
     for (std::string_view keyword : MelScanner::keywords())
-        list.push_back({QString::fromLatin1(keyword.data(), int(keyword.size())),
-                        CompletionKind::Keyword, QString()});
+        list.push_back(
+            {QString::fromLatin1(keyword.data(), int(keyword.size())), CompletionKind::Keyword});
     for (const MelName &known : melNames().names)
-        list.push_back({known.name, completionKind(known.kind), QString()});
+        list.push_back({known.name, completionKind(known.kind)});
     sortOut(&list);
     return list;
 }
@@ -94,7 +94,7 @@ List scriptNames(const QTextCursor &caret)
 {
     List names = openScripts() ? openScripts()->melNamesFor(caret.document()) : List();
     for (const QString &variable : melVariablesBefore(caret))
-        names.push_back({variable, CompletionKind::Variable, QString()});
+        names.push_back({variable, CompletionKind::Variable});
     sortOut(&names);
     return names;
 }
@@ -149,7 +149,7 @@ std::vector<Completion> MelCompletion::flagsOf(const QString &command)
     for (const CommandFlag &flag : help.flags) {
         for (const QString &name : {flag.shortName, flag.longName}) {
             if (!name.isEmpty())
-                flags.push_back({QLatin1Char('-') + name, CompletionKind::Flag, QString()});
+                flags.push_back({QLatin1Char('-') + name, CompletionKind::Flag});
         }
     }
     sortOut(&flags);

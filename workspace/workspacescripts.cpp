@@ -18,9 +18,9 @@ void addNames(const QList<OutlineItem> &items, bool isOwn, std::vector<Completio
 {
     for (const OutlineItem &item : items) {
         if (item.kind == GlobalVariableItem)
-            names->push_back({item.name, CompletionKind::Variable, QString()});
+            names->push_back({item.name, CompletionKind::Variable});
         else if (isOwn || item.kind == GlobalProcedureItem)
-            names->push_back({item.name, CompletionKind::Procedure, QString()});
+            names->push_back({item.name, CompletionKind::Procedure});
     }
 }
 

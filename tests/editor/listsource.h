@@ -25,7 +25,7 @@ public:
                isWordUnit(line.constData(), size, size - 1 - found.prefixLength))
             ++found.prefixLength;
         for (const QString &name : m_names)
-            found.items.push_back({name, CompletionKind::Command, QString()});
+            found.items.push_back({name, CompletionKind::Command});
         if (m_asked)
             ++*m_asked;
         return found;

@@ -30,9 +30,9 @@ class Scripts : public OpenScripts
 public:
     std::vector<Completion> melNamesFor(const QTextDocument *) const override
     {
-        return {{"ownProc", CompletionKind::Procedure, QString()},
-                {"Mirror", CompletionKind::Procedure, QString()},
-                {"$gMain", CompletionKind::Variable, QString()}};
+        return {{"ownProc", CompletionKind::Procedure},
+                {"Mirror", CompletionKind::Procedure},
+                {"$gMain", CompletionKind::Variable}};
     }
 };
 
