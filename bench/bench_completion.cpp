@@ -58,7 +58,7 @@ public:
         std::vector<Completion> names;
         for (int i = 0; i < 2500; ++i)
             names.push_back({QString::fromLatin1("own%1Procedure").arg(i * 7919 % 2500),
-                             CompletionKind::Procedure, QString()});
+                             CompletionKind::Procedure});
         return names;
     }
 };
