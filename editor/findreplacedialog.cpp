@@ -9,7 +9,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QLocale>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
@@ -169,6 +168,7 @@ QLayout *FindReplaceDialog::createButtons()
     for (const auto &row : rows) {
         QPushButton *button = new QPushButton;
         label(button, row.objectName, row.text);
+        button->setAutoDefault(false); // else the one last clicked could stay the default
         connect(button, SIGNAL(clicked()), row.slot);
         layout->addWidget(button);
     }
@@ -204,6 +204,7 @@ void FindReplaceDialog::openFor(const QString &findText)
         m_find->blockSignals(wereBlocked);
         emit searchChanged();
     }
+    showMessage(QString()); // of a search that is over
     show();
     raise();
     activateWindow();
@@ -297,14 +298,17 @@ void FindReplaceDialog::showMessage(const QString &message)
 
 void FindReplaceDialog::showCount(int count)
 {
-    const QString number = QLocale().toString(count);
     const QString text = count == 1 ? tr("%1 match") : tr("%1 matches");
-    m_count->setText(count < 0 ? QString() : text.arg(number));
+    m_count->setText(count < 0 ? QString() : text.arg(count));
 }
 
 void FindReplaceDialog::keyPressEvent(QKeyEvent *event)
 {
     const bool isOther = event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    QPushButton *focused = qobject_cast<QPushButton *>(focusWidget());
+    if (focused && isReturn && !isOther)
+        return focused->click();
     if (isOther || (event->key() != Qt::Key_F3 && event->key() != Qt::Key_Escape)) {
         QDialog::keyPressEvent(event);
         return;

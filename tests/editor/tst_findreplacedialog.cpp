@@ -32,6 +32,7 @@ private slots:
     void typingSearchesWhileIncremental();
     void escapeClosesAndKeepsWhatWasEntered();
     void openingTakesAText();
+    void returnFindsWhateverWasClicked();
 
 private:
     template <typename Widget>
@@ -191,6 +192,7 @@ void TestFindReplaceDialog::buttonsAndKeysSendRequests_data()
     row("replace-all", "replaceAllBtn", 0, 0, 16384 | up);
     row("return-in-field", "findCmb", int(Qt::Key_Return), 0, up);
     row("enter-in-field", "findCmb", int(Qt::Key_Enter), 0, up);
+    row("return-on-a-button", "replaceBtn", int(Qt::Key_Return), 0, 4096 | up);
     row("f3-goes-down", "findCmb", int(Qt::Key_F3), 0, 0);
     row("shift-f3-goes-up", "replaceWithCmb", int(Qt::Key_F3), shift, up);
     row("f3-of-the-keypad", "findCmb", int(Qt::Key_F3), int(Qt::KeypadModifier), 0);
@@ -211,8 +213,10 @@ void TestFindReplaceDialog::buttonsAndKeysSendRequests()
     QWidget *widget = m_dialog->findChild<QWidget *>(receiver);
     if (key == 0)
         QTest::mouseClick(widget, Qt::LeftButton);
-    else
+    else {
+        widget->setFocus();
         QTest::keyClick(widget, Qt::Key(key), Qt::KeyboardModifiers(modifiers));
+    }
     QCOMPARE(requests(), options < 0 ? QString() : QString("a|b|%1").arg(options));
 }
 
@@ -314,6 +318,26 @@ void TestFindReplaceDialog::openingTakesAText()
     m_dialog->openFor(QString());
     QCOMPARE(field->selectedText(), QString("ab"));
     QCOMPARE(requests(), QString());
+}
+
+void TestFindReplaceDialog::returnFindsWhateverWasClicked()
+{
+    for (const char *name : {"replaceAllBtn", "replaceBtn", "replaceFindBtn", "closeBtn"}) {
+        m_dialog->openFor("a");
+        QPushButton *button = find<QPushButton>(name);
+        button->setFocus(); // as a click does
+        QTest::mouseClick(button, Qt::LeftButton);
+        m_dialog->showMessage("3 matches replaced");
+        m_dialog->close();
+        m_dialog->openFor(QString());
+        QCOMPARE(find<QLabel>("statusLabel")->text(), QString());
+        requests();
+        QTest::keyClick(find<QComboBox>("findCmb")->lineEdit(), Qt::Key_Return);
+        QCOMPARE(requests(), QString("a||0"));
+        QVERIFY2(find<QPushButton>("findBtn")->isDefault(), name);
+    }
+    m_dialog->showCount(90000);
+    QCOMPARE(find<QLabel>("countLabel")->text(), QString("90000 matches"));
 }
 
 CORVANE_TEST_MAIN(TestFindReplaceDialog)
