@@ -147,8 +147,9 @@ void EdQuickHelpView::back()
 void EdQuickHelpView::focusFilter()
 {
     activateWindow(); // the dock may float
-    QWidget *part = m_filter->isEnabled() ? m_filter : m_entry;
+    QLineEdit *part = m_filter->isEnabled() ? m_filter : m_entry;
     part->setFocus();
+    part->selectAll(); // what is typed next is another text
 }
 
 void EdQuickHelpView::filterFlags(const QString &text)

@@ -8,6 +8,9 @@ namespace {
 enum Column { LongName, ShortName, Argument };
 
 const int columnGap = 4; // pixels
+const int rowMargin = 4;
+const int fewestRows = 6; // that are seen at once
+const int usualRows = 12;
 
 QTreeWidgetItem *createItem(const CommandFlag &flag)
 {
@@ -54,6 +57,8 @@ void FlagList::setFlags(const QList<CommandFlag> &flags)
         resizeColumnToContents(column);
         setColumnWidth(column, columnWidth(column) + columnGap);
     }
+    // It takes what is left, and no scroll bar is needed just for its title.
+    setColumnWidth(Argument, sizeHintForColumn(Argument));
     setCurrentItem(topLevelItem(0));
 }
 
@@ -76,4 +81,21 @@ void FlagList::filter(const QString &text)
 QString FlagList::currentFlag() const
 {
     return currentItem() ? currentItem()->text(LongName) : QString();
+}
+
+QSize FlagList::minimumSizeHint() const
+{
+    return QSize(EdTreeWidget::minimumSizeHint().width(), heightOfRows(fewestRows));
+}
+
+QSize FlagList::sizeHint() const
+{
+    return QSize(EdTreeWidget::sizeHint().width(), heightOfRows(usualRows));
+}
+
+// Of any flags, so that the view does not change its size with the command.
+int FlagList::heightOfRows(int rows) const
+{
+    const int rowHeight = fontMetrics().height() + rowMargin;
+    return header()->sizeHint().height() + rows * rowHeight + 2 * frameWidth();
 }

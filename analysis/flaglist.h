@@ -5,6 +5,7 @@
 #include "bridge/commandhelp.h"
 
 #include <QList>
+#include <QSize>
 #include <QString>
 
 // The flags of a command, one a row: long name, short name, argument. Of those that a filter
@@ -23,4 +24,11 @@ public:
 
     // The long name, or the only one; empty for no row.
     QString currentFlag() const;
+
+    // Enough rows to choose from, even where little room is left.
+    QSize minimumSizeHint() const override;
+    QSize sizeHint() const override;
+
+private:
+    int heightOfRows(int rows) const;
 };
