@@ -210,6 +210,7 @@ private slots:
     void onCodeViewInserted(EdCodeView *view);
     void showDocument(EdCodeView *view);
     void closeDocument(EdCodeView *view);
+    void focusCurrent();
     void checkBeforeWriting(EdCodeView *view);
     void noteKeptChanges(EdCodeView *view);
 

@@ -189,6 +189,7 @@ void EdCentralWidget::showRecovered(const QList<RecoveredDocument> &documents)
                 SLOT(showDocument(EdCodeView *)));
         connect(m_recoveryBar, SIGNAL(closeWanted(EdCodeView *)),
                 SLOT(closeDocument(EdCodeView *)));
+        connect(m_recoveryBar, SIGNAL(answered()), SLOT(focusCurrent()));
         for (EdCodeTabWidget *pane : m_panes)
             connect(pane, SIGNAL(codeViewRetired(EdCodeView *)), m_recoveryBar,
                     SLOT(forget(EdCodeView *)));
@@ -247,6 +248,13 @@ void EdCentralWidget::closeDocument(EdCodeView *view)
 {
     if (const Place place = placeOf(view))
         place.pane->forceCloseTab(place.tab);
+}
+
+// The keyboard would be left to a button that is gone.
+void EdCentralWidget::focusCurrent()
+{
+    if (currentCodeView())
+        active()->setCodeEditFocus();
 }
 
 // What becomes of an open document from here on, the user decides.

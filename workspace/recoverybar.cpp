@@ -52,6 +52,7 @@ QPushButton *RecoveryBar::addButton(const QString &text, const QString &toolTip,
     button->setToolTip(toolTip);
     button->setAutoDefault(false);
     connect(button, SIGNAL(clicked()), slot);
+    connect(button, SIGNAL(clicked()), SIGNAL(answered())); // after it
     layout()->addWidget(button);
     return button;
 }

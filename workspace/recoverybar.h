@@ -35,6 +35,8 @@ public slots:
 signals:
     // The user wants to see the document.
     void documentChosen(EdCodeView *view);
+    // A button was pressed, and what it stands for is done.
+    void answered();
     // The text that was given up is all there was: the document shall be closed without asking.
     void closeWanted(EdCodeView *view);
 

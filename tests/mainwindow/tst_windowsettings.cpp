@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "editor/edcodeedit.h"
 #include "mainwindow/inifile.h"
 #include "output/edoutputview.h"
 #include "preferences/colorlist.h"
@@ -14,6 +15,7 @@
 #include <QDir>
 #include <QDockWidget>
 #include <QFile>
+#include <QPushButton>
 #include <QSettings>
 #include <QStatusBar>
 #include <QToolBar>
@@ -633,6 +635,12 @@ void WindowSettingsTest::documentsOfACrashedSessionComeBack()
     QCOMPARE(dir.read("a.mel"), QByteArray("old"));
     const RecoveryBar *bar = next.findChild<RecoveryBar *>();
     QVERIFY(bar && bar->count() == 2);
+    next.show();
+    QPushButton *keepsAll = bar->findChildren<QPushButton *>().last();
+    keepsAll->setFocus();
+    keepsAll->click();
+    QVERIFY(bar->isHidden());
+    QCOMPARE(next.focusWidget(), static_cast<QWidget *>(views.at(2)->codeEdit()));
     // A session that is at work keeps its own.
     Kestrowl beside(dir.path(), dir.path());
     QVERIFY(!beside.findChild<RecoveryBar *>());
