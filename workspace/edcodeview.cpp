@@ -9,6 +9,7 @@
 
 #include <QScrollBar>
 #include <QTextBlock>
+#include <QTimer>
 #include <QUuid>
 #include <QVBoxLayout>
 
@@ -127,6 +128,7 @@ void EdCodeView::showEvent(QShowEvent *event)
 {
     codeEdit();
     QWidget::showEvent(event);
+    showCaretSoon();
 }
 
 // Nobody can tell whether the editor had the text before.
@@ -176,6 +178,25 @@ void EdCodeView::setPlace(int cursorPosition, int scrollValue)
     codeEdit()->verticalScrollBar()->setValue(scrollValue);
     if (isVisible()) // otherwise its size may become another one
         codeEdit()->ensureCursorVisible();
+    m_mustShowCaret = true;
+    showCaretSoon();
+}
+
+// While a window is being laid out, its views are narrow, and the editor scrolls sideways to carets
+// that are in view as soon as there is room.
+void EdCodeView::showCaretSoon()
+{
+    if (m_mustShowCaret && isVisible())
+        QTimer::singleShot(0, this, SLOT(showCaret()));
+}
+
+void EdCodeView::showCaret()
+{
+    if (!m_mustShowCaret || !isVisible())
+        return;
+    m_mustShowCaret = false;
+    codeEdit()->horizontalScrollBar()->setValue(codeEdit()->horizontalScrollBar()->minimum());
+    codeEdit()->ensureCursorVisible();
 }
 
 QString EdCodeView::text() const

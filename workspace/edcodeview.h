@@ -204,6 +204,9 @@ public slots:
 protected:
     void showEvent(QShowEvent *event) override;
 
+private slots:
+    void showCaret();
+
 private:
     explicit EdCodeView(QWidget *parent);
     struct Waiting
@@ -216,6 +219,7 @@ private:
     void createCodeEdit();
     void connectCodeEdit();
     void giveText();
+    void showCaretSoon();
     void replaceText(const QString &text);
     void noteNewText(const QString &text);
     bool isBufferFile(const QString &path) const;
@@ -240,6 +244,7 @@ private:
     // Null until codeEdit() is asked for it.
     EdCodeEdit *m_codeEdit = nullptr;
     std::optional<Waiting> m_waiting; // what the editor has not been given yet
+    bool m_mustShowCaret = false;     // in the place that it was given, once the size is known
     QFileInfo m_fileInfo;
     bool m_modified = false;
     bool m_isBuffer = true;

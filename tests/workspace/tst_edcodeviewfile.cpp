@@ -45,6 +45,8 @@ private slots:
     void loadingTheOwnFileCanBeUndone();
     void unseenViewsLayNothingOut();
     void unseenViewsAreLikeOthers();
+    void placesScrollSidewaysOnlyAsNeeded_data();
+    void placesScrollSidewaysOnlyAsNeeded();
 
 private:
     void open(const QByteArray &bytes);
@@ -276,6 +278,35 @@ void TestEdCodeViewFile::unseenViewsAreLikeOthers()
     QVERIFY(m_view->load(QFileInfo(m_dir->write("b.py", "")), false, -1));
     QVERIFY(m_view->text().isEmpty() && !m_view->isModified());
     QCOMPARE(m_view->language(), int(EdCodeView::Python));
+}
+
+void TestEdCodeViewFile::placesScrollSidewaysOnlyAsNeeded_data()
+{
+    columns<int, bool, bool>("caret", "isAskedFor", "scrolls");
+
+    row("fits", 17, false, false);
+    row("fits, laid out unseen", 17, true, false);
+    row("too far", 300, false, true);
+    row("too far, laid out unseen", 300, true, true);
+}
+
+// Windows get their size late.
+void TestEdCodeViewFile::placesScrollSidewaysOnlyAsNeeded()
+{
+    QFETCH(int, caret);
+    QFETCH(bool, isAskedFor);
+    QFETCH(bool, scrolls);
+    open(QByteArray(400, 'x') + "\n");
+    m_view->resize(100, 60);
+    m_view->setPlace(caret, 0);
+    if (isAskedFor)
+        m_view->codeEdit();
+    m_view->show();
+    m_view->resize(700, 200);
+    QTest::qWait(10);
+    const EdCodeEdit *edit = m_view->codeEdit();
+    QCOMPARE(edit->horizontalScrollBar()->value() > 0, scrolls);
+    QVERIFY(edit->viewport()->rect().contains(edit->cursorRect()));
 }
 
 CORVANE_TEST_MAIN(TestEdCodeViewFile)
