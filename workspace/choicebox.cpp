@@ -45,15 +45,20 @@ QInputDialog *newInput(QWidget *parent, const QString &title, const QString &lab
 } // namespace
 
 int askChoice(QWidget *parent, const QString &title, const QString &question,
-              const QStringList &answers, QMessageBox::ButtonRole lastRole)
+              const QStringList &answers, QMessageBox::ButtonRole lastRole, int preset)
 {
     QMessageBox *box = newBox(QMessageBox::Question, parent, title, question);
     const int last = int(answers.size()) - 1;
     QList<QAbstractButton *> buttons;
     // Of one role, so that no platform puts them into another order.
-    for (int i = 0; i < last; ++i)
-        buttons << box->addButton(answers.at(i), QMessageBox::ActionRole);
-    box->setEscapeButton(box->addButton(answers.at(last), lastRole));
+    for (int i = 0; i <= last; ++i) {
+        QPushButton *button =
+            box->addButton(answers.at(i), i < last ? QMessageBox::ActionRole : lastRole);
+        buttons << button;
+        if (i == preset)
+            box->setDefaultButton(button);
+    }
+    box->setEscapeButton(buttons.last());
     const int chosen = chosenButton(box, buttons);
     return chosen < 0 ? last : chosen;
 }

@@ -14,10 +14,10 @@ class QWidget;
 // is an answer as closing the box is, and whoever asked may be gone as well.
 
 // Asks a question with one button for each answer and returns the index of the answer. Escape and
-// closing the box give the last one.
+// closing the box give the last one, Return gives `preset`.
 int askChoice(QWidget *parent, const QString &title, const QString &question,
               const QStringList &answers,
-              QMessageBox::ButtonRole lastRole = QMessageBox::RejectRole);
+              QMessageBox::ButtonRole lastRole = QMessageBox::RejectRole, int preset = 0);
 // Asks with the platform's "Yes" and "No": Return gives `preset`, Escape and closing the box give
 // `escape`.
 bool askYesNo(QWidget *parent, const QString &title, const QString &question,

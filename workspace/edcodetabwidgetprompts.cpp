@@ -51,8 +51,9 @@ bool EdCodeTabWidget::confirmCloseBuffer(int tabIndex)
         return true;
     const QString question =
         tr("Delete buffer '%1'?\n\nUnsaved contents will be lost.").arg(tabText(tabIndex));
+    // Nothing is thrown away by a Return that was meant for something else.
     return askChoice(this, tr("Delete"), question, QStringList() << tr("Yes") << tr("No"),
-                     QMessageBox::ActionRole) == 0;
+                     QMessageBox::ActionRole, 1) == 0;
 }
 
 void EdCodeTabWidget::closeTab(int tabIndex)

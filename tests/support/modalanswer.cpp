@@ -9,6 +9,7 @@
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QTimer>
 
 namespace {
@@ -67,6 +68,7 @@ bool ModalAnswer::turnToNext()
 void ModalAnswer::readDialog(QDialog *dialog)
 {
     m_buttons.clear();
+    m_defaultButton.clear();
     m_title = dialog->windowTitle().isNull() ? QString::fromLatin1("") : dialog->windowTitle();
     if (QMessageBox *box = qobject_cast<QMessageBox *>(dialog)) {
         m_text = box->text();
@@ -76,6 +78,9 @@ void ModalAnswer::readDialog(QDialog *dialog)
     for (QAbstractButton *button : dialog->findChildren<QAbstractButton *>()) {
         if (!plainText(button).isEmpty())
             m_buttons << plainText(button);
+        const QPushButton *push = qobject_cast<QPushButton *>(button);
+        if (push && push->isDefault())
+            m_defaultButton = plainText(button);
     }
     m_buttons.sort();
 }

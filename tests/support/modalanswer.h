@@ -32,6 +32,8 @@ public:
     Qt::TextFormat textFormat() const { return m_textFormat; }
     // Their texts in alphabetical order: platforms place them differently.
     QStringList buttons() const { return m_buttons; }
+    // The one that Return presses.
+    QString defaultButton() const { return m_defaultButton; }
 
 private slots:
     void answer();
@@ -49,6 +51,7 @@ private:
     QString m_text;
     Qt::TextFormat m_textFormat = Qt::AutoText;
     QStringList m_buttons;
+    QString m_defaultButton;
     QPointer<QDialog> m_dialog; // null before and after it
     int m_attempts = 0;
 };

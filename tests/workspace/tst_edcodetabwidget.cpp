@@ -268,6 +268,8 @@ void TestEdCodeTabWidget::closingAsks()
     ModalAnswer box(answer);
     m_pane->closeTab(0);
     QCOMPARE(box.text(), question);
+    if (isBuffer && box.wasAsked())
+        QCOMPARE(box.defaultButton(), QString("No"));
     QCOMPARE(m_pane->count(), closes ? 0 : 1);
     QCOMPARE(QFile::exists(path), !closes || !isBuffer);
     if (!isBuffer)
