@@ -1,11 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include "workspace/choicebox.h"
 
+#include "compat/text.h"
+#include "workspace/filenameedit.h"
+
 #include <QInputDialog>
+#include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
 
+#include <algorithm>
+
 namespace {
+
+const int fewestCharacters = 24; // that a field shows at least
+const int mostCharacters = 64;
+const int margin = 2; // characters, for the frame and the caret
 
 QMessageBox *newBox(QMessageBox::Icon icon, QWidget *parent, const QString &title,
                     const QString &text)
@@ -33,13 +43,53 @@ void show(QMessageBox *box)
     chosenButton(box, {});
 }
 
-QInputDialog *newInput(QWidget *parent, const QString &title, const QString &label)
+// Asks for a text or a number; a field is wide enough for most texts.
+class InputBox : public QInputDialog
 {
-    const Qt::WindowFlags withoutHelp = Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
-    QInputDialog *dialog = new QInputDialog(parent, withoutHelp);
-    dialog->setWindowTitle(title);
-    dialog->setLabelText(label);
-    return dialog;
+public:
+    InputBox(QWidget *parent, const QString &title, const QString &label)
+        : QInputDialog(parent, Qt::WindowTitleHint | Qt::WindowCloseButtonHint) // no help
+    {
+        setWindowTitle(title);
+        setLabelText(label);
+    }
+
+    void begin(const QString &text, int selected);
+
+protected:
+    void showEvent(QShowEvent *event) override;
+
+private:
+    QLineEdit *field() const { return findChild<QLineEdit *>(); }
+
+    int m_selected = 0; // of a text, from its start
+};
+
+void InputBox::begin(const QString &text, int selected)
+{
+    m_selected = selected;
+    setTextValue(text);
+    const int characters = std::clamp(int(text.size()), fewestCharacters, mostCharacters);
+    const QString widest =
+        text.left(characters).leftJustified(characters + margin, QLatin1Char('x'));
+    field()->setMinimumWidth(compat::textWidth(field()->fontMetrics(), widest));
+}
+
+// Whatever was selected before, the dialog selects all of the text as it opens.
+void InputBox::showEvent(QShowEvent *event)
+{
+    QInputDialog::showEvent(event);
+    if (m_selected > 0)
+        field()->setSelection(0, m_selected);
+}
+
+std::optional<QString> answerTo(const QPointer<InputBox> &box)
+{
+    std::optional<QString> answer;
+    if (box->exec() == QDialog::Accepted)
+        answer = box->textValue();
+    delete box.data();
+    return answer;
 }
 
 } // namespace
@@ -79,19 +129,23 @@ bool askYesNo(QWidget *parent, const QString &title, const QString &question,
 std::optional<QString> askText(QWidget *parent, const QString &title, const QString &label,
                                const QString &text)
 {
-    const QPointer<QInputDialog> dialog = newInput(parent, title, label);
-    dialog->setTextValue(text);
-    std::optional<QString> answer;
-    if (dialog->exec() == QDialog::Accepted)
-        answer = dialog->textValue();
-    delete dialog.data();
-    return answer;
+    InputBox *box = new InputBox(parent, title, label);
+    box->begin(text, int(text.size()));
+    return answerTo(box);
+}
+
+std::optional<QString> askFileName(QWidget *parent, const QString &title, const QString &label,
+                                   const QString &name)
+{
+    InputBox *box = new InputBox(parent, title, label);
+    box->begin(name, baseNameLength(name));
+    return answerTo(box);
 }
 
 std::optional<int> askNumber(QWidget *parent, const QString &title, const QString &label, int value,
                              int minimum, int maximum)
 {
-    const QPointer<QInputDialog> dialog = newInput(parent, title, label);
+    const QPointer<QInputDialog> dialog = new InputBox(parent, title, label);
     dialog->setInputMode(QInputDialog::IntInput);
     dialog->setIntRange(minimum, maximum);
     dialog->setIntValue(value);

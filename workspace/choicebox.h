@@ -25,6 +25,9 @@ bool askYesNo(QWidget *parent, const QString &title, const QString &question,
 // Nothing when the user cancelled.
 std::optional<QString> askText(QWidget *parent, const QString &title, const QString &label,
                                const QString &text = QString());
+// The same, with all but the suffix of the name selected.
+std::optional<QString> askFileName(QWidget *parent, const QString &title, const QString &label,
+                                   const QString &name);
 std::optional<int> askNumber(QWidget *parent, const QString &title, const QString &label, int value,
                              int minimum, int maximum);
 

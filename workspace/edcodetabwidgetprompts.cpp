@@ -133,7 +133,8 @@ void EdCodeTabWidget::rename(int tabIndex)
     if (!view)
         return;
     const QString oldName = view->isBuffer() ? tabText(tabIndex) : view->fileInfo().fileName();
-    const QString name = askText(this, tr("Rename"), tr("New Name:"), oldName).value_or(QString());
+    const auto ask = view->isBuffer() ? &askText : &askFileName;
+    const QString name = ask(this, tr("Rename"), tr("New Name:"), oldName).value_or(QString());
     if (name.isEmpty() || !view)
         return;
     if (!view->isBuffer()) {

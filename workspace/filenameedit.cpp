@@ -5,6 +5,12 @@
 #include <QFileSystemModel>
 #include <QTimer>
 
+int baseNameLength(const QString &name)
+{
+    const int dot = int(name.lastIndexOf(QLatin1Char('.')));
+    return dot > 0 ? dot : int(name.size()); // a dot in front only hides the file
+}
+
 FileNameEdit::FileNameEdit(QWidget *parent) : QLineEdit(parent)
 {
     setFrame(false);
@@ -23,9 +29,8 @@ void FileNameEdit::begin(const QString &name, bool isFolder)
 
 void FileNameEdit::selectBaseName()
 {
-    const int dot = int(text().lastIndexOf(QLatin1Char('.')));
-    if (dot > 0 && !m_isFolder)
-        setSelection(0, dot);
+    if (!m_isFolder)
+        setSelection(0, baseNameLength(text()));
 }
 
 QWidget *FileNameDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem &,

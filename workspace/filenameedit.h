@@ -4,6 +4,9 @@
 #include <QLineEdit>
 #include <QStyledItemDelegate>
 
+// How long the name of a file is without its suffix.
+int baseNameLength(const QString &name);
+
 // For the name of a file in a view of QFileSystemModel's. It begins with all but the suffix
 // selected.
 class FileNameEdit : public QLineEdit

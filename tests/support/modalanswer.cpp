@@ -73,8 +73,10 @@ void ModalAnswer::readDialog(QDialog *dialog)
     if (QMessageBox *box = qobject_cast<QMessageBox *>(dialog)) {
         m_text = box->text();
         m_textFormat = box->textFormat();
-    } else if (QInputDialog *input = qobject_cast<QInputDialog *>(dialog))
+    } else if (QInputDialog *input = qobject_cast<QInputDialog *>(dialog)) {
         m_text = input->labelText();
+        readField(input->findChild<QLineEdit *>());
+    }
     for (QAbstractButton *button : dialog->findChildren<QAbstractButton *>()) {
         if (!plainText(button).isEmpty())
             m_buttons << plainText(button);
@@ -83,6 +85,13 @@ void ModalAnswer::readDialog(QDialog *dialog)
             m_defaultButton = plainText(button);
     }
     m_buttons.sort();
+}
+
+void ModalAnswer::readField(const QLineEdit *field)
+{
+    m_selection = field->selectedText();
+    const int width = field->fontMetrics().boundingRect(field->text()).width();
+    m_showsWholeText = field->width() >= width;
 }
 
 void ModalAnswer::enterInput(QDialog *dialog)

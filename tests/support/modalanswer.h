@@ -7,6 +7,8 @@
 #include <QString>
 #include <QStringList>
 
+class QLineEdit;
+
 // Answers the next modal dialog that a test's call opens, and keeps what the dialog said. To be
 // made before the call; a dialog that never comes leaves wasAsked() false.
 class ModalAnswer : public QObject
@@ -28,6 +30,9 @@ public:
     QString title() const { return m_title; }
     // The message or the label.
     QString text() const { return m_text; }
+    // Of the text that an input dialog offers, what typing replaces and what is seen.
+    QString selection() const { return m_selection; }
+    bool showsWholeText() const { return m_showsWholeText; }
     // Of a message.
     Qt::TextFormat textFormat() const { return m_textFormat; }
     // Their texts in alphabetical order: platforms place them differently.
@@ -41,6 +46,7 @@ private slots:
 private:
     bool turnToNext();
     void readDialog(QDialog *dialog);
+    void readField(const QLineEdit *field);
     void enterInput(QDialog *dialog);
     void press(QDialog *dialog);
 
@@ -49,6 +55,8 @@ private:
     QString m_input;
     QString m_title;
     QString m_text;
+    QString m_selection;
+    bool m_showsWholeText = false;
     Qt::TextFormat m_textFormat = Qt::AutoText;
     QStringList m_buttons;
     QString m_defaultButton;

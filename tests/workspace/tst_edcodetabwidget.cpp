@@ -397,17 +397,23 @@ void TestEdCodeTabWidget::renamingChangesTabs()
     buffer.enter("new");
     m_pane->rename(0);
     QCOMPARE(buffer.text(), QString("New Name:"));
+    QCOMPARE(buffer.selection(), QString("old"));
     QCOMPARE(labelled.last().at(0).toInt(), 5);
     ModalAnswer same("OK");
     m_pane->rename(); // what is offered is the file's name
-    QVERIFY(same.wasAsked());
+    QCOMPARE(same.selection(), QString("a"));
     QCOMPARE(int(renamed.size()), 0);
+    const char *longName = "what_the_script_does_in_a_few_words.tar.gz";
     ModalAnswer file("OK");
-    file.enter("b.txt");
+    file.enter(longName);
     m_pane->rename();
-    QCOMPARE(labels(), QString("new [b.txt*]"));
-    QCOMPARE(m_pane->tabBar()->tabToolTip(1), m_dir->file("b.txt"));
-    QCOMPARE(renamed.last().at(1).toString(), m_dir->file("b.txt"));
+    QCOMPARE(labels(), QString("new [%1*]").arg(longName));
+    QCOMPARE(m_pane->tabBar()->tabToolTip(1), m_dir->file(longName));
+    QCOMPARE(renamed.last().at(1).toString(), m_dir->file(longName));
+    ModalAnswer again("OK");
+    m_pane->rename();
+    QCOMPARE(again.selection(), QString("what_the_script_does_in_a_few_words.tar"));
+    QVERIFY(again.showsWholeText());
 }
 
 void TestEdCodeTabWidget::theFocusIsAlwaysWhereOneCanType_data()
