@@ -3,7 +3,11 @@
 
 #include "compat/icon.h"
 
+#include <QApplication>
 #include <QIcon>
+#include <QPainter>
+#include <QPalette>
+#include <QPixmap>
 #include <QSize>
 
 #include <algorithm>
@@ -11,6 +15,7 @@
 
 namespace {
 
+const int iconSize = 16;        // pixels
 const int fewestInnerUnits = 2; // typed before words inside a name are looked at
 
 // In the order of CompletionKind.
@@ -20,13 +25,30 @@ const char *const iconNames[] = {
 };
 const int kindCount = int(sizeof iconNames / sizeof *iconNames);
 
+QPixmap recoloured(QPixmap pixmap, const QColor &color)
+{
+    QPainter painter(&pixmap);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(pixmap.rect(), color);
+    painter.end(); // before the pixmap moves
+    return pixmap;
+}
+
+// On a selected row it has the colour of the text, as its own may be that of the row.
+QIcon loadIcon(const char *name)
+{
+    QIcon icon = compat::icon(QString::fromLatin1(":/icons/%1.png").arg(QLatin1String(name)));
+    const QColor selected = QApplication::palette().color(QPalette::HighlightedText);
+    icon.addPixmap(recoloured(icon.pixmap(iconSize), selected), QIcon::Selected);
+    return icon;
+}
+
 const QIcon &kindIcon(CompletionKind kind)
 {
     static const std::array<QIcon, kindCount> icons = [] {
         std::array<QIcon, kindCount> loaded;
         for (int i = 0; i < kindCount; ++i)
-            loaded[i] = compat::icon(
-                QString::fromLatin1(":/icons/%1.png").arg(QLatin1String(iconNames[i])));
+            loaded[i] = loadIcon(iconNames[i]);
         return loaded;
     }();
     return icons[int(kind)];

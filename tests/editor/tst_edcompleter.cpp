@@ -14,6 +14,7 @@
 
 #include <QApplication>
 #include <QFocusEvent>
+#include <QIcon>
 #include <QInputMethodEvent>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -55,6 +56,7 @@ private slots:
     void hidesWhenTheViewChanges();
     void standsBesideTheWord();
     void isPaintedWhereverItsEditorWasMade();
+    void iconsOfSelectedRowsHaveTheColourOfText();
     void namesAreUpdatedOnDemandOnly();
     void slowSourcesAreAskedOnDemandOnly();
 
@@ -330,6 +332,23 @@ void TestEdCompleter::isPaintedWhereverItsEditorWasMade()
     const EdCodeEdit *edit = new EdCodeEdit(&pane);
     pane.setUpdatesEnabled(true);
     QVERIFY(edit->completer()->updatesEnabled());
+}
+
+void TestEdCompleter::iconsOfSelectedRowsHaveTheColourOfText()
+{
+    show("a|", "abs abc");
+    const QIcon icon = m_popup->currentIndex().data(Qt::DecorationRole).value<QIcon>();
+    const QImage image = icon.pixmap(16, QIcon::Selected).toImage();
+    const QRgb expected = m_popup->palette().color(QPalette::HighlightedText).rgb();
+    int opaque = 0;
+    for (int i = 0; i < image.width() * image.height(); ++i) {
+        const QRgb pixel = image.pixel(i % image.width(), i / image.width());
+        if (qAlpha(pixel) == 255) {
+            ++opaque;
+            QCOMPARE(pixel, expected);
+        }
+    }
+    QVERIFY(opaque > 0);
 }
 
 void TestEdCompleter::namesAreUpdatedOnDemandOnly()
