@@ -93,7 +93,8 @@ void EdCentralWidget::connectPane(EdCodeTabWidget *pane)
     connect(pane, SIGNAL(longLineReached()), SIGNAL(longLineReached()));
     connect(pane, SIGNAL(completionSlow()), SIGNAL(completionSlow()));
     connect(pane, SIGNAL(codeViewInserted(EdCodeView *)), SLOT(onCodeViewInserted(EdCodeView *)));
-    connect(pane, SIGNAL(aboutToSave(EdCodeView *)), SLOT(checkBeforeWriting(EdCodeView *)));
+    connect(pane, SIGNAL(aboutToSave(EdCodeView *, bool *)),
+            SLOT(askBeforeSaving(EdCodeView *, bool *)));
     connect(pane, SIGNAL(tabsReordered()), &m_tabsTimer, SLOT(start()));
     connect(pane, SIGNAL(codeViewRetired(EdCodeView *)), SLOT(noteKeptChanges(EdCodeView *)));
 }

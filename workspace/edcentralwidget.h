@@ -211,7 +211,7 @@ private slots:
     void showDocument(EdCodeView *view);
     void closeDocument(EdCodeView *view);
     void focusCurrent();
-    void checkBeforeWriting(EdCodeView *view);
+    void askBeforeSaving(EdCodeView *view, bool *maySave);
     void noteKeptChanges(EdCodeView *view);
 
 private:
@@ -247,7 +247,8 @@ private:
     void closeAt(const Place &place);
 
     void reload(const EdCodeView *view);
-    void checkBeforeWriting(const QList<EdCodeView *> &views);
+    bool mayOverwrite(const QList<EdCodeView *> &views);
+    bool askToOverwrite(const QPointer<EdCodeView> &view);
     void askAboutChanged(const QString &path);
     void askAboutMissing(const QString &path);
 

@@ -72,25 +72,51 @@ void EdCentralWidget::checkForFileChanges()
 }
 
 // What others have written meanwhile, and nobody may have told of yet, is not overwritten unasked:
-// even within a check, which has come to close a document. Other files can wait.
-void EdCentralWidget::checkBeforeWriting(const QList<EdCodeView *> &views)
+// even within a check, which has come to close a document. Other files can wait. False when nothing
+// is to be written.
+bool EdCentralWidget::mayOverwrite(const QList<EdCodeView *> &views)
 {
     if (!preferences().checkForModifiedFiles)
-        return;
+        return true;
     const FlagScope checking(&isChecking);
-    QStringList paths;
-    for (const EdCodeView *view : views) {
-        if (!view->isBuffer() && view->isModified() && view->isFileChanged())
-            paths << view->fileInfo().absoluteFilePath();
-    }
     const QPointer<EdCentralWidget> self(this);
-    while (self && !paths.isEmpty())
-        askAboutChanged(paths.takeFirst());
+    for (const QPointer<EdCodeView> &view : EdCodeTabWidget::guarded(views)) {
+        const bool isToBeWritten = view && !view->isBuffer() && view->isModified();
+        if (isToBeWritten && view->hasForeignFile() && !askToOverwrite(view))
+            return false;
+        if (!self)
+            return false;
+    }
+    return true;
 }
 
-void EdCentralWidget::checkBeforeWriting(EdCodeView *view)
+// False also when the file could not be loaded again.
+bool EdCentralWidget::askToOverwrite(const QPointer<EdCodeView> &view)
 {
-    checkBeforeWriting(QList<EdCodeView *>() << view);
+    const Place place = placeOf(view);
+    if (!place)
+        return true; // closed meanwhile
+    place.pane->setCurrentTab(place.tab);
+    const QString question = view->fileInfo().absoluteFilePath() +
+                             tr("\n\nThis file has been modified by another program.\n"
+                                "Do you want to overwrite it?");
+    enum { Overwrite, Reload, Cancel };
+    const int answer = askChoice(window(), tr("Save"), question,
+                                 QStringList() << tr("Overwrite") << tr("Reload") << tr("Cancel"),
+                                 QMessageBox::RejectRole, Cancel);
+    if (!view)
+        return false;
+    if (answer == Reload) {
+        reload(view);
+        return view && !view->isModified();
+    }
+    view->ignoreFileChange(); // getting the focus back does not ask once more
+    return answer == Overwrite;
+}
+
+void EdCentralWidget::askBeforeSaving(EdCodeView *view, bool *maySave)
+{
+    *maySave = mayOverwrite(QList<EdCodeView *>() << view);
 }
 
 // Of documents that count as saved. A file that this program brought back, and others removed again

@@ -115,8 +115,7 @@ void EdCentralWidget::save()
     const QPointer<EdCodeView> view = currentCodeView();
     if (!view || (view->isModified() && !view->isBuffer() && !mayWriteFiles(this)))
         return;
-    checkBeforeWriting(view);
-    if (view)
+    if (mayOverwrite(QList<EdCodeView *>() << view) && view)
         view->save(); // which may be current no more
 }
 
@@ -179,7 +178,8 @@ void EdCentralWidget::saveAll()
         explainUnsavedFiles();
         return;
     }
-    checkBeforeWriting(codeViews());
+    if (!mayOverwrite(codeViews()))
+        return;
     for (EdCodeTabWidget *pane : m_panes)
         pane->saveAll();
 }

@@ -41,6 +41,7 @@ public:
     EdCodeView *codeViewAt(int tabIndex) const;
     // In the order of their tabs.
     QList<EdCodeView *> codeViews() const;
+    static QList<QPointer<EdCodeView>> guarded(const QList<EdCodeView *> &views);
     // The tab of a view or of a place in the stack, or -1.
     int indexOf(const EdCodeView *view) const;
     int indexOfStack(int stackIndex) const;
@@ -121,8 +122,9 @@ signals:
     // Has a tab and, unless it was restored, is current; it may come from the other pane.
     void codeViewInserted(EdCodeView *view);
     // Changes of a document are written because it, or another one, is being closed. Whoever hears
-    // it may reload or close the document, which is then neither written nor closed.
-    void aboutToSave(EdCodeView *view);
+    // it may reload or close the document, or forbid to save it: it is then neither written nor
+    // closed.
+    void aboutToSave(EdCodeView *view, bool *maySave);
     // Its tab is being closed; a buffer's file is deleted already.
     void codeViewRetired(EdCodeView *view);
 
@@ -208,7 +210,6 @@ private:
     EdCodeView *newView();
     int stackIndexAt(int tabIndex) const;
     QList<EdCodeView *> stackedViews() const;
-    static QList<QPointer<EdCodeView>> guarded(const QList<EdCodeView *> &views);
     int freeStackIndex() const;
     int addToStack(EdCodeView *view);
     int addTab(int position, EdCodeView *view, const QString &label, bool inFront);

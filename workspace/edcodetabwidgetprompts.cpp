@@ -96,9 +96,10 @@ bool EdCodeTabWidget::saveBeforeClosing(const QPointer<EdCodeView> &view)
 // only an open document can undo that.
 bool EdCodeTabWidget::saveForClosing(const QPointer<EdCodeView> &view)
 {
+    bool maySave = true;
     if (view && view->isModified())
-        emit aboutToSave(view);
-    if (!view || !view->isModified())
+        emit aboutToSave(view, &maySave);
+    if (!maySave || !view || !view->isModified())
         return false;
     view->save();
     return view && !view->isModified();

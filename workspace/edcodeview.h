@@ -61,11 +61,13 @@ public:
     // position stay where they are in the text. A failure is as with the two above.
     bool reload();
     QString reloadQuietly();
-    // Whether the file has other bytes than the document's last reading or writing left in it.
-    // Never where it is missing or cannot be read.
+    // Whether the file has other bytes than the document's last reading or writing left in it, and
+    // than those to be ignored. Never where it is missing or cannot be read.
     bool isFileChanged() const;
+    // Whether saving would overwrite what is not the document's own: ignored changes too.
+    bool hasForeignFile() const;
     bool isFileMissing() const;
-    // Takes the file as it is now for seen.
+    // Of the file as it is now the user knows.
     void ignoreFileChange();
     // Writes the text. Without keepAsBuffer the document becomes that file's, and a buffer's own
     // file is deleted. A failure is reported to the user, gives false, and leaves the old file's
@@ -225,6 +227,7 @@ private:
     bool isBufferFile(const QString &path) const;
     bool isOpen(const QString &path) const;
     QString read(const QString &path, QByteArray *bytes);
+    void noteOwnFile(const Fingerprint &fingerprint);
     QString decoded(const QByteArray &bytes);
     bool isRead(const QFileInfo &info, const QString &reason);
     LineChange changeText(const QString &text);
@@ -253,6 +256,7 @@ private:
     TextEncoding m_encoding = TextEncoding::Utf8; // as the text was decoded, or the user chose
     LineEnds m_lineEnds;
     std::optional<Fingerprint> m_seen;      // the file's; nothing while it has none of its own
+    std::optional<Fingerprint> m_ignored;   // what others have left in it, if the user keeps on
     QElapsedTimer m_sinceNoJournal;         // since there was no folder for one
     std::unique_ptr<TextJournal> m_journal; // null while everything is saved
     QString m_keptJournal;

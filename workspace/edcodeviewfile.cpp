@@ -164,8 +164,14 @@ QString EdCodeView::read(const QString &path, QByteArray *bytes)
     Fingerprint fingerprint;
     QString reason;
     if (readTextBytes(path, bytes, &reason, &fingerprint))
-        m_seen = fingerprint;
+        noteOwnFile(fingerprint);
     return reason;
+}
+
+void EdCodeView::noteOwnFile(const Fingerprint &fingerprint)
+{
+    m_seen = fingerprint;
+    m_ignored.reset();
 }
 
 // Their encoding is the document's from now on. That of a buffer's file is the program's own
@@ -193,6 +199,11 @@ LineChange EdCodeView::changeText(const QString &text)
 
 bool EdCodeView::isFileChanged() const
 {
+    return m_seen && hasOtherBytes(m_fileInfo.absoluteFilePath(), m_ignored.value_or(*m_seen));
+}
+
+bool EdCodeView::hasForeignFile() const
+{
     return m_seen && hasOtherBytes(m_fileInfo.absoluteFilePath(), *m_seen);
 }
 
@@ -205,9 +216,7 @@ void EdCodeView::ignoreFileChange()
 {
     const std::optional<Fingerprint> now = fingerprintOfFile(m_fileInfo.absoluteFilePath());
     if (now)
-        m_seen = now;
-    if (m_journal)
-        m_journal->setHeader(journalHeader());
+        m_ignored = now;
 }
 
 bool EdCodeView::write(const QString &path, bool keepAsBuffer)
@@ -241,7 +250,7 @@ bool EdCodeView::write(const QString &path, bool keepAsBuffer)
 
 void EdCodeView::finishWriting(const Fingerprint &fingerprint)
 {
-    m_seen = fingerprint;
+    noteOwnFile(fingerprint);
     m_fileInfo.refresh(); // it may have been asked before there was a file
     updateLanguage();
     codeEdit()->document()->setModified(false);

@@ -144,7 +144,7 @@ void EdCodeView::takeAfter(const JournalHeader &header)
     if (!header.documentId.isEmpty())
         m_documentId = header.documentId;
     if (!m_isBuffer && (header.seen || QFileInfo(path).exists()))
-        m_seen = header.seen.value_or(noFingerprint);
+        noteOwnFile(header.seen.value_or(noFingerprint));
 }
 
 // The journal becomes the view's own before anything else: whatever happens then, it is known whose

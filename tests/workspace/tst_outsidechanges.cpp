@@ -36,6 +36,7 @@ private slots:
     void filesThatComeBackAreWatched();
     void nothingIsAskedUnlessWanted();
     void savingAsksFirst();
+    void ignoredChangesAreNotOverwrittenUnasked();
     void closingAsksBeforeItWrites_data();
     void closingAsksBeforeItWrites();
     void closingWritesTheCurrentDocumentOnlyAsked();
@@ -228,7 +229,17 @@ void TestOutsideChanges::savingAsksFirst()
 {
     m_central->replace("mine ");
     m_dir->write("a.mel", "theirs"); // of which no notice has come yet
-    ModalAnswer answer("Yes");
+    {
+        ModalAnswer answer("(no such button)");
+        m_central->saveAll();
+        QCOMPARE(answer.title(), QString("Save"));
+        QCOMPARE(answer.text(), m_dir->file("a.mel") +
+                                    "\n\nThis file has been modified by another program.\n"
+                                    "Do you want to overwrite it?");
+        QCOMPARE(answer.defaultButton(), QString("Cancel"));
+        QVERIFY(m_central->currentCodeView()->isModified());
+    }
+    ModalAnswer answer("Reload");
     m_central->saveAll();
     QVERIFY(answer.wasAsked());
     QCOMPARE(m_dir->read("a.mel"), QByteArray("theirs"));
@@ -236,13 +247,39 @@ void TestOutsideChanges::savingAsksFirst()
     QCOMPARE(text(), QString("mine one\ntwo\nthree\n"));
 }
 
+void TestOutsideChanges::ignoredChangesAreNotOverwrittenUnasked()
+{
+    m_dir->write("a.mel", "theirs");
+    {
+        ModalAnswer answer("No");
+        comeBack();
+    }
+    m_central->replace("mine ");
+    {
+        ModalAnswer answer("Cancel");
+        m_central->save();
+        QCOMPARE(answer.title(), QString("Save"));
+        QCOMPARE(m_dir->read("a.mel"), QByteArray("theirs"));
+    }
+    {
+        ModalAnswer again("Yes");
+        comeBack();
+        QVERIFY(!again.wasAsked());
+    }
+    ModalAnswer answer("Overwrite");
+    m_central->save();
+    QVERIFY(answer.wasAsked());
+    QCOMPARE(m_dir->read("a.mel"), QByteArray("mine one\ntwo\nthree\n"));
+}
+
 void TestOutsideChanges::closingAsksBeforeItWrites_data()
 {
-    columns<QString, QString>("way", "reloads");
+    columns<QString, QString>("way", "choice");
 
     for (const char *way : {"tab", "command", "pane"}) {
-        row(QByteArray(way).append("-reloads").constData(), way, "Yes");
-        row(QByteArray(way).append("-overwrites").constData(), way, "No");
+        row(QByteArray(way).append("-reloads").constData(), way, "Reload");
+        row(QByteArray(way).append("-overwrites").constData(), way, "Overwrite");
+        row(QByteArray(way).append("-cancels").constData(), way, "Cancel");
     }
 }
 
@@ -250,26 +287,28 @@ void TestOutsideChanges::closingAsksBeforeItWrites_data()
 void TestOutsideChanges::closingAsksBeforeItWrites()
 {
     QFETCH(QString, way);
-    QFETCH(QString, reloads);
+    QFETCH(QString, choice);
     m_central->replace("mine ");
     m_dir->write("a.mel", "theirs");
     ModalAnswer answer("Yes");
-    answer.thenPress(reloads);
+    answer.thenPress(choice);
     if (way == "tab")
         m_central->pane(0)->closeTab(0);
     else if (way == "command")
         m_central->closeActive();
     else
-        QCOMPARE(m_central->pane(0)->promptAllUnsaved(true), reloads == "No");
-    QCOMPARE(answer.title(), QString("Reload"));
-    if (reloads == "No") {
+        QCOMPARE(m_central->pane(0)->promptAllUnsaved(true), choice == "Overwrite");
+    QVERIFY(answer.text().contains("overwrite it?"));
+    if (choice == "Overwrite") {
         QCOMPARE(m_dir->read("a.mel"), QByteArray("mine one\ntwo\nthree\n"));
         QCOMPARE(m_central->pane(0)->count(), way == "pane" ? 1 : 0);
         return;
     }
     QCOMPARE(m_dir->read("a.mel"), QByteArray("theirs"));
-    m_central->undo();
+    if (choice == "Reload")
+        m_central->undo();
     QCOMPARE(text(), QString("mine one\ntwo\nthree\n"));
+    QVERIFY(m_central->currentCodeView()->isModified());
 }
 
 void TestOutsideChanges::closingWritesTheCurrentDocumentOnlyAsked()
@@ -280,9 +319,9 @@ void TestOutsideChanges::closingWritesTheCurrentDocumentOnlyAsked()
     m_central->replace("mine ");
     m_dir->write("a.mel", "theirs");
     ModalAnswer answer("Yes");
-    answer.thenPress("Yes");
+    answer.thenPress("Reload");
     m_central->pane(0)->closeTab(1);
-    QCOMPARE(answer.title(), QString("Reload"));
+    QVERIFY(answer.text().contains("overwrite it?"));
     QCOMPARE(m_dir->read("b.mel"), QByteArray("mine b"));
     QCOMPARE(m_dir->read("a.mel"), QByteArray("theirs"));
     QCOMPARE(m_central->codeViews().size(), 1);
@@ -298,7 +337,7 @@ void TestOutsideChanges::savingAsksAboutWhatIsSavedOnly()
         m_dir->write(name, "theirs");
         m_central->externalFileChange(m_dir->file(name));
     }
-    ModalAnswer answer("No");
+    ModalAnswer answer("Overwrite");
     answer.thenPress("Yes");
     m_central->save();
     QCOMPARE(answer.text().section('\n', 0, 0), m_dir->file("a.mel"));

@@ -231,7 +231,7 @@ bool WalkModel::isCheckBox() const
     if (m_boxes.isEmpty())
         return false;
     return m_boxes.first().title == "File Does Not Exist" ||
-           m_boxes.first().text.contains("has been modified by another program");
+           m_boxes.first().text.contains("Do you want to reload it?");
 }
 
 void WalkModel::mayCheck()

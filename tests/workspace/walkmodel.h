@@ -21,7 +21,8 @@ struct WalkDocument
     bool isModified = false;
     std::optional<QString> savedText; // the only one it may be unmodified with
     bool endsLinesWithReturn = false; // and a line feed, in its file
-    QByteArray seen;                  // what its file had when it was read or written
+    QByteArray own;                   // what its file had when it was read or written
+    QByteArray seen;                  // the same, or what the user wants to ignore
     bool mustBeAskedAbout = false;    // its file has changed since the last check
     bool isKeptWithoutFile = false;   // the user was asked already
     bool isBack = false;              // the file, after that, and perhaps nobody has noticed
@@ -129,6 +130,7 @@ private:
     void write(WalkDocument *document);
     void saveDocument(WalkDocument *document);
     bool saveAsked(int key);
+    bool mayOverwrite(int key);
     bool mayClose(int key);
     bool mayCloseFile(int key);
     bool promptAll(int pane, int skipped);

@@ -28,7 +28,7 @@ bool WalkModel::load(WalkDocument *document)
 {
     if (!m_files.contains(document->path))
         return false;
-    document->seen = m_files.value(document->path);
+    document->seen = document->own = m_files.value(document->path);
     if (encoded(*document) != document->seen)
         document->endsLinesWithReturn = document->seen.contains("\r\n");
     document->text = QString::fromUtf8(document->seen).replace("\r\n", "\n");
@@ -41,7 +41,7 @@ bool WalkModel::load(WalkDocument *document)
 
 void WalkModel::write(WalkDocument *document)
 {
-    document->seen = encoded(*document);
+    document->seen = document->own = encoded(*document);
     m_files.insert(document->path, document->seen);
     document->isModified = false;
     document->savedText = document->text;
@@ -112,21 +112,37 @@ bool WalkModel::saveAsked(int key)
 {
     if (!m_documents.contains(key) || !m_documents[key].isModified)
         return false;
-    WalkDocument &document = m_documents[key];
-    if (isCheckBox() && m_boxes.first().text.startsWith(document.path + '\n'))
-        askedAboutChanged(placeOf(key), m_boxes.takeFirst().answer);
-    else if (m_files.contains(document.path) && isUnasked(document))
-        complain("what others wrote is overwritten unasked: " + document.path);
-    if (!document.isModified)
+    if (!mayOverwrite(key) || !m_documents[key].isModified)
         return false;
-    write(&document);
+    write(&m_documents[key]);
     return true;
+}
+
+// False when nothing is to be written.
+bool WalkModel::mayOverwrite(int key)
+{
+    WalkDocument &document = m_documents[key];
+    const bool isForeign = !document.isBuffer() && m_files.contains(document.path) &&
+                           m_files.value(document.path) != document.own;
+    if (!document.isModified || !isForeign || !preferences().checkForModifiedFiles)
+        return true;
+    const QString answer = expect("Save", document.path + "\n\nThis file has been modified");
+    present(placeOf(key));
+    document.mustBeAskedAbout = false;
+    if (answer == "Reload")
+        return load(&document);
+    document.seen = m_files.value(document.path);
+    return answer == "Overwrite";
 }
 
 // Deliberate: all questions come before the first is written.
 void WalkModel::saveAll()
 {
     mayCheck();
+    for (int key : m_panes[0].documents + m_panes[1].documents) {
+        if (!mayOverwrite(key))
+            return;
+    }
     for (WalkDocument &document : m_documents)
         saveDocument(&document);
 }
