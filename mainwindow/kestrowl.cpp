@@ -201,6 +201,7 @@ void Kestrowl::show()
 void Kestrowl::hideEvent(QHideEvent *event)
 {
     QMainWindow::hideEvent(event);
+    m_isShown = false;
     if (event->spontaneous()) // minimised by the window system, which sees to the rest
         return;
     for (QMenu *menu : menuBar()->findChildren<QMenu *>())
@@ -214,6 +215,7 @@ void Kestrowl::showEvent(QShowEvent *event)
     QMainWindow::showEvent(event);
     if (!event->spontaneous())
         showFloatingDocks();
+    m_isShown = true;
 }
 
 // What is begun elsewhere in the host may run for long, and crash it.

@@ -269,6 +269,7 @@ private:
     int m_docksPutAway = 0;               // floating ones, while the window is hidden
     QByteArray m_hiddenState;             // saveState() before they were; else empty
     bool m_ignoresDocks = false;          // while they are hidden, shown and restored
+    bool m_isShown = false;               // with its docks: not while they are becoming visible
     bool m_showsToolBars = true;          // the preferences as they were applied last
     bool m_showsStatusBar = true;
     QString m_license; // as it was read

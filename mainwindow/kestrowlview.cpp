@@ -154,12 +154,13 @@ void Kestrowl::setToolbarVisible(bool visible)
         setShown(toolBar, visible);
 }
 
-// Brings a dock that was switched on to the front of those it is tabbed with.
+// Brings a dock that was switched on to the front of those it is tabbed with. Those that only come
+// with the window stay as they are.
 void Kestrowl::dockToggle(bool visible)
 {
     // One slot for all docks: the sender says which one it was.
     for (QDockWidget *each : m_docks) {
-        if (visible && sender() == each->toggleViewAction())
+        if (visible && m_isShown && sender() == each->toggleViewAction())
             each->raise();
     }
     updateVisibleDocks();
