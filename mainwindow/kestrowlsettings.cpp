@@ -133,6 +133,7 @@ void Kestrowl::applyWindowSettings(const WindowSettings &stored)
     m_visibleDocks = stored.visibleDocks;
     if (!stored.geometry.isEmpty())
         restoreGeometry(stored.geometry);
+    m_central->restoreSplitter(stored.splitterState);
     // What floats becomes a window, which would flash up before it is put away.
     for (QDockWidget *dock : m_docks)
         dock->setAttribute(Qt::WA_DontShowOnScreen);
@@ -180,6 +181,7 @@ WindowSettings Kestrowl::windowSettings()
     window.geometry = saveGeometry();
     window.windowState = saveState();
     window.dockGeometry = m_dockGeometry;
+    window.splitterState = m_central->splitterState();
     window.panes = shownPanes();
     window.visibleDocks = m_visibleDocks;
     window.floatingDocks = floatingDockFlags(m_docks);

@@ -81,6 +81,7 @@ WindowSettings readWindowSettings(QSettings &settings)
     window.windowState = bytesOf(settings, "windowState");
     for (const DockKey &key : dockKeys)
         window.dockGeometry[key.dock] = bytesOf(settings, key.name);
+    window.splitterState = bytesOf(settings, "splitterState");
     window.panes = Panes(numberOf(settings, "editorState", 0, 0, int(Panes::History)));
     window.visibleDocks = numberOf(settings, "dockState", initialDocks, 0, allDocks);
     window.hiddenState = bytesOf(settings, "hiddenState");
@@ -99,6 +100,7 @@ void writeWindowSettings(QSettings &settings, const WindowSettings &window)
     setBytes(settings, "windowState", window.windowState);
     for (const DockKey &key : dockKeys)
         setBytes(settings, key.name, window.dockGeometry[key.dock]);
+    setBytes(settings, "splitterState", window.splitterState);
     settings.setValue(QLatin1String("editorState"), int(window.panes));
     // Deliberate, see the header.
     const int visibleDocks = window.panes == Panes::Both ? 0 : window.visibleDocks;

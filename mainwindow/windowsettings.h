@@ -22,6 +22,7 @@ struct WindowSettings
     QByteArray geometry;    // of QWidget::saveGeometry(), as for the docks
     QByteArray windowState; // of QMainWindow::saveState(): tool bars and docks
     DockArray<QByteArray> dockGeometry;
+    QByteArray splitterState; // of QSplitter::saveState(): the panes' shares of the centre
     Panes panes = Panes::Both;
     int visibleDocks = initialDocks; // sets of docks by dockFlag(), as the next
     int floatingDocks = 0;

@@ -5,6 +5,7 @@
 #include "workspace/workspacescripts.h"
 #include "workspace/workspacestate.h"
 
+#include <QByteArray>
 #include <QFileInfo>
 #include <QHash>
 #include <QList>
@@ -51,6 +52,10 @@ public:
     // damaged entries are dropped. restore() shows no box but returns what there is to say.
     WorkspaceState state() const;
     QStringList restore(const WorkspaceState &state);
+
+    // How the panes share the room, as QSplitter tells it; other bytes change nothing.
+    QByteArray splitterState() const;
+    void restoreSplitter(const QByteArray &state);
 
     // Gives the documents back what sessions that ended had not saved, which the user is told of
     // above the panes; returns what else there is to say. After restore().

@@ -13,6 +13,7 @@
 #include <QBoxLayout>
 #include <QDir>
 #include <QSet>
+#include <QSplitter>
 
 namespace {
 
@@ -159,6 +160,16 @@ QString EdCentralWidget::restoreEntry(const QString &text, const QString &docume
     if (mayComeBack(*entry))
         m_waitingEntries << text;
     return tr("%1 cannot be opened again: %2.").arg(entry->path, reason);
+}
+
+QByteArray EdCentralWidget::splitterState() const
+{
+    return m_splitter->saveState();
+}
+
+void EdCentralWidget::restoreSplitter(const QByteArray &state)
+{
+    m_splitter->restoreState(state);
 }
 
 QStringList EdCentralWidget::recover(const JournalFolder &journals)

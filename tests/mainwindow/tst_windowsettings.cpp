@@ -17,6 +17,7 @@
 #include <QFile>
 #include <QPushButton>
 #include <QSettings>
+#include <QSplitter>
 #include <QStatusBar>
 #include <QToolBar>
 
@@ -37,6 +38,7 @@ struct Group
 const Group groups[] = {
     {"mainwindow", "version=1 license= windowGeometry windowState outputGeometry buffersGeometry "
                    "documentsGeometry outlineGeometry projectGeometry quickHelpGeometry "
+                   "splitterState "
                    "editorState=0 dockState=0 hiddenState= visible=false floatingDockState=0"},
     {"editor", "showTabsAndSpaces=false showEndOfLine=false wordWrapEnabled=false "
                "suppressStackWindow=true defaultStateInitialized=false"},
@@ -105,6 +107,7 @@ public:
 
     Kestrowl &window() { return *m_window; }
     QDockWidget &dock(Dock dock) { return *m_window->dock(dock); }
+    QSplitter &splitter() { return *m_window->findChild<QSplitter *>("centralsplitter"); }
     QString settingsPath() const { return m_dir.file(settingsName); }
     const ScratchDir &dir() const { return m_dir; }
 
@@ -143,6 +146,8 @@ private slots:
     void docksComeBack();
     void panesComeBack_data();
     void panesComeBack();
+    void theFrontDockComesBack();
+    void theSharesOfThePanesComeBack();
     void geometryComesBack();
     void aWindowOffEveryScreenComesBack();
     void togglesAndToolBarsComeBack();
@@ -286,6 +291,43 @@ void WindowSettingsTest::panesComeBack()
     QCOMPARE(runs.window().central()->isVisible(), editor);
     QCOMPARE(runs.dock(Dock::Output).isVisible(), history);
     QCOMPARE(runs.window().action(Action::CodeEditor)->isChecked(), editor);
+}
+
+void WindowSettingsTest::theFrontDockComesBack()
+{
+    Runs runs;
+    runs.window().show();
+    runs.window().tabifyDockWidget(&runs.dock(Dock::Project), &runs.dock(Dock::Documents));
+    runs.window().tabifyDockWidget(&runs.dock(Dock::Documents), &runs.dock(Dock::Buffers));
+    runs.dock(Dock::Documents).raise();
+    runs.window().writeSettings();
+    runs.restart();
+    runs.window().show();
+    QCoreApplication::processEvents();
+    QVERIFY(!runs.dock(Dock::Documents).visibleRegion().isEmpty());
+    QVERIFY(runs.dock(Dock::Buffers).visibleRegion().isEmpty());
+    runs.window().hide();
+    runs.window().show();
+    QVERIFY(!runs.dock(Dock::Documents).visibleRegion().isEmpty());
+}
+
+void WindowSettingsTest::theSharesOfThePanesComeBack()
+{
+    Runs runs;
+    runs.window().newBuffer(0);
+    runs.window().newBuffer(1);
+    runs.window().central()->moveToOtherView(0, 1);
+    runs.window().show();
+    runs.splitter().setSizes(QList<int>() << 200 << runs.splitter().width() - 200);
+    const QList<int> sizes = runs.splitter().sizes();
+    QVERIFY(sizes.at(0) < sizes.at(1) - 50);
+    runs.window().writeSettings();
+    for (int i = 0; i < 2; ++i) {
+        runs.restart();
+        runs.window().writeSettings(); // a window that nobody looked at must not forget
+    }
+    runs.window().show();
+    QCOMPARE(runs.splitter().sizes(), sizes);
 }
 
 void WindowSettingsTest::geometryComesBack()
