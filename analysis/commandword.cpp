@@ -3,6 +3,8 @@
 
 #include "analysis/wordunits.h"
 
+#include <vector>
+
 namespace {
 
 bool isNamePart(QChar c)
@@ -49,32 +51,114 @@ QString firstName(const QString &text)
     return QString();
 }
 
-bool endsStatement(QChar c)
-{
-    return c == QLatin1Char(';') || c == QLatin1Char('{') || c == QLatin1Char('}') ||
-           c == QLatin1Char('`');
-}
-
-// Where the argument list begins that the column is in: behind an opening parenthesis that is not
-// closed again, or at the start of the statement.
-int argumentsStart(const QString &line, int column)
-{
-    int closed = 0;
-    for (int i = column; i > 0; --i) {
-        const QChar c = line.at(i - 1);
-        if (c == QLatin1Char(')'))
-            ++closed;
-        else if (c == QLatin1Char('(') && closed-- == 0)
-            return i;
-        else if (closed == 0 && endsStatement(c))
-            return i;
-    }
-    return 0;
-}
-
 bool isBlank(QChar c)
 {
-    return c == QLatin1Char(' ') || c == QLatin1Char('\t');
+    return c == QLatin1Char(' ') || c == QLatin1Char('\t') || c == QLatin1Char('\n');
+}
+
+int skipBlanks(const QString &code, int from, int end)
+{
+    while (from < end && isBlank(code.at(from)))
+        ++from;
+    return from;
+}
+
+int nameEnd(const QString &code, int start, int end)
+{
+    while (start < end && isNameUnit(code.at(start).unicode()))
+        ++start;
+    return start;
+}
+
+// sets -add set1 (`ls -type joint`) -|
+// |                                     what is in parentheses is passed over
+//
+// Braces end a statement too, but not those of a list or a dictionary: ls({1: 2}, |
+int statementStart(const QString &code, int column)
+{
+    int behindBrace = 0;
+    int closed = 0;
+    for (int i = column; i > 0; --i) {
+        const ushort unit = code.at(i - 1).unicode();
+        if (unit == ')')
+            ++closed;
+        else if (unit == '(' && closed-- == 0)
+            behindBrace = closed = 0;
+        else if (unit == ';' && closed == 0)
+            return qMax(i, behindBrace);
+        else if ((unit == '{' || unit == '}') && closed == 0 && behindBrace == 0)
+            behindBrace = i;
+    }
+    return behindBrace;
+}
+
+// Where the parentheses and backquotes begin that are open at the column, the innermost last.
+std::vector<int> openEnclosures(const QString &code, int start, int column)
+{
+    std::vector<int> open;
+    for (int i = start; i < column; ++i) {
+        const ushort unit = code.at(i).unicode();
+        const bool isInBackquotes = !open.empty() && code.at(open.back()) == QLatin1Char('`');
+        if (unit == '(' || (unit == '`' && !isInBackquotes))
+            open.push_back(i);
+        else if (!open.empty() && (unit == '`' || (unit == ')' && !isInBackquotes)))
+            open.pop_back();
+    }
+    return open;
+}
+
+int behindParentheses(const QString &code, int from, int end)
+{
+    int depth = 0;
+    for (int i = skipBlanks(code, from, end); i < end; ++i) {
+        if (code.at(i) == QLatin1Char('('))
+            ++depth;
+        else if (code.at(i) == QLatin1Char(')'))
+            --depth;
+        if (depth == 0)
+            return i + 1;
+    }
+    return end;
+}
+
+bool hasCondition(const QString &word)
+{
+    return word == QLatin1String("if") || word == QLatin1String("for") ||
+           word == QLatin1String("while") || word == QLatin1String("switch");
+}
+
+// Behind a keyword that a command may follow in the same statement, and what belongs to it; -1 for
+// any other word.
+int behindHead(const QString &word, const QString &code, int wordEnd, int end)
+{
+    if (word == QLatin1String("else") || word == QLatin1String("do"))
+        return wordEnd;
+    if (hasCondition(word))
+        return behindParentheses(code, wordEnd, end);
+    if (word != QLatin1String("case") && word != QLatin1String("default"))
+        return -1;
+    const int colon = int(code.indexOf(QLatin1Char(':'), wordEnd));
+    return colon < 0 || colon >= end ? end : colon + 1;
+}
+
+// The word that a statement, or what is in backquotes, begins with.
+QString leadingCommand(const QString &code, int from, int end)
+{
+    QString word;
+    while (from >= 0) {
+        const int start = skipBlanks(code, from, end);
+        const int wordEnd = nameEnd(code, start, end);
+        word = code.mid(start, wordEnd - start);
+        from = behindHead(word, code, wordEnd, end);
+    }
+    return word.isEmpty() || word.at(0).isDigit() ? QString() : word;
+}
+
+// The name at which a parenthesis opens; empty where that only groups.
+QString calledAt(const QString &code, int parenthesis)
+{
+    const QString name = commandWordAt(code, parenthesis);
+    return hasCondition(name) ? QString() : name;
 }
 
 // -scale      but not the difference in 1 -scale(2)
@@ -87,13 +171,12 @@ bool hasDash(const QString &line, int start, int end)
            QString::fromLatin1("(`").contains(line.at(start - 2));
 }
 
-bool isParameter(const QString &line, int start, int end)
+bool isParameter(const QString &code, int start, int end)
 {
-    while (end < line.size() && isBlank(line.at(end)))
-        ++end;
-    const int arguments = argumentsStart(line, start);
-    return arguments > 0 && line.at(arguments - 1) == QLatin1Char('(') &&
-           line.mid(end, 1) == QLatin1String("=") && line.mid(end, 2) != QLatin1String("==");
+    const int next = skipBlanks(code, end, int(code.size()));
+    const std::vector<int> open = openEnclosures(code, statementStart(code, start), start);
+    return !open.empty() && code.at(open.back()) == QLatin1Char('(') &&
+           code.mid(next, 1) == QLatin1String("=") && code.mid(next, 2) != QLatin1String("==");
 }
 
 } // namespace
@@ -109,23 +192,26 @@ QString commandWordAt(const QString &line, int column)
     return lastName(line, runStart(line, at), runEnd(line, at));
 }
 
-bool isFlagAt(const QString &line, int column)
+bool isFlagAt(const QString &code, int column)
 {
-    const int at = qBound(0, column, int(line.size()));
-    const int start = runStart(line, at);
-    const int end = runEnd(line, at);
-    const bool isPath = line.mid(start, end - start).contains(QLatin1Char('.'));
-    return start < end && !isPath && (hasDash(line, start, end) || isParameter(line, start, end));
+    const int at = qBound(0, column, int(code.size()));
+    const int start = runStart(code, at);
+    const int end = runEnd(code, at);
+    const bool isPath = code.mid(start, end - start).contains(QLatin1Char('.'));
+    return start < end && !isPath && (hasDash(code, start, end) || isParameter(code, start, end));
 }
 
-QString commandBefore(const QString &line, int column)
+QString commandBefore(const QString &code, int column)
 {
-    const int at = qBound(0, column, int(line.size()));
-    const int start = argumentsStart(line, at);
-    if (start > 0 && line.at(start - 1) == QLatin1Char('(')) {
-        const QString called = commandWordAt(line, start - 1);
-        if (!called.isEmpty())
-            return called;
+    const int end = qBound(0, column, int(code.size()));
+    const int start = statementStart(code, end);
+    const std::vector<int> open = openEnclosures(code, start, end);
+    for (auto place = open.rbegin(); place != open.rend(); ++place) {
+        const bool isCall = code.at(*place) == QLatin1Char('(');
+        const QString command =
+            isCall ? calledAt(code, *place) : leadingCommand(code, *place + 1, end);
+        if (!command.isEmpty())
+            return command;
     }
-    return firstName(line.mid(start, at - start));
+    return leadingCommand(code, start, end);
 }

@@ -11,12 +11,14 @@ QString commandWord(const QString &text);
 // The name that the column, counted from 0, is in or at an end of; empty for none.
 QString commandWordAt(const QString &line, int column);
 
+// The next two take code in which strings and comments are masked; lines end in line feeds.
+//
 // Whether that name looks like a flag, though it may be that of a command too: ls -type, or
 // cmds.ls(type=...).
-bool isFlagAt(const QString &line, int column);
+bool isFlagAt(const QString &code, int column);
 
-// The command whose arguments the column is among, as far as its line tells:
+// The command whose arguments the column is among, as far as the code tells:
 //   ls -long `select -|     is in the arguments of select
 //   cmds.ls(sl=|            in those of ls
-// Empty where nothing stands before.
-QString commandBefore(const QString &line, int column);
+// Empty in an expression, and where nothing stands before.
+QString commandBefore(const QString &code, int column);

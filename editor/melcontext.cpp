@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "editor/melcontext.h"
 
+#include "analysis/commandword.h"
 #include "analysis/wordunits.h"
 #include "bridge/melnametable.h"
 #include "editor/longlines.h"
@@ -12,7 +13,6 @@
 #include <QTextCursor>
 
 #include <algorithm>
-#include <vector>
 
 namespace {
 
@@ -41,13 +41,6 @@ int nameEnd(const QString &code, int start)
     while (start < code.size() && isName(code.at(start)))
         ++start;
     return start;
-}
-
-int skipBlanks(const QString &code, int from)
-{
-    while (from < code.size() && isBlank(code.at(from)))
-        ++from;
-    return from;
 }
 
 // Of the caret's line what is before it.
@@ -107,68 +100,10 @@ QString statementBefore(QTextBlock block, QString code)
     return statement;
 }
 
-// Where the innermost bracket or backquote that is still open begins; -1 when there is none.
-int openEnclosure(const QString &statement)
+QString calledBefore(const QTextBlock &block, const QString &code)
 {
-    std::vector<int> open;
-    for (int i = 0; i < statement.size(); ++i) {
-        const ushort unit = statement.at(i).unicode();
-        const bool isInBackquotes = !open.empty() && statement.at(open.back()) == QLatin1Char('`');
-        if (unit == '(' || (unit == '`' && !isInBackquotes))
-            open.push_back(i);
-        else if (!open.empty() && (unit == '`' || (unit == ')' && !isInBackquotes)))
-            open.pop_back();
-    }
-    return open.empty() ? -1 : open.back();
-}
-
-int behindParentheses(const QString &code, int from)
-{
-    int depth = 0;
-    for (int i = skipBlanks(code, from); i < code.size(); ++i) {
-        if (code.at(i) == QLatin1Char('('))
-            ++depth;
-        else if (code.at(i) == QLatin1Char(')'))
-            --depth;
-        if (depth == 0)
-            return i + 1;
-    }
-    return int(code.size());
-}
-
-// Behind a keyword that a command may follow in the same statement, and what belongs to it; -1 for
-// any other word.
-int behindHead(const QString &word, const QString &code, int end)
-{
-    static const QSet<QString> withCondition = QSet<QString>()
-                                               << QLatin1String("if") << QLatin1String("for")
-                                               << QLatin1String("while") << QLatin1String("switch");
-    if (word == QLatin1String("else") || word == QLatin1String("do"))
-        return end;
-    if (withCondition.contains(word))
-        return behindParentheses(code, end);
-    if (word != QLatin1String("case") && word != QLatin1String("default"))
-        return -1;
-    const int colon = int(code.indexOf(QLatin1Char(':'), end));
-    return colon < 0 ? int(code.size()) : colon + 1;
-}
-
-// The word with which the call begins that the statement ends in; empty for an expression.
-QString calledIn(const QString &statement)
-{
-    const int enclosure = openEnclosure(statement);
-    for (int from = enclosure + 1; from >= 0;) {
-        const int start = skipBlanks(statement, from);
-        const int end = nameEnd(statement, start);
-        const QString word = statement.mid(start, end - start);
-        from = enclosure < 0 ? behindHead(word, statement, end) : -1;
-        if (from < 0 && !word.isEmpty())
-            return word;
-    }
-    // polySphere(-|
-    const bool isCall = enclosure > 0 && statement.at(enclosure) == QLatin1Char('(');
-    const int start = isCall ? nameStart(statement, enclosure) : 0;
-    return isCall ? statement.mid(start, enclosure - start) : QString();
+    const QString statement = statementBefore(block, code);
+    return commandBefore(statement, int(statement.size()));
 }
 
 // move -r $a-|
@@ -264,7 +199,7 @@ MelContext melContextAt(const QTextCursor &caret)
     if (before == QLatin1Char('$'))
         context.kind = MelContext::Variable;
     else if (before == QLatin1Char('-') && mayStartFlag(line.text, start - 1))
-        context.command = calledIn(statementBefore(caret.block(), line.codeBefore(start - 1)));
+        context.command = calledBefore(caret.block(), line.codeBefore(start - 1));
     if (!context.command.isEmpty())
         context.kind = MelContext::Flag;
     if (context.kind != MelContext::Name)

@@ -5,12 +5,12 @@
 #include "analysis/pythonkeywords.h"
 #include "analysis/wordunits.h"
 #include "bridge/commandhelp.h"
+#include "editor/codearound.h"
 #include "editor/edcodeedit.h"
 #include "editor/editblock.h"
 #include "editor/editorlanguage.h"
 #include "mainwindow/pythonarguments.h"
 
-#include <QTextBlock>
 #include <QTextCursor>
 
 namespace {
@@ -44,86 +44,88 @@ QString pythonSeparator(const QString &before, const QString &command)
     return QLatin1String(lastWord(before) == command ? "(" : ", ");
 }
 
-int wordEnd(const QString &line, int column)
+int wordEnd(const QString &code, int column)
 {
-    while (column < line.size() && isNameUnit(line.at(column).unicode()))
+    while (column < code.size() && isNameUnit(code.at(column).unicode()))
         ++column;
     return column;
 }
 
 // Never into a word; from the command into its parentheses.
-int insertionColumn(const QString &line, int column, const QString &command, bool isPython)
+int insertionColumn(const QString &code, int column, const QString &command, bool isPython)
 {
-    const int end = wordEnd(line, column);
-    const bool isInWord = !lastWord(line.left(column)).isEmpty();
-    if (!isInWord && line.mid(column, end - column) != command)
+    const int end = wordEnd(code, column);
+    const bool isInWord = !lastWord(code.left(column)).isEmpty();
+    if (!isInWord && code.mid(column, end - column) != command)
         return column;
     const bool isCalled =
-        isPython && lastWord(line.left(end)) == command && line.mid(end, 1) == QLatin1String("(");
+        isPython && lastWord(code.left(end)) == command && code.mid(end, 1) == QLatin1String("(");
     return isCalled ? end + 1 : end;
 }
 
 // polySphere -r 1;|
 //                |     from behind the statement of the command into it
-int melColumn(const QString &line, int column, const QString &command)
+int melColumn(const QString &code, int column, const QString &command)
 {
     bool isBehind = false;
-    for (int end = column; end > 0 && endsInOneOf(line.left(end), " \t;`");) {
+    for (int end = column; end > 0 && endsInOneOf(code.left(end), " \t;`");) {
         --end;
-        isBehind = isBehind || endsInOneOf(line.mid(end, 1), ";`");
-        if (isBehind && commandBefore(line, end) == command)
+        isBehind = isBehind || endsInOneOf(code.mid(end, 1), ";`");
+        if (isBehind && commandBefore(code, end) == command)
             return end;
     }
     return column;
 }
 
-Insertion melInsertion(const QString &line, int column, const QString &flag, const QString &command)
+Insertion melInsertion(const QString &code, int column, const QString &flag, const QString &command)
 {
     Insertion insertion;
-    insertion.column = melColumn(line, column, command);
-    const QString before = line.left(insertion.column);
+    insertion.column = melColumn(code, column, command);
+    const QString before = code.left(insertion.column);
     const QString word = lastWord(before);
     const QString rest = before.left(before.size() - word.size());
     if (rest.endsWith(QLatin1Char('-')) && flag.startsWith(word))
         insertion.typed = int(word.size()) + 1;
-    const bool isApart = endsInOneOf(before.left(before.size() - insertion.typed), " \t(`");
+    const bool isApart = endsInOneOf(before.left(before.size() - insertion.typed), " \t\n(`");
     insertion.text = QString::fromLatin1("%1-%2 ").arg(QLatin1String(isApart ? "" : " "), flag);
     return insertion;
 }
 
 // A name that is there, with its value, is changed and keeps the value.
-Insertion pythonReplacement(const QString &line, int column, int typed, const QString &name)
+Insertion pythonReplacement(const QString &code, int column, int typed, const QString &name)
 {
     Insertion insertion;
     insertion.column = column;
     insertion.typed = typed;
-    const QString after = line.mid(column, 2);
+    const QString after = code.mid(column, 2);
     const bool hasValue = after.startsWith(QLatin1Char('=')) && after != QLatin1String("==");
     insertion.text = hasValue ? name : name + QLatin1Char('=');
     insertion.caretBack = hasValue ? -1 : 0;
     return insertion;
 }
 
-Insertion pythonInsertion(const QString &line, int column, const CommandFlag &flag,
+Insertion pythonInsertion(const QString &code, int column, const CommandFlag &flag,
                           const QString &command)
 {
     const bool isNoName = isPythonKeyword(flag.longName) && !flag.shortName.isEmpty();
     const QString name = isNoName || flag.longName.isEmpty() ? flag.shortName : flag.longName;
-    const int outside = outOfBrackets(line, column, command);
-    const QString word = lastWord(line.left(column));
+    const int outside = outOfBrackets(code, column, command);
+    const QString word = lastWord(code.left(column));
     if (outside == column && !word.isEmpty() &&
         (name.startsWith(word) || flag.longName.startsWith(word)) &&
-        startsArgument(line.left(column - word.size())))
-        return pythonReplacement(line, column, int(word.size()), name);
+        startsArgument(code.left(column - word.size())))
+        return pythonReplacement(code, column, int(word.size()), name);
 
     Insertion insertion;
-    const int closing = closingOfCall(line, column, command);
-    insertion.column = keywordPlace(line, closing >= 0 ? closing : outside);
+    const int argumentsEnd = endOfArguments(code, column, command);
+    insertion.column = keywordPlace(code, argumentsEnd >= 0 ? argumentsEnd : outside);
     insertion.text =
-        pythonSeparator(line.left(insertion.column), command) + name + QLatin1Char('=');
-    if (argumentFollows(line, insertion.column)) {
-        insertion.text += QLatin1String(", ");
-        insertion.caretBack = 2;
+        pythonSeparator(code.left(insertion.column), command) + name + QLatin1Char('=');
+    if (argumentFollows(code, insertion.column)) {
+        const QString comma =
+            QLatin1String(code.at(insertion.column).isSpace() ? "," : ", "); // it is apart already
+        insertion.text += comma;
+        insertion.caretBack = int(comma.size());
     }
     return insertion;
 }
@@ -135,13 +137,12 @@ void insertFlag(EdCodeEdit *edit, const CommandFlag &flag, const QString &comman
     const bool isPython = edit->language() == PythonLanguage;
     QTextCursor cursor = edit->textCursor();
     cursor.setPosition(cursor.selectionEnd());
-    const QTextBlock block = cursor.block();
-    const QString line = block.text();
-    const int column = insertionColumn(line, cursor.positionInBlock(), command, isPython);
+    const CodeAround code = codeAround(cursor, edit->language());
+    const int column = insertionColumn(code.text, code.caret, command, isPython);
     const QString melName = flag.longName.isEmpty() ? flag.shortName : flag.longName;
-    const Insertion insertion = isPython ? pythonInsertion(line, column, flag, command)
-                                         : melInsertion(line, column, melName, command);
-    const int end = block.position() + insertion.column;
+    const Insertion insertion = isPython ? pythonInsertion(code.text, column, flag, command)
+                                         : melInsertion(code.text, column, melName, command);
+    const int end = code.start + insertion.column;
     {
         const EditBlock step(cursor); // or it would join what was typed before
         cursor.setPosition(end - insertion.typed);

@@ -4,7 +4,9 @@
 
 #include "analysis/commandword.h"
 #include "analysis/edquickhelpview.h"
+#include "bridge/commandhelp.h"
 #include "bridge/melnametable.h"
+#include "editor/codearound.h"
 #include "editor/edcodeedit.h"
 #include "mainwindow/aboutdialog.h"
 #include "mainwindow/dialogs.h"
@@ -23,16 +25,34 @@ bool isMelName(const QString &name)
     return !name.isEmpty() && melNameTable().contains(name);
 }
 
-// The name at the caret; where that is a flag, or none of Maya's, the command before it.
-QString commandAtCaret(const QTextCursor &caret)
+bool isCommand(const QString &name)
 {
-    const QString line = caret.block().text();
-    const int column = caret.positionInBlock();
-    const QString name = commandWordAt(line, column);
-    if (isMelName(name) && !isFlagAt(line, column))
+    return isMelName(name) || commandHelp(name).kind != CommandKind::Unknown;
+}
+
+// The command whose arguments the caret is among, or whose call it is right behind.
+//   ls -long; |      cmds.ls(long=True)|
+QString commandAround(const CodeAround &code)
+{
+    QString command = commandBefore(code.text, code.caret);
+    for (int i = code.caret - 1; i >= 0 && !isCommand(command); --i) {
+        if (!QString::fromLatin1(" \t;`)").contains(code.text.at(i)))
+            return QString();
+        command = commandBefore(code.text, i);
+    }
+    return isCommand(command) ? command : QString();
+}
+
+// The name at the caret; where that is a flag, or none of Maya's, the command around it.
+QString commandAtCaret(EdCodeEdit *edit)
+{
+    const QTextCursor caret = edit->textCursor();
+    const CodeAround code = codeAround(caret, edit->language());
+    const QString name = commandWordAt(caret.block().text(), caret.positionInBlock());
+    if (isMelName(name) && !isFlagAt(code.text, code.caret))
         return name;
-    const QString before = commandBefore(line, column);
-    return name.isEmpty() || isMelName(before) ? before : name;
+    const QString command = commandAround(code);
+    return command.isEmpty() ? name : command;
 }
 
 } // namespace
@@ -65,7 +85,7 @@ QString Kestrowl::quickHelpCommand(const QString &text) const
     const QString command = commandWord(text);
     if (!command.isEmpty() || !currentView())
         return command;
-    return commandAtCaret(currentView()->codeEdit()->textCursor());
+    return commandAtCaret(currentView()->codeEdit());
 }
 
 void Kestrowl::updateAndShowQuickHelp(const QString &text, bool ignoreWhenHidden)
@@ -110,7 +130,7 @@ void Kestrowl::openSelectedPage(const QString &selection, bool python)
 {
     QString command = selection;
     if (command.isEmpty() && currentView())
-        command = commandAtCaret(currentView()->codeEdit()->textCursor());
+        command = commandAtCaret(currentView()->codeEdit());
     const bool isKnown = !selection.isEmpty() || commandHelp(command).hasPage;
     emit commandHelpRequested(isKnown ? command : QString(), python);
 }

@@ -103,7 +103,7 @@ void TestEdQuickHelpView::wordsAreFound_data()
     row("second-statement", "ls; select -r|", "r<-select");
     row("backquote", "$a = `ls -t |`", "<-ls");
     row("variable", "$sphe|re", "<-");
-    row("module", "mc.poly|Sphere(r=1)", "polySphere<-poly");
+    row("module", "mc.poly|Sphere(r=1)", "polySphere<-mc");
     row("before-the-dot", "cm|ds.ls()", "ls<-cm");
     row("in-a-call", "a = cmds.ls(f(1), |)", "<-ls");
     row("number", "move 1.5| 2", "<-move");
