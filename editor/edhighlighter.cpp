@@ -23,6 +23,9 @@ bool isSuspended = false; // for all highlighters
 const int workOfTurn = 100000;
 const int workOfBlock = 25; // whatever its length
 
+// Milliseconds, in which a page that just appears is laid out and painted.
+const int paintDelay = 20;
+
 // The first of so many that waits; invalid when none does.
 QTextBlock waitingBlock(QTextBlock block, int count)
 {
@@ -111,7 +114,8 @@ void EdHighlighter::highlightVisible(const QTextBlock &first, int count)
 void EdHighlighter::waitForTurn()
 {
     m_budget = 0;
-    m_turn.start(0, this); // which gives a new one, should there be no change at all
+    // It gives a new budget, should there be no change at all.
+    m_turn.start(paintDelay, this);
 }
 
 void EdHighlighter::finish()
