@@ -65,6 +65,14 @@ const ActionRow actionRows[] = {
 #undef checkable
 #undef checked
 
+// What a button without a text tells: its action's name, and the keys that do the same.
+QString toolTip(const QAction &action)
+{
+    const QString keys = action.shortcut().toString(QKeySequence::NativeText);
+    return keys.isEmpty() ? action.toolTip()
+                          : QString::fromLatin1("%1 (%2)").arg(action.toolTip(), keys);
+}
+
 QAction *createAction(const ActionRow &row, QWidget *window)
 {
     QAction *action = new QAction(QString::fromUtf8(row.text), window);
@@ -79,6 +87,7 @@ QAction *createAction(const ActionRow &row, QWidget *window)
         action->setShortcut(QKeySequence(QString::fromLatin1(row.keys.text)));
     else if (row.keys.standard != QKeySequence::UnknownKey)
         action->setShortcuts(row.keys.standard); // a platform may have several
+    action->setToolTip(toolTip(*action));
     if (row.icon)
         action->setIcon(compat::icon(iconPath(row.icon)));
     // Also the actions in no menu answer to their keys.

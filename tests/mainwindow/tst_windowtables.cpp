@@ -289,6 +289,8 @@ void TestWindowTables::toolBarsHoldTheirActionsInOrder()
         QCOMPARE(toolBar->windowTitle(), QString(row.title));
         QCOMPARE(textsOf(toolBar), textsOf(row.contents));
     }
+    QCOMPARE(window().action(Action::Execute)->toolTip(), QString("Execute (Ctrl+E)"));
+    QCOMPARE(window().action(Action::SourceScript)->toolTip(), QString("Source Script"));
 }
 
 void TestWindowTables::docksHaveTheirNamesAndKeys()
