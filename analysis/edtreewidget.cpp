@@ -63,13 +63,14 @@ bool EdTreeWidget::viewportEvent(QEvent *event)
     if (event->type() != QEvent::ToolTip)
         return QTreeWidget::viewportEvent(event);
     const QHelpEvent *help = static_cast<QHelpEvent *>(event);
-    QTreeWidgetItem *item = itemAt(help->pos());
+    const QModelIndex index = indexAt(help->pos());
     // An empty text takes away the tip of another item.
-    QToolTip::showText(help->globalPos(), item && isCutOff(item) ? item->text(0) : QString(), this);
+    const QString tip = isCutOff(index) ? index.data().toString() : QString();
+    QToolTip::showText(help->globalPos(), tip, this);
     return true;
 }
 
-bool EdTreeWidget::isCutOff(QTreeWidgetItem *item) const
+bool EdTreeWidget::isCutOff(const QModelIndex &index) const
 {
-    return visualItemRect(item).width() < sizeHintForIndex(indexFromItem(item)).width();
+    return index.isValid() && visualRect(index).width() < sizeHintForIndex(index).width();
 }

@@ -28,5 +28,5 @@ protected:
     bool viewportEvent(QEvent *event) override;
 
 private:
-    bool isCutOff(QTreeWidgetItem *item) const;
+    bool isCutOff(const QModelIndex &index) const;
 };

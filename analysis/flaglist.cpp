@@ -43,6 +43,7 @@ FlagList::FlagList(QWidget *parent) : EdTreeWidget(parent)
     setRootIsDecorated(false);
     setUniformRowHeights(true); // many flags are laid out at once
     setAllColumnsShowFocus(true);
+    header()->setMinimumSectionSize(columnGap);
 }
 
 void FlagList::setFlags(const QList<CommandFlag> &flags)
@@ -53,13 +54,32 @@ void FlagList::setFlags(const QList<CommandFlag> &flags)
         items << createItem(flag);
     insertTopLevelItems(0, items);
     sortItems(LongName, Qt::AscendingOrder);
-    for (const Column column : {LongName, ShortName}) {
-        resizeColumnToContents(column);
-        setColumnWidth(column, columnWidth(column) + columnGap);
-    }
-    // It takes what is left, and no scroll bar is needed just for its title.
-    setColumnWidth(Argument, sizeHintForColumn(Argument));
+    for (const Column column : {LongName, ShortName, Argument})
+        m_wanted[column] = sizeHintForColumn(column) + columnGap;
+    fitColumns();
     setCurrentItem(topLevelItem(0));
+}
+
+void FlagList::resizeEvent(QResizeEvent *event)
+{
+    EdTreeWidget::resizeEvent(event);
+    fitColumns();
+}
+
+// The long names get what the others leave, but half of the width at least; where there is little
+// of it, the others lose their titles first.
+void FlagList::fitColumns()
+{
+    const int room = viewport()->width();
+    const int withTitle =
+        qMax(m_wanted[ShortName], header()->sectionSizeHint(ShortName) + columnGap);
+    const int left = room - withTitle - m_wanted[Argument];
+    const int longNames = qMin(m_wanted[LongName], qMax(left, room / 2));
+    const int rest = room - longNames;
+    const int shortNames = qBound(m_wanted[ShortName], rest - m_wanted[Argument], withTitle);
+    setColumnWidth(LongName, longNames);
+    setColumnWidth(ShortName, shortNames);
+    setColumnWidth(Argument, rest - shortNames);
 }
 
 void FlagList::filter(const QString &text)

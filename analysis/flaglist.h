@@ -8,8 +8,8 @@
 #include <QSize>
 #include <QString>
 
-// The flags of a command, one a row: long name, short name, argument. Of those that a filter
-// leaves, one is always the current.
+// The flags of a command, one a row: long name, short name, argument. All fit into the width, if
+// need be with names that are cut off. Of those that a filter leaves, one is always the current.
 class FlagList : public EdTreeWidget
 {
     Q_OBJECT
@@ -29,6 +29,12 @@ public:
     QSize minimumSizeHint() const override;
     QSize sizeHint() const override;
 
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
 private:
+    void fitColumns();
     int heightOfRows(int rows) const;
+
+    int m_wanted[3] = {}; // widths that show all of each column
 };

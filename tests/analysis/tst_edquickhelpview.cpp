@@ -7,7 +7,6 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
-#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QScrollBar>
@@ -234,17 +233,25 @@ void TestEdQuickHelpView::manyFlagsAreListedAtOnce()
              qPrintable(QString::number(best))); // about 1 ms, with room for slow builds
 }
 
-// Too narrow for the title of the last column, not for what stands below it.
+// What is cut off then is the name that is too long, and no scroll bar hides the other columns.
 void TestEdQuickHelpView::aSmallViewShowsSeveralFlagsWhole()
 {
     FlagList list;
-    list.setFlags(QList<CommandFlag>() << CommandFlag{"r", "radius", "Int"});
-    const int titles =
-        list.columnWidth(0) + list.columnWidth(1) + list.header()->sectionSizeHint(2);
-    list.resize(titles, list.minimumSizeHint().height());
+    const CommandFlag flag{"r", "radius", "Int"};
+    list.setFlags(QList<CommandFlag>() << flag);
+    list.resize(150, list.minimumSizeHint().height());
     list.show();
     QCOMPARE(list.horizontalScrollBar()->maximum(), 0);
     QVERIFY(list.viewport()->height() >= 6 * list.visualItemRect(list.topLevelItem(0)).height());
+
+    list.setFlags(QList<CommandFlag>() << flag << CommandFlag{"x", QString(60, 'x'), "String"});
+    for (const int width : {220, 180}) {
+        list.resize(width, list.height());
+        QApplication::processEvents();
+        QCOMPARE(list.horizontalScrollBar()->maximum(), 0);
+        QVERIFY(list.columnWidth(2) > list.fontMetrics().boundingRect("String").width());
+        QVERIFY(list.columnWidth(0) >= list.viewport()->width() / 2);
+    }
 }
 
 CORVANE_TEST_MAIN(TestEdQuickHelpView)
