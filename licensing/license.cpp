@@ -3,8 +3,6 @@
 
 #include "licensing/licensefile.h"
 
-#include <QDate>
-
 #include <optional>
 
 namespace {
@@ -15,14 +13,21 @@ struct State
 {
     // As base64, from the build; without it no license is valid.
     QByteArray key = QByteArray::fromBase64(CORVANE_LICENSE_KEY);
-    // Looked at once: one that expires while the program runs is good to its end.
+    QDate day;
+    // It was valid when it was taken, but may expire while the program runs.
     std::optional<License> license;
+    QString problem; // with the one that was stored; empty where it was valid, or none was
 };
 
 State &state()
 {
     static State state;
     return state;
+}
+
+QDate today()
+{
+    return state().day.isNull() ? QDate::currentDate() : state().day;
 }
 
 } // namespace
@@ -39,18 +44,24 @@ int tabLimit()
 
 bool isDemo()
 {
-    return !state().license;
+    return !currentLicense();
+}
+
+QString licenseProblem()
+{
+    return state().license ? expiryProblem(*state().license, today()) : state().problem;
 }
 
 QString restoreLicense(const QString &stored)
 {
     state().license.reset();
-    return stored.isEmpty() ? QString() : takeLicense(stored);
+    state().problem = stored.isEmpty() ? QString() : takeLicense(stored);
+    return state().problem;
 }
 
 QString takeLicense(const QString &text)
 {
-    const LicenseAnswer answer = checkLicense(text, state().key, QDate::currentDate());
+    const LicenseAnswer answer = checkLicense(text, state().key, today());
     if (answer.problem.isEmpty())
         state().license = answer.license;
     return answer.problem;
@@ -58,10 +69,15 @@ QString takeLicense(const QString &text)
 
 const License *currentLicense()
 {
-    return state().license ? &*state().license : nullptr;
+    return state().license && licenseProblem().isEmpty() ? &*state().license : nullptr;
 }
 
 void setLicenseKey(const QByteArray &key)
 {
     state().key = key;
+}
+
+void setLicenseDay(const QDate &day)
+{
+    state().day = day;
 }

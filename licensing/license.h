@@ -4,12 +4,14 @@
 // then those of the process, for the GUI thread.
 #pragma once
 
+#include <QString>
+
 #include <climits>
 
 #ifdef CORVANE_DEMO
 
 #include <QByteArray>
-#include <QString>
+#include <QDate>
 
 struct License;
 
@@ -17,16 +19,21 @@ bool savingAllowed(); // to files; buffers, journals and settings are always wri
 int tabLimit();       // how many may be open before a new one is refused
 bool isDemo();        // whether the two say no more than a demo's
 
+// Why this is a demo although there was a license; empty where there was none.
+QString licenseProblem();
+
 // Takes a stored license, perhaps an empty text, for the session. Of one that is not valid (any
 // more) it returns why, and leaves a demo.
 QString restoreLicense(const QString &stored);
 // Takes another one, or changes nothing and returns what is wrong with it.
 QString takeLicense(const QString &text);
-// Null in a demo.
+// Null in a demo, and so once its last day is over.
 const License *currentLicense();
 
 // The public key of those who issue licenses, which is built in; another one for tests.
 void setLicenseKey(const QByteArray &key);
+// The day by which licenses are judged: a null one, as at first, is the system's; others for tests.
+void setLicenseDay(const QDate &day);
 
 #else
 
@@ -41,6 +48,10 @@ constexpr int tabLimit()
 constexpr bool isDemo()
 {
     return false;
+}
+inline QString licenseProblem()
+{
+    return QString();
 }
 
 #endif

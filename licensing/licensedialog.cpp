@@ -46,7 +46,13 @@ LicenseDialog::LicenseDialog(QWidget *parent)
     layout->addWidget(buttons);
     layout->setSizeConstraint(QLayout::SetFixedSize); // grows with what there is to say
     showState();
-    showProblem(QString());
+}
+
+// It may be shown again on another day.
+void LicenseDialog::showEvent(QShowEvent *event)
+{
+    showState();
+    QDialog::showEvent(event);
 }
 
 // Maya may quit and take this dialog with it while the other is open.
@@ -69,13 +75,13 @@ void LicenseDialog::useFile(const QString &path)
         showProblem(tr("%1: %2").arg(QFileInfo(path).fileName(), problem));
         return;
     }
-    showProblem(QString());
     showState();
     emit licenseChanged(text);
 }
 
 void LicenseDialog::showState()
 {
+    showProblem(licenseProblem());
     const License *license = currentLicense();
     if (!license) {
         m_state->setText(tr("This is a demo: it does not save to files, and opens at most %1 "

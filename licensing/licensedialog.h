@@ -24,6 +24,9 @@ signals:
     // A license was taken; the text is what to keep.
     void licenseChanged(const QString &text);
 
+protected:
+    void showEvent(QShowEvent *event) override;
+
 private:
     void showState();
     void showProblem(const QString &problem);

@@ -99,6 +99,13 @@ QByteArray signatureLine(const QByteArray &signature)
     return signatureLabel + signature.toBase64() + '\n';
 }
 
+QString expiryProblem(const License &license, const QDate &today)
+{
+    const bool isOver = !license.expires.isNull() && license.expires < today;
+    return isOver ? translated("The license expired on %1.").arg(expiryText(license.expires))
+                  : QString();
+}
+
 LicenseAnswer checkLicense(const QString &text, const QByteArray &publicKey, const QDate &today)
 {
     const QStringList lines = textLines(text);
@@ -115,11 +122,9 @@ LicenseAnswer checkLicense(const QString &text, const QByteArray &publicKey, con
     // Written anew, so that a date which is none, or another line, is not what was signed.
     if (!isSigned(licenseText(answer.license), signature, publicKey))
         return refused("The license was changed, or was not issued for this program.");
-    if (!answer.license.expires.isNull() && answer.license.expires < today) {
-        const QString date = answer.license.expires.toString(Qt::ISODate);
-        answer = refused("The license expired on %1.");
-        answer.problem = answer.problem.arg(date);
-    }
+    answer.problem = expiryProblem(answer.license, today);
+    if (!answer.problem.isEmpty())
+        answer.license = License();
     return answer;
 }
 

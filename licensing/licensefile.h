@@ -29,6 +29,9 @@ struct LicenseAnswer
     QString problem; // a sentence for the user; empty for a valid license
 };
 
+// What there is to tell when its last day is over; else empty.
+QString expiryProblem(const License &license, const QDate &today);
+
 // What mail programs do to line ends and blanks does not matter. The key has 32 bytes.
 LicenseAnswer checkLicense(const QString &text, const QByteArray &publicKey, const QDate &today);
 

@@ -222,7 +222,11 @@ void Kestrowl::showEvent(QShowEvent *event)
 void Kestrowl::changeEvent(QEvent *event)
 {
     QMainWindow::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && !isActiveWindow())
+    if (event->type() != QEvent::ActivationChange)
+        return;
+    if (isActiveWindow())
+        updateDemoNotice();
+    else
         m_central->flushJournals();
 }
 

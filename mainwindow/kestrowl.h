@@ -66,7 +66,7 @@ public slots:
     void showLicenseDialog();
     // Keeps the license over restarts.
     void storeLicense(const QString &text);
-    // Shows whether this is a demo.
+    // Shows whether this is a demo, which it may have become.
     void updateDemoNotice();
     // Tells where changes are that a demo could not save before the document was closed.
     void explainClosed(EdCodeView *view);

@@ -29,9 +29,7 @@ void Kestrowl::showLicenseDialog()
 
 void Kestrowl::readLicense()
 {
-    warnOf(restoreLicense(m_license));
-    if (isDemo())
-        warnOf(tr("This is a demo: it does not save to files."));
+    restoreLicense(m_license);
     updateDemoNotice();
     for (int id = 0; id < EdCentralWidget::PaneCount; ++id)
         connect(m_central->pane(id), SIGNAL(codeViewRetired(EdCodeView *)),
@@ -69,6 +67,10 @@ void Kestrowl::explainClosed(EdCodeView *view)
 // the other actions save buffers too.
 void Kestrowl::updateDemoNotice()
 {
+    if (isDemo() && action(Action::SaveAs)->isEnabled()) {
+        warnOf(licenseProblem());
+        warnOf(tr("This is a demo: it does not save to files."));
+    }
     action(Action::SaveAs)->setEnabled(savingAllowed());
     if (isDemo() && !m_demoNotice) {
         m_demoNotice = new QToolButton(menuBar());

@@ -95,7 +95,9 @@ void writeWindowSettings(QSettings &settings, const WindowSettings &window)
 {
     settings.beginGroup(QLatin1String("mainwindow"));
     settings.setValue(QLatin1String("version"), fileVersion);
-    settings.setValue(QLatin1String("license"), window.license);
+    // Another session may have been given one meanwhile.
+    if (!window.license.isEmpty() || !settings.contains(QLatin1String("license")))
+        settings.setValue(QLatin1String("license"), window.license);
     setBytes(settings, "windowGeometry", window.geometry);
     setBytes(settings, "windowState", window.windowState);
     for (const DockKey &key : dockKeys)

@@ -15,8 +15,9 @@ QString translated(const char *text)
 
 void explain(QWidget *parent, const QString &limit)
 {
+    const QString reason = (licenseProblem() + QLatin1Char(' ') + limit).trimmed();
     showInformation(parent, translated("Demo"),
-                    limit + QLatin1String("\n\n") +
+                    reason + QLatin1String("\n\n") +
                         translated("Help > Licensing... takes a license file, which lifts this."));
 }
 

@@ -2,6 +2,7 @@
 // What a demo refuses in the window, and what it keeps all the same.
 #include "compat/filetree.h"
 #include "licensing/license.h"
+#include "output/edoutputview.h"
 #include "tests/licensing/issuer.h"
 #include "tests/mainwindow/windowfixture.h"
 #include "tests/support/modalanswer.h"
@@ -32,6 +33,7 @@ private slots:
     void discardedTextsStayAway();
     void onlySoManyDocumentsAreOpened();
     void licenseLiftsEverythingAndSurvives();
+    void licensesExpireWhileTheEditorRuns();
 
 private:
     Issuer m_issuer;
@@ -246,6 +248,29 @@ void TestDemo::licenseLiftsEverythingAndSurvives()
     runs.openChanged("a.mel");
     runs.window->save();
     QCOMPARE(runs.dir.read("a.mel"), QByteArray("new"));
+}
+
+// A session that knows of no license leaves that of another alone.
+void TestDemo::licensesExpireWhileTheEditorRuns()
+{
+    Runs runs;
+    const QDate last(2030, 6, 14);
+    setLicenseDay(last);
+    const QString license = QString::fromUtf8(m_issuer.license("Ada", last));
+    takeLicense(license);
+    runs.window->storeLicense(license);
+    setLicenseDay(last.addDays(1));
+    runs.openChanged("a.mel");
+    ModalAnswer told("OK");
+    runs.window->save();
+    QVERIFY(told.text().startsWith("The license expired on 2030-06-14. The demo does not save"));
+    runs.window->updateDemoNotice(); // as the window does when it is active again
+    QVERIFY(runs.window->findChild<QToolButton *>("demoNotice")->isVisible());
+    QVERIFY(runs.window->outputView()->toPlainText().contains("Warning: The license expired"));
+    runs.window->storeLicense(QString());
+    runs.start();
+    QCOMPARE(licenseProblem(), QString("The license expired on 2030-06-14."));
+    setLicenseDay(QDate());
 }
 
 CORVANE_TEST_MAIN(TestDemo)
