@@ -24,7 +24,7 @@ QByteArray quoted(const QString &text)
             escaped += QLatin1Char('\\');
         if (startsPair)
             escaped += text.mid(i++, 2);
-        else if (unit.unicode() < 0x20 || unit.isSurrogate())
+        else if (unit.unicode() < 0x20 || unit.isHighSurrogate() || unit.isLowSurrogate())
             escaped +=
                 QString::fromLatin1("\\u%1").arg(uint(unit.unicode()), 4, 16, QLatin1Char('0'));
         else
