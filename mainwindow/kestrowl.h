@@ -2,6 +2,7 @@
 #pragma once
 
 #include "mainwindow/actions.h"
+#include "mainwindow/centralroom.h"
 #include "mainwindow/docks.h"
 #include "mainwindow/statuslabels.h"
 #include "mainwindow/windowsettings.h"
@@ -264,6 +265,7 @@ private:
     QPointer<QTextDocument> m_followed; // whose edits the outline hears of
 
     DockArray<QDockWidget *> m_docks;
+    CentralRoom m_centralRoom;
     DockArray<QByteArray> m_dockGeometry; // as of the last change of a dock's place
     int m_visibleDocks = 0;               // with those put away and formerDockFlag
     int m_docksPutAway = 0;               // floating ones, while the window is hidden

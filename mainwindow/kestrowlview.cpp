@@ -100,7 +100,7 @@ void Kestrowl::wordWrap(bool enable)
 void Kestrowl::editorVisibleChange(bool visible)
 {
     action(Action::CodeEditor)->setChecked(visible);
-    m_central->setVisible(visible);
+    m_centralRoom.setCentralVisible(this, m_docks, visible);
     if (!visible && isPutAway(m_docks[Dock::Output]))
         setOutputVisible(true);
 }

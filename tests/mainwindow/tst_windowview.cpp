@@ -38,6 +38,25 @@ bool hasIcon(const QAction *action, const char *name)
     return imageOf(action->icon()) == imageOf(QIcon(QString(":/icons/%1.png").arg(name)));
 }
 
+// As with the mouse, at the dock's edge.
+void setWidth(QDockWidget *dock, int width)
+{
+    dock->setFixedWidth(width);
+    QCoreApplication::processEvents();
+    dock->setMinimumWidth(0);
+    dock->setMaximumWidth(QWIDGETSIZE_MAX);
+    QCoreApplication::processEvents();
+}
+
+QList<QRect> placesOf(const Kestrowl &window)
+{
+    QList<QRect> places;
+    places << window.central()->geometry();
+    for (int i = 0; i < dockCount; ++i)
+        places << window.dock(static_cast<Dock>(i))->geometry();
+    return places;
+}
+
 QString labelText(const Kestrowl &window, const char *name)
 {
     return window.findChild<QLabel *>(name)->text();
@@ -56,6 +75,8 @@ private slots:
     void tabsAndSpacesAreDrawn();
     void wordWrapChangesTheEditor();
     void panesAreShownAndHidden();
+    void docksAreAsBeforeWithTheEditorBack_data();
+    void docksAreAsBeforeWithTheEditorBack();
     void neverNeitherHistoryNorEditor();
     void quickHelpShowsItsDockOnRequest();
     void clearAllClearsBoth();
@@ -174,6 +195,40 @@ void TestWindowView::panesAreShownAndHidden()
     QVERIFY(editor->isVisible() && history->isVisible());
     fixture.window.showAll();
     QVERIFY(fixture.window.dock(Dock::QuickHelp)->isVisible());
+}
+
+void TestWindowView::docksAreAsBeforeWithTheEditorBack_data()
+{
+    columns<int>("outputArea");
+
+    row("above", int(Qt::TopDockWidgetArea));
+    row("below", int(Qt::BottomDockWidgetArea));
+    row("at-a-side", int(Qt::LeftDockWidgetArea));
+}
+
+void TestWindowView::docksAreAsBeforeWithTheEditorBack()
+{
+    QFETCH(int, outputArea);
+    WindowFixture fixture;
+    Kestrowl &window = fixture.window;
+    QDockWidget *output = window.dock(Dock::Output);
+    window.addDockWidget(static_cast<Qt::DockWidgetArea>(outputArea), output);
+    window.resize(1200, 800);
+    window.show();
+    window.restoreState(window.saveState()); // or Qt will not hear of other sizes
+    setWidth(window.dock(Dock::Project), 310);
+    const QList<QRect> before = placesOf(window);
+    const int area = output->width() * output->height();
+
+    window.action(Action::ShowHistory)->trigger();
+    QCoreApplication::processEvents();
+    QVERIFY(output->width() * output->height() > area);
+    if (outputArea != Qt::LeftDockWidgetArea)
+        QCOMPARE(window.dock(Dock::Project)->width(), 310);
+
+    window.action(Action::ShowBoth)->trigger();
+    QCoreApplication::processEvents();
+    QCOMPARE(placesOf(window), before);
 }
 
 void TestWindowView::neverNeitherHistoryNorEditor()
