@@ -41,6 +41,8 @@ EdCentralWidget::EdCentralWidget(QWidget *parent)
     m_splitter->setChildrenCollapsible(false); // a pane of no width would seem lost
     m_parseTimer.setSingleShot(true);
     connect(&m_parseTimer, SIGNAL(timeout()), SLOT(activeViewChange()));
+    m_otherPaneTimer.setSingleShot(true);
+    connect(&m_otherPaneTimer, SIGNAL(timeout()), SLOT(parseOtherPane()));
     m_tabsTimer.setSingleShot(true);
     m_tabsTimer.setInterval(0);
     connect(&m_tabsTimer, SIGNAL(timeout()), SIGNAL(tabsChanged()));

@@ -208,6 +208,7 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     // Draws the hint that is seen while there is no document.
     void paintEvent(QPaintEvent *event) override;
+    void showEvent(QShowEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
 
@@ -218,6 +219,8 @@ private slots:
     void focusCurrent();
     void askBeforeSaving(EdCodeView *view, bool *maySave);
     void noteKeptChanges(EdCodeView *view);
+    // For the diagnostics of its document, which is seen too.
+    void parseOtherPane();
 
 private:
     // A tab of a pane, or none.
@@ -277,6 +280,7 @@ private:
     QSplitter *m_splitter;
     QList<EdCodeTabWidget *> m_panes;     // by id
     QTimer m_parseTimer;                  // runs until a pause after the last change of the text
+    QTimer m_otherPaneTimer;              // runs until parseOtherPane()
     QTimer m_tabsTimer;                   // runs until tabsChanged()
     RecoveryBar *m_recoveryBar = nullptr; // once there was something to recover
     int m_activeView = 0;                 // the id of a pane

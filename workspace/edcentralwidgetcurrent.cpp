@@ -77,6 +77,7 @@ void EdCentralWidget::onTextChange()
 void EdCentralWidget::activeViewChange()
 {
     m_parseTimer.stop();
+    m_otherPaneTimer.start(paintDelay); // its text may have been left in the midst of typing
     EdCodeView *view = currentCodeView();
     if (!view)
         return;
@@ -91,9 +92,20 @@ void EdCentralWidget::activeViewChange()
 
 void EdCentralWidget::updateDiagnostics()
 {
+    parseOtherPane();
+    activeViewChange();
+}
+
+void EdCentralWidget::parseOtherPane()
+{
     for (EdCodeTabWidget *pane : m_panes) {
-        if (pane != active() && pane->count() > 0)
+        if (pane != active() && pane->isVisible() && pane->currentCodeView())
             ScriptDetails::of(pane->currentCodeView());
     }
-    activeViewChange();
+}
+
+void EdCentralWidget::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    m_otherPaneTimer.start(paintDelay);
 }

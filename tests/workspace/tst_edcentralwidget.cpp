@@ -36,6 +36,7 @@ private slots:
     void documentsFollowRenamedFolders();
     void namesAndCursorAreReported();
     void diagnosticsFollowTheText();
+    void diagnosticsOfBothPanesFollow();
     void switchingTabsParsesNothingAgain();
     void doubleClickOnNothingAsksForABuffer();
     void everyReportComesOnce();
@@ -162,6 +163,23 @@ void TestEdCentralWidget::diagnosticsFollowTheText()
     // As plain text it means nothing.
     central.saveAs(dir.file("a.txt"));
     QCOMPARE(edit->infoLines().size(), 0);
+}
+
+void TestEdCentralWidget::diagnosticsOfBothPanesFollow()
+{
+    ScratchDir dir;
+    EdCentralWidget central;
+    central.show();
+    central.openFile(dir.write("a.mel", ""));
+    central.openFile(dir.write("b.mel", ""));
+    central.moveToOtherView(0, 1);
+    EdCodeEdit *edit = central.currentCodeView()->codeEdit();
+    QTest::keyClicks(edit, "// TODO");
+    central.setActiveTabWidgetIndex(0); // before the pause that it would be parsed after
+    for (int i = 0; i < 500 && edit->infoLines().isEmpty(); ++i)
+        QTest::qWait(20);
+    QCOMPARE(central.activePane(), 0);
+    QCOMPARE(edit->infoLines().keys(), QList<int>() << 0);
 }
 
 void TestEdCentralWidget::switchingTabsParsesNothingAgain()
