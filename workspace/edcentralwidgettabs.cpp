@@ -100,14 +100,17 @@ void EdCentralWidget::openFile(const QString &path)
 void EdCentralWidget::openFile(const QFileInfo &fileInfo)
 {
     // Even a buffer's own file: two documents of it would overwrite each other's text.
-    if (const Place place = placeOfFile(fileInfo))
+    if (const Place place = placeOfFile(fileInfo)) {
         showPlace(place);
-    else if (!mayOpenAnother())
         return;
-    else if (active()->openFile(fileInfo, -1, preferences().insertDocsOnLeft ? 0 : -1) != -1) {
-        giveBackChanges(currentCodeView());
-        onTabChange();
     }
+    if (!mayOpenAnother())
+        return;
+    const int position = preferences().insertDocsOnLeft ? 0 : -1;
+    if (active()->openFile(fileInfo, -1, position) == -1)
+        return;
+    giveBackChanges(currentCodeView());
+    onTabChange();
 }
 
 void EdCentralWidget::save()
