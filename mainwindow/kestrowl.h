@@ -232,7 +232,8 @@ private:
     Panes shownPanes() const;
     void warnOf(const QString &problem);
     void updateBars();
-    void saveBeforeExecuting();
+    // False when the user cancelled it, and with it the execution.
+    bool saveBeforeExecuting();
     void setOutputVisible(bool visible);
     void hideFloatingDocks();
     void showFloatingDocks();

@@ -262,8 +262,7 @@ void Kestrowl::executeLine()
     const QPointer<EdCodeView> view = currentView();
     if (!view)
         return;
-    saveBeforeExecuting();
-    if (view && view == currentView())
+    if (saveBeforeExecuting() && view && view == currentView())
         execute(view->lineText().trimmed());
 }
 
@@ -272,8 +271,7 @@ void Kestrowl::executeAll()
     const QPointer<EdCodeView> view = currentView();
     if (!view)
         return;
-    saveBeforeExecuting();
-    if (view && view == currentView())
+    if (saveBeforeExecuting() && view && view == currentView())
         execute(view->text());
 }
 
@@ -282,8 +280,7 @@ void Kestrowl::execute(const QString &script)
     const QPointer<EdCodeView> view = currentView();
     if (!view)
         return;
-    saveBeforeExecuting();
-    if (script.isEmpty() || !view)
+    if (!saveBeforeExecuting() || script.isEmpty() || !view)
         return;
     m_central->flushJournals(); // a script may run for minutes, and crash the host
     if (view->language() == EdCodeView::Mel)
@@ -292,8 +289,8 @@ void Kestrowl::execute(const QString &script)
         emit pythonExecuted(script);
 }
 
-void Kestrowl::saveBeforeExecuting()
+bool Kestrowl::saveBeforeExecuting()
 {
-    if (savingAllowed() && preferences().saveOnExecute)
-        saveAll();
+    const bool saves = savingAllowed() && preferences().saveOnExecute;
+    return !saves || m_central->saveAll();
 }

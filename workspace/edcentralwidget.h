@@ -9,6 +9,7 @@
 #include <QFileInfo>
 #include <QHash>
 #include <QList>
+#include <QPointer>
 #include <QString>
 #include <QStringList>
 #include <QTimer>
@@ -119,7 +120,8 @@ public slots:
     // Nothing for an empty path. A document that is open under that name already is closed first,
     // which may ask and be cancelled.
     void saveAs(const QString &path);
-    void saveAll();
+    // False when the user cancelled the saving of one.
+    bool saveAll();
     void saveBuffers();
 
     void undo();
@@ -255,7 +257,7 @@ private:
     void closeAt(const Place &place);
 
     void reload(const EdCodeView *view);
-    bool mayOverwrite(const QList<EdCodeView *> &views);
+    bool mayOverwrite(const QPointer<EdCodeView> &view);
     bool askToOverwrite(const QPointer<EdCodeView> &view);
     void askAboutChanged(const QString &path);
     void askAboutMissing(const QString &path);

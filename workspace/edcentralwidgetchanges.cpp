@@ -74,20 +74,13 @@ void EdCentralWidget::checkForFileChanges()
 // What others have written meanwhile, and nobody may have told of yet, is not overwritten unasked:
 // even within a check, which has come to close a document. Other files can wait. False when nothing
 // is to be written.
-bool EdCentralWidget::mayOverwrite(const QList<EdCodeView *> &views)
+bool EdCentralWidget::mayOverwrite(const QPointer<EdCodeView> &view)
 {
-    if (!preferences().checkForModifiedFiles)
+    const bool isToBeWritten = view && !view->isBuffer() && view->isModified();
+    if (!isToBeWritten || !preferences().checkForModifiedFiles || !view->hasForeignFile())
         return true;
     const FlagScope checking(&isChecking);
-    const QPointer<EdCentralWidget> self(this);
-    for (const QPointer<EdCodeView> &view : EdCodeTabWidget::guarded(views)) {
-        const bool isToBeWritten = view && !view->isBuffer() && view->isModified();
-        if (isToBeWritten && view->hasForeignFile() && !askToOverwrite(view))
-            return false;
-        if (!self)
-            return false;
-    }
-    return true;
+    return askToOverwrite(view);
 }
 
 // False also when the file could not be loaded again.
@@ -116,7 +109,7 @@ bool EdCentralWidget::askToOverwrite(const QPointer<EdCodeView> &view)
 
 void EdCentralWidget::askBeforeSaving(EdCodeView *view, bool *maySave)
 {
-    *maySave = mayOverwrite(QList<EdCodeView *>() << view);
+    *maySave = mayOverwrite(view);
 }
 
 // Of documents that count as saved. A file that this program brought back, and others removed again

@@ -5,12 +5,14 @@
 #include "compat/filesystem.h"
 #include "licensing/license.h"
 #include "preferences/preferences.h"
+#include "workspace/choicebox.h"
 #include "workspace/edcodetabwidget.h"
 #include "workspace/edcodeview.h"
 #include "workspace/filewatch.h"
 #include "workspace/flagscope.h"
 #include "workspace/licenselimits.h"
 
+#include <QMessageBox>
 #include <QPointer>
 
 EdCentralWidget::Place EdCentralWidget::placeOf(const EdCodeView *view) const
@@ -118,7 +120,7 @@ void EdCentralWidget::save()
     const QPointer<EdCodeView> view = currentCodeView();
     if (!view || (view->isModified() && !view->isBuffer() && !mayWriteFiles(this)))
         return;
-    if (mayOverwrite(QList<EdCodeView *>() << view) && view)
+    if (mayOverwrite(view) && view)
         view->save(); // which may be current no more
 }
 
@@ -159,32 +161,49 @@ void EdCentralWidget::reportFailedSaveAs(const EdCodeView &view, const QString &
 bool EdCentralWidget::freeName(const QString &path)
 {
     const Place other = placeOfFile(QFileInfo(path));
-    if (!other || other.pane->codeViewAt(other.tab) == currentCodeView())
+    const QPointer<EdCodeView> overwritten = other ? other.pane->codeViewAt(other.tab) : nullptr;
+    if (!overwritten || overwritten == currentCodeView())
         return true;
-    const QPointer<EdCodeView> current = currentCodeView();
-    const QPointer<EdCodeView> overwritten = other.pane->codeViewAt(other.tab);
-    const QPointer<EdCodeView> front = other.pane->currentCodeView();
-    if (overwritten->isModified())
-        other.pane->setCurrentTab(other.tab); // closing it may save what is current
-    other.pane->closeTab(other.tab);
-    if (const Place place = front ? placeOf(front) : Place())
-        place.pane->setCurrentTab(place.tab);
-    if (const Place place = placeOf(current))
-        showPlace(place); // closing may have shown another one
-    return !overwritten || !placeOf(overwritten);
+    if (overwritten->isBuffer()) {
+        other.pane->closeTab(other.tab); // which asks
+        return !placeOf(overwritten);
+    }
+    // Saving it first would be in vain.
+    const QString question =
+        tr("%1 is open and has unsaved changes, which will be lost.\nDo you want to replace it?")
+            .arg(overwritten->fileInfo().fileName());
+    if (overwritten->isModified() &&
+        !askYesNo(window(), tr("Save File"), question, QMessageBox::No, QMessageBox::No))
+        return false;
+    if (!overwritten) // gone meanwhile, perhaps with all
+        return false;
+    closeDocument(overwritten);
+    return true;
 }
 
-void EdCentralWidget::saveAll()
+// Asks before the first is written. What the user would rather not overwrite keeps nothing else
+// from being saved.
+bool EdCentralWidget::saveAll()
 {
     if (!savingAllowed()) {
         saveBuffers();
         explainUnsavedFiles();
-        return;
+        return true;
     }
-    if (!mayOverwrite(codeViews()))
-        return;
-    for (EdCodeTabWidget *pane : m_panes)
-        pane->saveAll();
+    const QPointer<EdCentralWidget> self(this);
+    QList<QPointer<EdCodeView>> agreed;
+    bool isCancelled = false;
+    for (const QPointer<EdCodeView> &view : EdCodeTabWidget::guarded(codeViews())) {
+        const bool maySave = self && mayOverwrite(view);
+        isCancelled |= !maySave;
+        if (maySave)
+            agreed << view;
+    }
+    for (const QPointer<EdCodeView> &view : agreed) {
+        if (view)
+            view->save();
+    }
+    return !isCancelled;
 }
 
 void EdCentralWidget::explainUnsavedFiles()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/mainwindow/windowfixture.h"
 #include "tests/support/datatable.h"
+#include "tests/support/modalanswer.h"
 #include "tests/support/testmain.h"
 #include "workspace/journalfile.h"
 
@@ -114,6 +115,7 @@ private slots:
     void nothingRunsWithoutTextOrDocument();
     void executingSavesFirst_data();
     void executingSavesFirst();
+    void cancellingTheSaveRunsNothing();
     void keysInTheEditorExecuteOnce_data();
     void keysInTheEditorExecuteOnce();
     void keypadEnterBreaksTheLineWhenItDoesNotExecute();
@@ -234,6 +236,26 @@ void TestWindowExecution::executingSavesFirst()
     QCOMPARE(int(executed.mel().size()), 1);
     QCOMPARE(counter.saves(), saves);
     QCOMPARE(fixture.dir.read("a.mel"), QByteArray(saves > 0 ? "changed old" : "old"));
+}
+
+void TestWindowExecution::cancellingTheSaveRunsNothing()
+{
+    WindowFixture fixture;
+    Executed executed(fixture.window);
+    fixture.window.open(fixture.dir.write("a.mel", "print 1;"));
+    fixture.edit()->insertPlainText(" ");
+    fixture.dir.write("a.mel", "print 22;");
+    void (Kestrowl::*const commands[])() = {&Kestrowl::execute, &Kestrowl::executeLine,
+                                            &Kestrowl::executeAll};
+    for (const auto command : commands) {
+        ModalAnswer answer("Cancel");
+        (fixture.window.*command)();
+        QVERIFY(answer.wasAsked());
+    }
+    QCOMPARE(executed.mel(), QStringList());
+    ModalAnswer answer("Overwrite");
+    fixture.window.execute();
+    QCOMPARE(executed.mel(), QStringList(" print 1;"));
 }
 
 void TestWindowExecution::keysInTheEditorExecuteOnce_data()

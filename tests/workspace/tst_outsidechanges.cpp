@@ -41,6 +41,8 @@ private slots:
     void closingAsksBeforeItWrites();
     void closingWritesTheCurrentDocumentOnlyAsked();
     void savingAsksAboutWhatIsSavedOnly();
+    void savingAllLeavesOutWhatIsCancelled();
+    void savingUnderAnOpenNameAsksOnlyAboutLosing();
     void renamedFilesAreStillAskedAbout();
     void filesThatChangedAndWentAreAskedAboutOnce();
 
@@ -343,6 +345,33 @@ void TestOutsideChanges::savingAsksAboutWhatIsSavedOnly()
     QCOMPARE(answer.text().section('\n', 0, 0), m_dir->file("a.mel"));
     QCOMPARE(m_dir->read("a.mel"), QByteArray("mine one\ntwo\nthree\n"));
     QCOMPARE(m_central->pane(0)->codeViewAt(1)->text(), QString("b"));
+}
+
+void TestOutsideChanges::savingAllLeavesOutWhatIsCancelled()
+{
+    m_central->replace("mine ");
+    m_central->openFile(m_dir->write("b.mel", "b"));
+    m_central->replace("mine ");
+    m_dir->write("a.mel", "theirs");
+    ModalAnswer answer("Cancel");
+    QVERIFY(!m_central->saveAll());
+    QCOMPARE(m_dir->read("a.mel"), QByteArray("theirs"));
+    QCOMPARE(m_dir->read("b.mel"), QByteArray("mine b"));
+}
+
+void TestOutsideChanges::savingUnderAnOpenNameAsksOnlyAboutLosing()
+{
+    m_central->replace("lost ");
+    m_central->openFile(m_dir->write("b.mel", "b"));
+    for (const char *button : {"No", "Yes"}) {
+        QCOMPARE(m_central->codeViews().size(), 2);
+        ModalAnswer answer(button);
+        m_central->saveAs(m_dir->file("a.mel"));
+        QVERIFY(answer.text().startsWith("a.mel is open and has unsaved changes"));
+        QCOMPARE(answer.defaultButton(), QString("No"));
+    }
+    QCOMPARE(m_dir->read("a.mel"), QByteArray("b"));
+    QCOMPARE(m_central->codeViews().size(), 1);
 }
 
 void TestOutsideChanges::renamedFilesAreStillAskedAbout()

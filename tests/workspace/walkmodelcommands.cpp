@@ -139,12 +139,13 @@ bool WalkModel::mayOverwrite(int key)
 void WalkModel::saveAll()
 {
     mayCheck();
+    QList<int> agreed;
     for (int key : m_panes[0].documents + m_panes[1].documents) {
-        if (!mayOverwrite(key))
-            return;
+        if (mayOverwrite(key))
+            agreed << key;
     }
-    for (WalkDocument &document : m_documents)
-        saveDocument(&document);
+    for (int key : agreed)
+        saveDocument(&m_documents[key]);
 }
 
 void WalkModel::saveBuffers()
@@ -163,20 +164,14 @@ void WalkModel::saveAs(const QString &path)
     const Place other = placeOfFile(path);
     if (other && keyAt(other) != key) {
         const int overwritten = keyAt(other);
-        Pane &pane = m_panes[other.pane];
-        const int front = pane.documents.at(pane.current);
-        if (m_documents[overwritten].isModified) // nothing else is saved with it
-            pane.current = other.tab;
-        closeTab(other.pane, other.tab);
-        if (const Place place = m_documents.contains(front) ? placeOf(front) : Place())
-            m_panes[place.pane].current = place.tab;
-        if (const Place place = placeOf(key))
-            show(place);
+        const WalkDocument &document = m_documents[overwritten];
+        if (document.isBuffer())
+            closeTab(other.pane, other.tab);
+        else if (!document.isModified || expect("Save File", "is open and has") == "Yes")
+            removeDocument(other);
         if (m_documents.contains(overwritten))
             return;
     }
-    if (!m_documents.contains(key))
-        return;
     WalkDocument &document = m_documents[key];
     if (QFileInfo(path).absolutePath() != m_folder || QFileInfo(path).isDir()) {
         expect("Error", path);
