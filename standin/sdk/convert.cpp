@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "standin/sdk/convert.h"
 
+#include "standin/sdk/standinaccess.h"
+
 #include <variant>
 
 namespace standin {
@@ -19,18 +21,16 @@ bool isEmptyArray(const mel::Value &value)
 
 // Replaces the array if the value has items of its kind, or none at all: an empty array has no type
 // that a script could see.
-template <class Items, class ApiArray, class Convert>
-bool copyItems(const mel::Value &value, ApiArray &result, Convert convertItem)
+template <class Items, class Value, class ApiArray, class Convert>
+bool setItems(Value &value, ApiArray &result, Convert convertItem)
 {
     // The status of the API's calls depends on it, so a wrong type leaves the result as it was.
-    const Items *items = std::get_if<Items>(&value);
+    auto *items = std::get_if<Items>(&value);
     if (!items && !isEmptyArray(value))
         return false;
-    result.clear();
-    if (items) {
-        for (const auto &item : *items)
-            result.append(convertItem(item));
-    }
+    result.setLength(items ? static_cast<unsigned int>(items->size()) : 0);
+    for (unsigned int i = 0; i < result.length(); ++i)
+        result[i] = convertItem((*items)[i]);
     return true;
 }
 
@@ -77,17 +77,26 @@ bool convert(const mel::Value &value, MString &result)
 
 bool convert(const mel::Value &value, MIntArray &result)
 {
-    return copyItems<mel::IntArray>(value, result, [](int item) { return item; });
+    return setItems<mel::IntArray>(value, result, [](int item) { return item; });
 }
 
 bool convert(const mel::Value &value, MDoubleArray &result)
 {
-    return copyItems<mel::FloatArray>(value, result, [](double item) { return item; });
+    return setItems<mel::FloatArray>(value, result, [](double item) { return item; });
 }
 
 bool convert(const mel::Value &value, MStringArray &result)
 {
-    return copyItems<mel::StringArray>(value, result, apiString);
+    return setItems<mel::StringArray>(value, result, apiString);
+}
+
+bool convert(mel::Value &&value, MStringArray &result)
+{
+    return setItems<mel::StringArray>(value, result, [](std::string &text) {
+        MString moved;
+        StandinAccess::text(moved) = std::move(text);
+        return moved;
+    });
 }
 
 bool convertToText(const mel::Value &value, MString &result)

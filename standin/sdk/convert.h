@@ -36,6 +36,8 @@ bool convert(const mel::Value &value, MString &result);
 bool convert(const mel::Value &value, MIntArray &result);
 bool convert(const mel::Value &value, MDoubleArray &result);
 bool convert(const mel::Value &value, MStringArray &result);
+// Takes the texts over, as a list may hold thousands of names.
+bool convert(mel::Value &&value, MStringArray &result);
 
 // A string as it is, a number as text; false for anything else.
 bool convertToText(const mel::Value &value, MString &result);

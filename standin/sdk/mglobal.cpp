@@ -7,6 +7,7 @@
 #include "standin/sdk/standinaccess.h"
 
 #include <string>
+#include <utility>
 
 using namespace standin;
 
@@ -23,9 +24,9 @@ mel::Outcome run(Execute execute, const MString &text, bool display)
 template <class Result>
 MStatus runFor(Execute execute, const MString &text, Result &result, bool display)
 {
-    const mel::Outcome outcome = run(execute, text, display);
+    mel::Outcome outcome = run(execute, text, display);
     // In this order, so that the result is touched only by a script that has succeeded.
-    return outcome.ok && convert(outcome.value, result) ? MS::kSuccess : MS::kFailure;
+    return outcome.ok && convert(std::move(outcome.value), result) ? MS::kSuccess : MS::kFailure;
 }
 
 MString runForText(Execute execute, const MString &text, bool display, MStatus *status)

@@ -5,6 +5,7 @@
 
 #include <maya/MCommandResult.h>
 #include <maya/MObject.h>
+#include <maya/MString.h>
 #include <maya/MSyntax.h>
 
 #include <memory>
@@ -52,6 +53,7 @@ struct StandinAccess
 
     static const SyntaxData &data(const MSyntax &syntax) { return *syntax.m_data; }
     static SyntaxData &data(MSyntax &syntax) { return *syntax.m_data; }
+    static std::string &text(MString &string) { return string.m_text; }
     static mel::Value &value(MCommandResult &result) { return result.m_data->value; }
     // What a handle stands for, which is always a PluginRecord.
     static void *target(const MObject &object) { return object.m_target; }

@@ -112,6 +112,8 @@ public:
     bool operator!=(const char *text) const { return !(*this == text); }
 
 private:
+    friend struct ::StandinAccess;
+
     MStatus formatWith(const MString &format, const MString arguments[], unsigned int count);
 
     // UTF-8; may hold null bytes when it was set with a length.
