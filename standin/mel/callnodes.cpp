@@ -39,13 +39,39 @@ protected:
     int m_line;
 };
 
-// The value of an argument, which has to have one.
-Value evaluated(const Expression &argument, Frame &frame)
+// An argument has to have a value.
+void evaluate(const Expression &argument, Value &place, Frame &frame)
 {
-    Value value = argument.eval(frame);
-    if (isVoid(value))
+    argument.evalInto(place, frame);
+    if (isVoid(place))
         failConversion(Type::Void, Type::String);
-    return value;
+}
+
+// Adds an argument to the first `count` words of a command; returns how many there are then. What
+// stands behind is left over from another command, and only its memory is of use.
+size_t addWord(const Expression &argument, std::vector<Value> &words, size_t count, Frame &frame)
+{
+    if (count == words.size())
+        words.emplace_back();
+    evaluate(argument, words[count], frame);
+    if (!isArray(typeOf(words[count])))
+        return count + 1;
+    Value array = std::move(words[count]);
+    words.resize(count);
+    spreadWord(std::move(array), words);
+    return words.size();
+}
+
+// Whether words may be kept for their memory: nothing large that a command was given should stay.
+bool areSmall(const std::vector<Value> &words)
+{
+    constexpr size_t manyWords = 16;
+    constexpr size_t longText = 1000;
+    return words.capacity() < manyWords &&
+           std::all_of(words.begin(), words.end(), [](const Value &word) {
+               const std::string *text = std::get_if<std::string>(&word);
+               return text ? text->capacity() < longText : !isArray(typeOf(word));
+           });
 }
 
 // Fills a parameter: arrays in variables by reference, everything else by value.
@@ -58,7 +84,7 @@ void bind(Slot &slot, Type type, const Expression &argument, Frame &frame)
         slot.target = variable;
         return;
     }
-    slot.value = argument.eval(frame);
+    argument.evalInto(slot.value, frame);
     if (typeOf(slot.value) != type)
         slot.value = convertArgument(std::move(slot.value), type, frame.runtime);
 }
@@ -79,27 +105,24 @@ Value CallExpression::callProcedure(const ProcedurePointer &procedure, Frame &fr
 
 Value CallExpression::callFunction(const Function &function, Frame &frame) const
 {
-    // Most functions take up to three; their values then need no memory from the heap.
-    constexpr size_t usualCount = 3;
+    constexpr size_t usualCount = 3; // most functions take no more
     const size_t count = m_arguments.size();
-    Value fewTemporaries[usualCount];
-    Value *fewPlaces[usualCount];
-    std::vector<Value> temporaries(count > usualCount ? count : 0);
-    std::vector<Value *> places(temporaries.size());
-    Value *const own = count > usualCount ? temporaries.data() : fewTemporaries;
-    Value **const all = count > usualCount ? places.data() : fewPlaces;
-    for (size_t i = 0; i < count; ++i) {
+    ShortList<Value, usualCount> values(count);
+    ShortList<Value *, usualCount> places(count);
+    for (const ExpressionPointer &argument : m_arguments) {
         // Variables are passed where they are: no copy of a long text or array for size().
-        all[i] = m_arguments[i]->variable(frame);
-        if (all[i])
+        if (Value *variable = argument->variable(frame)) {
+            places.add(variable);
             continue;
-        own[i] = evaluated(*m_arguments[i], frame);
-        all[i] = &own[i];
+        }
+        Value &value = values.add();
+        evaluate(*argument, value, frame);
+        places.add(&value);
     }
     frame.line = m_line;
     if (frame.runtime.settings.echoCommands)
-        echoFunction(frame.runtime, function, all, count);
-    return function.run(Arguments(frame.runtime, all, count));
+        echoFunction(frame.runtime, function, places.data(), count);
+    return function.run(Arguments(frame.runtime, places.data(), count));
 }
 
 // A call that was checked against a procedure; the name is still bound late, so that a
@@ -203,7 +226,7 @@ const ProcedureEntry *LateCall::findProcedure(const Frame &frame) const
 {
     Runtime &runtime = frame.runtime;
     const ProcedureEntry *local =
-        frame.source->isTyped() ? runtime.procedures.findTyped(m_name) : nullptr;
+        frame.source->isTyped() ? runtime.procedures.find(m_name).typed : nullptr;
     if (local && local->current->source != frame.source)
         return local;
     return runtime.knownProcedure(m_name, false);
@@ -219,12 +242,18 @@ Value LateCall::callBuiltIn(Frame &frame) const
 
 Value LateCall::callCommand(const Command &command, Frame &frame) const
 {
-    std::vector<Value> words;
-    words.reserve(m_arguments.size());
+    Runtime &runtime = frame.runtime;
+    Call call(runtime.interpreter, command.name);
+    call.objects.swap(runtime.spareWords);
+    size_t count = 0;
     for (const ExpressionPointer &argument : m_arguments)
-        spreadWord(evaluated(*argument, frame), words);
+        count = addWord(*argument, call.objects, count, frame);
+    call.objects.resize(count);
     frame.line = m_line;
-    return runCommand(frame.runtime, command, std::move(words));
+    Value value = runCommand(runtime, command, call);
+    if (areSmall(call.objects))
+        call.objects.swap(runtime.spareWords);
+    return value;
 }
 
 } // namespace

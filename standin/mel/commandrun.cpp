@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <utility>
 
 namespace mel {
 
@@ -70,17 +71,9 @@ private:
 void WordSplitter::split(Call &call)
 {
     // The mode decides how many arguments flags take, wherever it stands.
-    // Most commands run without flags; their words go through untouched.
-    bool hasFlags = false;
     for (const Value &word : m_words) {
-        if (!looksLikeFlag(word))
-            continue;
-        readMode(call, flagName(word));
-        hasFlags = true;
-    }
-    if (!hasFlags) {
-        call.objects = std::move(m_words);
-        return;
+        if (looksLikeFlag(word))
+            readMode(call, flagName(word));
     }
     while (m_at < m_words.size()) {
         // Moved out: no word is looked at twice once the mode is known.
@@ -209,15 +202,15 @@ void echoCommand(Runtime &runtime, const std::string &name, const std::vector<Va
     runtime.report(MessageKind::History, text + ";\n");
 }
 
-Value runCommand(Runtime &runtime, const Command &command, std::vector<Value> words)
+Value runCommand(Runtime &runtime, const Command &command, Call &call)
 {
-    echoCommand(runtime, command.name, words);
-    Call call(runtime.interpreter, command.name);
-    // The plug-in's own syntax decides; nothing is known here about its flags.
-    if (command.rawWords)
-        call.objects = std::move(words);
-    else
-        WordSplitter(runtime, command, std::move(words)).split(call);
+    echoCommand(runtime, command.name, call.objects);
+    // A plug-in's own syntax decides; nothing is known here about its flags. Most other commands
+    // run without flags, and their words stay where they are.
+    const bool hasFlags =
+        !command.rawWords && std::any_of(call.objects.begin(), call.objects.end(), looksLikeFlag);
+    if (hasFlags)
+        WordSplitter(runtime, command, std::exchange(call.objects, {})).split(call);
     return command.run(call);
 }
 

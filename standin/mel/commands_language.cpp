@@ -54,7 +54,8 @@ Value whatIs(Runtime &runtime, Call &call)
     // Catalogues of all names ask thousands of times, so a word is not copied.
     const auto *word =
         call.objects.empty() ? nullptr : std::get_if<std::string>(&call.objects.front());
-    const std::string &name = word ? *word : call.objectText(0);
+    const std::string text = word ? std::string() : call.objectText(0);
+    const std::string &name = word ? *word : text;
     if (name.empty() || name[0] != '$')
         return describeName(runtime, name);
     const GlobalVariable *variable = runtime.variables.find(name);

@@ -9,7 +9,7 @@
 namespace mel {
 
 // A node of the checked tree. Its static type selects the evaluation that costs least: callers use
-// evalInt() on ints, evalFloat() on numbers and eval() on the rest.
+// evalInt() on ints, evalFloat() on numbers, evalText() on strings and eval() on the rest.
 // A node is built once, by the Builder, and, caches aside, never changes: a text may run again
 // while it is running already (recursion, nested execution), so whatever belongs to one run lives
 // in the Frame.
@@ -31,6 +31,14 @@ public:
     // through eval() and throw RuntimeError for what is no number.
     virtual int evalInt(Frame &frame) const;
     virtual double evalFloat(Frame &frame) const;
+    // The text of a node that is a string, put into the memory of `text`. That is no variable's:
+    // the node may read all of them.
+    virtual void evalText(Frame &frame, std::string &text) const;
+    // The value in the way that costs least, void when there is none; `place` is no variable
+    // either.
+    void evalInto(Value &place, Frame &frame) const;
+    // The same for the last time: a variable that dies with the frame need not be copied.
+    virtual void evalLast(Value &place, Frame &frame) const { evalInto(place, frame); }
     // For its effect only.
     virtual void run(Frame &frame) const { eval(frame); }
 
@@ -40,6 +48,9 @@ public:
     virtual const Value *constant() const { return nullptr; }
     // Whether evaluating needs no variable and no call.
     virtual bool isConstant() const { return constant() != nullptr; }
+
+    // The value in the form that print writes; arrays and void have none.
+    std::string asText(Frame &frame) const;
 
     // Levels of the tree below this node, which evaluation spends stack on.
     int depth = 1;
@@ -93,6 +104,8 @@ public:
     virtual Value load(Frame &frame, Index index) const = 0;
     // `value` has this target's type already.
     virtual void store(Frame &frame, Index index, Value value) const = 0;
+    // Stores the value of an expression of this target's type.
+    virtual void assign(Frame &frame, Index index, const Expression &expression) const;
 };
 
 } // namespace mel

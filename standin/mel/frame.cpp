@@ -3,13 +3,23 @@
 
 namespace mel {
 
-Frame::Frame(Runtime &owner, const std::vector<Value> &initial, SourcePointer text,
+Frame::Frame(Runtime &owner, const std::vector<Value> &initial, const SourcePointer &text,
              size_t filledByCaller)
-    : runtime(owner), slots(new Slot[initial.size()]), source(std::move(text))
+    : runtime(owner), slots(initial.size()), source(text)
 {
+    for (size_t i = 0; i < filledByCaller; ++i)
+        slots.add();
     // A copy for each call, which is what makes recursion work.
     for (size_t i = filledByCaller; i < initial.size(); ++i)
-        slots[i].value = initial[i];
+        slots.add(initial[i]);
+}
+
+Value *Storage::ownedBy(Frame &frame) const
+{
+    if (m_global)
+        return nullptr;
+    Slot &slot = frame.slots[m_slot];
+    return slot.target == &slot.value ? &slot.value : nullptr;
 }
 
 } // namespace mel

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "standin/mel/shortlist.h"
 #include "standin/mel/source.h"
 #include "standin/mel/type.h"
 
-#include <memory>
 #include <vector>
 
 namespace mel {
@@ -25,16 +25,16 @@ struct Slot
 struct Frame
 {
     // All slots get their initial values but the first ones, which the caller fills.
-    Frame(Runtime &owner, const std::vector<Value> &initial, SourcePointer text,
+    // The text outlives the frame, as does the procedure or unit it belongs to.
+    Frame(Runtime &owner, const std::vector<Value> &initial, const SourcePointer &text,
           size_t filledByCaller = 0);
 
     Runtime &runtime;
-    // Never resized: compiled code refers to slots by number, array parameters to them by address.
-    std::unique_ptr<Slot[]> slots;
-    SourcePointer source;
+    // Compiled code refers to slots by number, array parameters to them by address.
+    ShortList<Slot, 6> slots;
+    const SourcePointer &source;
     const Procedure *procedure = nullptr; // null at top level
-    // What return left, and before that the default of the procedure's return type.
-    Value result;
+    Value result;                         // what return left
     // Of the statement or call being run, from 1; 0 before the first one.
     int line = 0;
 };
@@ -49,6 +49,8 @@ public:
     explicit Storage(int slot) : m_slot(slot) {}
 
     Value &in(Frame &frame) const { return m_global ? *m_global : *frame.slots[m_slot].target; }
+    // Null for a global, and for an array that belongs to the caller.
+    Value *ownedBy(Frame &frame) const;
 
 private:
     Value *m_global = nullptr;

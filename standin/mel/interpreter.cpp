@@ -109,10 +109,10 @@ Value Interpreter::runCommand(const std::string &name, const std::vector<Value> 
     // Functions take positional values; everything else gets words.
     if (isFunction(name))
         return callFunctionByName(*m_state, name, words);
-    std::vector<Value> spread;
+    Call call(*this, command->name);
     for (const Value &word : words)
-        spreadWord(word, spread);
-    return mel::runCommand(*m_state, *command, std::move(spread));
+        spreadWord(word, call.objects);
+    return mel::runCommand(*m_state, *command, call);
 }
 
 // The execution around it goes on counting steps and calls.
@@ -152,7 +152,7 @@ unsigned Interpreter::commandGeneration() const
 // Those of the library count before anything has called them.
 bool Interpreter::hasProcedure(const std::string &name) const
 {
-    return m_state->library.find(name) || m_state->procedures.findGlobal(name);
+    return m_state->library.find(name) || m_state->procedures.find(name).global;
 }
 
 std::optional<Value> Interpreter::globalVariable(const std::string &name) const

@@ -73,21 +73,14 @@ public:
     Value eval(Frame &frame) const override
     {
         const Target::Index index = m_target->locate(frame);
-        store(frame, index);
+        m_target->assign(frame, index, *m_value);
         // Read back, because storing may have changed it: a matrix keeps its declared size.
         return m_target->load(frame, index);
     }
     // Without the copy that the value of the assignment would be.
-    void run(Frame &frame) const override { store(frame, m_target->locate(frame)); }
-
-private:
-    void store(Frame &frame, Target::Index index) const
+    void run(Frame &frame) const override
     {
-        Value value = m_value->eval(frame);
-        // A void call is only found out here when its type was dynamic.
-        if (isVoid(value))
-            failConversion(Type::Void, type() == Type::Dynamic ? Type::Int : type());
-        m_target->store(frame, index, std::move(value));
+        m_target->assign(frame, m_target->locate(frame), *m_value);
     }
 };
 
@@ -132,7 +125,7 @@ public:
     void run(Frame &frame) const override
     {
         // Evaluated before the text is touched, which it may append to as well.
-        const std::string right = toString(m_value->eval(frame));
+        const std::string right = m_value->asText(frame);
         std::string &text = held<std::string>(*m_target, frame);
         frame.runtime.checkTextLength(text.size() + right.size());
         text += right;

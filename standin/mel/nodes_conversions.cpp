@@ -46,6 +46,12 @@ public:
     {
         return mel::convert(m_operand->eval(frame), type(), frame.runtime);
     }
+    void evalText(Frame &frame, std::string &text) const override
+    {
+        Value value = m_operand->eval(frame);
+        std::string *given = std::get_if<std::string>(&value);
+        text = given ? std::move(*given) : toString(value);
+    }
     bool isConstant() const override { return m_operand->isConstant(); }
 };
 

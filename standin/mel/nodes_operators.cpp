@@ -113,9 +113,10 @@ public:
         const Value *left = inPlace(*m_left, frame);
         const Value *right = inPlace(*m_right, frame);
         if (left && right)
-            return comparison(*left, *right);
-        const Value copy = m_left->eval(frame);
-        return right ? comparison(copy, *right) : comparison(copy, m_right->eval(frame));
+            return compare(m_op, as<std::string>(*left), as<std::string>(*right));
+        const std::string copy = m_left->asText(frame);
+        return right ? compare(m_op, copy, as<std::string>(*right))
+                     : compare(m_op, copy, m_right->asText(frame));
     }
 
 private:
@@ -123,10 +124,6 @@ private:
     {
         const Value *constant = operand.constant();
         return constant ? constant : operand.variable(frame);
-    }
-    int comparison(const Value &left, const Value &right) const
-    {
-        return compare(m_op, as<std::string>(left), as<std::string>(right));
     }
 
     Operator m_op;
@@ -143,11 +140,8 @@ public:
     Value eval(Frame &frame) const override
     {
         // Copied before the right side runs, which may change the variable it came from.
-        Value left = m_left->eval(frame);
-        std::string text =
-            typeOf(left) == Type::String ? std::move(std::get<std::string>(left)) : toString(left);
-        const Value right = m_right->eval(frame);
-        text += typeOf(right) == Type::String ? std::get<std::string>(right) : toString(right);
+        std::string text = m_left->asText(frame);
+        text += m_right->asText(frame);
         frame.runtime.checkTextLength(text.size());
         return text;
     }
@@ -228,6 +222,10 @@ public:
     Value eval(Frame &frame) const override { return chosen(frame).eval(frame); }
     int evalInt(Frame &frame) const override { return chosen(frame).evalInt(frame); }
     double evalFloat(Frame &frame) const override { return chosen(frame).evalFloat(frame); }
+    void evalText(Frame &frame, std::string &text) const override
+    {
+        chosen(frame).evalText(frame, text);
+    }
 
 private:
     const Expression &chosen(Frame &frame) const

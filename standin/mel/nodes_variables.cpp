@@ -26,6 +26,7 @@ class Constant : public Expression
 public:
     explicit Constant(Value value) : Expression(typeOf(value)), m_value(std::move(value)) {}
     Value eval(Frame &) const override { return m_value; }
+    void evalText(Frame &, std::string &text) const override { text = as<std::string>(m_value); }
     const Value *constant() const override { return &m_value; }
 
 private:
@@ -65,9 +66,15 @@ public:
     bool isPlainVariable() const override { return true; }
     Value load(Frame &frame, Index) const override { return m_storage.in(frame); }
     void store(Frame &frame, Index, Value value) const override;
+    void assign(Frame &frame, Index index, const Expression &expression) const override;
     Value *variable(Frame &frame) const override { return &m_storage.in(frame); }
     int evalInt(Frame &frame) const override;
     double evalFloat(Frame &frame) const override;
+    void evalText(Frame &frame, std::string &text) const override
+    {
+        text = as<std::string>(m_storage.in(frame));
+    }
+    void evalLast(Value &place, Frame &frame) const override;
 
 private:
     Storage m_storage;
@@ -92,6 +99,15 @@ void Variable::store(Frame &frame, Index, Value value) const
     place = std::move(value);
 }
 
+void Variable::assign(Frame &frame, Index index, const Expression &expression) const
+{
+    if (type() != Type::String)
+        return Target::assign(frame, index, expression);
+    // Evaluated before the variable is touched, which it may read.
+    std::string text = expression.asText(frame);
+    as<std::string>(m_storage.in(frame)) = std::move(text);
+}
+
 int Variable::evalInt(Frame &frame) const
 {
     const Value &value = m_storage.in(frame);
@@ -105,6 +121,14 @@ double Variable::evalFloat(Frame &frame) const
     const Value &value = m_storage.in(frame);
     const double *number = std::get_if<double>(&value);
     return number ? *number : toFloat(value, frame.runtime);
+}
+
+void Variable::evalLast(Value &place, Frame &frame) const
+{
+    if (Value *own = m_storage.ownedBy(frame))
+        place = std::move(*own);
+    else
+        evalInto(place, frame);
 }
 
 // An element of an array whose type is known. Writing beyond the end grows the array, by doubling,
@@ -122,12 +146,16 @@ public:
     Index locate(Frame &frame) const override { return {m_index->evalInt(frame), 0}; }
     Value load(Frame &frame, Index index) const override { return at(frame, index); }
     void store(Frame &frame, Index index, Value value) const override;
+    void assign(Frame &frame, Index index, const Expression &expression) const override;
     int evalInt(Frame &frame) const override;
     double evalFloat(Frame &frame) const override;
+    void evalText(Frame &frame, std::string &text) const override;
 
 private:
     // The element, a default beyond the end.
     const Held &at(Frame &frame, Index index) const;
+    // The same for writing, which makes it.
+    Held &grown(Frame &frame, Index index) const;
 
     Storage m_array;
     ExpressionPointer m_index;
@@ -145,7 +173,7 @@ const Held &Element<Held>::at(Frame &frame, Index index) const
 }
 
 template <typename Held>
-void Element<Held>::store(Frame &frame, Index index, Value value) const
+Held &Element<Held>::grown(Frame &frame, Index index) const
 {
     auto &array = as<std::vector<Held>>(m_array.in(frame));
     if (index.row < 0)
@@ -154,7 +182,31 @@ void Element<Held>::store(Frame &frame, Index index, Value value) const
     frame.runtime.checkElements(std::int64_t(index.row) + 1);
     if (size_t(index.row) >= array.size())
         array.resize(size_t(index.row) + 1);
-    array[size_t(index.row)] = std::move(as<Held>(value));
+    return array[size_t(index.row)];
+}
+
+template <typename Held>
+void Element<Held>::store(Frame &frame, Index index, Value value) const
+{
+    grown(frame, index) = std::move(as<Held>(value));
+}
+
+// Evaluated before the element is made: a failing expression leaves the array as it was.
+template <typename Held>
+void Element<Held>::assign(Frame &frame, Index index, const Expression &expression) const
+{
+    if constexpr (std::is_same_v<Held, std::string>) {
+        std::string text = expression.asText(frame);
+        grown(frame, index) = std::move(text);
+    } else if constexpr (std::is_same_v<Held, int>) {
+        const int number = expression.evalInt(frame);
+        grown(frame, index) = number;
+    } else if constexpr (std::is_same_v<Held, double>) {
+        const double number = expression.evalFloat(frame);
+        grown(frame, index) = number;
+    } else {
+        Target::assign(frame, index, expression);
+    }
 }
 
 // Without a Value in between where the element is the number asked for.
@@ -172,6 +224,15 @@ double Element<Held>::evalFloat(Frame &frame) const
     if constexpr (std::is_arithmetic_v<Held>)
         return at(frame, locate(frame));
     return Target::evalFloat(frame);
+}
+
+template <typename Held>
+void Element<Held>::evalText(Frame &frame, std::string &text) const
+{
+    if constexpr (std::is_same_v<Held, std::string>)
+        text = at(frame, locate(frame));
+    else
+        Target::evalText(frame, text);
 }
 
 // Calls back with the array that the variable holds at the moment.

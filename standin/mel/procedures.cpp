@@ -8,10 +8,9 @@ namespace mel {
 namespace {
 
 // An entry without a procedure belongs to a text that is being compiled, or has failed.
-ProcedureEntry *findDefined(const Procedures::Table &table, const std::string &name)
+ProcedureEntry *ifDefined(ProcedureEntry *entry)
 {
-    const auto found = table.find(name);
-    return found == table.end() || !found->second->current ? nullptr : found->second;
+    return entry && entry->current ? entry : nullptr;
 }
 
 } // namespace
@@ -30,14 +29,21 @@ bool Procedure::sameSignature(const Procedure &other) const
 // Sparse: with thousands of names, what a look-up costs is the entries it meets on the way.
 Procedures::Procedures()
 {
-    m_global.max_load_factor(0.25f);
+    m_meanings.max_load_factor(0.25f);
+}
+
+ProcedureEntry *&Procedures::place(const std::string &name, bool isGlobal, const Source &source)
+{
+    // A file's local procedures are its own; the same name in two files is two procedures.
+    if (!isGlobal && !source.isTyped())
+        return m_byFile[source.path][name];
+    Meaning &meaning = m_meanings[name];
+    return isGlobal ? meaning.global : meaning.typed;
 }
 
 ProcedureEntry &Procedures::entry(const std::string &name, bool isGlobal, const Source &source)
 {
-    // A file's local procedures are its own; the same name in two files is two procedures.
-    Table &table = isGlobal ? m_global : source.isTyped() ? m_typed : m_byFile[source.path];
-    ProcedureEntry *&known = table[name];
+    ProcedureEntry *&known = place(name, isGlobal, source);
     if (!known)
         known = &m_entries.emplace_back();
     return *known;
@@ -52,14 +58,12 @@ void Procedures::define(ProcedureEntry &entry, ProcedurePointer procedure)
     ++m_generation;
 }
 
-ProcedureEntry *Procedures::findGlobal(const std::string &name) const
+Procedures::Meaning Procedures::find(const std::string &name) const
 {
-    return findDefined(m_global, name);
-}
-
-ProcedureEntry *Procedures::findTyped(const std::string &name) const
-{
-    return findDefined(m_typed, name);
+    const auto found = m_meanings.find(name);
+    if (found == m_meanings.end())
+        return {};
+    return {ifDefined(found->second.global), ifDefined(found->second.typed)};
 }
 
 const std::vector<std::string> &Procedures::sortedGlobalNames()

@@ -19,24 +19,27 @@ class Procedures
 public:
     Procedures();
 
-    using Table = std::unordered_map<std::string, ProcedureEntry *>;
-
     // The entry for a definition in that source, made on first use.
     ProcedureEntry &entry(const std::string &name, bool isGlobal, const Source &source);
     void define(ProcedureEntry &entry, ProcedurePointer procedure);
     // Counts the definitions, so that callers know when to look for a name again.
     unsigned generation() const { return m_generation; }
 
-    // Defined global procedures; `typed` ones count too for callers in typed text. Null: none.
-    ProcedureEntry *findGlobal(const std::string &name) const;
-    ProcedureEntry *findTyped(const std::string &name) const;
+    // What a name means outside of files; null where it has not been defined.
+    struct Meaning
+    {
+        ProcedureEntry *global = nullptr;
+        ProcedureEntry *typed = nullptr; // counts for callers in typed text, before the global one
+    };
+    Meaning find(const std::string &name) const;
     // Sorted anew only when there are more: scripts walk over all names, of which there are many.
     const std::vector<std::string> &sortedGlobalNames();
 
 private:
-    Table m_global;
-    Table m_typed;
-    std::map<std::string, Table> m_byFile;
+    ProcedureEntry *&place(const std::string &name, bool isGlobal, const Source &source);
+
+    std::unordered_map<std::string, Meaning> m_meanings;
+    std::map<std::string, std::unordered_map<std::string, ProcedureEntry *>> m_byFile;
     // A deque, as its elements never move; entries are never removed either.
     std::deque<ProcedureEntry> m_entries;
     std::vector<std::string> m_globalNames; // of defined ones

@@ -148,14 +148,15 @@ Value Runtime::runInFrame(Frame &frame, const StatementList &statements, bool wa
     } catch (const std::exception &error) {
         rethrowLocated(failureText(error), frame);
     }
+    // A body that runs off its end gives its caller the default.
+    if (isVoid(frame.result) && frame.procedure)
+        frame.result = defaultValue(frame.procedure->returnType);
     return std::move(frame.result);
 }
 
 Value Runtime::invoke(const ProcedurePointer &procedure, Frame &callee)
 {
     callee.procedure = procedure.get();
-    // What the caller gets when the body runs off its end.
-    callee.result = defaultValue(procedure->returnType);
     return runInFrame(callee, procedure->body, false);
 }
 
@@ -248,8 +249,8 @@ void Runtime::compileLibrary(const std::string &text, const std::string &origin)
 
 ProcedureEntry *Runtime::definedProcedure(const std::string &name, bool fromTypedText) const
 {
-    ProcedureEntry *typed = fromTypedText ? procedures.findTyped(name) : nullptr;
-    return typed ? typed : procedures.findGlobal(name);
+    const Procedures::Meaning meaning = procedures.find(name);
+    return fromTypedText && meaning.typed ? meaning.typed : meaning.global;
 }
 
 ProcedureEntry *Runtime::knownProcedure(const std::string &name, bool fromTypedText)
@@ -266,7 +267,7 @@ ProcedureEntry *Runtime::knownProcedure(const std::string &name, bool fromTypedT
         library.put(name, *script);
         throw;
     }
-    return procedures.findGlobal(name);
+    return procedures.find(name).global;
 }
 
 // Sourcing a script runs its statements too, once, before the call that asked for it.

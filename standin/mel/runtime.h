@@ -43,6 +43,8 @@ public:
     Library library;
     RandomStreams random;
     FileTable files;
+    // The words of a command that has run, whatever they say: the next one uses their memory.
+    std::vector<Value> spareWords;
 
     // Counts one statement or loop round; throws when the script has to stop.
     void step()

@@ -300,7 +300,7 @@ size_t Choice::chosen(const Value &value, Frame &frame) const
     return byDefault;
 }
 
-// Also a return without a value: the frame's default result stays.
+// Also a return without a value: the frame's result stays empty.
 class Jump : public Statement
 {
 public:
@@ -321,8 +321,9 @@ public:
 protected:
     Flow run(Frame &frame) const override
     {
-        // Converted to the procedure's type already, by the Builder.
-        frame.result = m_value->eval(frame);
+        // Converted to the procedure's type already, by the Builder. Nothing runs in this frame any
+        // more.
+        m_value->evalLast(frame.result, frame);
         return Flow::Return;
     }
 

@@ -30,42 +30,40 @@ bool isAscii(char c)
     return static_cast<unsigned char>(c) < 0x80;
 }
 
-// How many bytes are looked at together where a text is plain ASCII, as most are.
-constexpr size_t stride = 32;
-constexpr size_t shortStride = 8;
-
-// Whether that many bytes follow, each a character of its own.
-template <size_t count>
-bool isAsciiStride(std::string_view text, size_t offset)
+// Whether none of the bytes has its highest bit set: then each is a character of its own.
+bool isAscii(const char *bytes, size_t count)
 {
-    if (text.size() - offset < count)
-        return false;
+    constexpr std::uint64_t highest = 0x8080808080808080u;
     // Copied, as the text need not be aligned.
-    std::uint64_t words[count / 8];
-    std::memcpy(words, text.data() + offset, count);
-    std::uint64_t all = 0;
-    for (const std::uint64_t word : words)
-        all |= word;
-    return (all & 0x8080808080808080u) == 0;
+    const auto eightAt = [bytes](size_t offset) {
+        std::uint64_t eight;
+        std::memcpy(&eight, bytes + offset, sizeof eight);
+        return eight;
+    };
+    if (count < 8)
+        return std::all_of(bytes, bytes + count, [](char c) { return isAscii(c); });
+    // The last eight may have been seen already in part.
+    std::uint64_t all = eightAt(count - 8);
+    for (size_t offset = 0; offset + 8 < count; offset += 8)
+        all |= eightAt(offset);
+    return (all & highest) == 0;
 }
+
+// How many bytes are looked at together: most texts are plain ASCII.
+constexpr size_t stride = 64;
 
 // Moves `offset` on by at most `limit` characters; returns how many there were.
 size_t skipCharacters(std::string_view text, size_t &offset, size_t limit)
 {
     size_t count = 0;
     while (count < limit && offset < text.size()) {
-        if (limit - count >= stride && isAsciiStride<stride>(text, offset)) {
-            offset += stride;
-            count += stride;
+        const size_t next = std::min({stride, limit - count, text.size() - offset});
+        if (isAscii(text.data() + offset, next)) {
+            offset += next;
+            count += next;
             continue;
         }
-        if (limit - count >= shortStride && isAsciiStride<shortStride>(text, offset)) {
-            offset += shortStride;
-            count += shortStride;
-            continue;
-        }
-        for (const size_t end = std::min(offset + stride, text.size());
-             count < limit && offset < end; ++count)
+        for (const size_t end = offset + next; count < limit && offset < end; ++count)
             offset += isAscii(text[offset]) ? 1 : characterAt(text, offset).length;
     }
     return count;
