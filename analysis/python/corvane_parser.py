@@ -46,6 +46,9 @@ BUILTINS = [
     "buffer", "coerce", "intern",
 ]
 
+# Its modules are found by importing them only.
+_HOST_PACKAGE = ["maya", "api"]
+
 _HOST_MODULES = (
     "maya.cmds", "maya.mel", "maya.OpenMaya", "maya.OpenMayaAnim", "maya.OpenMayaCloth",
     "maya.OpenMayaFX", "maya.OpenMayaMPx", "maya.OpenMayaRender", "maya.OpenMayaUI",
@@ -74,6 +77,30 @@ _LITERALS = {
     "SetComp": set(), "JoinedStr": "",
 }
 _UNKNOWN = (None, None)
+
+with open(_os.devnull) as _FILE:  # closed, but with the names of all files
+    pass
+
+# A value of each type whose methods are known to give another such value, by the type's name.
+_BASIC = dict((type(one).__name__, one) for one in (u"", b"", [], (), {}, set(), 0, 0.0))
+
+# Values like those that calls give: of methods ...
+_METHOD_RESULTS = dict(
+    dict.fromkeys(("capitalize", "center", "format", "join", "ljust", "lower", "lstrip", "read",
+                   "readline", "replace", "rjust", "rstrip", "strip", "title", "upper", "zfill"),
+                  ""),
+    split=[""], rsplit=[""], splitlines=[""], readlines=[""], partition=("",), rpartition=("",),
+    encode=b"", decode=u"", items=[()], keys=[], values=[])
+# ... of the interpreter's functions ...
+_FUNCTION_RESULTS = {"dir": [""], "globals": {}, "input": "", "locals": {}, "open": _FILE,
+                     "raw_input": "", "repr": "", "sorted": [], "vars": {}}
+# ... and of Maya's commands, as they mostly are called.
+_COMMAND_RESULTS = dict(
+    dict.fromkeys(("createNode", "group", "internalVar", "joint", "nodeType", "objectType",
+                   "rename", "shadingNode", "window"), ""),
+    **dict.fromkeys(("allNodeTypes", "duplicate", "filterExpand", "listAttr", "listConnections",
+                     "listHistory", "listNodeTypes", "listRelatives", "ls", "spaceLocator"), [""]))
+_COMMANDS = "maya.cmds."
 
 # Python 2 and Python 3 before 3.8 have a class of node for each kind of constant. The classes are
 # told by name, since asking `ast` for the old ones warns in new versions.
@@ -483,6 +510,20 @@ def _names(value):
     return sorted([name for name in names if type(name) is str])
 
 
+def _basic_members(value, rest):
+    """The names in a value of a basic type, or in what methods and items lead to from there."""
+    for step in filter(None, rest.split(".")):
+        if step == "[]":
+            is_text = isinstance(value, (type(u""), str))
+            value = (value if is_text else
+                     value[0] if isinstance(value, (list, tuple)) and value else None)
+        else:
+            value = _METHOD_RESULTS.get(step) if step in dir(value) else None
+        if value is None:
+            return []
+    return [] if value is None else dir(value)
+
+
 def _member(value, name):
     for namespace in _namespaces(value):
         if name in namespace:
@@ -665,6 +706,44 @@ def _dotted(node):
     return ".".join([node.id] + names[::-1])
 
 
+def _path(node):
+    """Like _dotted(), but through calls and items: "a.b" for a().b, as a class stands for what it
+    makes, and "a.[].b" for a[0].b; literals are called by their types."""
+    names = []
+    while type(node).__name__ in ("Attribute", "Call", "Subscript"):
+        if not isinstance(node, _ast.Call):
+            names.append(getattr(node, "attr", "[]"))
+        node = getattr(node, "func", None) or node.value
+    first = getattr(node, "id", None) or _literal_type(node)
+    return first and ".".join([first] + names[::-1])
+
+
+def _literal_type(node):
+    kind = type(node).__name__
+    value = (_LITERALS.get(kind) if kind not in _CONSTANTS else
+             _constant(node, kind)[0] if _constant(node, kind)[1] != "Name" else None)
+    return None if value is None else type(value).__name__
+
+
+def _literal(node, kind):
+    """A value like that of the literal; of its items a list or tuple holds the first, if known."""
+    value, first = _LITERALS[kind], (getattr(node, "elts", None) or [None])[0]
+    is_known = kind in ("List", "Tuple") and _literal_type(first)
+    return type(value)(_value(first)[:1]) if is_known else value
+
+
+def _holds_text(node):
+    """Whether text is among the operands of a chain such as a + "b" % c."""
+    pending = [node]
+    while pending:
+        node = pending.pop()
+        if isinstance(node, _ast.BinOp):
+            pending += [node.left, node.right]
+        elif _literal_type(node) in ("str", "unicode"):
+            return True
+    return False
+
+
 def _constant(node, kind):
     value = getattr(node, _CONSTANTS[kind])
     if value is None or value is Ellipsis or isinstance(value, bool):
@@ -682,12 +761,12 @@ def _value(node):
     if kind in _CONSTANTS:
         return _constant(node, kind)
     if kind in _LITERALS:
-        return [_LITERALS[kind], kind]
-    if kind == "Call":
-        return [_dotted(node.func), kind]
+        return [_literal(node, kind), kind]
     if kind == "NamedExpr":
         return _value(node.value)
-    return [_dotted(node), kind]
+    if kind == "BinOp":
+        return ["" if _holds_text(node) else None, kind]
+    return [_path(node), kind]
 
 
 def _bind(variables, name, value):
@@ -740,6 +819,26 @@ def _argument_names(arguments):
     return names
 
 
+def _argument_values(arguments):
+    """Returns argument name -> [value, node type], as annotations and defaults promise it."""
+    nodes = getattr(arguments, "posonlyargs", []) + arguments.args
+    defaults = list(zip(nodes[::-1], arguments.defaults[::-1]))
+    defaults += zip(getattr(arguments, "kwonlyargs", []), getattr(arguments, "kw_defaults", []))
+    values = dict.fromkeys(_argument_names(arguments), _UNKNOWN)
+    for node, default in defaults:
+        value = _value(default)
+        if value[1] not in ("Name", "Attribute"):  # such as None, which promises nothing
+            values[getattr(node, "arg", getattr(node, "id", None))] = value
+    for node in nodes + getattr(arguments, "kwonlyargs", []):
+        if getattr(node, "annotation", None) is not None:
+            values[node.arg] = [_dotted(node.annotation), "Call"]
+    for kind, one in (("Tuple", arguments.vararg), ("Dict", arguments.kwarg)):
+        if one is not None:
+            values[getattr(one, "arg", one)] = [_LITERALS[kind], kind]
+    values.pop(None, None)  # Python 2: a tuple of arguments
+    return values
+
+
 class ParsedFunction(object):
     """A function or method of the source."""
 
@@ -748,6 +847,7 @@ class ParsedFunction(object):
         self.arguments = arguments
         self.decorators = decorators
         self.variables = {}
+        self.argument_values = {}
 
 
 class ParsedClass(object):
@@ -816,6 +916,7 @@ class CorvaneParser(_ast.NodeVisitor):
     initialized = False
     _statement_names = globals()  # among which statements run
     _files = {}  # path -> (modification time, size, parser of the file)
+    _exports = {}  # path of a module that is not loaded -> its __all__ or None
     _lookups = {}  # path -> names, during one call of parse_module from outside
     _deadline = float("inf")
 
@@ -840,6 +941,9 @@ class CorvaneParser(_ast.NodeVisitor):
         self._imported_paths = []
         self._paths = {}  # bound name -> all that it is imported as, the last one last
         self._local_variables = {}
+        self._exported = None  # the list of names in __all__
+        self._whole_modules = []  # those of "from module import *"
+        self._loops = {}  # name of a loop's variable -> value of what it loops over
         self._lines_that_matter = (0, float("inf"))
 
     # Entry points
@@ -937,6 +1041,13 @@ class CorvaneParser(_ast.NodeVisitor):
         self.results = list(self.parse_module(module)) + self._modules_below(module)
         return self.sorted_results()
 
+    @_never_raises(list)
+    @_in_time
+    def exported_names(self, module):
+        """Returns the sorted names that `from module import *` binds."""
+        self.results = self._exported_names(module)
+        return self.sorted_results()
+
     # Parsing
 
     def _visit_source(self, source):
@@ -989,7 +1100,9 @@ class CorvaneParser(_ast.NodeVisitor):
     def visit_ImportFrom(self, node):
         module = self._absolute(node.module or "", node.level or 0)
         for alias in node.names:
-            if alias.name != "*" and self._is_outside():
+            if alias.name == "*" and self._is_outside():
+                self._whole_modules.append(module)
+            elif self._is_outside():
                 bound = alias.asname or alias.name
                 self.importfroms.append((module, bound))
                 self._bind_module(bound, module.rstrip(".") + "." + alias.name)
@@ -1044,6 +1157,7 @@ class CorvaneParser(_ast.NodeVisitor):
         decorators = [_dotted(getattr(one, "func", one)) for one in node.decorator_list]
         functions.append(ParsedFunction(
             node.name, [name for name in arguments if name != _LOCATOR], decorators))
+        functions[-1].argument_values = _argument_values(node.args)
         self.function_index = len(functions) - 1
         if _LOCATOR in arguments:
             self._locate_argument()
@@ -1057,6 +1171,14 @@ class CorvaneParser(_ast.NodeVisitor):
         value = _value(node.value)
         for target in node.targets:
             self._bind_target(target, value, node.value)
+            if getattr(target, "id", "") == "__all__":
+                listed = getattr(node.value, "elts", None)
+                self._exported = listed and [_value(one)[0] for one in listed]
+
+    def visit_AugAssign(self, node):
+        self.generic_visit(node)
+        if getattr(node.target, "id", "") == "__all__":
+            self._exported = None  # nothing tells what is added
 
     def visit_AnnAssign(self, node):
         self.generic_visit(node)
@@ -1067,22 +1189,28 @@ class CorvaneParser(_ast.NodeVisitor):
     def visit_For(self, node):
         self.generic_visit(node)
         self._bind_unknown(node.target)
+        if isinstance(node.target, _ast.Name):
+            self._loops[node.target.id] = _value(node.iter)
 
     visit_AsyncFor = visit_For
 
     def visit_With(self, node):
         self.generic_visit(node)
         for item in getattr(node, "items", [node]):
-            self._bind_unknown(item.optional_vars)
+            if isinstance(item.context_expr, _ast.Call) and item.optional_vars is not None:
+                self._bind_target(item.optional_vars, _value(item.context_expr))
+            else:
+                self._bind_unknown(item.optional_vars)
 
     visit_AsyncWith = visit_With
 
     def visit_ExceptHandler(self, node):
         self.generic_visit(node)
+        caught = [_dotted(node.type), "Call"]
         if isinstance(node.name, str) and node.name != _LOCATOR:
-            self._scope()[node.name] = list(_UNKNOWN)
+            self._scope()[node.name] = caught
         elif isinstance(node.name, _ast.AST):  # Python 2
-            self._bind_unknown(node.name)
+            self._bind_target(node.name, caught)
 
     def visit_match_case(self, node):
         self.generic_visit(node)
@@ -1145,7 +1273,12 @@ class CorvaneParser(_ast.NodeVisitor):
 
     def _locate(self):
         self._locate_here()
-        if self.function_index >= 0:
+        parsed, function = self._class_and_function(self.class_index, self.function_index)
+        if function:
+            self._local_variables.update(function.argument_values)
+        elif parsed:
+            self._local_variables.update((one.name, _UNKNOWN) for one in parsed.functions)
+        if function or parsed:
             self._local_variables.update(self._scope())
 
     def _locate_argument(self):
@@ -1230,7 +1363,11 @@ class CorvaneParser(_ast.NodeVisitor):
         value, kind, rest = self._follow(dotted)
         if kind == "Name" and value in self.variables:
             return []  # a = b; b = a
-        return self._value_members(value, kind, rest, depth)
+        first, found = dotted.partition(".")[0], []
+        if value is None and first in self._loops:
+            looped, looped_kind = self._loops[first]
+            found = self._value_members(looped, looped_kind, ".[]" + rest, depth)
+        return found or self._value_members(value, kind, rest, depth)
 
     def _class_variable_members(self, parsed, path, depth):
         """The members of "variable" or "variable.rest" of a class."""
@@ -1240,19 +1377,23 @@ class CorvaneParser(_ast.NodeVisitor):
 
     def _value_members(self, value, kind, rest, depth):
         """The members of a variable's value, or of what ".rest" leads to from there."""
-        if kind in _LITERALS or kind in ("Str", "Num"):
-            return [] if rest else dir(value)
-        if kind not in ("Name", "Call", "Attribute") or value is None:
-            return []
+        if value is None:
+            # What a method of text is called of is text, mostly.
+            return _basic_members("", rest) if rest and not rest.startswith(".[]") else []
+        if kind in _LITERALS or kind in ("Str", "Num", "BinOp"):
+            return _basic_members(value, rest)
+        if kind == "Call" and value in _FUNCTION_RESULTS and not self._is_own(value):
+            return _basic_members(_FUNCTION_RESULTS[value], rest)
         return self._members(value + rest, depth + 1) or self._unmapped_members(value + rest)
 
     def _unmapped_members(self, dotted):
         """Members of a module that the source uses, but that was imported elsewhere."""
-        first = dotted.partition(".")[0]
-        known = first in self.variables or first in self._classes_by_name or first in self.modules
-        if known or any(function.name == first for function in self.functions):
-            return []
-        return self.parse_module(dotted)
+        return [] if self._is_own(dotted.partition(".")[0]) else self.parse_module(dotted)
+
+    def _is_own(self, name):
+        """Whether the source binds the name."""
+        return (name in self.variables or name in self._classes_by_name or name in self.modules or
+                any(function.name == name for function in self.functions))
 
     def _named_members(self, dotted, depth):
         first, _, rest = dotted.partition(".")
@@ -1263,6 +1404,8 @@ class CorvaneParser(_ast.NodeVisitor):
             return self._imported_members(first, dotted[len(first):])
         if parsed:
             return [] if rest else parsed.members()
+        if first in _BASIC and rest:
+            return _basic_members(_BASIC[first], "." + rest)
         path = self._module_path(dotted)
         return self.parse_module(path) if path else []
 
@@ -1270,6 +1413,9 @@ class CorvaneParser(_ast.NodeVisitor):
         """Of the last import of the name that leads to something: others are for other hosts."""
         for module in self._paths[name][:-_MOST_IMPORTS - 1:-1]:
             path = module + rest
+            if path.startswith(_COMMANDS):
+                command, dot, steps = path[len(_COMMANDS):].partition(".")
+                return _basic_members(_COMMAND_RESULTS.get(command), dot + steps)
             found = self.parse_module(path) + self._imported_below(path)
             if found:
                 return found
@@ -1301,6 +1447,8 @@ class CorvaneParser(_ast.NodeVisitor):
             return []
         if parts[0] in _sys.builtin_module_names and parts[0] not in _sys.modules:
             __import__(parts[0])
+        if parts[:2] == _HOST_PACKAGE and ".".join(parts[:3]) not in _sys.modules:
+            _import_prefixes(parts[:3])
         try:
             return self._loaded_names(parts)
         except LookupError:
@@ -1362,10 +1510,26 @@ class CorvaneParser(_ast.NodeVisitor):
         package = ".".join(parts[:length if is_package else length - 1])
         parser = self._parsed_file(source, package)
         if length < len(parts):
-            return parser._members(".".join(parts[length:]))
+            rest = ".".join(parts[length:])
+            paths = [module + "." + rest for module in parser._whole_modules]
+            found = [parser._members(rest)] + [self.parse_module(path) for path in paths]
+            return next((names for names in found if names), [])
         del parser.results[:]
         parser.process_parsed_data()
-        return list(parser.results)
+        names = list(parser.results)
+        for module in parser._whole_modules:
+            names += self._exported_names(module)
+        CorvaneParser._exports[".".join(parts)] = parser._exported
+        return names
+
+    def _exported_names(self, module):
+        """Names that `from module import *` binds."""
+        names, loaded = self.parse_module(module), _sys.modules.get(module)
+        exported = (_module_dict(loaded).get("__all__") if _is_module(loaded) else
+                    CorvaneParser._exports.get(module))
+        if type(exported) in (list, tuple):
+            return [name for name in exported if type(name) is str]
+        return [name for name in names if not name.startswith("_")]
 
     @staticmethod
     def _parsed_file(path, package):

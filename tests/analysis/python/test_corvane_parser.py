@@ -147,7 +147,7 @@ class Visiting(unittest.TestCase):
 
     def test_the_caret_is_found_wherever_an_expression_stands(self):
         rows = [("^ = 1", [-1, -1], []), ("def f(a):\n x = 1\n ^ = 1", [-1, 0], ["a", "x"]),
-                ("class A(object):\n ^ = 1", [0, -1], []),
+                ("class A(object):\n x = 1\n def f(self): pass\n ^ = 1", [0, -1], ["f", "x"]),
                 ("class A(object):\n def f(self): pass\n def g(self):\n  y = 1\n  if ^: pass",
                  [0, 1], ["self", "y"]),
                 ("def f(b):\n while ^ < 1: pass", [-1, 0], ["b"]),
@@ -196,6 +196,8 @@ class Visiting(unittest.TestCase):
         self.assertEqual(parser.variables,
                          {"y": [[], "List"], "z": ["A", "Call"], "f": ["", "JoinedStr"]})
         self.assertEqual(parser.functions[0].name, "main")
+        annotated = "class A:\n def g(self): pass\ndef f(a: A):\n ^\n"
+        self.assertEqual(public(complete(annotated, "a")), ["g"])
         if sys.version_info >= (3, 8):
             newer = parsed("def f(a, /, b): pass\nif (found := 'x'): pass\n")
             self.assertEqual(newer.functions[0].arguments, ["a", "b"])
@@ -252,7 +254,19 @@ class Candidates(unittest.TestCase):
                 ("def f():\n a = ''\n ^\na = 1\n", "a", text),
                 ("a = {}\n", "a", public(dir({}))), ("a = (1,)\n", "a", public(dir(()))),
                 ("import os as a\na = ''\n", "a", text),
-                ("a = 1\na = ''\n", "a", []), ("a = dict()\n", "a", public(dir({})))]
+                ("a = 1\na = ''\n", "a", []), ("a = dict()\n", "a", public(dir({}))),
+                ("a = ['x']\nb = a[0]\n", "b", text), ("", "str.split", items),
+                ("a = x.y().split('|')[-1]\n", "a", []), ("a = b + '%s_x' % c\n", "a", text),
+                ("a = sorted(b)\n", "a", items), ("a = ''.join(b).split()\n", "a.[]", text),
+                ("for a in ['x']: ^\n", "a", text), ("for a in b: ^\n", "a.lower", text),
+                ("for a in b: ^\n", "a", []), ("with open(a) as b: ^\n", "b.readlines", items),
+                ("import maya.cmds as c\na = c.ls()\n", "a", items),
+                ("from maya import cmds as c\nfor a in c.ls(): ^\n", "a", text),
+                ("import maya.cmds as c\na = c.polySphere()\n", "a", []),
+                ("def f(a='', *b, **c):\n ^\n", "a", text),
+                ("def f(a='', *b, **c):\n ^\n", "c", public(dir({}))),
+                ("a = 1\ndef f(a=None):\n ^\n", "a", []),
+                ("try: pass\nexcept IOError as a: ^\n", "a", public(dir(IOError())))]
         for drawing, obj, expected in rows:
             self.assertEqual(set(public(complete(drawing, obj))), set(expected), (drawing, obj))
 
@@ -355,7 +369,7 @@ class Modules(unittest.TestCase):
         self.write("cv_top/__init__.py", "size = 1\n")
         for path in ("_part.py", "inner/__init__.py", "no module.py", "data/readme.txt"):
             self.write("cv_top/" + path, "")
-        self.write("cv_one.py", "a = 1\n")
+        self.write("cv_one.py", "a = ['']\n")
         module_names, importable = CorvaneParser().module_names, CorvaneParser().importable_names
         names = module_names()
         self.assertEqual([n for n in names if n.startswith("cv_")], ["cv_one", "cv_top"])
@@ -365,6 +379,14 @@ class Modules(unittest.TestCase):
         self.assertEqual(importable("cv_top"), ["inner", "size", "_part"])
         self.assertEqual(module_names("cv_one") + module_names("cv_none.x"), [])
         self.assertIn("path", importable("os"))
+        self.write("cv_all.py", "from cv_top import *\nfrom cv_one import *\nb = 1\n")
+        self.write("cv_some.py", "from cv_all import *\n__all__ = ['b', '_c']\n")
+        exported = CorvaneParser().exported_names
+        self.assertEqual(exported("cv_all"), ["a", "b", "size"])
+        self.assertEqual((exported("cv_some"), sorted(public(self.names("cv_some")))),
+                         (["b", "_c"], ["a", "b", "size"]))
+        self.assertNotIn("re", exported("textwrap"))
+        self.assertEqual(self.names("cv_all.a"), dir([]))
         self.assertEqual([n for n in sys.modules if n.startswith("cv_")], [])
 
     def test_of_long_files_an_outline_is_read(self):
@@ -516,6 +538,16 @@ v = [
         sys.modules[str("maya.cmds")] = Host(str("maya.cmds"))
         self.assertEqual(complete("import maya.cmds as cmds\n", "cmds"), ["polySphere"])
         self.assertIn("__class__", complete("import maya\n", "maya.tool"))
+
+    def test_the_packages_of_the_host_are_imported(self):
+        sys.modules.pop(str("maya"), None)
+        self.write("maya/__init__.py", "", harmless=True)
+        self.write("maya/api/__init__.py", "", harmless=True)
+        self.write("maya/api/OpenMaya.py", "globals()['MPoint'] = int\n", harmless=True)
+        self.write("maya/tool.py", "")
+        self.assertEqual(public(complete("from maya.api import OpenMaya as om\n", "om")),
+                         ["MPoint"])
+        self.assertEqual(public(complete("import maya.tool as t\n", "t")), [])
 
 
 # What is hard to cut: text that looks like code, lines that are joined, blocks that go on.
