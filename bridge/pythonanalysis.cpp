@@ -84,10 +84,14 @@ QStringList pythonAnswer(PythonQuestion question, const QString &source, const Q
         return listOf(QLatin1String("CorvaneParser().module_names(") + argument);
     case PythonQuestion::NamesInModule:
         return listOf(QLatin1String("CorvaneParser().importable_names(") + argument);
+    case PythonQuestion::ExportedNames:
+        return listOf(QLatin1String("CorvaneParser().exported_names(") + argument);
     case PythonQuestion::Keywords:
         return listOf(QLatin1String("CorvaneParser.KEYWORDS"));
     case PythonQuestion::BuiltIns:
         return listOf(QLatin1String("CorvaneParser.BUILTINS"));
+    case PythonQuestion::OtherBuiltIns:
+        return listOf(QLatin1String("CorvaneParser.OTHER_BUILTINS"));
     }
     return QStringList();
 }

@@ -10,8 +10,10 @@ enum class PythonQuestion {
     Members,       // of the object, there
     Modules,       // below the package that is the object; without one those at the top
     NamesInModule, // of the object, a module or package: what can be imported from it
+    ExportedNames, // of the object, a module: what "import *" imports from it
     Keywords,
-    BuiltIns
+    BuiltIns,
+    OtherBuiltIns // that every script has, such as exceptions, beside those
 };
 
 using PythonNameSource = QStringList (*)(PythonQuestion question, const QString &source,

@@ -17,6 +17,12 @@ public:
     // global ones of the others; as of when they were last parsed. In any order, some perhaps more
     // than once.
     virtual std::vector<Completion> melNamesFor(const QTextDocument *document) const = 0;
+    // Where the file of a document lies; empty when that is not known.
+    virtual QString folderOf(const QTextDocument *document) const
+    {
+        Q_UNUSED(document)
+        return QString();
+    }
     // Has that tell of the document as it is now, and of others as far as there is time.
     virtual void refresh(const QTextDocument *document) const { Q_UNUSED(document) }
 };

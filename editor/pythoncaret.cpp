@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "editor/pythoncaret.h"
 
+#include "analysis/pythonkeywords.h"
+
 #include <algorithm>
 
 namespace {
@@ -60,27 +62,98 @@ QString stringClass(const QString &code, int end)
     return QLatin1String(isBytes ? "bytes" : "str");
 }
 
+// Whether a bracket there calls or indexes what stands before it.
+bool followsValue(const QString &code, int bracket)
+{
+    const int end = skipBlanksBack(code, bracket);
+    const int start = nameStart(code, end);
+    if (start < end)
+        return !isPythonKeyword(code.mid(start, end - start));
+    return end > 0 && (isCloser(code.at(end - 1)) || code.at(end - 1) == QLatin1Char('"'));
+}
+
+// What brackets without anything before them make; empty for an expression in parentheses.
+QString literalClass(QChar opener, const QString &inside)
+{
+    if (opener == QLatin1Char('['))
+        return QLatin1String("list");
+    const bool isSet =
+        codeParts(inside, QLatin1Char(':')).size() == 1 && !inside.trimmed().isEmpty();
+    return opener == QLatin1Char('(') ? QString() : QLatin1String(isSet ? "set" : "dict");
+}
+
+// Reads the name of an object backwards.
+class ObjectReader
+{
+public:
+    ObjectReader(const QString &code, int end) : m_code(code), m_end(end) {}
+
+    QString read()
+    {
+        while (m_parts.size() < longestObject && readPart()) {
+        }
+        return m_isKnown ? m_parts.join(QLatin1String(".")) : QString();
+    }
+
+private:
+    // False at the beginning, or when nothing can be known.
+    bool readPart()
+    {
+        m_end = skipBlanksBack(m_code, m_end);
+        const QChar last = m_end > 0 ? m_code.at(m_end - 1) : QChar();
+        if (isCloser(last))
+            return readBrackets();
+        if (last == QLatin1Char('"'))
+            return begin(stringClass(m_code, m_end));
+        const int start = nameStart(m_code, m_end);
+        if (start == m_end || m_code.at(start).isDigit())
+            return false;
+        const int before = skipBlanksBack(m_code, start);
+        const QString name = m_code.mid(start, m_end - start);
+        if (before == 0 || m_code.at(before - 1) != QLatin1Char('.'))
+            return begin(name);
+        m_parts.prepend(name);
+        m_end = before - 1;
+        return true;
+    }
+
+    bool readBrackets()
+    {
+        const int opener = openBracket(m_code, m_end - 1);
+        if (opener < 0)
+            return false;
+        const QString inside = m_code.mid(opener + 1, m_end - opener - 2);
+        if (!followsValue(m_code, opener)) {
+            const QString name = literalClass(m_code.at(opener), inside);
+            return !name.isEmpty() && begin(name);
+        }
+        // A part of a list is a list.
+        const bool isItem = m_code.at(opener) == QLatin1Char('[') &&
+                            codeParts(inside, QLatin1Char(':')).size() == 1;
+        if (isItem)
+            m_parts.prepend(QLatin1String("[]"));
+        m_end = opener;
+        return true;
+    }
+
+    bool begin(const QString &name)
+    {
+        m_parts.prepend(name);
+        m_isKnown = true;
+        return false;
+    }
+
+    const QString &m_code;
+    int m_end;
+    QStringList m_parts;
+    bool m_isKnown = false;
+};
+
 // The object whose name ends there: "a.b" for itself and, since a class stands for what it makes,
-// for "a().b". Empty where nothing can be known, as behind "a[0]".
+// for "a().b"; "a.[]" for "a[0]". Empty where nothing can be known.
 QString objectBefore(const QString &code, int end)
 {
-    QStringList parts;
-    while (parts.size() < longestObject) {
-        end = skipBlanksBack(code, end);
-        if (end > 0 && code.at(end - 1) == QLatin1Char(')'))
-            end = skipBlanksBack(code, qMax(0, openBracket(code, end - 1)));
-        if (end > 0 && code.at(end - 1) == QLatin1Char('"'))
-            return (QStringList() << stringClass(code, end) << parts).join(QLatin1String("."));
-        const int start = nameStart(code, end);
-        if (start == end || code.at(start).isDigit())
-            return QString();
-        parts.prepend(code.mid(start, end - start));
-        end = skipBlanksBack(code, start);
-        if (end == 0 || code.at(end - 1) != QLatin1Char('.'))
-            return parts.join(QLatin1String("."));
-        --end;
-    }
-    return QString();
+    return ObjectReader(code, end).read();
 }
 
 QString wordBefore(const QString &code)
@@ -99,16 +172,19 @@ QString keywordArgument(const QString &part)
     return nameStart(name, int(name.size())) == 0 ? name : QString();
 }
 
-// Where an import may name a package: "a.b." for those below "a.b".
+// Where an import may name a package: "a.b." for those below "a.b", ".." for those below that.
 void readModule(const QString &path, PythonCaret *caret)
 {
     const QString trimmed = path.trimmed();
-    const bool isBelow = trimmed.endsWith(QLatin1Char('.'));
-    if (!trimmed.isEmpty() && !isBelow)
+    int dots = 0;
+    while (dots < trimmed.size() && trimmed.at(dots) == QLatin1Char('.'))
+        ++dots;
+    const QString name = trimmed.mid(dots);
+    if (!name.isEmpty() && !name.endsWith(QLatin1Char('.')))
         return;
-    caret->object = objectBefore(trimmed, int(trimmed.size()) - (isBelow ? 1 : 0));
-    // The folder that relative imports begin in is not known.
-    if (caret->object.isEmpty() == trimmed.isEmpty() && !trimmed.startsWith(QLatin1Char('.')))
+    const QString below = objectBefore(name, qMax(0, int(name.size()) - 1));
+    caret->object = trimmed.left(dots) + below;
+    if (below.isEmpty() == name.isEmpty())
         caret->place = PythonCaret::Module;
 }
 
@@ -123,8 +199,7 @@ void readFrom(const QString &rest, PythonCaret *caret)
     const QString module = rest.left(word).trimmed();
     if (names.trimmed().startsWith(QLatin1Char('(')))
         names = names.mid(names.indexOf(QLatin1Char('(')) + 1);
-    if (!codeParts(names, QLatin1Char(',')).last().trimmed().isEmpty() ||
-        module.startsWith(QLatin1Char('.')))
+    if (!codeParts(names, QLatin1Char(',')).last().trimmed().isEmpty())
         return;
     caret->object = module;
     caret->place = PythonCaret::ImportedName;
@@ -154,7 +229,9 @@ public:
     PythonCaret read()
     {
         PythonCaret caret;
-        const PythonCode code = pythonCode(m_context.text, start(), m_context.position);
+        const PythonField field = pythonField(m_context.text, start(), m_context.position);
+        const int begin = field.start < 0 ? start() : field.start;
+        const PythonCode code = pythonCode(m_context.text, begin, m_context.position);
         const int prefix = nameStart(code.text, int(code.text.size()));
         caret.prefixLength = int(code.text.size()) - prefix;
         if (!code.endsInCode || (caret.prefixLength > 0 && code.text.at(prefix).isDigit()))
@@ -213,6 +290,8 @@ private:
         QStringList parts = codeParts(m_code.mid(opener + 1), QLatin1Char(','));
         if (!parts.takeLast().trimmed().isEmpty())
             return;
+        for (const QString &part : parts)
+            call->values += keywordArgument(part).isEmpty() ? 1 : 0;
         const QString behind = codeBehind();
         call->hasValue = !keywordArgument(QLatin1Char('_') + behind).isEmpty();
         parts << codeParts(behind, QLatin1Char(',')).mid(1);
@@ -239,8 +318,8 @@ private:
 
 } // namespace
 
-PythonContext::PythonContext(const QString &wholeText, int caret)
-    : text(wholeText), position(caret), statements(pythonStatements(wholeText))
+PythonContext::PythonContext(const QString &wholeText, int caret, const QString &ownPackage)
+    : text(wholeText), package(ownPackage), position(caret), statements(pythonStatements(wholeText))
 {
     const auto isBefore = [](int place, const PythonStatement &one) { return place < one.start; };
     const auto next = std::upper_bound(statements.begin(), statements.end(), position, isBefore);
@@ -295,11 +374,16 @@ PythonCaret pythonCaret(const PythonContext &context)
     return CaretReader(context).read();
 }
 
-QStringList argumentNames(const QString &text, const PythonStatement &definition)
+QStringList argumentParts(const QString &text, const PythonStatement &definition)
 {
     const QString code = pythonCode(text, definition.start, definition.codeEnd).text;
     const int opener = int(code.indexOf(QLatin1Char('(')));
-    return opener < 0 ? QStringList() : argumentNames(code.mid(opener + 1));
+    return opener < 0 ? QStringList() : codeParts(code.mid(opener + 1), QLatin1Char(','));
+}
+
+QStringList argumentNames(const QString &text, const PythonStatement &definition)
+{
+    return argumentNames(argumentParts(text, definition).join(QLatin1String(",")));
 }
 
 QStringList argumentNames(const QString &list)

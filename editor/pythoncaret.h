@@ -12,7 +12,7 @@
 struct PythonContext
 {
     // Where there is no statement an empty one is added.
-    PythonContext(const QString &wholeText, int caret);
+    PythonContext(const QString &wholeText, int caret, const QString &ownPackage = QString());
 
     // Those that the statement lies in, innermost first; the depth falls by one each time.
     std::vector<int> headersAbove(int statement) const;
@@ -20,6 +20,7 @@ struct PythonContext
     int enclosingClass() const;
 
     QString text;
+    QString package; // that the text belongs to, with dots; empty for none or an unknown one
     int position = 0;
     std::vector<PythonStatement> statements;
     int current = 0; // index of the one at the position
@@ -33,6 +34,7 @@ struct PythonCall
 {
     QString function;      // with the dots in its name; empty where no argument begins
     QStringList keywords;  // that were given, before and behind the caret
+    int values = 0;        // that were given before the caret without one
     bool hasValue = false; // behind the caret stands "=" already
 };
 
@@ -50,13 +52,17 @@ struct PythonCaret
     Place place = Nothing;
     int prefixLength = 0; // UTF-16 units that are typed of it
     // What stands before the last dot: of members as the analysis script understands it; a package
-    // or module of the other places, empty for modules at the top.
+    // or module of the other places, empty for modules at the top. Calls are left out, an item is a
+    // part called "[]".
+    // A module may begin with the dots of a relative import.
     QString object;
     PythonCall call;
 };
 
 PythonCaret pythonCaret(const PythonContext &context);
 
+// A definition's arguments as they are written: "a", "*b", "c=1".
+QStringList argumentParts(const QString &text, const PythonStatement &definition);
 // The names of a definition's arguments, without stars and values.
 QStringList argumentNames(const QString &text, const PythonStatement &definition);
 // The same of arguments as they are listed: "a, *b, c=1".

@@ -4,8 +4,11 @@
 #include "analysis/pythonkeywords.h"
 #include "bridge/melnametable.h"
 #include "bridge/pythonnamesource.h"
+#include "editor/openscripts.h"
 #include "editor/pythonexcerpt.h"
 #include "editor/pythonnames.h"
+#include "editor/pythonpackage.h"
+#include "preferences/preferences.h"
 
 #include <QTextCursor>
 #include <QTextDocument>
@@ -99,19 +102,63 @@ std::vector<Completion> joined(const std::vector<Completion> &flags,
     return items;
 }
 
-// What "from module import *" binds, as far as the script's own names do not hide it.
-void addWholeModules(const QStringList &modules, std::vector<Completion> *names)
+// What "from module import *" binds.
+std::vector<Completion> namesOfWholeModules(const QStringList &modules)
+{
+    std::vector<Completion> names;
+    for (const QString &module : modules.mid(0, mostWholeModules)) {
+        for (const QString &name : pythonNames(PythonQuestion::ExportedNames, QString(), module))
+            names.push_back(completion(name, memberKind(module, name)));
+    }
+    return names;
+}
+
+// As the script has them: those that begin with "_" last.
+bool comesBefore(const Completion &a, const Completion &b)
+{
+    const bool isPrivate = a.text.startsWith(QLatin1Char('_'));
+    if (isPrivate != b.text.startsWith(QLatin1Char('_')))
+        return !isPrivate;
+    return QString::compare(a.text, b.text, Qt::CaseInsensitive) < 0;
+}
+
+// Those that are not there yet, each in its place.
+void addNames(const std::vector<Completion> &added, std::vector<Completion> *names)
 {
     QSet<QString> known = setOf(texts(*names));
-    for (const QString &module : modules.mid(0, mostWholeModules)) {
-        const QString source = QLatin1String("import ") + module;
-        for (const QString &name : pythonNames(PythonQuestion::Members, source, module)) {
-            if (known.contains(name) || name.startsWith(QLatin1Char('_')))
-                continue;
-            known.insert(name);
-            names->push_back(completion(name, memberKind(module, name)));
-        }
+    for (const Completion &name : added) {
+        if (!known.contains(name.text))
+            names->push_back(name);
+        known.insert(name.text);
     }
+    std::stable_sort(names->begin(), names->end(), comesBefore);
+}
+
+QString packageOf(const QTextDocument *document)
+{
+    return openScripts() ? packageOfFolder(openScripts()->folderOf(document)) : QString();
+}
+
+std::vector<Completion> importable(const PythonCaret &caret, const QString &module)
+{
+    std::vector<Completion> items;
+    if (module.isEmpty() && !caret.object.isEmpty())
+        return items; // out of the package
+    if (caret.place == PythonCaret::Module)
+        return completions(pythonNames(PythonQuestion::Modules, QString(), module),
+                           CompletionKind::Module);
+    for (const QString &name : pythonNames(PythonQuestion::NamesInModule, QString(), module))
+        items.push_back(completion(name, memberKind(module, name)));
+    return items;
+}
+
+std::vector<Completion> ownArguments(const PythonContext &context, const PythonCall &call)
+{
+    std::vector<Completion> items;
+    for (const QString &name : openArguments(context, call))
+        items.push_back(
+            completion(call.hasValue ? name : name + equalsSign, CompletionKind::Argument));
+    return items;
 }
 
 } // namespace
@@ -121,7 +168,8 @@ Completions PythonCompletion::completionsAt(const QTextCursor &caret)
     Completions found;
     if (caret.isNull() || caret.document()->characterCount() > longestDocument)
         return found;
-    const PythonContext context(caret.document()->toPlainText(), caret.position());
+    const PythonContext context(caret.document()->toPlainText(), caret.position(),
+                                packageOf(caret.document()));
     const PythonCaret place = pythonCaret(context);
     found.prefixLength = place.prefixLength;
     switch (place.place) {
@@ -134,13 +182,8 @@ Completions PythonCompletion::completionsAt(const QTextCursor &caret)
         found.items = membersAt(context, place);
         break;
     case PythonCaret::Module:
-        found.items = completions(pythonNames(PythonQuestion::Modules, QString(), place.object),
-                                  CompletionKind::Module);
-        break;
     case PythonCaret::ImportedName:
-        for (const QString &name :
-             pythonNames(PythonQuestion::NamesInModule, QString(), place.object))
-            found.items.push_back(completion(name, memberKind(place.object, name)));
+        found.items = importable(place, absoluteModule(place.object, context.package));
         break;
     }
     return found;
@@ -158,8 +201,14 @@ std::vector<Completion> PythonCompletion::namesAt(const PythonContext &context,
             kind = CompletionKind::Command;
         names.push_back(completion(name, kind == CompletionKind::Name ? wordKind(name) : kind));
     }
-    addWholeModules(declared.wholeModules(), &names);
-    return joined(flagsFor(caret.call, declared.path(caret.call.function)), names);
+    std::vector<Completion> added = namesOfWholeModules(declared.wholeModules());
+    if (preferences().pythonIncludeBuiltins)
+        added.insert(added.end(), otherBuiltIns().begin(), otherBuiltIns().end());
+    addNames(added, &names);
+    const std::vector<Completion> arguments = ownArguments(context, caret.call);
+    return joined(arguments.empty() ? flagsFor(caret.call, declared.path(caret.call.function))
+                                    : arguments,
+                  names);
 }
 
 std::vector<Completion> PythonCompletion::membersAt(const PythonContext &context,
@@ -205,6 +254,14 @@ QList<CommandFlag> PythonCompletion::flagsOf(const QString &command)
     if (help.kind != CommandKind::Unknown) // a plug-in may still bring it
         m_flags.insert(command, help.flags);
     return help.flags;
+}
+
+const std::vector<Completion> &PythonCompletion::otherBuiltIns()
+{
+    if (m_otherBuiltIns.empty())
+        m_otherBuiltIns =
+            completions(pythonNames(PythonQuestion::OtherBuiltIns), CompletionKind::BuiltIn);
+    return m_otherBuiltIns;
 }
 
 CompletionKind PythonCompletion::wordKind(const QString &name)

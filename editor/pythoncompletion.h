@@ -24,9 +24,11 @@ private:
     std::vector<Completion> membersAt(const PythonContext &context, const PythonCaret &caret) const;
     std::vector<Completion> flagsFor(const PythonCall &call, const QString &path);
     QList<CommandFlag> flagsOf(const QString &command);
+    const std::vector<Completion> &otherBuiltIns();
     CompletionKind wordKind(const QString &name);
 
     QHash<QString, QList<CommandFlag>> m_flags; // of the commands that were asked for
     QSet<QString> m_keywords;                   // empty until they are first asked for
     QSet<QString> m_builtIns;
+    std::vector<Completion> m_otherBuiltIns;
 };

@@ -2,6 +2,7 @@
 #include "editor/pythonexcerpt.h"
 
 #include "editor/pythonbindings.h"
+#include "editor/pythonpackage.h"
 
 #include <QStringList>
 
@@ -39,7 +40,7 @@ class Excerpt
 public:
     explicit Excerpt(const PythonContext &context)
         : m_context(context), m_statements(context.statements), m_parents(m_statements.size(), -1),
-          m_isKept(m_statements.size(), false)
+          m_isKept(m_statements.size(), false), m_isAroundMoved(m_statements.size(), false)
     {
         findParents();
     }
@@ -47,12 +48,11 @@ public:
     QString take(int mostUnits)
     {
         choose(mostUnits);
-        for (int i = 0; i < int(m_statements.size()); ++i) {
-            if (i == m_context.current)
-                appendCaret();
-            else if (m_isKept[i])
-                append(m_statements[i].depth, lineOf(i));
-        }
+        appendAll(0, m_movedStart);
+        if (m_movedStart < m_movedEnd)
+            append(m_statements[m_movedStart].depth, emptyClass(m_movedStart));
+        appendAll(m_movedEnd, int(m_statements.size()));
+        appendAll(m_movedStart, m_movedEnd);
         appendLocalImports();
         append(0, Word("pass")); // ends a block that is still open
         return m_source;
@@ -83,6 +83,29 @@ private:
             m_parents[i] = open.empty() ? -1 : open.back();
             open.push_back(i);
         }
+        moveClass();
+    }
+
+    // The script does not look into a class inside a class or a function. Where the caret is in
+    // one, that is moved to the end and to the margin.
+    void moveClass()
+    {
+        const int moved = m_context.enclosingClass();
+        const int count = int(m_statements.size());
+        const bool isNested = moved >= 0 && m_parents[moved] >= 0;
+        m_movedStart = m_movedEnd = isNested ? moved : count;
+        while (m_movedEnd < count && (m_movedEnd == moved || m_parents[m_movedEnd] >= moved))
+            ++m_movedEnd;
+        for (int i = isNested ? m_parents[moved] : -1; i >= 0; i = m_parents[i])
+            m_isAroundMoved[i] = true;
+        if (isNested)
+            m_parents[moved] = -1;
+    }
+
+    int depth(int i) const
+    {
+        const bool isMoved = i >= m_movedStart && i < m_movedEnd;
+        return m_statements[i].depth - (isMoved ? m_statements[m_movedStart].depth : 0);
     }
 
     // The function or class whose names it binds; -1 at the margin.
@@ -177,18 +200,18 @@ private:
 
     Rank rank(int i, int function, int ownClass) const
     {
-        const int depth = m_statements[i].depth;
-        if (depth == 0 && isImport(i))
+        const int level = depth(i);
+        if (level == 0 && isImport(i))
             return Import;
         if (function >= 0 && i > function && depthBelow(i, function) > 0)
             return Near;
         const QString assigned = assignedName(m_context.text, m_statements[i]);
         const bool declares = !assigned.isEmpty() || isClass(i) || isFunction(i);
-        if (depth == 0)
+        if (level == 0)
             return declares || m_statements[i].opensBlock ? Declaration : Other;
         const bool isOfObject =
             assigned.startsWith(Word("self.")) || assigned.startsWith(Word("cls."));
-        if (isOfObject || (declares && depth == 1 && isClass(m_parents[i])))
+        if (isOfObject || (declares && level == 1 && isClass(m_parents[i])))
             return ownClass >= 0 && depthBelow(i, ownClass) > 0 ? Declaration : Member;
         return Other;
     }
@@ -198,6 +221,16 @@ private:
     {
         return header >= 0 && isFunction(header) && functionAround(header) >= 0 &&
                depthBelow(m_context.current, header) < 0;
+    }
+
+    void appendAll(int begin, int end)
+    {
+        for (int i = begin; i < end; ++i) {
+            if (i == m_context.current)
+                appendCaret();
+            else if (m_isKept[i])
+                append(depth(i), lineOf(i));
+        }
     }
 
     // Indented anew, since blocks that do not fit together would not parse: a line lies below the
@@ -230,8 +263,16 @@ private:
 
     QString text(int i) const
     {
-        return m_context.text.mid(m_statements[i].start,
-                                  m_statements[i].codeEnd - m_statements[i].start);
+        const QString whole = m_context.text.mid(m_statements[i].start,
+                                                 m_statements[i].codeEnd - m_statements[i].start);
+        return m_statements[i].keyword == PythonKeyword::From
+                   ? absoluteImport(whole, m_context.package)
+                   : whole;
+    }
+
+    QString emptyClass(int i) const
+    {
+        return Word("class ") + definedName(m_context.text, m_statements[i]) + Word(": pass");
     }
 
     QString definition(int i) const
@@ -243,9 +284,9 @@ private:
         const QStringList arguments = argumentNames(m_context.text, statement);
         // The script does not look into functions inside functions; as a loop they bind the same
         // names, those of the arguments where the caret is in reach of them.
-        if (isFunction(i) && functionAround(i) >= 0) {
-            const QStringList bound =
-                depthBelow(m_context.current, i) < 0 ? QStringList() : arguments;
+        if (isFunction(i) && (functionAround(i) >= 0 || m_isAroundMoved[i])) {
+            const bool isInReach = depthBelow(m_context.current, i) >= 0 || m_isAroundMoved[i];
+            const QStringList bound = isInReach ? arguments : QStringList();
             return Word("for ") + (QStringList() << bound << name).join(Word(", ")) +
                    Word(" in ():");
         }
@@ -268,8 +309,11 @@ private:
     {
         const int colon = headerEnd(m_context.text, m_statements[i]) - m_statements[i].start;
         const QString line = text(i);
-        if (first == Word("except") && line.left(colon).contains(Word(" as ")))
-            return Word("with") + line.mid(first.size());
+        const int as = int(line.left(colon).indexOf(Word(" as ")));
+        const QString caught = line.mid(first.size(), as - first.size());
+        if (first == Word("except") && as > 0) // of several classes nobody knows which one it was
+            return Word("with") + caught +
+                   (caught.contains(QLatin1Char(',')) ? Word("") : Word("()")) + line.mid(as);
         return Word("if 1") + (colon < line.size() ? line.mid(colon) : QString(Word(":")));
     }
 
@@ -282,18 +326,18 @@ private:
         const int colon = headerEnd(m_context.text, statement);
         const bool isInBody = colon < statement.codeEnd && m_context.position > colon;
         if (isDefinition && !isInBody) {
-            append(statement.depth, functionAround(current) >= 0 ? Word(locator) : unfinished());
+            append(depth(current), functionAround(current) >= 0 ? Word(locator) : unfinished());
             return;
         }
         if (isDefinition && functionAround(current) < 0)
-            append(statement.depth, text(current).left(colon + 1 - statement.start));
+            append(depth(current), text(current).left(colon + 1 - statement.start));
         else if (isFunction(current)) // the script would not look into a class there
-            append(statement.depth, definition(current));
-        const int depth = statement.depth + (isDefinition ? 1 : 0);
+            append(depth(current), definition(current));
+        const int innerDepth = depth(current) + (isDefinition ? 1 : 0);
         m_caretLines = linesAtCaret(isDefinition ? colon + 1 : statement.start);
         for (const QString &line : m_caretLines)
-            append(depth, line);
-        append(depth, Word(locator));
+            append(innerDepth, line);
+        append(innerDepth, Word(locator));
     }
 
     // A definition whose header has the caret.
@@ -314,27 +358,42 @@ private:
     // -----             a loop over c; the import as it is
     QStringList linesAtCaret(int start) const
     {
-        const int caret = m_context.position;
-        const int end = qMax(caret, m_statements[m_context.current].codeEnd);
-        QString before = pythonCode(m_context.text, start, caret).text;
-        QString behind = pythonCode(m_context.text, caret, end).text.left(mostUnitsAtCaret);
+        QString before = pythonCode(m_context.text, start, m_context.position).text;
         while (!before.isEmpty() && isPythonName(before.at(before.size() - 1)))
             before.chop(1);
-        while (!behind.isEmpty() && isPythonName(behind.at(0)))
-            behind.remove(0, 1);
         QStringList lines;
         if (before.size() < mostUnitsAtCaret) {
             const QString header = blockHeader(before);
             lines = codeParts(before.mid(header.size()), QLatin1Char(';'));
             before = header + lines.takeLast();
         }
-        const QString bound = before.right(mostUnitsAtCaret) + QLatin1Char(' ') + behind;
+        const QString bound = before.right(mostUnitsAtCaret) + QLatin1Char(' ') + codeAround(start);
         const QStringList names = pythonBindings(bound);
         for (QString &line : lines)
-            line = isPython2Output(line.trimmed()) ? QString() : line.trimmed();
+            line = isPython2Output(line.trimmed())
+                       ? QString()
+                       : absoluteImport(line.trimmed(), m_context.package);
         if (!names.isEmpty())
             lines << Word("for ") + names.join(Word(", ")) + Word(" in (): pass");
         return lines;
+    }
+
+    // Of the statement what stands behind the caret, and all of an expression in a string that the
+    // caret is in.
+    QString codeAround(int start) const
+    {
+        const QString &text = m_context.text;
+        int caret = m_context.position;
+        while (caret < text.size() && isPythonName(text.at(caret)))
+            ++caret;
+        const int end = qMax(caret, m_statements[m_context.current].codeEnd);
+        const PythonField field = pythonField(text, start, m_context.position);
+        const QString inside = field.start < 0 ? QString()
+                                               : pythonCode(text, field.start, caret).text +
+                                                     pythonCode(text, caret, field.end).text;
+        const int behind = field.start < 0 ? caret : field.stringEnd;
+        return inside + QLatin1Char(' ') +
+               pythonCode(text, behind, end).text.left(mostUnitsAtCaret);
     }
 
     // "if a:" of "if a: b = 1"; empty where no block begins.
@@ -355,12 +414,14 @@ private:
             isAround[i] = isFunction(i);
         int imports = 0;
         for (int i = 0; i < int(m_statements.size()) && imports < mostImports; ++i) {
-            const int owner = isImport(i) && i != m_context.current ? scope(i) : -1;
+            const bool isElsewhere = m_parents[i] >= 0 && i != m_context.current;
+            const QString line = isElsewhere ? importIn(i) : QString();
+            const int owner = line.isEmpty() ? -1 : scope(i);
             if (owner < 0 || !isAround[owner] || m_statements[i].isBroken ||
                 length(i) > mostUnitsAtCaret)
                 continue;
             ++imports;
-            append(0, text(i));
+            append(0, line);
         }
         const bool isInFunction =
             functionAround(m_context.current) >= 0 || isFunction(m_context.current);
@@ -371,10 +432,28 @@ private:
         }
     }
 
+    // An import, also "import a" of "try: import a"; else empty.
+    QString importIn(int i) const
+    {
+        const PythonStatement &statement = m_statements[i];
+        const QChar first = m_context.text.at(statement.start);
+        const bool mayBeClause = first == QLatin1Char('t') || first == QLatin1Char('e');
+        if (isImport(i) || !mayBeClause || statement.opensBlock || !clauses().contains(word(i)))
+            return isImport(i) ? text(i) : QString();
+        const int body = headerEnd(m_context.text, statement) + 1;
+        const QString code = m_context.text.mid(body, statement.codeEnd - body).trimmed();
+        return code.startsWith(Word("import ")) || code.startsWith(Word("from "))
+                   ? absoluteImport(code, m_context.package)
+                   : QString();
+    }
+
     const PythonContext &m_context;
     const std::vector<PythonStatement> &m_statements;
     std::vector<int> m_parents; // the header above; -1 at the margin
     std::vector<bool> m_isKept;
+    std::vector<bool> m_isAroundMoved;
+    int m_movedStart = 0; // a class with what is in it
+    int m_movedEnd = 0;
     QStringList m_caretLines; // of what stands on the caret's line
     QString m_source;
     int m_depth = 0; // of the last line

@@ -2,6 +2,7 @@
 #include "editor/pythonnames.h"
 
 #include "compat/text.h"
+#include "editor/pythonpackage.h"
 
 namespace {
 
@@ -13,6 +14,39 @@ QStringList wordsOf(QString part)
 {
     part.replace(QLatin1Char('('), QLatin1Char(' ')).replace(QLatin1Char(')'), QLatin1Char(' '));
     return compat::nonEmptyParts(part.simplified(), QLatin1Char(' '));
+}
+
+bool isSelf(const QString &name)
+{
+    return name == QLatin1String("self") || name == QLatin1String("cls");
+}
+
+// Where the name is defined directly below a class, or at the margin for -1; -1 for nowhere.
+int definitionOf(const PythonContext &context, const QString &name, int owner)
+{
+    const std::vector<PythonStatement> &statements = context.statements;
+    const int depth = owner < 0 ? 0 : statements[owner].depth + 1;
+    for (int i = owner + 1; i < int(statements.size()); ++i) {
+        if (owner >= 0 && statements[i].depth < depth)
+            break;
+        if (statements[i].depth == depth && definedName(context.text, statements[i]) == name)
+            return i;
+    }
+    return -1;
+}
+
+// What a call of the name calls: that of a class its "__init__".
+int calledDefinition(const PythonContext &context, const QString &function)
+{
+    const QString first = function.section(QLatin1Char('.'), 0, 0);
+    const QString rest = function.mid(first.size() + 1);
+    int definition = isSelf(first) ? context.enclosingClass() : definitionOf(context, first, -1);
+    const bool isClass =
+        definition >= 0 && context.statements[definition].keyword == PythonKeyword::Class;
+    if (isClass)
+        definition = definitionOf(context, rest.isEmpty() ? QString::fromLatin1("__init__") : rest,
+                                  definition);
+    return isClass || rest.isEmpty() ? definition : -1;
 }
 
 } // namespace
@@ -67,7 +101,7 @@ void DeclaredNames::readStatement(const PythonContext &context, int index, bool 
     case PythonKeyword::Import:
     case PythonKeyword::From:
         if (++m_importCount < mostImports)
-            readImports(pythonCode(context.text, statement.start, statement.codeEnd).text);
+            readImports(context, pythonCode(context.text, statement.start, statement.codeEnd).text);
         break;
     case PythonKeyword::Class:
         if (isInReach)
@@ -85,14 +119,15 @@ void DeclaredNames::readStatement(const PythonContext &context, int index, bool 
 }
 
 // "import a.b as c, d; from e import f", with names of modules in any scope.
-void DeclaredNames::readImports(const QString &code)
+void DeclaredNames::readImports(const PythonContext &context, const QString &code)
 {
     for (const QString &statement : code.split(QLatin1Char(';'))) {
         const QString text = statement.simplified();
         if (text.startsWith(QLatin1String("from "))) {
             const int word = int(text.indexOf(QLatin1String(" import")));
             if (word > 0)
-                readNames(text.mid(5, word - 5), text.mid(word + 7));
+                readNames(absoluteModule(text.mid(5, word - 5), context.package),
+                          text.mid(word + 7));
         } else if (text.startsWith(QLatin1String("import "))) {
             for (const QString &part : text.mid(7).split(QLatin1Char(','))) {
                 const QStringList words = wordsOf(part);
@@ -108,6 +143,8 @@ void DeclaredNames::readImports(const QString &code)
 
 void DeclaredNames::readNames(const QString &module, const QString &names)
 {
+    if (module.isEmpty())
+        return;
     for (const QString &part : names.split(QLatin1Char(','))) {
         const QStringList words = wordsOf(part);
         if (words.value(0) == QLatin1String("*") && !m_wholeModules.contains(module))
@@ -115,4 +152,22 @@ void DeclaredNames::readNames(const QString &module, const QString &names)
         else if (words.size() == 1 || words.size() == 3)
             m_paths.insert(words.last(), module + QLatin1Char('.') + words[0]);
     }
+}
+
+QStringList openArguments(const PythonContext &context, const PythonCall &call)
+{
+    const int definition = call.function.isEmpty() ? -1 : calledDefinition(context, call.function);
+    if (definition < 0)
+        return QStringList();
+    QStringList names;
+    for (const QString &part : argumentParts(context.text, context.statements[definition])) {
+        if (!part.trimmed().startsWith(QLatin1Char('*')))
+            names << argumentNames(part);
+    }
+    if (isSelf(names.value(0)))
+        names.removeFirst();
+    names = names.mid(call.values);
+    for (const QString &given : call.keywords)
+        names.removeAll(given);
+    return names;
 }

@@ -25,7 +25,7 @@ public:
 private:
     void add(const QString &name, CompletionKind kind);
     void readStatement(const PythonContext &context, int index, bool isInReach);
-    void readImports(const QString &code);
+    void readImports(const PythonContext &context, const QString &code);
     void readNames(const QString &module, const QString &names);
 
     QHash<QString, CompletionKind> m_kinds;
@@ -33,3 +33,7 @@ private:
     int m_importCount = 0;
     QStringList m_wholeModules;
 };
+
+// The names of the arguments that a call may still give, of what the text itself defines: a
+// function, a class or a method of the class around.
+QStringList openArguments(const PythonContext &context, const PythonCall &call);

@@ -63,12 +63,79 @@ private:
     ushort m_unit = 0;
 };
 
+// By what stands before its quote: "f", "rf".
+bool isFormatted(const QString &text, int quote)
+{
+    int start = quote;
+    while (start > 0 && isPythonName(text.at(start - 1)))
+        --start;
+    return quote - start <= 2 &&
+           text.mid(start, quote - start).contains(QLatin1Char('f'), Qt::CaseInsensitive);
+}
+
 int bracketStep(ushort unit)
 {
     if (unit == '(' || unit == '[' || unit == '{')
         return 1;
     return unit == ')' || unit == ']' || unit == '}' ? -1 : 0;
 }
+
+// Walks through the text of a formatted string.
+class FieldReader
+{
+public:
+    FieldReader(const QString &text, int start) : m_source(text), m_text(text), m_position(start) {}
+
+    int position() const { return m_position; }
+    int start() const { return m_place == Expression ? m_start : -1; } // of the expression
+
+    void step()
+    {
+        const ushort unit = m_text.at(m_position++);
+        if (m_place == Expression)
+            stepInExpression(unit);
+        else if (unit == '{' && m_place == Text && m_text.at(m_position) == '{')
+            ++m_position;
+        else if (unit == '{')
+            enter();
+        else if (unit == '}' && m_place == Format)
+            m_place = Text;
+    }
+
+private:
+    enum Place { Text, Expression, Format }; // "a {b:c}"
+
+    void enter()
+    {
+        m_isInFormat = m_place == Format; // "{a:{b}}"
+        m_place = Expression;
+        m_start = m_position;
+        m_brackets = 0;
+    }
+
+    void stepInExpression(ushort unit)
+    {
+        if (unit == '"' || unit == '\'') {
+            CodeReader reader(m_source, m_position - 1);
+            reader.next();
+            m_position = reader.position();
+        } else if (m_brackets == 0 && unit == '}') {
+            m_place = m_isInFormat ? Format : Text;
+        } else if (m_brackets == 0 &&
+                   (unit == ':' || (unit == '!' && m_text.at(m_position) != '='))) {
+            m_place = Format;
+        }
+        m_brackets += bracketStep(unit);
+    }
+
+    const QString &m_source;
+    const SourceCursor m_text;
+    int m_position;
+    int m_start = -1;
+    int m_brackets = 0;
+    Place m_place = Text;
+    bool m_isInFormat = false;
+};
 
 int nameEnd(const SourceCursor &text, int start)
 {
@@ -262,6 +329,29 @@ PythonCode pythonCode(const QString &text, int start, int end)
         const bool isOpen = token == CodeReader::OpenString || token == CodeReader::Comment;
         code.endsInCode = !isOpen || reader.position() < part.size();
     }
+}
+
+PythonField pythonField(const QString &text, int start, int position)
+{
+    CodeReader reader(text, start);
+    PythonField field;
+    while (reader.position() < position) {
+        const int token = reader.position();
+        const CodeReader::Token kind = reader.next();
+        const bool isInside = kind == CodeReader::String
+                                  ? reader.position() > position
+                                  : kind == CodeReader::OpenString && reader.position() >= position;
+        if (!isInside || !isFormatted(text, token))
+            continue;
+        const int quotes = text.mid(token, 3) == QString(3, text.at(token)) ? 3 : 1;
+        FieldReader fields(text, token + quotes);
+        while (fields.position() < position)
+            fields.step();
+        field.start = fields.position() == position ? fields.start() : -1;
+        field.stringEnd = reader.position();
+        field.end = field.stringEnd - (kind == CodeReader::String ? quotes : 0);
+    }
+    return field;
 }
 
 int headerEnd(const QString &text, const PythonStatement &statement)

@@ -35,6 +35,18 @@ struct PythonCode
 
 PythonCode pythonCode(const QString &text, int start, int end);
 
+// f"{name} {items[0].na|me}"
+//            |            |   an expression inside a string
+struct PythonField
+{
+    int start = -1; // -1: there is none
+    int end = -1;   // of the string's text
+    int stringEnd = -1;
+};
+
+// The one that a position lies in, read from `start`, which lies in code.
+PythonField pythonField(const QString &text, int start, int position);
+
 // The first colon outside brackets, with which a header ends; the statement's end without one.
 int headerEnd(const QString &text, const PythonStatement &statement);
 

@@ -83,6 +83,15 @@ std::vector<Completion> WorkspaceScripts::melNamesFor(const QTextDocument *docum
     return names;
 }
 
+QString WorkspaceScripts::folderOf(const QTextDocument *document) const
+{
+    for (const EdCodeView *view : m_host->codeViews()) {
+        if (shows(*view, document))
+            return view->fileInfo().absolutePath();
+    }
+    return QString();
+}
+
 void WorkspaceScripts::refresh(const QTextDocument *document) const
 {
     QElapsedTimer clock;

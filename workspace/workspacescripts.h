@@ -26,6 +26,7 @@ public:
     ~WorkspaceScripts() override;
 
     std::vector<Completion> melNamesFor(const QTextDocument *document) const override;
+    QString folderOf(const QTextDocument *document) const override;
     void refresh(const QTextDocument *document) const override;
 
 private slots:

@@ -20,6 +20,11 @@ import types as _types
 import warnings as _warnings
 import zipfile as _zipfile
 
+try:
+    import builtins as _builtins
+except ImportError:  # Python 2
+    import __builtin__ as _builtins
+
 # The editor puts this identifier where the caret is.
 _LOCATOR = "__corvane_lctr_kvrt__"
 
@@ -45,6 +50,11 @@ BUILTINS = [
     "super", "tuple", "type", "unichr", "unicode", "vars", "xrange", "zip", "__import__", "apply",
     "buffer", "coerce", "intern",
 ]
+
+# What every script has beside the lists above.
+_EXCEPTIONS = (name for name, value in vars(_builtins).items()
+               if isinstance(value, type) and issubclass(value, BaseException))
+_OTHER_BUILTINS = sorted(_EXCEPTIONS) + ["__file__", "__name__"]
 
 # Its modules are found by importing them only.
 _HOST_PACKAGE = ["maya", "api"]
@@ -912,6 +922,7 @@ class CorvaneParser(_ast.NodeVisitor):
     VERSION = "1.41"
     KEYWORDS = KEYWORDS
     BUILTINS = BUILTINS
+    OTHER_BUILTINS = _OTHER_BUILTINS
 
     initialized = False
     _statement_names = globals()  # among which statements run
@@ -1428,8 +1439,8 @@ class CorvaneParser(_ast.NodeVisitor):
             return self.modules[first] + dot + rest
         if dotted == "object":
             return dotted
-        is_type = type(getattr(_sys.modules[_BUILTINS_MODULE], first, None)) is type
-        return _BUILTINS_MODULE + "." + dotted if is_type else None
+        is_type = type(getattr(_builtins, first, None)) is type
+        return _builtins.__name__ + "." + dotted if is_type else None
 
     def _imported_below(self, path):
         """The next parts of dotted imports: `import a.b` makes b a member of a."""
@@ -1548,9 +1559,6 @@ class CorvaneParser(_ast.NodeVisitor):
             parser._visit_source(source if len(source) < _LONG_FILE else _outline(source))
             files[path] = (stamp, parser)
         return files[path][1]
-
-
-_BUILTINS_MODULE = "__builtin__" if str is bytes else "builtins"
 
 
 def _leave_main():

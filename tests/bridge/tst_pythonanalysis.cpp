@@ -230,8 +230,10 @@ void PythonAnalysisTest::questionsHaveTheirAnswers()
     QVERIFY(has(PythonQuestion::Modules, "", "xml") && has(PythonQuestion::Modules, "", "maya"));
     QVERIFY(has(PythonQuestion::Modules, "maya", "cmds"));
     QVERIFY(has(PythonQuestion::NamesInModule, "maya.cmds", "optionVar"));
+    QVERIFY(has(PythonQuestion::ExportedNames, "os.path", "join"));
     QVERIFY(has(PythonQuestion::Keywords, "", "while"));
     QVERIFY(has(PythonQuestion::BuiltIns, "", "len"));
+    QVERIFY(has(PythonQuestion::OtherBuiltIns, "", "ValueError"));
 }
 
 void PythonAnalysisTest::forcedImportsAreImportedOnceAndAssumed()

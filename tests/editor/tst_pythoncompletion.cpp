@@ -2,13 +2,16 @@
 #include "bridge/commandhelp.h"
 #include "bridge/melnametable.h"
 #include "bridge/pythonnamesource.h"
+#include "editor/openscripts.h"
 #include "editor/pythoncompletion.h"
 #include "editor/pythonexcerpt.h"
 #include "tests/support/caretnotation.h"
 #include "tests/support/datatable.h"
 #include "tests/support/lineartime.h"
+#include "tests/support/scratchdir.h"
 #include "tests/support/testmain.h"
 
+#include <QDir>
 #include <QTextDocument>
 
 class PythonCompletionTest : public QObject
@@ -27,6 +30,7 @@ private slots:
     void flagsComeFirst();
     void flagsOfALaterPlugInAreFound();
     void kindsTellWhatNamesAre();
+    void relativeImportsBeginInTheFolderOfTheScript();
 };
 
 namespace {
@@ -35,7 +39,7 @@ PythonContext contextOf(const QString &drawing)
 {
     QTextDocument document;
     const QTextCursor caret = setDrawing(&document, drawing);
-    return PythonContext(document.toPlainText(), caret.position());
+    return PythonContext(document.toPlainText(), caret.position(), "q.p");
 }
 
 QString described(const PythonCaret &caret)
@@ -51,8 +55,13 @@ QStringList answers;
 
 QStringList answer(PythonQuestion question, const QString &source, const QString &object)
 {
-    if (question == PythonQuestion::Members && source == "import " + object)
-        return words("__doc__ len sphere");
+    Q_UNUSED(source)
+    if (question == PythonQuestion::ExportedNames)
+        return words("len sphere");
+    if (question == PythonQuestion::Modules || question == PythonQuestion::NamesInModule)
+        return QStringList() << object;
+    if (question == PythonQuestion::OtherBuiltIns)
+        return QStringList();
     if (question == PythonQuestion::Keywords)
         return QStringList() << "while";
     if (question == PythonQuestion::BuiltIns)
@@ -77,6 +86,15 @@ CommandHelp help(const QString &name)
         result.flags << flag;
     return result;
 }
+
+class Scripts : public OpenScripts
+{
+public:
+    std::vector<Completion> melNamesFor(const QTextDocument *) const override { return {}; }
+    QString folderOf(const QTextDocument *) const override { return folder; }
+
+    QString folder;
+};
 
 // The texts of the items.
 QStringList completed(const QString &drawing, std::vector<Completion> *items = nullptr)
@@ -124,7 +142,11 @@ void PythonCompletionTest::whatStandsAtTheCaret_data()
     row("of-a-call", "A(1, ')').b.|", "member 0 A.b");
     row("of-a-string", "','.join|", "member 4 str");
     row("of-bytes", "x = Rb'''a'''.de|", "member 2 bytes");
-    row("of-an-item", "a[0].|", "nothing 0");
+    row("of-an-item", "a.b[c[0]](d)[1].e|", "member 1 a.b.[].[]");
+    row("of-a-part-of-a-list", "a[1:f(2)].|", "member 0 a");
+    row("of-a-list", "return [a].|", "member 0 list");
+    row("of-a-dictionary", "x = {a: {b}}.|", "member 0 dict");
+    row("of-a-set", "{a, b[c:d]}.|", "member 0 set");
     row("of-brackets", "(a + b).|", "nothing 0");
     row("number", "12|", "nothing 0");
     row("fraction", "1.|", "nothing 0");
@@ -132,6 +154,12 @@ void PythonCompletionTest::whatStandsAtTheCaret_data()
     row("escaped-quote", "r'\\'a|'", "nothing 0");
     row("in-a-long-string", "'''\na.|\n'''", "nothing 0");
     row("behind-a-string", "'#' + a|", "name 1");
+    row("in-a-formatted-string", "f'''a {{b}} {c!r:{d}} {e['f']} {g.h|}'''", "member 1 g");
+    row("in-a-formatted-string-begun", "x = rF\"a {b == c != d|", "name 1");
+    row("in-its-format", "f'{a:b|}'", "nothing 0");
+    row("in-its-text", "f'{{a|}} {b}'", "nothing 0");
+    row("in-a-string-in-it", "f'{a[\"b|\"]}'", "nothing 0");
+    row("call-in-a-formatted-string", "f(f'{a.sphere(r=1, |)}')", "name 0  a.spherer");
     row("in-a-comment", "a # b.|", "nothing 0");
     row("in-a-line-of-comment", "  # b.|", "nothing 0");
     row("behind-an-open-string", "a = 'b\nc.|", "member 0 c");
@@ -141,7 +169,9 @@ void PythonCompletionTest::whatStandsAtTheCaret_data()
     row("import-alias", "import a as b|", "nothing 1");
     row("import-behind-a-semicolon", "x; import a|", "module 1");
     row("from", "from importlib.|", "module 0 importlib");
-    row("from-relative", "from .|", "nothing 0");
+    row("from-relative", "from .|", "module 0 .");
+    row("from-relative-below", "from ..a.b|", "module 1 ..a");
+    row("from-relative-import", "from . import a, |", "imported 0 .");
     row("from-import", "from importlib import a, b|", "imported 1 importlib");
     row("from-import-lines", "from a import (b,\n  c, # |\n  d)", "nothing 0");
     row("from-import-brackets", "from a.b import (c,\n  |\n  d)", "imported 0 a.b");
@@ -199,8 +229,19 @@ void PythonCompletionTest::excerptsParse_data()
     row("empty-block", "def f():\n    |\ny = 1", "def f():/ ^/y = 1");
     row("block-without-a-body", "def f():\n|", "def f(): pass/^");
     row("no-colon", "def f(a)\n    b = 1\n    |", "def f(a):/ b = 1/ ^");
+    row("nested-class",
+        "class A:\n class B(C):\n  def f(self):\n   self.|\n  x = 1\n def g(self): pass\nh = 1",
+        "class A:/ class B: pass/ def g(self): pass/h = 1/class B(C):/ def f(self):/  ^/ x = 1");
+    row("class-in-a-function", "def f(a):\n b = 1\n class C:\n  def g(self): |",
+        "for a, f in ():/ b = 1/ class C: pass/class C:/ def g(self):/  ^");
+    row("comprehension-around-a-string", "[f'{a|} {b}' for c in d]", "for c in (): pass/^");
+    row("comprehension-in-a-string", "f'{(a|, [b for b in c])} {d}'", "for b in (): pass/^");
+    row("relative-import", "from .a import b\ndef f():\n try: from .. import c\n |",
+        "from q.p.a import b/def f():/ if 1: from .. import c/ ^/from q import c");
     row("lone-clauses", "try:\n  a = 1\n|\nelse: b = 1", "if 1:/ a = 1/^/if 1: b = 1");
     row("exception", "try: pass\nexcept (A, B) as e:\n  |", "if 1: pass/with (A, B) as e:/ ^");
+    row("exception-of-a-class", "try: pass\nexcept A.B as e: e.|",
+        "if 1: pass/for e in (): pass/^");
     row("broken-ones", "x = (1\ndef f(a,\n  y = 1\nz.\n|", "def f(a, y): pass/^");
     row("uneven-blocks", "if a:\n    b = 1\n  c = 2\n|", "if a:/ b = 1/ c = 2/^");
     row("python-2", "print 'x'\nprint ('x')\n|", "print ('x')/^");
@@ -242,8 +283,8 @@ void PythonCompletionTest::anyTextIsReadInTime()
         pythonCaret(context);
         pythonExcerpt(context, 20000);
     };
-    for (const char *pattern :
-         {"a.", "(", "()", "f(\n", "f(a,\n", "if a:\n", "'''\"", "\\\n", "def f(\n ", "lambda a;"}) {
+    for (const char *pattern : {"a.", "(", "()", "f(\n", "f(a,\n", "if a:\n", "'''\"", "\\\n",
+                                "def f(\n ", "lambda a;"}) {
         const QString complaint = slowness(longText(pattern), read);
         QVERIFY2(complaint.isEmpty(), qPrintable(pattern + complaint));
     }
@@ -258,10 +299,16 @@ void PythonCompletionTest::flagsComeFirst_data()
     row("imported-command", "from maya.cmds import sphere as ball\nball(|)", all);
     row("import-nearby", "def f():\n    from maya import cmds as c\n    c.sphere(\n        |", all);
     row("all-commands", "from maya.cmds import *\nsphere(|",
-        "n= name name= q= r= radius= a len z sphere");
+        "n= name name= q= r= radius= a len sphere z");
     row("given", "cmds.sphere(q=1, |, radius=2)", "n= name name= a len z");
     row("with-its-value", "cmds.sphere(r=2, |=3)", "n name q a len z");
     row("no-flags", "cmds.cone(|", "a len name z");
+    row("own-function", "def f(a, b, *c, d=(1, 2), len=3): pass\nf(1, len=2, |)",
+        "b= d= a len name z");
+    row("own-class", "class A:\n def f(self, a): pass\n def __init__(self, z):\n  A(|",
+        "z z= a len name");
+    row("own-method", "class A:\n def f(self, b,\n   c): pass\n def g(self):\n  self.f(|=1",
+        "b c a len name z");
     row("in-a-comment", "# cmds.sphere(|", "");
     row("called-as-a-built-in", "cmds.box(|", "len= a len name z");
 }
@@ -312,7 +359,23 @@ void PythonCompletionTest::kindsTellWhatNamesAre()
     QVERIFY(items[4].kind == CompletionKind::Command && items[5].kind == CompletionKind::Name);
     melNameTable().insert("sphere", "sphere");
     completed("from maya.cmds import *\n|", &items);
-    QVERIFY(items.back().kind == CompletionKind::Command);
+    QVERIFY(items[7].text == "sphere" && items[7].kind == CompletionKind::Command);
+}
+
+void PythonCompletionTest::relativeImportsBeginInTheFolderOfTheScript()
+{
+    const ScratchDir folder;
+    QVERIFY(QDir(folder.path()).mkpath("a/b/c"));
+    folder.write("a/b/__init__.py", "");
+    folder.write("a/b/c/__init__.py", "");
+    Scripts scripts;
+    setOpenScripts(&scripts);
+    QCOMPARE(completed("from . import |"), QStringList());
+    scripts.folder = folder.path() + "/a/b/c";
+    QCOMPARE(completed("from .|"), QStringList("b.c"));
+    QCOMPARE(completed("from ..d import |"), QStringList("b.d"));
+    QCOMPARE(completed("from ... import |"), QStringList());
+    setOpenScripts(nullptr);
 }
 
 CORVANE_TEST_MAIN(PythonCompletionTest)

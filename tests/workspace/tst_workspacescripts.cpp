@@ -75,6 +75,8 @@ void TestWorkspaceScripts::editorsKnowWhatOpenScriptsDeclare()
             central.activeViewChange();
         }
         QCOMPARE(namesIn(views[0]), QString("$gOther $gOwn other own ownLocal"));
+        QCOMPARE(openScripts()->folderOf(views[0]->codeEdit()->document()), folder.path());
+        QCOMPARE(openScripts()->folderOf(nullptr), QString());
         views[0]->codeEdit()->appendPlainText("proc newest() {}");
         QCOMPARE(namesIn(views[0]), QString("$gOther $gOwn other own ownLocal"));
         openScripts()->refresh(views[0]->codeEdit()->document());
