@@ -186,7 +186,8 @@ public:
 
     int count() const { return int(m_matches.size()); }
     qint64 newLength() const { return m_text.size() + qint64(count()) * growth(); }
-    void perform();
+    // Undoing it leads back to where the caret is now.
+    void perform(QTextCursor &caret);
     // Where a position of the document has come to.
     int moved(int position) const;
 
@@ -212,9 +213,9 @@ RangeEdit::RangeEdit(QTextDocument *document, int start, const QString &text,
 }
 
 // From the start on: undoing it, which goes back, is quicker than the other way round.
-void RangeEdit::perform()
+void RangeEdit::perform(QTextCursor &caret)
 {
-    const EditBlock step(m_cursor);
+    const EditBlock step(caret);
     for (size_t first = 0; first < m_matches.size();) {
         const size_t end = endOfLine(first);
         if (end - first > mostLineEdits) {
@@ -288,7 +289,7 @@ FindOutcome replaceAll(QTextCursor &cursor, const FindRequest &request, const QS
         return outcome;
     const int anchor = inSelection ? start : edit.moved(cursor.anchor());
     const int position = inSelection ? edit.moved(end) : edit.moved(cursor.position());
-    edit.perform();
+    edit.perform(cursor);
     select(cursor, anchor, position);
     return outcome;
 }

@@ -29,6 +29,7 @@ private slots:
     void findsWhatADocumentFinds();
     void textsThatWouldFillTheMemoryAreLeftAlone();
     void replacingAllKeepsMarksAndDataOfOtherText();
+    void undoingThatLeadsBackToTheCaret();
     void editorTellsAndShowsWhatWasFound();
     void readOnlyEditorIsSearchedOnly();
 };
@@ -344,6 +345,22 @@ void FindReplaceTest::replacingAllKeepsMarksAndDataOfOtherText()
     QCOMPARE(edit.infoLines().keys().mid(1), QList<int>() << 6 << 7);
     QCOMPARE(textOf(edit, edit.infos().all().back()), lastNote);
     QCOMPARE(EdTextBlockData::of(edit.document()->findBlockByNumber(4)), data);
+}
+
+void FindReplaceTest::undoingThatLeadsBackToTheCaret()
+{
+    EdCodeEdit edit;
+    edit.resize(300, 200);
+    edit.setText(QString::fromLatin1("ab\n").repeated(200));
+    edit.show();
+    for (int options : {All, All | S}) {
+        edit.setCursorSelection(299, 1);
+        const int top = edit.verticalScrollBar()->value();
+        edit.findReplace(QString::fromLatin1("ab"), QString::fromLatin1("x\ny"), options);
+        edit.undo();
+        QCOMPARE(edit.textCursor().position(), 299);
+        QCOMPARE(edit.verticalScrollBar()->value(), top);
+    }
 }
 
 void FindReplaceTest::editorTellsAndShowsWhatWasFound()
