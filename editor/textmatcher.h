@@ -29,12 +29,14 @@ private:
     typedef std::array<ushort, 3> Variants;
 
     // Places are first looked at by so many at once.
-    static const int stride = 32;
+    static const int stride = 8;
 
     QChar comparable(QChar character) const;
     Variants variants(QChar comparable) const;
     int extended(int matched, QChar next) const;
     int skipped(const QChar *text, int from, int to) const;
+    template <size_t Count>
+    ushort mayBegin(const QChar *first) const;
     template <size_t Count>
     int skippedBy(const QChar *text, int from, int to) const;
 
