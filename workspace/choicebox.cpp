@@ -8,6 +8,8 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
+#include <QSpinBox>
+#include <QValidator>
 
 #include <algorithm>
 
@@ -42,6 +44,33 @@ void show(QMessageBox *box)
     box->addButton(QMessageBox::Ok);
     chosenButton(box, {});
 }
+
+// Turns a number that is too great into the greatest one. A spin box swallows the digit that makes
+// it too great, and so takes the beginning of the number for the whole.
+class UpToGreatest : public QValidator
+{
+public:
+    // Owned by the box, as the validator that it has had.
+    UpToGreatest(QSpinBox *box, const QValidator *validator)
+        : QValidator(box), m_box(box), m_validator(validator)
+    {
+    }
+
+    State validate(QString &input, int &position) const override
+    {
+        bool isNumber = false;
+        const qlonglong number = m_box->locale().toLongLong(input, &isNumber);
+        if (isNumber && number > m_box->maximum()) {
+            input = QString::number(m_box->maximum());
+            position = int(input.size());
+        }
+        return m_validator->validate(input, position);
+    }
+
+private:
+    QSpinBox *m_box;
+    const QValidator *m_validator;
+};
 
 // Asks for a text or a number; a field is wide enough for most texts.
 class InputBox : public QInputDialog
@@ -149,6 +178,9 @@ std::optional<int> askNumber(QWidget *parent, const QString &title, const QStrin
     dialog->setInputMode(QInputDialog::IntInput);
     dialog->setIntRange(minimum, maximum);
     dialog->setIntValue(value);
+    QSpinBox *box = dialog->findChild<QSpinBox *>();
+    QLineEdit *field = box->findChild<QLineEdit *>();
+    field->setValidator(new UpToGreatest(box, field->validator()));
     std::optional<int> answer;
     if (dialog->exec() == QDialog::Accepted)
         answer = dialog->intValue();

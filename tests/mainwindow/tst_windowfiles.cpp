@@ -179,6 +179,10 @@ void TestWindowFiles::goToLineOffersTheLinesOfTheDocument()
     QCOMPARE(answer.title(), QString("Go To Line"));
     QCOMPARE(answer.text(), QString("Line Number (1 - 3):"));
     QCOMPARE(fixture.edit()->textCursor().position(), 2);
+    ModalAnswer beyond("OK");
+    beyond.enter("100");
+    fixture.action(Action::GoToLine)->trigger();
+    QCOMPARE(fixture.edit()->textCursor().position(), 4);
 
     fixture.newBuffer(0, "");
     ModalAnswer onlyLine("OK");

@@ -10,6 +10,8 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QSpinBox>
+#include <QTest>
 #include <QTimer>
 
 namespace {
@@ -108,9 +110,11 @@ void ModalAnswer::enterInput(QDialog *dialog)
             name->setText(QFileInfo(m_input).fileName());
     } else if (QColorDialog *colors = qobject_cast<QColorDialog *>(dialog))
         colors->setCurrentColor(QColor(m_input));
-    else if (input && input->inputMode() == QInputDialog::IntInput)
-        input->setIntValue(m_input.toInt());
-    else if (input)
+    else if (input && input->inputMode() == QInputDialog::IntInput) {
+        QSpinBox *box = input->findChild<QSpinBox *>();
+        box->selectAll();
+        QTest::keyClicks(box, m_input);
+    } else if (input)
         input->setTextValue(m_input);
 }
 
