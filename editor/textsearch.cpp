@@ -14,13 +14,12 @@ bool isLetterOrNumber(const QString &text, int index)
     return index >= 0 && index < text.size() && text.at(index).isLetterOrNumber();
 }
 
-// A text without matches when there can be none: no match goes over a line break, and no word
-// begins or ends in a blank.
+// A text without matches when there can be none: no word begins or ends in a blank.
 QString wantedText(const FindRequest &request)
 {
     const QString text = searchable(request.findText);
     const bool isWord = !request.has(FindRequest::WholeWords) || text == text.trimmed();
-    return isWord && !text.contains(QLatin1Char('\n')) ? text : QString();
+    return isWord ? text : QString();
 }
 
 } // namespace

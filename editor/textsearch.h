@@ -13,7 +13,8 @@ struct FindRequest;
 QString searchable(QString text);
 
 // Finds what QTextDocument::find() finds with the same options, many times faster: it searches one
-// plain text, QTextDocument::toPlainText(), whose positions are those of the document.
+// plain text, QTextDocument::toPlainText(), whose positions are those of the document. Unlike that
+// it finds matches over line breaks too, as Replace All does.
 class TextSearch
 {
 public:

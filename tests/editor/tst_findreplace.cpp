@@ -74,6 +74,7 @@ void findRows()
     row("find-no-break-space-as-blank", 0, "a b", "", "|a\u00a0b", "[a\u00a0b]");
     row("find-blank-as-no-break-space", 0, "a\u00a0b", "", "|a b", "[a b]");
     row("find-special-characters", 0, "$a[.*", "", "|$ab\n$a[.*|x", "$ab\n[$a[.*]|x");
+    row("find-over-breaks", 0, "b\r\na", "", "|a\nb\na", "a\n[b\na]");
     row("find-wraps-to-the-start", Wrap, "ab", "", "ab ab|", "[ab] ab", wrapped);
     row("find-wraps-to-the-only-match", Wrap, "ab", "", "x\n[ab]", "x\n[ab]", wrapped);
     row("find-wraps-in-vain", Wrap, "ab", "", "x[x]", "x[x]", "Wrapped search,String Not Found");
@@ -85,6 +86,7 @@ void backwardRows()
     row("back-before-another-selection", B, "ab", "", "ab[ ab]", "[ab] ab");
     row("back-not-the-selected-match-again", B, "ab", "", "ab [ab]", "[ab] ab");
     row("back-through-lines", B, "ab", "", "ab\n\nx\n|ab", "[ab]\n\nx\nab");
+    row("back-over-breaks", B | W, "a\nb", "", "a\nb|\nc", "[a\nb]\nc");
     row("back-nothing-before-the-caret", B, "ab", "", "|ab", "|ab", missed);
     row("back-wraps-to-the-end", B | Wrap, "b", "", "|ab\nb", "ab\n[b]", wrapped);
 }
@@ -110,6 +112,7 @@ void replaceRows()
     row("replace-in-other-case", Replace, "ab", "x", "[AB]", "[x]");
     row("replace-not-in-other-case", Replace | C, "ab", "x", "[AB]", "[AB]");
     row("replace-selects-breaks", Replace, "ab", "x\r\ny", "[ab] ab", "[x\ny] ab");
+    row("replace-lines", Replace, "a\nb", "x", "[a\nb]", "[x]");
     row("replace-not-another-selection", Replace, "ab", "x", "[a]b", "[a]b");
     row("replace-by-nothing", Replace, "ab", "", "[ab]", "[ab]");
     row("replace-empty-text", Replace, "", "x", "a|b", "a|b");
