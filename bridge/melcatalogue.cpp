@@ -13,6 +13,8 @@
 #include <QStandardItem>
 #include <QStandardItemModel>
 
+#include <algorithm>
+
 namespace {
 
 // A kind of names. `test` is MEL that looks at $s, what "whatIs" says of a name.
@@ -71,7 +73,19 @@ void addNames(const QueryRow &row)
     }
 }
 
-unsigned int lastCount = 0; // of all names, when Maya was asked for new ones
+quint32 lastDigest = 0; // of all names, when Maya was asked for new ones
+
+// Tells lists of names apart, much faster than converting them.
+quint32 digest(const MStringArray &names)
+{
+    quint32 value = names.length();
+    for (unsigned int i = 0; i < names.length(); ++i) {
+        for (const char *unit = names[i].asChar(); *unit; ++unit)
+            value = value * 31 + uchar(*unit);
+        value = value * 31 + 1;
+    }
+    return value;
+}
 
 // The model of the names last loaded is made when it is asked for: that takes a few milliseconds,
 // which loading has no need to wait for.
@@ -169,7 +183,7 @@ QStandardItemModel &melCommandModel()
 void loadMelCatalogue()
 {
     modelIsOutdated = true;
-    lastCount = 0;
+    lastDigest = 0;
     melNameTable().clear();
     melNames().names.clear();
     ++melNames().version;
@@ -188,10 +202,12 @@ void addNewMelNames()
 {
     MStringArray all;
     if (MGlobal::executeCommand("melInfo", all, false, false) != MStatus::kSuccess ||
-        all.length() == lastCount)
+        digest(all) == lastDigest)
         return;
-    lastCount = all.length();
+    lastDigest = digest(all);
     std::vector<MelName> &names = melNames().names;
+    const auto isLater = [](const MelName &name) { return name.kind == CommandKind::Unknown; };
+    names.erase(std::find_if(names.begin(), names.end(), isLater), names.end());
     QSet<QString> known;
     known.reserve(int(names.size()));
     for (const MelName &name : names)
@@ -201,8 +217,7 @@ void addNewMelNames()
         if (!known.contains(name))
             names.push_back({name, CommandKind::Unknown});
     }
-    if (int(names.size()) > int(known.size()))
-        ++melNames().version;
+    ++melNames().version;
 }
 
 bool isMelCommand(const QString &name)

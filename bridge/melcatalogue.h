@@ -25,8 +25,8 @@ QStandardItemModel &melCommandModel();
 void loadMelCatalogue();
 
 // Adds to melNames() what Maya has learned since: procedures of scripts that were sourced, commands
-// of other plug-ins. One question, and nothing more while the number of names stays the same; the
-// rest of the catalogue stays as it was loaded.
+// of other plug-ins. One question, and nothing more while the names stay the same; the rest of the
+// catalogue stays as it was loaded.
 void addNewMelNames();
 
 // Exactly this name, compiled commands only, in time linear in their number. An empty name may well
