@@ -106,6 +106,24 @@ QString calledBefore(const QTextBlock &block, const QString &code)
     return commandBefore(statement, int(statement.size()));
 }
 
+// string |        a new name, or a "$"
+// select |a|b     a node's
+// |      |
+bool isForeignName(const QString &line, int start)
+{
+    if (start > 0 && line.at(start - 1) == QLatin1Char('|'))
+        return start < 2 || line.at(start - 2) != QLatin1Char('|');
+    int end = start;
+    while (end > 0 && isBlank(line.at(end - 1)))
+        --end;
+    const QString word = line.mid(nameStart(line, end), end - nameStart(line, end));
+    for (const char *type : {"int", "float", "string", "vector", "matrix"}) {
+        if (end < start && word == QLatin1String(type))
+            return true;
+    }
+    return false;
+}
+
 // move -r $a-|
 //      |    |     no flag without a gap
 bool mayStartFlag(const QString &line, int dash)
@@ -192,7 +210,7 @@ MelContext melContextAt(const QTextCursor &caret)
     const int start = nameStart(line.text, int(line.text.size()));
     const QChar before = start > 0 ? line.text.at(start - 1) : QChar();
     context.prefix = line.text.mid(start);
-    if (!line.endsInCode || before == QLatin1Char('.') ||
+    if (!line.endsInCode || before == QLatin1Char('.') || isForeignName(line.text, start) ||
         (!context.prefix.isEmpty() && context.prefix.at(0).isDigit()))
         return MelContext();
     context.kind = MelContext::Name;

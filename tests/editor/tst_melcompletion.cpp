@@ -55,6 +55,7 @@ private slots:
     void cleanupTestCase();
     void contextIsFound_data();
     void contextIsFound();
+    void nodesInPathsAreLeftAlone();
     void variablesInScope_data();
     void variablesInScope();
     void offersWhatFits_data();
@@ -96,6 +97,9 @@ void TestMelCompletion::contextIsFound_data()
     row("string-of-lines", "print \"a\\\n po|", nothing, "", "");
     row("number", "$a = 1e|", nothing, "", "");
     row("component", "$v.x|", nothing, "", "");
+    row("declared", "global proc string  po|", nothing, "", "");
+    row("type", "global proc str|", name, "str", "");
+    row("cast", "(string)po|", name, "po", "");
 
     row("flag", "move -|", flag, "-", "move");
     row("flag-typed", "move -r 1 -ab|", flag, "-ab", "move");
@@ -126,6 +130,15 @@ void TestMelCompletion::contextIsFound()
     QCOMPARE(int(context.kind), kind);
     QCOMPARE(context.prefix, prefix);
     QCOMPARE(context.command, command);
+}
+
+void TestMelCompletion::nodesInPathsAreLeftAlone()
+{
+    ScriptEdit script(MelLanguage, "$a |");
+    script.cursor.insertText("|po");
+    QCOMPARE(int(melContextAt(script.cursor).kind), int(MelContext::Nothing));
+    script.cursor.insertText("||po");
+    QCOMPARE(int(melContextAt(script.cursor).kind), int(MelContext::Name));
 }
 
 void TestMelCompletion::variablesInScope_data()
