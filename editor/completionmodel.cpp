@@ -35,22 +35,23 @@ QPixmap recoloured(QPixmap pixmap, const QColor &color)
 }
 
 // On a selected row it has the colour of the text, as its own may be that of the row.
-QIcon loadIcon(const char *name)
+QIcon loadIcon(const char *name, const QColor &selected)
 {
     QIcon icon = compat::icon(QString::fromLatin1(":/icons/%1.png").arg(QLatin1String(name)));
-    const QColor selected = QApplication::palette().color(QPalette::HighlightedText);
     icon.addPixmap(recoloured(icon.pixmap(iconSize), selected), QIcon::Selected);
     return icon;
 }
 
 const QIcon &kindIcon(CompletionKind kind)
 {
-    static const std::array<QIcon, kindCount> icons = [] {
-        std::array<QIcon, kindCount> loaded;
+    static std::array<QIcon, kindCount> icons;
+    static QColor colour; // none at first
+    const QColor selected = QApplication::palette().color(QPalette::HighlightedText);
+    if (colour != selected) {
         for (int i = 0; i < kindCount; ++i)
-            loaded[i] = loadIcon(iconNames[i]);
-        return loaded;
-    }();
+            icons[i] = loadIcon(iconNames[i], selected);
+    }
+    colour = selected;
     return icons[int(kind)];
 }
 

@@ -108,7 +108,6 @@ EdCompleter::EdCompleter(QPlainTextEdit *editor)
     setUpdatesEnabled(true); // the editor's parent may be made without; a window is not told later
     setAttribute(Qt::WA_ShowWithoutActivating);
     setFocusPolicy(Qt::NoFocus); // the caret stays in the editor
-    setPalette(popupPalette(palette()));
     setFrameStyle(QFrame::Box | QFrame::Plain);
     setUniformItemSizes(true);
     setIconSize(QSize(iconWidth, iconWidth));
@@ -225,6 +224,7 @@ void EdCompleter::place()
     const int above = letter.top() - screen.top();
     const int below = screen.bottom() - letter.bottom();
     if (!isVisible()) {
+        setPalette(popupPalette(QApplication::palette(this)));
         setFont(m_editor->font());
         m_model->setRowHeight(std::max(fontMetrics().height(), iconWidth) + rowMargin);
         m_isAbove = sizeOfRows(mostRows).height() > below && above > below;

@@ -336,7 +336,14 @@ void TestEdCompleter::isPaintedWhereverItsEditorWasMade()
 
 void TestEdCompleter::iconsOfSelectedRowsHaveTheColourOfText()
 {
+    const QPalette before = QApplication::palette();
     show("a|", "abs abc");
+    m_popup->hide();
+    QPalette other = before;
+    other.setColor(QPalette::HighlightedText, Qt::cyan);
+    QApplication::setPalette(other); // while it is running
+    show("a|", "abs abc");
+    QCOMPARE(m_popup->palette().color(QPalette::HighlightedText), QColor(Qt::cyan));
     const QIcon icon = m_popup->currentIndex().data(Qt::DecorationRole).value<QIcon>();
     const QImage image = icon.pixmap(16, QIcon::Selected).toImage();
     const QRgb expected = m_popup->palette().color(QPalette::HighlightedText).rgb();
@@ -349,6 +356,7 @@ void TestEdCompleter::iconsOfSelectedRowsHaveTheColourOfText()
         }
     }
     QVERIFY(opaque > 0);
+    QApplication::setPalette(before);
 }
 
 void TestEdCompleter::namesAreUpdatedOnDemandOnly()
