@@ -38,10 +38,11 @@ RecoveryBar::RecoveryBar(QWidget *parent)
     layout->setContentsMargins(6, 2, 6, 2);
     layout->addWidget(m_message, 1);
     layout->addWidget(m_list);
+    // First of them, so that the others stay in their places when it goes.
+    m_keepAll = addButton(tr("Keep All"), tr("Keep all recovered texts"), SLOT(keepAll()));
     addButton(tr("Compare"), tr("Show what differs from the file"), SLOT(compare()));
     addButton(tr("Keep"), tr("Keep the recovered text"), SLOT(keep()));
     addButton(tr("Discard"), tr("Go back to the text of the file"), SLOT(discard()));
-    m_keepAll = addButton(tr("Keep All"), tr("Keep all recovered texts"), SLOT(keepAll()));
     connect(m_list, SIGNAL(activated(int)), SLOT(choose(int)));
     hide();
 }

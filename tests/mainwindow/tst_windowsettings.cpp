@@ -678,7 +678,7 @@ void WindowSettingsTest::documentsOfACrashedSessionComeBack()
     const RecoveryBar *bar = next.findChild<RecoveryBar *>();
     QVERIFY(bar && bar->count() == 2);
     next.show();
-    QPushButton *keepsAll = bar->findChildren<QPushButton *>().last();
+    QPushButton *keepsAll = bar->findChildren<QPushButton *>().first();
     keepsAll->setFocus();
     keepsAll->click();
     QVERIFY(bar->isHidden());

@@ -27,12 +27,14 @@ private slots:
     void documentsGoByThemselves();
     void keepingChangesNothing();
     void comparingShowsBothTexts();
+    void answeringLeavesTheButtonsInPlace();
 
 public slots:
     void close(EdCodeView *view) { m_closed = view; }
 
 private:
     EdCodeView *addChanged(const char *name, const QByteArray &bytes);
+    QPushButton *button(const char *text) const;
     void press(const char *text);
     QStringList listed() const;
 
@@ -69,12 +71,18 @@ EdCodeView *TestRecoveryBar::addChanged(const char *name, const QByteArray &byte
     return document.view;
 }
 
-void TestRecoveryBar::press(const char *text)
+QPushButton *TestRecoveryBar::button(const char *text) const
 {
     for (QPushButton *button : m_bar->findChildren<QPushButton *>()) {
         if (button->text() == text)
-            QTest::mouseClick(button, Qt::LeftButton);
+            return button;
     }
+    return nullptr;
+}
+
+void TestRecoveryBar::press(const char *text)
+{
+    QTest::mouseClick(button(text), Qt::LeftButton);
 }
 
 QStringList TestRecoveryBar::listed() const
@@ -171,6 +179,20 @@ void TestRecoveryBar::comparingShowsBothTexts()
              QString("+ new\n  one\n  two\n  "));
     QCOMPARE(m_bar->count(), 1);
     dialog->reject();
+}
+
+void TestRecoveryBar::answeringLeavesTheButtonsInPlace()
+{
+    for (const char *name : {"a.mel", "with_a_longer_name.mel", "c.mel"})
+        addChanged(name, "old\n");
+    m_bar->resize(1000, 40);
+    m_window->show();
+    const QRect place = button("Keep")->geometry();
+    for (int left = 3; left > 1; --left) {
+        press("Keep");
+        QCoreApplication::processEvents();
+        QCOMPARE(button("Keep")->geometry(), place);
+    }
 }
 
 CORVANE_TEST_MAIN(TestRecoveryBar)
