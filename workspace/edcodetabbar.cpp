@@ -5,10 +5,19 @@
 
 #include <QStringList>
 
+#include <algorithm>
+
+namespace {
+
+const int widestTab = 36; // in characters of average width
+
+} // namespace
+
 // The style's own cross is black, which nobody sees on a dark palette.
-EdCodeTabBar::EdCodeTabBar(QWidget *parent) : QTabBar(parent)
+EdCodeTabBar::EdCodeTabBar(QWidget *parent) : compat::TabBar(parent)
 {
     initResources();
+    setElideMode(Qt::ElideMiddle);
     setStyleSheet(QLatin1String("QTabBar::close-button { image: url(:/icons/close.png); }"
                                 "QTabBar::close-button:hover {"
                                 " background: rgba(255, 255, 255, 40); border-radius: 2px; }"));
@@ -37,7 +46,11 @@ void EdCodeTabBar::endFilling()
 
 QSize EdCodeTabBar::tabSizeHint(int tab) const
 {
-    return m_isFilling ? QSize(1, 1) : QTabBar::tabSizeHint(tab);
+    if (m_isFilling)
+        return QSize(1, 1);
+    const QSize size = QTabBar::tabSizeHint(tab);
+    const int widest = widestTab * fontMetrics().averageCharWidth();
+    return QSize(std::min(size.width(), widest), size.height());
 }
 
 void EdCodeTabBar::mousePressEvent(QMouseEvent *event)

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QTabBar>
+#include "compat/tabbar.h"
 
-// The tabs of one pane, which owns it and does the dragging.
-class EdCodeTabBar : public QTabBar
+// The tabs of one pane, which owns it and does the dragging. Of long texts both ends are seen.
+class EdCodeTabBar : public compat::TabBar
 {
     Q_OBJECT
 

@@ -51,7 +51,7 @@ void EdCodeTabWidget::setTabText(int tabIndex, const QString &text)
     m_tabBar->setTabText(tabIndex, QString(text).replace(QLatin1String("&"), QLatin1String("&&")));
     const EdCodeView *view = codeViewAt(tabIndex);
     const bool isFile = view && !view->isBuffer();
-    m_tabBar->setTabToolTip(tabIndex, isFile ? view->fileInfo().absoluteFilePath() : QString());
+    m_tabBar->setTabToolTip(tabIndex, isFile ? view->fileInfo().absoluteFilePath() : text);
 }
 
 // The tab's text without the mark of changes.

@@ -112,6 +112,7 @@ private slots:
     void closedViewsOutliveTheCall();
     void handedOverViewsAreLetGo();
     void renamingChangesTabs();
+    void aLongNameLeavesRoomForOtherTabs();
     void theFocusIsAlwaysWhereOneCanType_data();
     void theFocusIsAlwaysWhereOneCanType();
     void dismissedMenusLeaveNoTabBehind();
@@ -414,6 +415,16 @@ void TestEdCodeTabWidget::renamingChangesTabs()
     m_pane->rename();
     QCOMPARE(again.selection(), QString("what_the_script_does_in_a_few_words.tar"));
     QVERIFY(again.showsWholeText());
+}
+
+void TestEdCodeTabWidget::aLongNameLeavesRoomForOtherTabs()
+{
+    const QString longName = QString(200, 'a') + ".mel";
+    m_pane->openFile(QFileInfo(m_dir->write(qPrintable(longName), "")), -1, -1);
+    m_pane->newMelBuffer(0);
+    QCOMPARE(m_pane->tabText(0), longName);
+    QVERIFY(m_pane->tabBar()->tabRect(0).width() < 600);
+    QVERIFY(m_pane->tabBar()->tabRect(1).width() < 100);
 }
 
 void TestEdCodeTabWidget::theFocusIsAlwaysWhereOneCanType_data()
