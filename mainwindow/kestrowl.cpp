@@ -39,6 +39,13 @@ QString homeIfEmpty(const QString &directory)
     return directory.isEmpty() ? QDir::homePath() : directory;
 }
 
+// Of the actions that are not enabled at all times.
+bool isEditKey(const QKeyEvent &event)
+{
+    return event.matches(QKeySequence::Undo) || event.matches(QKeySequence::Redo) ||
+           event.matches(QKeySequence::Cut) || event.matches(QKeySequence::Copy);
+}
+
 } // namespace
 
 Kestrowl::Kestrowl(const QString &userScriptDirectory, const QString &userPreferencesDirectory,
@@ -186,6 +193,7 @@ void Kestrowl::connectOtherDocks()
 {
     connect(m_docks[Dock::Output], SIGNAL(visibilityChanged(bool)),
             SLOT(outputViewVisibleChange(bool)));
+    connect(m_output, SIGNAL(copyAvailable(bool)), SLOT(updateSelectionActions()));
 }
 
 // Shown again, a window may lie behind Maya's.
@@ -230,8 +238,9 @@ void Kestrowl::changeEvent(QEvent *event)
         m_central->flushJournals();
 }
 
+// What cannot be undone or cut here now, Maya would take for its scene.
 void Kestrowl::keyPressEvent(QKeyEvent *event)
 {
-    if (!activateShortcut(m_shortcuts, *event))
+    if (!activateShortcut(m_shortcuts, *event) && !isEditKey(*event))
         QMainWindow::keyPressEvent(event);
 }

@@ -160,6 +160,7 @@ public slots:
     // Column and selection in UTF-16 units, 0-based; the line is not shown.
     void updateCursorStatus(int line, int column, int sel);
     void updateInsertOverwriteStatus();
+    void updateSelectionActions();
     void explainLongLine();
     void explainSlowCompletion();
     // Keeps the list of open documents, in case Maya crashes before the settings are written.
@@ -206,7 +207,7 @@ protected:
     void hideEvent(QHideEvent *event) override;
     void showEvent(QShowEvent *event) override;
     void changeEvent(QEvent *event) override;
-    // Keys that should have been a shortcut and were not.
+    // Keys that should have been a shortcut and were not, or are one of an action that is disabled.
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
@@ -235,6 +236,7 @@ private:
     // False when the user cancelled it, and with it the execution.
     bool saveBeforeExecuting();
     void setOutputVisible(bool visible);
+    void listenTo(QTextDocument *document);
     void hideFloatingDocks();
     void showFloatingDocks();
     QString quickHelpCommand(const QString &text) const;

@@ -226,14 +226,27 @@ void Kestrowl::followDocument()
     m_buffers->showCurrent(view ? view->bufferIndex() : -1);
     m_find->setEditor(view ? view->codeEdit() : nullptr);
     QTextDocument *document = view ? view->codeEdit()->document() : nullptr;
-    if (document == m_followed)
-        return;
-    if (m_followed)
-        m_followed->disconnect(m_outline);
-    if (document)
-        connect(document, SIGNAL(contentsChange(int, int, int)), m_outline,
-                SLOT(contentsChange(int, int, int)));
+    action(Action::Undo)->setEnabled(document && document->isUndoAvailable());
+    action(Action::Redo)->setEnabled(document && document->isRedoAvailable());
+    if (document != m_followed)
+        listenTo(document);
+}
+
+void Kestrowl::listenTo(QTextDocument *document)
+{
+    QObject *undo = action(Action::Undo);
+    QObject *redo = action(Action::Redo);
+    for (QObject *listener : {static_cast<QObject *>(m_outline), undo, redo}) {
+        if (m_followed)
+            m_followed->disconnect(listener);
+    }
     m_followed = document;
+    if (!document)
+        return;
+    connect(document, SIGNAL(contentsChange(int, int, int)), m_outline,
+            SLOT(contentsChange(int, int, int)));
+    connect(document, SIGNAL(undoAvailable(bool)), undo, SLOT(setEnabled(bool)));
+    connect(document, SIGNAL(redoAvailable(bool)), redo, SLOT(setEnabled(bool)));
 }
 
 void Kestrowl::updateCursorStatus(int, int column, int sel)
@@ -243,6 +256,15 @@ void Kestrowl::updateCursorStatus(int, int column, int sel)
     m_statusLabels.showColumn(column);
     m_statusLabels.showSelectionSize(sel);
     updateInsertOverwriteStatus();
+    updateSelectionActions();
+}
+
+// From the history one can copy too.
+void Kestrowl::updateSelectionActions()
+{
+    const bool canCut = currentView() && currentView()->codeEdit()->textCursor().hasSelection();
+    action(Action::Cut)->setEnabled(canCut);
+    action(Action::Copy)->setEnabled(canCut || m_output->textCursor().hasSelection());
 }
 
 // Without a document the mode is shown as inserting.

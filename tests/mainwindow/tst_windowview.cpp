@@ -17,6 +17,7 @@
 #include <QFile>
 #include <QIcon>
 #include <QImage>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPointer>
 #include <QSettings>
@@ -81,6 +82,7 @@ private slots:
     void quickHelpShowsItsDockOnRequest();
     void clearAllClearsBoth();
     void copyTakesTheHistoryThatHasTheFocus();
+    void editActionsFollowTheDocument();
     void statusLabelsFollowTheCaret();
     void theStatusBarTellsWhatWasFound();
     void helpActionsAskForTheirPages();
@@ -286,6 +288,39 @@ void TestWindowView::copyTakesTheHistoryThatHasTheFocus()
     fixture.edit()->setFocus();
     fixture.action(Action::Copy)->trigger();
     QCOMPARE(QApplication::clipboard()->text(), QString("print 1;"));
+}
+
+void TestWindowView::editActionsFollowTheDocument()
+{
+    WindowFixture fixture;
+    fixture.window.show(); // or the history waits
+    const auto enabled = [&fixture] {
+        QStringList names;
+        for (Action id : {Action::Undo, Action::Redo, Action::Cut, Action::Copy}) {
+            if (fixture.action(id)->isEnabled())
+                names << fixture.action(id)->text().remove('&');
+        }
+        return names.join(" ");
+    };
+    QCOMPARE(enabled(), QString());
+    QKeyEvent key(QEvent::KeyPress, Qt::Key_Z, Qt::ControlModifier);
+    QApplication::sendEvent(&fixture.window, &key);
+    QVERIFY(key.isAccepted());
+    fixture.window.newBuffer(0);
+    QTest::keyClicks(fixture.edit(), "print");
+    QCOMPARE(enabled(), QString("Undo"));
+    fixture.edit()->undo();
+    QCOMPARE(enabled(), QString("Redo"));
+    fixture.window.newBuffer(1);
+    QCOMPARE(enabled(), QString());
+    fixture.window.replace("pass");
+    fixture.edit()->selectAll();
+    QCOMPARE(enabled(), QString("Undo Cut Copy"));
+    fixture.window.central()->focusBuffer(0);
+    QCOMPARE(enabled(), QString("Redo"));
+    fixture.window.appendOutputText("history");
+    fixture.window.outputView()->selectAll();
+    QCOMPARE(enabled(), QString("Redo Copy"));
 }
 
 void TestWindowView::statusLabelsFollowTheCaret()
