@@ -43,6 +43,8 @@ QPalette darkPalette()
         palette.setColor(row.role, QColor(row.color));
     for (QPalette::ColorRole role : textRoles)
         palette.setColor(QPalette::Disabled, role, QColor(0xff808080));
+    // Menus draw a shadow of it under greyed text, which on dark ground doubles the letters.
+    palette.setColor(QPalette::Disabled, QPalette::Light, QColor(0xff2b2b2b));
     return palette;
 }
 
