@@ -110,6 +110,7 @@ EdCompleter::EdCompleter(QPlainTextEdit *editor)
     setFocusPolicy(Qt::NoFocus); // the caret stays in the editor
     setFrameStyle(QFrame::Box | QFrame::Plain);
     setUniformItemSizes(true);
+    setTextElideMode(Qt::ElideMiddle); // long names often differ at their ends only
     setIconSize(QSize(iconWidth, iconWidth));
     setEditTriggers(NoEditTriggers);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

@@ -197,7 +197,8 @@ std::vector<Completion> PythonCompletion::namesAt(const PythonContext &context,
     std::vector<Completion> names;
     for (const QString &name : pythonNames(PythonQuestion::NamesInScope, excerpt)) {
         CompletionKind kind = declared.kind(name);
-        if (kind == CompletionKind::Name && melNameTable().contains(commandOf(declared.path(name))))
+        const QString command = commandOf(declared.path(name));
+        if (kind == CompletionKind::Name && !command.isEmpty() && melNameTable().contains(command))
             kind = CompletionKind::Command;
         names.push_back(completion(name, kind == CompletionKind::Name ? wordKind(name) : kind));
     }
