@@ -193,6 +193,7 @@ private:
         const int function = functionAround(m_context.current);
         const int ownClass = m_context.enclosingClass();
         std::vector<int> ranks;
+        ranks.reserve(m_statements.size());
         for (int i = 0; i < int(m_statements.size()); ++i)
             ranks.push_back(i == m_context.current ? AtCaret : rank(i, function, ownClass));
         return ranks;

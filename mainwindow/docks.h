@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <array>
+
 class QDockWidget;
 class QMainWindow;
 class QMenu;
@@ -20,13 +22,13 @@ public:
     Value &operator[](Dock dock) { return m_values[static_cast<int>(dock)]; }
     const Value &operator[](Dock dock) const { return m_values[static_cast<int>(dock)]; }
 
-    Value *begin() { return m_values; }
-    Value *end() { return m_values + dockCount; }
-    const Value *begin() const { return m_values; }
-    const Value *end() const { return m_values + dockCount; }
+    Value *begin() { return m_values.data(); }
+    Value *end() { return begin() + dockCount; }
+    const Value *begin() const { return m_values.data(); }
+    const Value *end() const { return begin() + dockCount; }
 
 private:
-    Value m_values[dockCount] = {};
+    std::array<Value, dockCount> m_values = {};
 };
 
 // Puts each content into a dock of the window, which owns both, appends the docks' toggle actions

@@ -52,7 +52,7 @@ QString fateOf(const QStringList &paths)
 
 QString deleteQuestion(const QStringList &paths)
 {
-    const QString path = paths.first();
+    const QString &path = paths.first();
     QStringList lines;
     if (paths.size() > 1)
         lines << translated("Delete %1 files and folders?").arg(paths.size());
