@@ -13,10 +13,12 @@
 #include <QTextDocument>
 
 #include <algorithm>
+#include <cstring>
 
 namespace {
 
 bool isSuspended = false; // for all highlighters
+quint64 passes = 0;       // through a document, of all highlighters
 
 // Work is counted rather than timed, so that a slow machine colours as much of a page as a fast
 // one. In characters; a turn's work takes about three milliseconds.
@@ -41,6 +43,29 @@ int workBetween(const QTextBlock &first, const QTextBlock &last)
 {
     const int blocks = last.blockNumber() - first.blockNumber() + 1;
     return last.position() + last.length() - first.position() + blocks * workOfBlock;
+}
+
+quint64 mixed(quint64 hash, quint64 value)
+{
+    const quint64 product = (hash ^ value) * 0x9e3779b97f4a7c15; // odd, its bits without a pattern
+    return product ^ (product >> 32);
+}
+
+// So many different ones that no two texts are taken for the same.
+quint64 hashOf(const QString &text, quint64 start)
+{
+    const int step = int(sizeof(quint64) / sizeof(QChar));
+    const QChar *end = text.constData() + text.size();
+    const QChar *at = text.constData();
+    quint64 hash = mixed(start, quint64(text.size()));
+    for (; end - at >= step; at += step) {
+        quint64 units = 0;
+        std::memcpy(&units, at, sizeof units);
+        hash = mixed(hash, units);
+    }
+    for (; at < end; ++at)
+        hash = mixed(hash, at->unicode());
+    return hash;
 }
 
 } // namespace
@@ -93,6 +118,7 @@ void EdHighlighter::noteChange(int from, int charsRemoved, int charsAdded)
 
 void EdHighlighter::highlightAgain()
 {
+    m_pass = ++passes;
     m_waiting.add(document()->begin(), document()->lastBlock());
     if (!isSuspended)
         highlightSlice(workOfTurn);
@@ -163,13 +189,29 @@ void EdHighlighter::highlightFrom(const QTextBlock &first)
         document()->markContentsDirty(first.position(), end - first.position());
 }
 
-// True when its formats are others now.
-bool EdHighlighter::highlight(const QTextBlock &block)
+// True when its formats are others now. A change of some lines far apart, and undoing it, is told
+// as one of all between them, most of which are what they were.
+bool EdHighlighter::highlight(QTextBlock block)
 {
     const QString text = block.text();
-    m_budget -= workOfBlock + int(text.size());
-    examine(block, text);
+    const EdTextBlockData *data = EdTextBlockData::of(block);
+    m_budget -= workOfBlock;
+    const quint64 key = keyOf(block, text);
+    if (data && data->isOf(key)) {
+        block.setUserState(data->state());
+        return false;
+    }
+    m_budget -= int(text.size());
+    examine(block, text, key);
     return setBlockFormats(block, formats(text));
+}
+
+// Of what its formats and data depend on. None while an input method composes, which moves formats.
+quint64 EdHighlighter::keyOf(const QTextBlock &block, const QString &text) const
+{
+    if (!block.layout()->preeditAreaText().isEmpty())
+        return 0;
+    return hashOf(text, mixed(m_pass, quint64(block.previous().userState())));
 }
 
 // For QSyntaxHighlighter's own functions, which do all at once.
@@ -179,7 +221,7 @@ void EdHighlighter::highlightBlock(const QString &text)
     if (isSuspended) {
         ranges = compat::layoutFormats(currentBlock()); // Qt takes away what is not set anew
     } else {
-        examine(currentBlock(), text);
+        examine(currentBlock(), text, keyOf(currentBlock(), text));
         ranges = formats(text);
     }
     for (const QTextLayout::FormatRange &range : ranges)
@@ -188,7 +230,7 @@ void EdHighlighter::highlightBlock(const QString &text)
 
 // Sets the block's state and data. The data is filled anew rather than replaced: blocks are
 // highlighted again and again.
-void EdHighlighter::examine(QTextBlock block, const QString &text)
+void EdHighlighter::examine(QTextBlock block, const QString &text, quint64 key)
 {
     m_scanner->scan(text, block.previous().userState(), m_scan);
     block.setUserState(m_scan.state);
@@ -197,7 +239,7 @@ void EdHighlighter::examine(QTextBlock block, const QString &text)
         data = new EdTextBlockData;
         block.setUserData(data); // which the block owns from now on
     }
-    data->take(m_scan);
+    data->take(m_scan, key);
 }
 
 // Of the text that was examined last.

@@ -67,11 +67,13 @@ private:
     void takeOver(QTextDocument *document);
     void highlightSlice(int work);
     void highlightFrom(const QTextBlock &first);
-    bool highlight(const QTextBlock &block);
-    void examine(QTextBlock block, const QString &text);
+    bool highlight(QTextBlock block);
+    quint64 keyOf(const QTextBlock &block, const QString &text) const;
+    void examine(QTextBlock block, const QString &text, quint64 key);
     compat::FormatRanges formats(const QString &text) const;
 
     WaitingBlocks m_waiting;
+    quint64 m_pass = 0; // its last through all blocks; no other highlighter has the same
     int m_budget = 0;   // what may still be done in this turn
     QBasicTimer m_turn; // runs out when the event loop comes round
     std::unique_ptr<LineScanner> m_scanner;

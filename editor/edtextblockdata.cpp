@@ -9,8 +9,10 @@ EdTextBlockData *EdTextBlockData::of(const QTextBlock &block)
     return static_cast<EdTextBlockData *>(block.userData());
 }
 
-void EdTextBlockData::take(LineScan &scan)
+void EdTextBlockData::take(LineScan &scan, quint64 key)
 {
+    m_key = key;
+    m_state = scan.state;
     brackets.swap(scan.brackets);
     inComment = scan.inComment;
     m_isAllCode = scan.isAllCode;

@@ -18,8 +18,13 @@ public:
     // The block's data; null for a block that was never highlighted, such as those of plain text.
     static EdTextBlockData *of(const QTextBlock &block);
 
-    // What was found of the block's line. Exchanges what both hold, so that its room is kept.
-    void take(LineScan &scan);
+    // What was found of the block's line. Exchanges what both hold, so that its room is kept. The
+    // key stands for the line and all that it was found by; 0 for nothing.
+    void take(LineScan &scan, quint64 key);
+    // Whether it was taken under that key, and has not been changed since.
+    bool isOf(quint64 key) const { return key != 0 && key == m_key; }
+    void forgetKey() { m_key = 0; }
+    int state() const { return m_state; } // in which the line ends
 
     // What lies outside strings and comments of the block, which is that of this data.
     QString codeText(const QTextBlock &block) const;
@@ -31,5 +36,7 @@ public:
 private:
     // Most lines are nothing but code; keeping that twice would double a document's memory.
     bool m_isAllCode = false;
+    int m_state = 0;
     QString m_codeText; // empty while it is all code
+    quint64 m_key = 0;
 };

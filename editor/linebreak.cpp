@@ -18,6 +18,7 @@ void trimData(const QTextBlock &block, int column)
     EdTextBlockData *data = EdTextBlockData::of(block);
     if (!data)
         return;
+    data->forgetKey();
     const QString before = block.text().left(column).trimmed();
     if (before.isEmpty() || codeOf(block).startsWith(before))
         data->setCodeText(before);

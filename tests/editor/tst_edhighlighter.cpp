@@ -25,6 +25,7 @@ class EdHighlighterTest : public QObject
 private slots:
     void blocksHoldWhatIsCode();
     void laterBlocksAreScannedOnlyWhenTheStateChanges();
+    void linesBetweenTwoEditsAreNotScanned();
     void anyEditLeavesTheDataOfAFreshDocument();
     void noTurnOfTheEventLoopIsLong_data();
     void noTurnOfTheEventLoopIsLong();
@@ -227,6 +228,27 @@ void EdHighlighterTest::laterBlocksAreScannedOnlyWhenTheStateChanges()
     visits = 0;
     cursor.insertText(QString::fromLatin1("/*"));
     QCOMPARE(visits, 501);
+}
+
+void EdHighlighterTest::linesBetweenTwoEditsAreNotScanned()
+{
+    CodeDocument document(lines(1000));
+    CountingHighlighter highlighter(&document);
+    highlighter.finish();
+    QTextCursor cursor(&document);
+    cursor.beginEditBlock();
+    cursor.insertText(QString::fromLatin1("\"c\";"));
+    cursor.movePosition(QTextCursor::End);
+    cursor.insertText(QString::fromLatin1("/*"));
+    visits = 0;
+    cursor.endEditBlock();
+    for (int step = 0; step < 2; ++step) {
+        QCOMPARE(visits, 2);
+        QVERIFY(summary(document) + formatSummary(document) ==
+                freshSummary<EdHighlighterMel>(document.toPlainText()));
+        visits = 0;
+        document.undo();
+    }
 }
 
 void EdHighlighterTest::anyEditLeavesTheDataOfAFreshDocument()
