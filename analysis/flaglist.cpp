@@ -56,6 +56,7 @@ void FlagList::setFlags(const QList<CommandFlag> &flags)
     sortItems(LongName, Qt::AscendingOrder);
     for (const Column column : {LongName, ShortName, Argument})
         m_wanted[column] = sizeHintForColumn(column) + columnGap;
+    m_wanted[LongName] = qMax(m_wanted[LongName], withTitle(LongName));
     fitColumns();
     setCurrentItem(topLevelItem(0));
 }
@@ -66,17 +67,21 @@ void FlagList::resizeEvent(QResizeEvent *event)
     fitColumns();
 }
 
+int FlagList::withTitle(int column) const
+{
+    return header()->sectionSizeHint(column) + columnGap;
+}
+
 // The long names get what the others leave, but half of the width at least; where there is little
 // of it, the others lose their titles first.
 void FlagList::fitColumns()
 {
     const int room = viewport()->width();
-    const int withTitle =
-        qMax(m_wanted[ShortName], header()->sectionSizeHint(ShortName) + columnGap);
-    const int left = room - withTitle - m_wanted[Argument];
+    const int mostShort = qMax(m_wanted[ShortName], withTitle(ShortName));
+    const int left = room - mostShort - m_wanted[Argument];
     const int longNames = qMin(m_wanted[LongName], qMax(left, room / 2));
     const int rest = room - longNames;
-    const int shortNames = qBound(m_wanted[ShortName], rest - m_wanted[Argument], withTitle);
+    const int shortNames = qBound(m_wanted[ShortName], rest - m_wanted[Argument], mostShort);
     setColumnWidth(LongName, longNames);
     setColumnWidth(ShortName, shortNames);
     setColumnWidth(Argument, rest - shortNames);

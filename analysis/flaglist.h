@@ -33,6 +33,7 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
+    int withTitle(int column) const;
     void fitColumns();
     int heightOfRows(int rows) const;
 

@@ -252,6 +252,9 @@ void TestEdQuickHelpView::aSmallViewShowsSeveralFlagsWhole()
         QVERIFY(list.columnWidth(2) > list.fontMetrics().boundingRect("String").width());
         QVERIFY(list.columnWidth(0) >= list.viewport()->width() / 2);
     }
+    list.setFlags(QList<CommandFlag>());
+    QCOMPARE(list.horizontalScrollBar()->maximum(), 0);
+    QVERIFY(list.columnWidth(0) > list.fontMetrics().boundingRect("Flag").width());
 }
 
 CORVANE_TEST_MAIN(TestEdQuickHelpView)
