@@ -2,7 +2,7 @@
 # The Debian and Ubuntu packages that each purpose needs; sourced by ./run and ./test.
 
 packages_build="build-essential cmake ninja-build qtbase5-dev python3-dev python3-minimal fonts-dejavu-core"
-packages_test="$packages_build ccache xvfb xauth python3-pyqt5 git libsodium-dev"
+packages_test="$packages_build ccache xvfb xauth python3-pyqt5 libsodium-dev"
 packages_qt6="qt6-base-dev libgl-dev libvulkan-dev python3-pyqt6"
 packages_bench="universal-ctags libkf5syntaxhighlighting-dev python3-jedi"
 packages_fuzz="build-essential cmake ninja-build qtbase5-dev clang-14 libclang-rt-14-dev llvm-14"
