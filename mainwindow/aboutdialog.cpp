@@ -14,11 +14,11 @@
 #include <QLabel>
 #include <QList>
 #include <QPair>
+#include <QPixmap>
 #include <QPushButton>
 
 namespace {
 
-const int iconSize = 64; // pixels
 const int partSpacing = 14;
 const int factSpacing = 6;
 const int widestFact = 360;
@@ -56,7 +56,8 @@ AboutDialog::AboutDialog(QWidget *parent) : QDialog(parent)
 QLayout *AboutDialog::createHead()
 {
     QLabel *icon = new QLabel;
-    icon->setPixmap(compat::icon(iconPath("corvane")).pixmap(iconSize, iconSize));
+    icon->setObjectName(QLatin1String("icon"));
+    icon->setPixmap(QPixmap::fromImage(compat::image(iconPath("corvane64"))));
     const QString name =
         QLatin1String(CORVANE_APPLICATION_NAME) + QLatin1String(" " CORVANE_VERSION);
     QLabel *title = createLabel(name);
@@ -102,7 +103,7 @@ QLayout *AboutDialog::createFacts()
 
 QLayout *AboutDialog::createButtons()
 {
-    QDialogButtonBox *buttons = new QDialogButtonBox(QDialogButtonBox::Close);
+    QDialogButtonBox *buttons = new QDialogButtonBox(QDialogButtonBox::Close, Qt::Horizontal, this);
     QPushButton *copy = buttons->addButton(tr("&Copy"), QDialogButtonBox::ActionRole);
     connect(copy, SIGNAL(clicked()), SLOT(copyText()));
     connect(buttons, SIGNAL(rejected()), SLOT(reject()));

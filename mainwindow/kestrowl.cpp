@@ -21,9 +21,11 @@
 #include <QDir>
 #include <QDockWidget>
 #include <QHideEvent>
+#include <QIcon>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPixmap>
 #include <QShowEvent>
 #include <QToolBar>
 
@@ -46,6 +48,15 @@ bool isEditKey(const QKeyEvent &event)
            event.matches(QKeySequence::Cut) || event.matches(QKeySequence::Copy);
 }
 
+// Title bars, task bars and lists of windows show it in sizes of their own.
+QIcon programIcon()
+{
+    QIcon icon;
+    for (const char *name : {"corvane", "corvane32", "corvane64", "corvane128"})
+        icon.addPixmap(QPixmap::fromImage(compat::image(iconPath(name))));
+    return icon;
+}
+
 } // namespace
 
 Kestrowl::Kestrowl(const QString &userScriptDirectory, const QString &userPreferencesDirectory,
@@ -60,7 +71,7 @@ Kestrowl::Kestrowl(const QString &userScriptDirectory, const QString &userPrefer
     m_journals = std::make_shared<JournalFolder>(makeBufferDirectory());
     EdCodeView::useJournalFolder(m_journals);
     setObjectName(QLatin1String("Kestrowl"));
-    setWindowIcon(compat::icon(iconPath("corvane")));
+    setWindowIcon(programIcon());
     setCentralWidget(m_central);
     setTitleBufferName(QString());
     m_actions.create(this, m_central);

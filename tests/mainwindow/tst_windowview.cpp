@@ -20,6 +20,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPointer>
+#include <QPushButton>
 #include <QSettings>
 #include <QSignalSpy>
 #include <QSpinBox>
@@ -382,6 +383,8 @@ void TestWindowView::aboutTellsWhatItRunsWith()
     setHostVersionsSource(nullptr);
     const QList<AboutDialog *> dialogs = fixture.window.findChildren<AboutDialog *>();
     QCOMPARE(int(dialogs.size()), 1);
+    QCOMPARE(qobject_cast<QPushButton *>(dialogs.first()->focusWidget())->text(), QString("Close"));
+    QVERIFY(dialogs.first()->findChild<QLabel *>("icon")->sizeHint().height() >= 64);
     dialogs.first()->copyText();
     const QString copied = QApplication::clipboard()->text();
     const QString qt = QString("Qt: %1, built with " QT_VERSION_STR "\n").arg(qVersion());
