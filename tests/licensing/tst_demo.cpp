@@ -266,6 +266,7 @@ void TestDemo::licensesExpireWhileTheEditorRuns()
     QVERIFY(told.text().startsWith("The license expired on 2030-06-14. The demo does not save"));
     runs.window->updateDemoNotice(); // as the window does when it is active again
     QVERIFY(runs.window->findChild<QToolButton *>("demoNotice")->isVisible());
+    runs.window->outputView()->flush();
     QVERIFY(runs.window->outputView()->toPlainText().contains("Warning: The license expired"));
     runs.window->storeLicense(QString());
     runs.start();
