@@ -9,7 +9,7 @@
 
 namespace {
 
-const int widestTab = 36; // in characters of average width
+const int widestTab = 16; // in heights of the font, which are known at once
 
 } // namespace
 
@@ -49,7 +49,7 @@ QSize EdCodeTabBar::tabSizeHint(int tab) const
     if (m_isFilling)
         return QSize(1, 1);
     const QSize size = QTabBar::tabSizeHint(tab);
-    const int widest = widestTab * fontMetrics().averageCharWidth();
+    const int widest = widestTab * fontMetrics().height();
     return QSize(std::min(size.width(), widest), size.height());
 }
 
