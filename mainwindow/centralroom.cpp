@@ -75,8 +75,10 @@ void CentralRoom::setCentralVisible(QMainWindow *window, const DockArray<QDockWi
 
 void CentralRoom::prepareToHide(QMainWindow *window, const DockArray<QDockWidget *> &docks)
 {
+    if (!window->isVisible()) // nothing has its size yet
+        return;
     // Until docks were moved or restored once, Qt goes by what they would like to have.
-    if (window->isVisible())
+    if (m_windowSize.isEmpty())
         window->restoreState(window->saveState());
     m_windowSize = window->size();
     const bool keepsSides = hasAnyAboveOrBelow(*window, docks);

@@ -21,5 +21,5 @@ private:
     void fixFormerSizes(const QMainWindow &window, const DockArray<QDockWidget *> &docks) const;
 
     DockArray<QSize> m_dockSizes; // before the widget was hidden; not valid of those not seen then
-    QSize m_windowSize;
+    QSize m_windowSize;           // then; empty before the first time
 };
