@@ -164,9 +164,9 @@ template <class Item>
 void appendItem(mel::Value &value, const Item &item)
 {
     // A first element, or another type than before: scripts that change their mind start anew.
-    if (!std::holds_alternative<std::vector<Item>>(value))
-        value = std::vector<Item>();
-    std::get<std::vector<Item>>(value).push_back(item);
+    if (!std::holds_alternative<mel::Array<Item>>(value))
+        value = mel::Array<Item>();
+    std::get<mel::Array<Item>>(value).edit().push_back(item);
 }
 
 } // namespace

@@ -16,7 +16,7 @@ namespace {
 
 mel::StringArray utf8List(const QStringList &texts)
 {
-    mel::StringArray list;
+    std::vector<std::string> list;
     for (const QString &text : texts)
         list.push_back(toUtf8(text));
     return list;

@@ -163,10 +163,10 @@ std::string wordText(const Value &word)
 }
 
 template <typename Element>
-void appendElements(std::vector<Element> &array, std::vector<Value> &words)
+void appendElements(const Array<Element> &array, std::vector<Value> &words)
 {
-    for (Element &element : array)
-        words.emplace_back(std::move(element));
+    for (const Element &element : array)
+        words.emplace_back(element);
 }
 
 } // namespace
@@ -192,7 +192,7 @@ void echoCommand(Runtime &runtime, const std::string &name, const std::vector<Va
 {
     if (!runtime.settings.echoCommands)
         return;
-    const StringArray &filter = runtime.settings.echoFilter;
+    const std::vector<std::string> &filter = runtime.settings.echoFilter;
     // Commands that run all the time would drown the others.
     if (std::find(filter.begin(), filter.end(), name) != filter.end())
         return;

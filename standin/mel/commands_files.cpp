@@ -83,7 +83,7 @@ Value filetest(Runtime &, Call &call)
 Value getFileList(Runtime &, Call &call)
 {
     const std::string glob = call.text("filespec", "*");
-    StringArray names;
+    std::vector<std::string> names;
     std::error_code failure;
     fs::directory_iterator entry(fs::u8path(call.text("folder", ".")), failure);
     for (const fs::directory_iterator end; !failure && entry != end; entry.increment(failure)) {

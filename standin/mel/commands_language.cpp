@@ -68,19 +68,30 @@ Value exists(Runtime &runtime, Call &call)
     return describeName(runtime, call.objectText(0)) != "Unknown" ? 1 : 0;
 }
 
-// Commands and global procedures in one list.
-StringArray allNames(Runtime &runtime)
+StringArray sortedNames(Runtime &runtime)
 {
-    const StringArray &procedures = runtime.procedures.sortedGlobalNames();
-    StringArray others = runtime.commands.names();
+    const std::vector<std::string> &procedures = runtime.procedures.sortedGlobalNames();
+    std::vector<std::string> others = runtime.commands.names();
     for (std::string &name : runtime.library.names())
         others.push_back(std::move(name));
     std::sort(others.begin(), others.end());
-    StringArray names;
+    std::vector<std::string> names;
     names.reserve(others.size() + procedures.size());
     std::set_union(others.begin(), others.end(), procedures.begin(), procedures.end(),
                    std::back_inserter(names));
     return names;
+}
+
+// Commands and global procedures in one list. Made anew only when there are others: catalogues walk
+// over it again and again.
+const StringArray &allNames(Runtime &runtime)
+{
+    // Compiling one of the library makes it a global one and leaves the sum as it was.
+    const size_t procedures = runtime.procedures.globalCount() + runtime.library.size();
+    Runtime::NameList &list = runtime.nameList;
+    if (list.procedures != procedures || list.commands != runtime.commands.generation())
+        list = {sortedNames(runtime), procedures, runtime.commands.generation()};
+    return list.names;
 }
 
 Value melInfo(Runtime &runtime, Call &)
@@ -94,7 +105,7 @@ Value getProcArguments(Runtime &runtime, Call &call)
     const ProcedurePointer procedure = runtime.findProcedure(call.objectText(0), true);
     if (!procedure)
         throw RuntimeError(missingProcedureText(call.objectText(0)));
-    StringArray types;
+    std::vector<std::string> types;
     for (const Parameter &parameter : procedure->parameters)
         types.emplace_back(typeName(parameter.type));
     return types;

@@ -52,14 +52,14 @@ void setSwitch(const Call &call, const char *flag, bool &value)
 
 // The names behind both flags. An array of names is spread into words, of which a flag takes the
 // first only; the others arrive as objects.
-void addFilters(const Call &call, StringArray &filter)
+void addFilters(const Call &call, std::vector<std::string> &filter)
 {
     for (const char *flag : {"filter", "addFilter"}) {
         for (const Call::FlagUse *use : call.findAll(flag))
             filter.push_back(std::get<std::string>(use->arguments[0]));
     }
     const bool named = call.isSet("filter") || call.isSet("addFilter");
-    const StringArray others = named ? call.objectTexts() : StringArray();
+    const std::vector<std::string> others = named ? call.objectTexts() : std::vector<std::string>();
     filter.insert(filter.end(), others.begin(), others.end());
 }
 

@@ -46,7 +46,7 @@ const char *const textFlags[] = {"annotation",      "category",       "command",
 
 StringArray names(const Runtime &runtime)
 {
-    StringArray all;
+    std::vector<std::string> all;
     for (const auto &entry : runtime.runTimeCommands)
         all.push_back(entry.first);
     return all;

@@ -46,7 +46,7 @@ Vector vectorIn(const std::string &text)
 // Element by element, toward zero.
 IntArray toInts(const FloatArray &floats)
 {
-    IntArray ints;
+    std::vector<int> ints;
     ints.reserve(floats.size());
     for (const double number : floats)
         ints.push_back(truncate(number));
@@ -174,7 +174,7 @@ Value convert(Value value, Type to, WarningSink &warnings)
         return toInts(std::get<FloatArray>(value));
     case Type::Floats: {
         const IntArray &ints = std::get<IntArray>(value);
-        return FloatArray(ints.begin(), ints.end());
+        return std::vector<double>(ints.begin(), ints.end());
     }
     default:
         return value;

@@ -31,7 +31,7 @@ Value withArray(Value &value, Visitor visitor)
 Value clear(const Arguments &call)
 {
     return withArray(call.value(0), [](auto &array) {
-        array.clear();
+        array = {};
         return 0;
     });
 }
@@ -51,7 +51,7 @@ struct Ascending
 Value sort(const Arguments &call)
 {
     return withArray(call.value(0), [](const auto &array) {
-        auto sorted = array;
+        auto sorted = array.elements();
         std::stable_sort(sorted.begin(), sorted.end(), Ascending());
         return Value(std::move(sorted));
     });
@@ -71,7 +71,7 @@ bool beforeIgnoringCase(const std::string &a, const std::string &b)
 
 Value sortCaseInsensitive(const Arguments &call)
 {
-    StringArray sorted = call.strings(0);
+    std::vector<std::string> sorted = call.strings(0).elements();
     std::stable_sort(sorted.begin(), sorted.end(), beforeIgnoringCase);
     return sorted;
 }

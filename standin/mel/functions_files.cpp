@@ -140,7 +140,7 @@ struct BinaryWriter
         return write(matrix.elements.data(), matrix.elements.size() * sizeof(double));
     }
     template <typename Element>
-    int operator()(const std::vector<Element> &array) const
+    int operator()(const Array<Element> &array) const
     {
         int bytes = 0;
         for (const Element &element : array)

@@ -25,7 +25,7 @@ struct SizeOf
         return static_cast<int>(countCharacters(text));
     }
     template <typename Element>
-    int operator()(const std::vector<Element> &array) const
+    int operator()(const Array<Element> &array) const
     {
         return static_cast<int>(array.size());
     }
@@ -87,9 +87,9 @@ Value gmatch(const Arguments &call)
 }
 
 // Any character separates; separators in a row make no empty tokens.
-StringArray split(const std::string &text, const std::string &separators)
+std::vector<std::string> split(const std::string &text, const std::string &separators)
 {
-    StringArray tokens;
+    std::vector<std::string> tokens;
     for (size_t begin = 0;
          (begin = text.find_first_not_of(separators, begin)) != std::string::npos;) {
         // npos is beyond every size, so min cuts it to the end.
@@ -105,7 +105,8 @@ Value tokenize(const Arguments &call)
 {
     const bool separated = call.count() == 3;
     // Cut before the buffer is touched: it may hold the text as well.
-    StringArray tokens = split(call.text(0), separated ? call.text(1) : std::string(" \t\r\n\f\v"));
+    std::vector<std::string> tokens =
+        split(call.text(0), separated ? call.text(1) : std::string(" \t\r\n\f\v"));
     const int count = static_cast<int>(tokens.size());
     call.strings(call.count() - 1) = std::move(tokens);
     return count;

@@ -166,7 +166,7 @@ const Held &Element<Held>::at(Frame &frame, Index index) const
 {
     // One per element type, so that reading beyond the end costs no allocation.
     static const Held none = Held();
-    const auto &array = as<std::vector<Held>>(m_array.in(frame));
+    const Array<Held> &array = as<Array<Held>>(m_array.in(frame));
     if (index.row < 0)
         failIndex();
     return size_t(index.row) < array.size() ? array[size_t(index.row)] : none;
@@ -175,14 +175,15 @@ const Held &Element<Held>::at(Frame &frame, Index index) const
 template <typename Held>
 Held &Element<Held>::grown(Frame &frame, Index index) const
 {
-    auto &array = as<std::vector<Held>>(m_array.in(frame));
+    Array<Held> &array = as<Array<Held>>(m_array.in(frame));
     if (index.row < 0)
         failIndex();
     // In 64 bits, as the largest int plus one has no place in 32.
     frame.runtime.checkElements(std::int64_t(index.row) + 1);
-    if (size_t(index.row) >= array.size())
-        array.resize(size_t(index.row) + 1);
-    return array[size_t(index.row)];
+    std::vector<Held> &elements = array.edit();
+    if (size_t(index.row) >= elements.size())
+        elements.resize(size_t(index.row) + 1);
+    return elements[size_t(index.row)];
 }
 
 template <typename Held>
@@ -294,9 +295,10 @@ void DynamicElement::store(Frame &frame, Index index, Value value) const
     Value element = mel::convert(std::move(value), elementOf(typeOf(variable)), frame.runtime);
     visitArray(variable, [&](auto &array) {
         using Held = typename std::decay_t<decltype(array)>::value_type;
-        if (size_t(index.row) >= array.size())
-            array.resize(size_t(index.row) + 1);
-        array[size_t(index.row)] = std::move(std::get<Held>(element));
+        std::vector<Held> &elements = array.edit();
+        if (size_t(index.row) >= elements.size())
+            elements.resize(size_t(index.row) + 1);
+        elements[size_t(index.row)] = std::move(std::get<Held>(element));
     });
 }
 

@@ -25,7 +25,7 @@ Value arrayOfSize(Type array, int size)
             using Held = std::decay_t<decltype(held)>;
             if constexpr (std::is_same_v<Held, IntArray> || std::is_same_v<Held, FloatArray> ||
                           std::is_same_v<Held, StringArray> || std::is_same_v<Held, VectorArray>)
-                held.resize(size_t(size));
+                held.edit().resize(size_t(size));
         },
         value);
     return value;

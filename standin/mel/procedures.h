@@ -32,6 +32,7 @@ public:
         ProcedureEntry *typed = nullptr; // counts for callers in typed text, before the global one
     };
     Meaning find(const std::string &name) const;
+    size_t globalCount() const { return m_globalNames.size(); }
     // Sorted anew only when there are more: scripts walk over all names, of which there are many.
     const std::vector<std::string> &sortedGlobalNames();
 

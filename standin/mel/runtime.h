@@ -43,6 +43,14 @@ public:
     Library library;
     RandomStreams random;
     FileTable files;
+    // What melInfo answers, for as long as nothing else is defined.
+    struct NameList
+    {
+        StringArray names;
+        size_t procedures = 0;
+        unsigned commands = 0;
+    };
+    NameList nameList;
     // The words of a command that has run, whatever they say: the next one uses their memory.
     std::vector<Value> spareWords;
 

@@ -215,7 +215,7 @@ protected:
 
 private:
     template <typename Held>
-    Flow runOver(const std::vector<Held> &array, Frame &frame) const;
+    Flow runOver(const Array<Held> &array, Frame &frame) const;
 
     Storage m_variable;
     Type m_type;
@@ -224,7 +224,7 @@ private:
 };
 
 template <typename Held>
-Flow ForIn::runOver(const std::vector<Held> &array, Frame &frame) const
+Flow ForIn::runOver(const Array<Held> &array, Frame &frame) const
 {
     Flow flow = Flow::Normal;
     for (const Held &element : array) {

@@ -45,7 +45,7 @@ struct PrintWriter
         return "<< " + rows(matrix, ";\n   ", printDigits) + " >>\n";
     }
     template <typename Element>
-    std::string operator()(const std::vector<Element> &array) const
+    std::string operator()(const Array<Element> &array) const
     {
         std::string text;
         for (const Element &element : array)
@@ -78,7 +78,7 @@ struct ResultWriter
         return text;
     }
     template <typename Element>
-    std::string operator()(const std::vector<Element> &array) const
+    std::string operator()(const Array<Element> &array) const
     {
         std::string text;
         for (size_t i = 0; i < array.size(); ++i)

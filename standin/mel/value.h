@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "standin/mel/array.h"
+
 #include <string>
 #include <variant>
 #include <vector>
@@ -35,10 +37,10 @@ struct Matrix
 };
 
 // Arrays have one dimension; the language has no arrays of arrays.
-using IntArray = std::vector<int>;
-using FloatArray = std::vector<double>;
-using StringArray = std::vector<std::string>;
-using VectorArray = std::vector<Vector>;
+using IntArray = Array<int>;
+using FloatArray = Array<double>;
+using StringArray = Array<std::string>;
+using VectorArray = Array<Vector>;
 
 // One MEL value as it crosses the interpreter's border; monostate is "no value" (void).
 // Strings are UTF-8.

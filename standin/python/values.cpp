@@ -55,9 +55,9 @@ struct ToPython
     PyRef operator()(std::monostate) const { return PyRef::borrowed(Py_None); }
     PyRef operator()(const mel::Matrix &value) const { return listOf(value.elements); }
     template <typename T>
-    PyRef operator()(const std::vector<T> &value) const
+    PyRef operator()(const mel::Array<T> &value) const
     {
-        return listOf(value);
+        return listOf(value.elements());
     }
     template <typename T>
     PyRef operator()(const T &value) const
@@ -107,7 +107,7 @@ std::optional<std::vector<T>> uniform(PyObject *sequence, Accepts accepts, Conve
 
 std::optional<mel::Value> stringArray(PyObject *sequence)
 {
-    mel::StringArray texts;
+    std::vector<std::string> texts;
     // The size is asked anew each time: the __str__ of an element may change the list.
     for (Py_ssize_t i = 0; i < PySequence_Fast_GET_SIZE(sequence); ++i) {
         const PyRef item = PyRef::borrowed(PySequence_Fast_GET_ITEM(sequence, i));

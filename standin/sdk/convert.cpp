@@ -21,16 +21,18 @@ bool isEmptyArray(const mel::Value &value)
 
 // Replaces the array if the value has items of its kind, or none at all: an empty array has no type
 // that a script could see.
-template <class Items, class Value, class ApiArray, class Convert>
-bool setItems(Value &value, ApiArray &result, Convert convertItem)
+template <class Items, class ApiArray, class Convert>
+bool copyItems(const mel::Value &value, ApiArray &result, Convert convertItem)
 {
     // The status of the API's calls depends on it, so a wrong type leaves the result as it was.
-    auto *items = std::get_if<Items>(&value);
+    const Items *items = std::get_if<Items>(&value);
     if (!items && !isEmptyArray(value))
         return false;
-    result.setLength(items ? static_cast<unsigned int>(items->size()) : 0);
-    for (unsigned int i = 0; i < result.length(); ++i)
-        result[i] = convertItem((*items)[i]);
+    result.clear();
+    if (items) {
+        for (const auto &item : *items)
+            result.append(convertItem(item));
+    }
     return true;
 }
 
@@ -38,7 +40,7 @@ bool setItems(Value &value, ApiArray &result, Convert convertItem)
 
 mel::StringArray utf8List(const MStringArray &texts)
 {
-    mel::StringArray list;
+    std::vector<std::string> list;
     for (unsigned int i = 0; i < texts.length(); ++i)
         list.push_back(utf8(texts[i]));
     return list;
@@ -77,26 +79,30 @@ bool convert(const mel::Value &value, MString &result)
 
 bool convert(const mel::Value &value, MIntArray &result)
 {
-    return setItems<mel::IntArray>(value, result, [](int item) { return item; });
+    return copyItems<mel::IntArray>(value, result, [](int item) { return item; });
 }
 
 bool convert(const mel::Value &value, MDoubleArray &result)
 {
-    return setItems<mel::FloatArray>(value, result, [](double item) { return item; });
+    return copyItems<mel::FloatArray>(value, result, [](double item) { return item; });
 }
 
 bool convert(const mel::Value &value, MStringArray &result)
 {
-    return setItems<mel::StringArray>(value, result, apiString);
+    return copyItems<mel::StringArray>(value, result, apiString);
 }
 
 bool convert(mel::Value &&value, MStringArray &result)
 {
-    return setItems<mel::StringArray>(value, result, [](std::string &text) {
-        MString moved;
-        StandinAccess::text(moved) = std::move(text);
-        return moved;
-    });
+    auto *array = std::get_if<mel::StringArray>(&value);
+    if (!array)
+        return convert(static_cast<const mel::Value &>(value), result);
+    std::vector<std::string> texts = array->take();
+    result.clear();
+    result.setLength(static_cast<unsigned int>(texts.size()));
+    for (unsigned int i = 0; i < result.length(); ++i)
+        StandinAccess::text(result[i]) = std::move(texts[i]);
+    return true;
 }
 
 bool convertToText(const mel::Value &value, MString &result)

@@ -55,9 +55,9 @@ void appendItem(mel::Value &value, const Item &item)
     if (mel::isVoid(value))
         value = item;
     else if (const Item *first = std::get_if<Item>(&value))
-        value = std::vector<Item>{*first, item};
-    else if (auto *items = std::get_if<std::vector<Item>>(&value))
-        items->push_back(item);
+        value = mel::Array<Item>{*first, item};
+    else if (auto *items = std::get_if<mel::Array<Item>>(&value))
+        items->edit().push_back(item);
 }
 
 template <class Item>

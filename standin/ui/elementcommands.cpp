@@ -85,7 +85,7 @@ Value deleteElements(UserInterface &ui, const mel::Call &call)
 Value listElements(UserInterface &ui, const mel::Call &call)
 {
     const std::string type = call.text("type");
-    mel::StringArray names;
+    std::vector<std::string> names;
     for (const Element *element : ui.tree().all()) {
         // A type is narrower than a kind, so it goes first.
         const bool isWanted = call.isSet("type") ? element->type == type

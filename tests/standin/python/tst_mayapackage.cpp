@@ -16,7 +16,7 @@ mel::Command wordsCommand()
     command.name = "words";
     command.rawWords = true;
     command.run = [](mel::Call &call) -> mel::Value {
-        mel::StringArray words;
+        std::vector<std::string> words;
         for (const mel::Value &word : call.objects)
             words.push_back(mel::printText(word));
         return words;
