@@ -8,6 +8,7 @@ namespace {
 
 const QLatin1String commandModule("maya.cmds");
 const int mostImports = 2000; // that are read
+const int mostBases = 16;     // one above the other
 
 // The words of "a.b as c", also of names in brackets.
 QStringList wordsOf(QString part)
@@ -21,7 +22,7 @@ bool isSelf(const QString &name)
     return name == QLatin1String("self") || name == QLatin1String("cls");
 }
 
-// Where the name is defined directly below a class, or at the margin for -1; -1 for nowhere.
+// Where the name is defined directly below a statement, or at the margin for -1; -1 for nowhere.
 int definitionOf(const PythonContext &context, const QString &name, int owner)
 {
     const std::vector<PythonStatement> &statements = context.statements;
@@ -35,18 +36,51 @@ int definitionOf(const PythonContext &context, const QString &name, int owner)
     return -1;
 }
 
+// The first base of a class that is defined at the margin, too; -1 when there is none.
+int baseOf(const PythonContext &context, int definition)
+{
+    if (definition < 0)
+        return -1;
+    const QStringList bases = argumentNames(context.text, context.statements[definition]);
+    return bases.isEmpty() ? -1 : definitionOf(context, bases[0], -1);
+}
+
+int methodOf(const PythonContext &context, int definition, const QString &name)
+{
+    int method = -1;
+    for (int bases = 0; definition >= 0 && method < 0 && bases < mostBases; ++bases) {
+        method = definitionOf(context, name, definition);
+        definition = baseOf(context, definition);
+    }
+    return method;
+}
+
+// What the statement at the caret means by a name.
+int definitionInReach(const PythonContext &context, const QString &name)
+{
+    if (isSelf(name))
+        return context.enclosingClass();
+    if (name == QLatin1String("super"))
+        return baseOf(context, context.enclosingClass());
+    for (int header : context.headersAbove(context.current)) {
+        const bool isFunction = context.statements[header].keyword == PythonKeyword::Function;
+        const int inner = isFunction ? definitionOf(context, name, header) : -1;
+        if (inner >= 0)
+            return inner;
+    }
+    return definitionOf(context, name, -1);
+}
+
 // What a call of the name calls: that of a class its "__init__".
 int calledDefinition(const PythonContext &context, const QString &function)
 {
     const QString first = function.section(QLatin1Char('.'), 0, 0);
     const QString rest = function.mid(first.size() + 1);
-    int definition = isSelf(first) ? context.enclosingClass() : definitionOf(context, first, -1);
-    const bool isClass =
-        definition >= 0 && context.statements[definition].keyword == PythonKeyword::Class;
-    if (isClass)
-        definition = definitionOf(context, rest.isEmpty() ? QString::fromLatin1("__init__") : rest,
-                                  definition);
-    return isClass || rest.isEmpty() ? definition : -1;
+    const int definition = definitionInReach(context, first);
+    if (definition >= 0 && context.statements[definition].keyword == PythonKeyword::Class)
+        return methodOf(context, definition,
+                        rest.isEmpty() ? QString::fromLatin1("__init__") : rest);
+    return rest.isEmpty() ? definition : -1;
 }
 
 } // namespace

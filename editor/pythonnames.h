@@ -35,5 +35,5 @@ private:
 };
 
 // The names of the arguments that a call may still give, of what the text itself defines: a
-// function, a class or a method of the class around.
+// function, a class or a method of the class around, also one of its bases'.
 QStringList openArguments(const PythonContext &context, const PythonCall &call);

@@ -101,9 +101,13 @@ _METHOD_RESULTS = dict(
                   ""),
     split=[""], rsplit=[""], splitlines=[""], readlines=[""], partition=("",), rpartition=("",),
     encode=b"", decode=u"", items=[()], keys=[], values=[])
-# ... of the interpreter's functions ...
-_FUNCTION_RESULTS = {"dir": [""], "globals": {}, "input": "", "locals": {}, "open": _FILE,
-                     "raw_input": "", "repr": "", "sorted": [], "vars": {}}
+# ... of functions ...
+_FUNCTION_RESULTS = dict(
+    dict.fromkeys(("os.path." + name for name in (
+        "abspath", "basename", "dirname", "expanduser", "expandvars", "join", "normpath",
+        "realpath", "relpath")), ""),
+    **{"dir": [""], "globals": {}, "input": "", "locals": {}, "open": _FILE, "raw_input": "",
+       "repr": "", "sorted": [], "vars": {}, "os.listdir": [""], "glob.glob": [""]})
 # ... and of Maya's commands, as they mostly are called.
 _COMMAND_RESULTS = dict(
     dict.fromkeys(("createNode", "group", "internalVar", "joint", "nodeType", "objectType",
@@ -829,6 +833,22 @@ def _argument_names(arguments):
     return names
 
 
+def _annotated(annotation):
+    """Returns the path of the class that an annotation promises, or None."""
+    kind = type(annotation).__name__
+    if kind == "Subscript":
+        generic = (_dotted(annotation.value) or "").rpartition(".")[2]
+        inner = annotation.slice
+        if generic == "Optional":
+            return _annotated(inner.value if type(inner).__name__ == "Index" else inner)
+        return generic.lower()  # List and list
+    if kind == "BinOp":  # A | None
+        return _annotated(annotation.left)
+    if _literal_type(annotation) == "str":
+        return _value(annotation)[0]
+    return _dotted(annotation)
+
+
 def _argument_values(arguments):
     """Returns argument name -> [value, node type], as annotations and defaults promise it."""
     nodes = getattr(arguments, "posonlyargs", []) + arguments.args
@@ -841,7 +861,7 @@ def _argument_values(arguments):
             values[getattr(node, "arg", getattr(node, "id", None))] = value
     for node in nodes + getattr(arguments, "kwonlyargs", []):
         if getattr(node, "annotation", None) is not None:
-            values[node.arg] = [_dotted(node.annotation), "Call"]
+            values[node.arg] = [_annotated(node.annotation), "Call"]
     for kind, one in (("Tuple", arguments.vararg), ("Dict", arguments.kwarg)):
         if one is not None:
             values[getattr(one, "arg", one)] = [_LITERALS[kind], kind]
@@ -1194,7 +1214,7 @@ class CorvaneParser(_ast.NodeVisitor):
     def visit_AnnAssign(self, node):
         self.generic_visit(node)
         # `name: Class` alone promises an instance of the class.
-        value = _value(node.value) if node.value else [_dotted(node.annotation), "Call"]
+        value = _value(node.value) if node.value else [_annotated(node.annotation), "Call"]
         self._bind_target(node.target, value)
 
     def visit_For(self, node):
@@ -1339,6 +1359,7 @@ class CorvaneParser(_ast.NodeVisitor):
             return []
         holder = self._class_of_argument(first)
         if holder is not None:
+            rest = rest if rest != "__class__" else ""
             return (self._class_variable_members(holder, rest, depth) if rest
                     else holder.members(of_instance=first == "self"))
         if first in self.variables:
@@ -1393,8 +1414,10 @@ class CorvaneParser(_ast.NodeVisitor):
             return _basic_members("", rest) if rest and not rest.startswith(".[]") else []
         if kind in _LITERALS or kind in ("Str", "Num", "BinOp"):
             return _basic_members(value, rest)
-        if kind == "Call" and value in _FUNCTION_RESULTS and not self._is_own(value):
-            return _basic_members(_FUNCTION_RESULTS[value], rest)
+        function = None if self._is_own(value) else value
+        function = self._module_path(value) or function
+        if kind == "Call" and function in _FUNCTION_RESULTS:
+            return _basic_members(_FUNCTION_RESULTS[function], rest)
         return self._members(value + rest, depth + 1) or self._unmapped_members(value + rest)
 
     def _unmapped_members(self, dotted):

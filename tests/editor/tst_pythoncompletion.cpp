@@ -309,6 +309,12 @@ void PythonCompletionTest::flagsComeFirst_data()
         "z z= a len name");
     row("own-method", "class A:\n def f(self, b,\n   c): pass\n def g(self):\n  self.f(|=1",
         "b c a len name z");
+    row("inherited", "class A:\n def f(self, b): pass\nclass B(A):\n def g(self):\n  self.f(|",
+        "b= a len name z");
+    row("of-super", "class A:\n def f(self, b): pass\nclass B(A):\n def f(self):\n  super().f(|",
+        "b= a len name z");
+    row("own-inner-function", "def f():\n def g(b): pass\n if 1:\n  g(|", "b= a len name z");
+    row("base-of-itself", "class A(A):\n def f(self):\n  self.g(|", "a len name z");
     row("in-a-comment", "# cmds.sphere(|", "");
     row("called-as-a-built-in", "cmds.box(|", "len= a len name z");
 }

@@ -196,8 +196,10 @@ class Visiting(unittest.TestCase):
         self.assertEqual(parser.variables,
                          {"y": [[], "List"], "z": ["A", "Call"], "f": ["", "JoinedStr"]})
         self.assertEqual(parser.functions[0].name, "main")
-        annotated = "class A:\n def g(self): pass\ndef f(a: A):\n ^\n"
-        self.assertEqual(public(complete(annotated, "a")), ["g"])
+        annotated = "class A:\n def g(self): pass\ndef f(a: %s):\n ^\n"
+        for promise in ("A", "'A'", "Optional[A]", "t.Optional['A']", "A | None"):
+            self.assertEqual(public(complete(annotated % promise, "a")), ["g"], promise)
+        self.assertEqual(set(complete(annotated % "t.List[A]", "a")), set(dir([])))
         if sys.version_info >= (3, 8):
             newer = parsed("def f(a, /, b): pass\nif (found := 'x'): pass\n")
             self.assertEqual(newer.functions[0].arguments, ["a", "b"])
@@ -257,7 +259,10 @@ class Candidates(unittest.TestCase):
                 ("a = 1\na = ''\n", "a", []), ("a = dict()\n", "a", public(dir({}))),
                 ("a = ['x']\nb = a[0]\n", "b", text), ("", "str.split", items),
                 ("a = x.y().split('|')[-1]\n", "a", []), ("a = b + '%s_x' % c\n", "a", text),
-                ("a = sorted(b)\n", "a", items), ("a = ''.join(b).split()\n", "a.[]", text),
+                ("a = sorted(b)\n", "a", items), ("def open(): pass\na = open()\n", "a", []),
+                ("from os import path as p\na = p.join(b)\n", "a", text),
+                (SHAPE, "self.__class__", public(complete(SHAPE, "self"))),
+                ("a = ''.join(b).split()\n", "a.[]", text),
                 ("for a in ['x']: ^\n", "a", text), ("for a in b: ^\n", "a.lower", text),
                 ("for a in b: ^\n", "a", []), ("with open(a) as b: ^\n", "b.readlines", items),
                 ("import maya.cmds as c\na = c.ls()\n", "a", items),
