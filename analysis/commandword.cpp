@@ -53,7 +53,7 @@ QString firstName(const QString &text)
 
 bool isBlank(QChar c)
 {
-    return c == QLatin1Char(' ') || c == QLatin1Char('\t') || c == QLatin1Char('\n');
+    return c.isSpace();
 }
 
 int skipBlanks(const QString &code, int from, int end)

@@ -11,7 +11,8 @@ QString commandWord(const QString &text);
 // The name that the column, counted from 0, is in or at an end of; empty for none.
 QString commandWordAt(const QString &line, int column);
 
-// The next two take code in which strings and comments are masked; lines end in line feeds.
+// The next two take code in which strings and comments are masked, the latter as blanks; lines end
+// in line feeds.
 //
 // Whether that name looks like a flag, though it may be that of a command too: ls -type, or
 // cmds.ls(type=...).

@@ -15,9 +15,9 @@
 
 namespace {
 
-const int mostLines = 100;          // above the caret's line, and below
-const QChar stringMask(0xFFFC);     // part of no name, no blank, and no sign of a language
-const QLatin1Char commentMask(' '); // as the languages see it
+const int mostLines = 100;       // above the caret's line, and below
+const QChar stringMask(0xFFFC);  // part of no name, no blank, and no sign of a language
+const QChar commentMask(0x2003); // a blank, but not one that scripts have
 
 bool isString(EditorText category)
 {
@@ -98,6 +98,17 @@ CodeAround pythonStatement(const QTextCursor &caret)
 }
 
 } // namespace
+
+bool CodeAround::isInComment(int place) const
+{
+    return place > 0 && text.at(place - 1) == commentMask;
+}
+
+bool CodeAround::isInString(int place) const
+{
+    return place > 0 && place < text.size() && text.at(place - 1) == stringMask &&
+           text.at(place) == stringMask;
+}
 
 CodeAround codeAround(const QTextCursor &caret, int language)
 {

@@ -9,6 +9,10 @@ class QTextCursor;
 // and where in it the caret stands. Strings and comments mean nothing there and are masked.
 struct CodeAround
 {
+    // Whether the place in the text is behind a part of one, and in a string not at its end.
+    bool isInComment(int place) const;
+    bool isInString(int place) const;
+
     QString text;  // a unit for each of the document's; its lines end in line feeds
     int caret = 0; // in the text
     int start = 0; // of the text in the document

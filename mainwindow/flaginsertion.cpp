@@ -51,6 +51,18 @@ int wordEnd(const QString &code, int column)
     return column;
 }
 
+// Out of the string or the comment that the caret is in; a comment outside the command stays.
+int placeInCode(const CodeAround &code, const QString &command)
+{
+    int place = code.caret;
+    while (code.isInString(place))
+        ++place;
+    int end = place;
+    while (code.isInComment(place) && end > 0 && code.text.at(end - 1).isSpace())
+        --end;
+    return commandBefore(code.text, end) == command ? end : place;
+}
+
 // Never into a word; from the command into its parentheses.
 int insertionColumn(const QString &code, int column, const QString &command, bool isPython)
 {
@@ -138,7 +150,7 @@ void insertFlag(EdCodeEdit *edit, const CommandFlag &flag, const QString &comman
     QTextCursor cursor = edit->textCursor();
     cursor.setPosition(cursor.selectionEnd());
     const CodeAround code = codeAround(cursor, edit->language());
-    const int column = insertionColumn(code.text, code.caret, command, isPython);
+    const int column = insertionColumn(code.text, placeInCode(code, command), command, isPython);
     const QString melName = flag.longName.isEmpty() ? flag.shortName : flag.longName;
     const Insertion insertion = isPython ? pythonInsertion(code.text, column, flag, command)
                                          : melInsertion(code.text, column, melName, command);

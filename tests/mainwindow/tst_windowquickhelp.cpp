@@ -129,6 +129,10 @@ void TestWindowQuickHelp::flagsAreInsertedAsTheLanguageHasThem_data()
     row("continued", mel, "ls\n    -sl // ;\n;|", "ls\n    -sl // ;\n-radius |;");
     row("own-line", mel, "ls -sl\n|;", "ls -sl\n-radius |;");
     row("next-line", mel, "ls -sl;\n|", "ls -sl;\n-radius |");
+    row("comment", python, "ls(\n    a=1,  # b|c\n)", "ls(\n    a=1, radius=|  # bc\n)");
+    row("comment-of-mel", mel, "ls -sl // a|\n;", "ls -sl -radius | // a\n;");
+    row("comment-elsewhere", mel, "ls;\n// ls|", "ls;\n// ls -radius |");
+    row("string", mel, "ls -n \"a |b\";", "ls -n \"a b\" -radius |;");
     const QString hebrew = QString::fromUtf8("\xd7\x90\xd7\x91 = ");
     row("right-to-left", python, hebrew + "ls(ra|)", hebrew + "ls(radius=|)");
 }
