@@ -44,12 +44,14 @@ void FindSession::placeDialog()
 
 void FindSession::setEditor(EdCodeEdit *edit)
 {
+    if (!edit || m_edit != edit)
+        dropMessage();
     if (m_edit && m_edit != edit) {
         m_edit->disconnect(this);
         m_edit->markMatches(FindRequest());
     }
     if (edit && m_edit != edit)
-        connect(edit, SIGNAL(textChanged()), SLOT(countLater()));
+        connect(edit, SIGNAL(textChanged()), SLOT(followText()));
     m_edit = edit;
     updateMarks(); // also when the last one has gone
 }
@@ -57,6 +59,7 @@ void FindSession::setEditor(EdCodeEdit *edit)
 void FindSession::openDialog()
 {
     const QString selected = m_edit ? m_edit->textCursor().selectedText() : QString();
+    dropMessage();
     const bool isOneLine = !selected.contains(QChar(QChar::ParagraphSeparator));
     dialog()->openFor(isOneLine ? selected : QString());
 }
@@ -77,8 +80,23 @@ void FindSession::closeDialog()
 
 void FindSession::showMessage(const QString &message)
 {
+    m_message = message;
+    m_messageRevision = revision();
     if (m_dialog)
         m_dialog->showMessage(message);
+}
+
+void FindSession::dropMessage()
+{
+    if (m_message.isEmpty())
+        return;
+    emit messageOutdated(m_message);
+    showMessage(QString());
+}
+
+int FindSession::revision() const
+{
+    return m_edit ? m_edit->document()->revision() : 0;
 }
 
 bool FindSession::isSeen() const
@@ -101,6 +119,14 @@ void FindSession::updateMarks()
 {
     if (m_edit)
         m_edit->markMatches(isSeen() ? m_dialog->search() : FindRequest());
+    countLater();
+}
+
+// Colours count as a change too.
+void FindSession::followText()
+{
+    if (revision() != m_messageRevision)
+        dropMessage();
     countLater();
 }
 

@@ -31,19 +31,28 @@ public:
 public slots:
     void showMessage(const QString &message);
 
+signals:
+    // The text that it was about has changed, or is not the active one any more.
+    void messageOutdated(const QString &message);
+
 private slots:
     void keepPlace(bool backward);
     void updateMarks();
-    void countLater();
+    void followText();
     void count();
 
 private:
     bool isSeen() const;
+    void countLater();
+    void dropMessage();
+    int revision() const;
     FindReplaceDialog *dialog();
     void placeDialog();
 
     QWidget *m_window;
     FindReplaceDialog *m_dialog = nullptr; // the window's child
     QPointer<EdCodeEdit> m_edit;
-    QTimer m_pause; // in typing, after which matches are counted
+    QString m_message;         // the last one, while it is true
+    int m_messageRevision = 0; // of the text that it is about
+    QTimer m_pause;            // in typing, after which matches are counted
 };

@@ -133,6 +133,7 @@ void Kestrowl::connectCentralWidget()
     connect(m_central, SIGNAL(findReplaceMessageChanged(QString)), SLOT(setStatusText(QString)));
     connect(m_central, SIGNAL(findReplaceMessageChanged(QString)), m_find,
             SLOT(showMessage(QString)));
+    connect(m_find, SIGNAL(messageOutdated(QString)), SLOT(clearStatusText(QString)));
     connect(m_central, SIGNAL(tabSaveSelected()), SLOT(save()));
     connect(m_central, SIGNAL(tabSaveAsSelected()), SLOT(saveAs()));
     connect(m_central, SIGNAL(activeBufferNameChanged(QString)), SLOT(setTitleBufferName(QString)));

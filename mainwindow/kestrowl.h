@@ -157,6 +157,8 @@ public slots:
 
     void appendOutputText(const QString &text);
     void setStatusText(const QString &text);
+    // When it is still that one.
+    void clearStatusText(const QString &text);
     // Column and selection in UTF-16 units, 0-based; the line is not shown.
     void updateCursorStatus(int line, int column, int sel);
     void updateInsertOverwriteStatus();

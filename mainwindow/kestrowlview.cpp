@@ -219,6 +219,12 @@ void Kestrowl::setStatusText(const QString &text)
     statusBar()->showMessage(text);
 }
 
+void Kestrowl::clearStatusText(const QString &text)
+{
+    if (statusBar()->currentMessage() == text)
+        statusBar()->clearMessage();
+}
+
 void Kestrowl::followDocument()
 {
     const EdCodeView *view = currentView();

@@ -11,6 +11,8 @@
 #include <QLineEdit>
 #include <QStatusBar>
 
+#include <functional>
+
 namespace {
 
 // A window with a document, whose Find/Replace dialog was asked for.
@@ -58,6 +60,7 @@ class TestWindowFind : public QObject
 private slots:
     void openingTakesASelectionOfOneLine();
     void requestsReachTheEditorAndTheirMessagesComeBack();
+    void messagesGoWithWhatTheyAreAbout();
     void searchKeysRepeatTheLastSearch();
     void typingStaysAtAPlaceThatFits();
     void matchesAreMarkedWhileTheDialogIsSeen();
@@ -95,6 +98,28 @@ void TestWindowFind::requestsReachTheEditorAndTheirMessagesComeBack()
     fixture.dialog()->replaceAll();
     QCOMPARE(fixture.edit()->text(), QString(" "));
     QCOMPARE(fixture.label("statusLabel"), QString("2 matches replaced"));
+}
+
+void TestWindowFind::messagesGoWithWhatTheyAreAbout()
+{
+    FindFixture fixture("");
+    fixture.open();
+    fixture.enter("ab");
+    const auto type = [&fixture] { QTest::keyClick(fixture.edit(), Qt::Key_X); };
+    const auto undo = [&fixture] { fixture.edit()->undo(); };
+    const auto closeTab = [&fixture] { fixture.window.central()->closeActive(); };
+    const auto openTab = [&fixture] { fixture.window.newBuffer(1); };
+    const std::function<void()> steps[] = {type, undo, openTab, closeTab, closeTab};
+    for (const auto &step : steps) {
+        fixture.dialog()->find();
+        QApplication::processEvents(); // colours follow
+        for (const char *message : {"String Not Found", ""}) {
+            QCOMPARE(fixture.label("statusLabel"), QString(message));
+            QCOMPARE(fixture.window.statusBar()->currentMessage(), QString(message));
+            if (*message)
+                step();
+        }
+    }
 }
 
 void TestWindowFind::searchKeysRepeatTheLastSearch()
