@@ -389,9 +389,18 @@ void EdCodeEdit::findReplace(const QString &findText, const QString &replaceText
         setTextCursor(cursor);
     }
     if (outcome.selectsMatch)
-        ensureCursorVisible();
+        showCaret();
     for (const QString &message : outcome.messages)
         emit findReplaceMessageChanged(message);
+}
+
+// A caret out of sight comes with the lines around it; in sight it stays where it is.
+void EdCodeEdit::showCaret()
+{
+    const QRect caret = cursorRect();
+    if (caret.top() < 0 || caret.bottom() > viewport()->height())
+        centerCursor();
+    ensureCursorVisible();
 }
 
 bool EdCodeEdit::isOverwriting()

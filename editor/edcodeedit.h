@@ -206,6 +206,7 @@ private:
     // read-only text.
     template <typename Edit>
     void editAtCaret(Edit edit);
+    void showCaret();
     void clearBlockData();
     int widthForLines(int count) const;
     void leaveWidthForLines(int count);
