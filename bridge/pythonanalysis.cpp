@@ -86,6 +86,8 @@ QStringList pythonAnswer(PythonQuestion question, const QString &source, const Q
         return listOf(QLatin1String("CorvaneParser().importable_names(") + argument);
     case PythonQuestion::ExportedNames:
         return listOf(QLatin1String("CorvaneParser().exported_names(") + argument);
+    case PythonQuestion::NotedKinds:
+        return listOf(QLatin1String("CorvaneParser.noted_kinds()"));
     case PythonQuestion::Keywords:
         return listOf(QLatin1String("CorvaneParser.KEYWORDS"));
     case PythonQuestion::BuiltIns:

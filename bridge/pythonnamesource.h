@@ -11,6 +11,7 @@ enum class PythonQuestion {
     Modules,       // below the package that is the object; without one those at the top
     NamesInModule, // of the object, a module or package: what can be imported from it
     ExportedNames, // of the object, a module: what "import *" imports from it
+    NotedKinds,    // of the names of the answer before: "function join"; of some, or of others too
     Keywords,
     BuiltIns,
     OtherBuiltIns // that every script has, such as exceptions, beside those

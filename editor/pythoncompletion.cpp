@@ -61,12 +61,37 @@ std::vector<Completion> completions(const QStringList &names, CompletionKind kin
     return items;
 }
 
-// Of members of a module: only Maya's are known to be commands.
-CompletionKind memberKind(const QString &module, const QString &name)
+CompletionKind kindCalled(const QString &word)
 {
-    const bool isCommand =
-        module + QLatin1Char('.') == commandPrefix() && melNameTable().contains(name);
-    return isCommand ? CompletionKind::Command : CompletionKind::Name;
+    return word == QLatin1String("function")   ? CompletionKind::Function
+           : word == QLatin1String("class")    ? CompletionKind::Class
+           : word == QLatin1String("module")   ? CompletionKind::Module
+           : word == QLatin1String("variable") ? CompletionKind::Variable
+                                               : CompletionKind::Name;
+}
+
+// Of what was asked for last.
+QHash<QString, CompletionKind> notedKinds()
+{
+    QHash<QString, CompletionKind> kinds;
+    for (const QString &noted : pythonNames(PythonQuestion::NotedKinds)) {
+        const int blank = int(noted.indexOf(QLatin1Char(' ')));
+        kinds.insert(noted.mid(blank + 1), kindCalled(noted.left(blank)));
+    }
+    return kinds;
+}
+
+// Of a module or another object; only Maya's are known to be commands.
+std::vector<Completion> members(const QStringList &names, const QString &path)
+{
+    const QHash<QString, CompletionKind> kinds = notedKinds();
+    const bool hasCommands = path + QLatin1Char('.') == commandPrefix();
+    std::vector<Completion> items;
+    for (const QString &name : names)
+        items.push_back(completion(name, hasCommands && melNameTable().contains(name)
+                                             ? CompletionKind::Command
+                                             : kinds.value(name, CompletionKind::Name)));
+    return items;
 }
 
 // Whether the script has a name for something of its own.
@@ -107,8 +132,9 @@ std::vector<Completion> namesOfWholeModules(const QStringList &modules)
 {
     std::vector<Completion> names;
     for (const QString &module : modules.mid(0, mostWholeModules)) {
-        for (const QString &name : pythonNames(PythonQuestion::ExportedNames, QString(), module))
-            names.push_back(completion(name, memberKind(module, name)));
+        const std::vector<Completion> exported =
+            members(pythonNames(PythonQuestion::ExportedNames, QString(), module), module);
+        names.insert(names.end(), exported.begin(), exported.end());
     }
     return names;
 }
@@ -141,15 +167,12 @@ QString packageOf(const QTextDocument *document)
 
 std::vector<Completion> importable(const PythonCaret &caret, const QString &module)
 {
-    std::vector<Completion> items;
     if (module.isEmpty() && !caret.object.isEmpty())
-        return items; // out of the package
+        return std::vector<Completion>(); // out of the package
     if (caret.place == PythonCaret::Module)
         return completions(pythonNames(PythonQuestion::Modules, QString(), module),
                            CompletionKind::Module);
-    for (const QString &name : pythonNames(PythonQuestion::NamesInModule, QString(), module))
-        items.push_back(completion(name, memberKind(module, name)));
-    return items;
+    return members(pythonNames(PythonQuestion::NamesInModule, QString(), module), module);
 }
 
 std::vector<Completion> ownArguments(const PythonContext &context, const PythonCall &call)
@@ -217,10 +240,7 @@ std::vector<Completion> PythonCompletion::membersAt(const PythonContext &context
 {
     const QString path = DeclaredNames(context).path(caret.object);
     const QString excerpt = pythonExcerpt(context, mostUnitsForPython);
-    std::vector<Completion> items;
-    for (const QString &name : pythonNames(PythonQuestion::Members, excerpt, caret.object))
-        items.push_back(completion(name, memberKind(path, name)));
-    return items;
+    return members(pythonNames(PythonQuestion::Members, excerpt, caret.object), path);
 }
 
 // By both names, but for those that were given by either.

@@ -145,10 +145,12 @@ def _never_raises(make_empty):
 
 
 def _in_time(function):
-    """Lets a call for which a user waits read no more files once it has taken long."""
+    """Lets a call for which a user waits read no more files once it has taken long, and note the
+    kinds of what it finds anew."""
     @_functools.wraps(function)
     def timed(*args, **kwargs):
         CorvaneParser._deadline = _time.time() + _PATIENCE
+        CorvaneParser._kinds = {}
         try:
             return function(*args, **kwargs)
         finally:
@@ -524,6 +526,30 @@ def _names(value):
     return sorted([name for name in names if type(name) is str])
 
 
+def _kind(member):
+    kind = type(member)
+    if issubclass(kind, _types.ModuleType):
+        return "module"
+    if issubclass(kind, type) or kind is _OLD_CLASS:
+        return "class"
+    mro = _class_mro(kind)  # Python 2 has none for types that it has not used yet: of methods
+    is_called = mro is None or any("__call__" in _class_dict(one) for one in mro)
+    return "function" if is_called or kind in (classmethod, staticmethod) else "variable"
+
+
+def _note_kinds(value):
+    for namespace in _namespaces(value):
+        for name, member in namespace.items():
+            if name not in CorvaneParser._kinds:
+                CorvaneParser._kinds[name] = _kind(member)
+
+
+def _note_kind(kind, names):
+    for name in names:
+        CorvaneParser._kinds.setdefault(name, kind)
+    return names
+
+
 def _basic_members(value, rest):
     """The names in a value of a basic type, or in what methods and items lead to from there."""
     for step in filter(None, rest.split(".")):
@@ -535,7 +561,10 @@ def _basic_members(value, rest):
             value = _METHOD_RESULTS.get(step) if step in dir(value) else None
         if value is None:
             return []
-    return [] if value is None else dir(value)
+    if value is None:
+        return []
+    _note_kinds(value)
+    return dir(value)
 
 
 def _member(value, name):
@@ -919,10 +948,11 @@ class ParsedClass(object):
         return found
 
     def own_members(self, of_instance=True):
-        names = [function.name for function in self.functions]
-        names += [nested.name for nested in self.classes]
-        names += list(self.variables) + list(self.cls_variables)
-        return names + list(self.self_variables) if of_instance else names
+        names = _note_kind("function", [function.name for function in self.functions])
+        names += _note_kind("class", [nested.name for nested in self.classes])
+        names += _note_kind("variable", list(self.variables) + list(self.cls_variables))
+        instance = _note_kind("variable", list(self.self_variables)) if of_instance else []
+        return names + instance
 
     def members(self, of_instance=True):
         return self.own_members(of_instance) + self.parent_members
@@ -948,6 +978,7 @@ class CorvaneParser(_ast.NodeVisitor):
     _statement_names = globals()  # among which statements run
     _files = {}  # path -> (modification time, size, parser of the file)
     _exports = {}  # path of a module that is not loaded -> its __all__ or None
+    _kinds = {}  # name -> what it is, of what the last call found and more
     _lookups = {}  # path -> names, during one call of parse_module from outside
     _deadline = float("inf")
 
@@ -1078,6 +1109,13 @@ class CorvaneParser(_ast.NodeVisitor):
         """Returns the sorted names that `from module import *` binds."""
         self.results = self._exported_names(module)
         return self.sorted_results()
+
+    @staticmethod
+    @_never_raises(list)
+    def noted_kinds():
+        """Returns "kind name" for many of the names that the last call returned."""
+        return sorted(kind + " " + name for name, kind in CorvaneParser._kinds.items()
+                      if type(name) is str)
 
     # Parsing
 
@@ -1332,8 +1370,10 @@ class CorvaneParser(_ast.NodeVisitor):
             del self.results[:]  # what is called has a result with members, but none of its own
 
     def _add_names_in_scope(self):
-        self.results += [one.name for one in self.classes + self.functions]
-        self.results += self.imports + list(self.variables)
+        self.results += _note_kind("class", [one.name for one in self.classes])
+        self.results += _note_kind("function", [one.name for one in self.functions])
+        self.results += _note_kind("module", self.imports)
+        self.results += _note_kind("variable", list(self.variables))
         self.results += [name for _, name in self.importfroms]
         if self.corvane_lctr:
             function = self._class_and_function(*self.corvane_lctr)[1]
@@ -1503,6 +1543,8 @@ class CorvaneParser(_ast.NodeVisitor):
                     value = getattr(value, part) if by_host else _member(value, part)
             except AttributeError:
                 break
+            if parts != _COMMANDS.split(".")[:2]:  # so many, and what they are is known
+                _note_kinds(value)
             return dir(value) if is_host and _is_module(value) else _names(value)
         raise LookupError(parts)
 

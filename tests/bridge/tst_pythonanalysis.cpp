@@ -227,6 +227,7 @@ void PythonAnalysisTest::questionsHaveTheirAnswers()
     };
     QVERIFY(has(PythonQuestion::NamesInScope, "", "os"));
     QVERIFY(has(PythonQuestion::Members, "os", "path"));
+    QVERIFY(has(PythonQuestion::NotedKinds, "", "module path"));
     QVERIFY(has(PythonQuestion::Modules, "", "xml") && has(PythonQuestion::Modules, "", "maya"));
     QVERIFY(has(PythonQuestion::Modules, "maya", "cmds"));
     QVERIFY(has(PythonQuestion::NamesInModule, "maya.cmds", "optionVar"));

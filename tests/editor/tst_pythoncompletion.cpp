@@ -62,6 +62,9 @@ QStringList answer(PythonQuestion question, const QString &source, const QString
         return QStringList() << object;
     if (question == PythonQuestion::OtherBuiltIns)
         return QStringList();
+    if (question == PythonQuestion::NotedKinds)
+        return QStringList() << "class ls"
+                             << "module os";
     if (question == PythonQuestion::Keywords)
         return QStringList() << "while";
     if (question == PythonQuestion::BuiltIns)
@@ -363,7 +366,8 @@ void PythonCompletionTest::kindsTellWhatNamesAre()
     for (int i = 0; i < int(items.size()); ++i)
         QVERIFY2(items[i].kind == expected[i], qPrintable(items[i].text));
     completed("import maya.cmds as mc\nmc.|", &items);
-    QVERIFY(items[4].kind == CompletionKind::Command && items[5].kind == CompletionKind::Name);
+    QVERIFY(items[4].kind == CompletionKind::Command && items[5].kind == CompletionKind::Module);
+    QVERIFY(items[6].kind == CompletionKind::Name);
     melNameTable().insert("sphere", "sphere");
     completed("from maya.cmds import *\n|", &items);
     QVERIFY(items[7].text == "sphere" && items[7].kind == CompletionKind::Command);

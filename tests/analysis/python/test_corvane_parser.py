@@ -294,6 +294,16 @@ class Candidates(unittest.TestCase):
             self.assertEqual(set(complete(drawing, obj)), set(dir(module)), drawing)
         self.assertEqual(complete("", "os"), [])
 
+    def test_kinds_of_names_are_noted(self):
+        rows = [("import os\n", "os", "module path|class error|function getcwd|variable sep"),
+                (SHAPE, "self", "function draw|variable kind|class Nested|variable pen"),
+                ("a = ''\n", "a", "function join"),
+                ("import threading\n", "threading.Thread", "function start|variable daemon")]
+        for drawing, obj, expected in rows:
+            complete(drawing, obj)
+            kinds = CorvaneParser.noted_kinds()
+            self.assertEqual([k for k in expected.split("|") if k not in kinds], [], obj)
+
     def test_super_has_what_is_inherited(self):
         shape = "class A(object):\n  def f(self): pass\nclass B(A):\n  def g(self):\n    ^\n"
         self.assertEqual(public(complete(shape, "super")), ["f"])
