@@ -154,11 +154,30 @@ QString leadingCommand(const QString &code, int from, int end)
     return word.isEmpty() || word.at(0).isDigit() ? QString() : word;
 }
 
-// The name at which a parenthesis opens; empty where that only groups.
-QString calledAt(const QString &code, int parenthesis)
+// The name at which a parenthesis opens, perhaps after a gap; empty where it only groups.
+QString calledAt(const QString &code, int parenthesis, bool withGap)
 {
-    const QString name = commandWordAt(code, parenthesis);
+    int end = parenthesis;
+    while (withGap && end > 0 && isBlank(code.at(end - 1)))
+        --end;
+    const QString name = commandWordAt(code.left(end), end);
     return hasCondition(name) ? QString() : name;
+}
+
+QStringList callsAround(const QString &code, int column, bool withGaps)
+{
+    const int end = qBound(0, column, int(code.size()));
+    const int start = statementStart(code, end);
+    const std::vector<int> open = openEnclosures(code, start, end);
+    QStringList names;
+    for (auto place = open.rbegin(); place != open.rend(); ++place) {
+        const bool isCall = code.at(*place) == QLatin1Char('(');
+        names << (isCall ? calledAt(code, *place, withGaps)
+                         : leadingCommand(code, *place + 1, end));
+    }
+    names << leadingCommand(code, start, end);
+    names.removeAll(QString());
+    return names;
 }
 
 // -scale      but not the difference in 1 -scale(2)
@@ -203,15 +222,10 @@ bool isFlagAt(const QString &code, int column)
 
 QString commandBefore(const QString &code, int column)
 {
-    const int end = qBound(0, column, int(code.size()));
-    const int start = statementStart(code, end);
-    const std::vector<int> open = openEnclosures(code, start, end);
-    for (auto place = open.rbegin(); place != open.rend(); ++place) {
-        const bool isCall = code.at(*place) == QLatin1Char('(');
-        const QString command =
-            isCall ? calledAt(code, *place) : leadingCommand(code, *place + 1, end);
-        if (!command.isEmpty())
-            return command;
-    }
-    return leadingCommand(code, start, end);
+    return callsAround(code, column, false).value(0);
+}
+
+QStringList commandsBefore(const QString &code, int column)
+{
+    return callsAround(code, column, true);
 }

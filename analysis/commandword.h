@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 // The first name in a text that somebody selected, or entered: of "cmds.ls(sl=True)" it is "ls".
 // Empty without one; variables of MEL are none.
@@ -23,3 +24,7 @@ bool isFlagAt(const QString &code, int column);
 //   cmds.ls(sl=|            in those of ls
 // Empty in an expression, and where nothing stands before.
 QString commandBefore(const QString &code, int column);
+
+// All that it may be among those of, the innermost first. Some may be no commands:
+//   cmds.window (f(1 + |    f, window, cmds
+QStringList commandsBefore(const QString &code, int column);

@@ -60,7 +60,7 @@ int placeInCode(const CodeAround &code, const QString &command)
     int end = place;
     while (code.isInComment(place) && end > 0 && code.text.at(end - 1).isSpace())
         --end;
-    return commandBefore(code.text, end) == command ? end : place;
+    return commandsBefore(code.text, end).contains(command) ? end : place;
 }
 
 // Never into a word; from the command into its parentheses.
@@ -83,7 +83,7 @@ int melColumn(const QString &code, int column, const QString &command)
     for (int end = column; end > 0 && endsInOneOf(code.left(end), " \t;`");) {
         --end;
         isBehind = isBehind || endsInOneOf(code.mid(end, 1), ";`");
-        if (isBehind && commandBefore(code, end) == command)
+        if (isBehind && commandsBefore(code, end).contains(command))
             return end;
     }
     return column;

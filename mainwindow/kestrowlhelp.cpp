@@ -4,10 +4,12 @@
 
 #include "analysis/commandword.h"
 #include "analysis/edquickhelpview.h"
+#include "analysis/pythonkeywords.h"
 #include "bridge/commandhelp.h"
 #include "bridge/melnametable.h"
 #include "editor/codearound.h"
 #include "editor/edcodeedit.h"
+#include "editor/editorlanguage.h"
 #include "mainwindow/aboutdialog.h"
 #include "mainwindow/dialogs.h"
 #include "mainwindow/flaginsertion.h"
@@ -30,17 +32,27 @@ bool isCommand(const QString &name)
     return isMelName(name) || commandHelp(name).kind != CommandKind::Unknown;
 }
 
+// The first that is a command; print is none in Python.
+QString firstCommand(const QStringList &names, bool isPython)
+{
+    for (const QString &name : names) {
+        if (isCommand(name) && !(isPython && isPythonKeyword(name)))
+            return name;
+    }
+    return QString();
+}
+
 // The command whose arguments the caret is among, or whose call it is right behind.
 //   ls -long; |      cmds.ls(long=True)|
-QString commandAround(const CodeAround &code)
+QString commandAround(const CodeAround &code, bool isPython)
 {
-    QString command = commandBefore(code.text, code.caret);
-    for (int i = code.caret - 1; i >= 0 && !isCommand(command); --i) {
+    QString command = firstCommand(commandsBefore(code.text, code.caret), isPython);
+    for (int i = code.caret - 1; i >= 0 && command.isEmpty(); --i) {
         if (!QString::fromLatin1(" \t;`)").contains(code.text.at(i)))
-            return QString();
-        command = commandBefore(code.text, i);
+            break;
+        command = firstCommand(commandsBefore(code.text, i), isPython);
     }
-    return isCommand(command) ? command : QString();
+    return command;
 }
 
 // The name at the caret; where that is a flag, or none of Maya's, the command around it.
@@ -51,7 +63,7 @@ QString commandAtCaret(EdCodeEdit *edit)
     const QString name = commandWordAt(caret.block().text(), caret.positionInBlock());
     if (isMelName(name) && !isFlagAt(code.text, code.caret))
         return name;
-    const QString command = commandAround(code);
+    const QString command = commandAround(code, edit->language() == PythonLanguage);
     return command.isEmpty() ? name : command;
 }
 

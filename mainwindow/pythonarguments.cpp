@@ -18,6 +18,46 @@ int skipBlanks(const QString &code, int column)
     return column;
 }
 
+int bracketStep(QChar c)
+{
+    return isOneOf(c, "([{") ? 1 : isOneOf(c, ")]}") ? -1 : 0;
+}
+
+// Behind the innermost bracket that is open at the column; 0 where none is.
+int bracketStart(const QString &code, int column)
+{
+    int depth = 0;
+    while (column > 0 && depth <= 0)
+        depth += bracketStep(code.at(--column));
+    return depth > 0 ? column + 1 : 0;
+}
+
+bool isLambda(const QString &code, int place)
+{
+    const QLatin1String word("lambda");
+    const auto isName = [&code](int at) {
+        return at >= 0 && at < code.size() && isNameUnit(code.at(at).unicode());
+    };
+    return code.mid(place, 6) == word && !isName(place - 1) && !isName(place + 6);
+}
+
+// Whether a comma there parts no arguments:
+//   f(lambda a, b: a)
+//             |
+bool isInLambda(const QString &code, int column)
+{
+    int depth = 0;
+    int lambdas = 0; // whose colons are yet to come
+    for (int i = bracketStart(code, column); i < column; ++i) {
+        depth += bracketStep(code.at(i));
+        if (depth == 0 && isLambda(code, i))
+            ++lambdas;
+        else if (depth == 0 && lambdas > 0 && code.at(i) == QLatin1Char(':'))
+            --lambdas;
+    }
+    return lambdas > 0;
+}
+
 // The end of the argument that the column is in, or begins.
 int argumentEnd(const QString &code, int column)
 {
@@ -25,9 +65,9 @@ int argumentEnd(const QString &code, int column)
     int end = column;
     for (; end < code.size(); ++end) {
         const QChar c = code.at(end);
-        if (depth == 0 && isOneOf(c, ",)]};"))
+        if (depth == 0 && isOneOf(c, ",)]};") && (c != QLatin1Char(',') || !isInLambda(code, end)))
             break;
-        depth += isOneOf(c, "([{") ? 1 : isOneOf(c, ")]}") ? -1 : 0;
+        depth += bracketStep(c);
     }
     return end;
 }
@@ -61,6 +101,12 @@ int trimmedSize(const QString &text)
     return size;
 }
 
+bool isCallOf(const QString &function, const QString &code, int parenthesis)
+{
+    const QString before = code.left(trimmedSize(code.left(parenthesis)));
+    return commandWordAt(before, int(before.size())) == function;
+}
+
 } // namespace
 
 int outOfBrackets(const QString &code, int column, const QString &function)
@@ -73,7 +119,7 @@ int outOfBrackets(const QString &code, int column, const QString &function)
             ++closed;
         if (!isOneOf(c, "([{") || closed-- > 0)
             continue;
-        if (c == QLatin1Char('(') && commandWordAt(code, i) == function)
+        if (c == QLatin1Char('(') && isCallOf(function, code, i))
             return outermost;
         outermost = i;
         closed = 0;
@@ -84,7 +130,7 @@ int outOfBrackets(const QString &code, int column, const QString &function)
 bool startsArgument(const QString &before)
 {
     const int size = trimmedSize(before);
-    return size == 0 || isOneOf(before.at(size - 1), "(,");
+    return size == 0 || (isOneOf(before.at(size - 1), "(,") && !isInLambda(before, size));
 }
 
 bool argumentFollows(const QString &code, int column)
@@ -113,6 +159,5 @@ int endOfArguments(const QString &code, int column, const QString &function)
     int open = closing;
     for (int depth = 1; depth > 0 && --open >= 0;)
         depth += code.at(open) == QLatin1Char(')') ? 1 : code.at(open) == QLatin1Char('(') ? -1 : 0;
-    return open >= 0 && commandWordAt(code, open) == function ? trimmedSize(code.left(closing))
-                                                              : -1;
+    return open >= 0 && isCallOf(function, code, open) ? trimmedSize(code.left(closing)) : -1;
 }

@@ -75,7 +75,7 @@ QString markedText(EdCodeEdit *edit)
 void TestWindowQuickHelp::initTestCase()
 {
     setCommandHelpSource(answer);
-    for (const char *name : {"", "ls", "polySphere"}) // Maya's list has empty names
+    for (const char *name : {"", "ls", "polySphere", "print"}) // Maya's list has empty names
         melNameTable().insert(name, name);
 }
 
@@ -117,6 +117,9 @@ void TestWindowQuickHelp::flagsAreInsertedAsTheLanguageHasThem_data()
     row("in-a-string", python, "ls('a,|b', *c)", "ls('a,b', radius=|, *c)");
     row("in-a-value", python, "ls(sl=|1)", "ls(sl=1, radius=|)");
     row("behind-the-call", python, "cmds.ls(sl=f(1))|", "cmds.ls(sl=f(1), radius=|)");
+    row("in-a-lambda", python, "ls(c=lambda a,| b=(1, 2): a, d=1)",
+        "ls(c=lambda a, b=(1, 2): a, radius=|, d=1)");
+    row("behind-a-gap", python, "ls ( 1 )|", "ls ( 1, radius=| )");
     row("in-a-call-inside", python, "ls(a=f(1, {|2}), sl=1)", "ls(a=f(1, {2}), radius=|, sl=1)");
     row("behind-another-call", python, "ls(f(1)|)", "ls(f(1), radius=|)");
     row("name-with-a-value", python, "ls(a, r|a=1)", "ls(a, radius=|1)");
@@ -206,6 +209,8 @@ void TestWindowQuickHelp::f4FindsTheCommand_data()
     row("joined-lines", python, "mc.polySphere(r=1, \\\n  n=\"\"\"(\n(\"\"\", |", "polySphere");
     row("behind-a-dictionary", python, "mc.polySphere(a={1: f(2)}, r=(3, |4))", "polySphere");
     row("behind-the-call", python, "x = mc.polySphere(r=f(1)) |", "polySphere");
+    row("in-another-call", python, "mc.polySphere (n=f(|1))", "polySphere");
+    row("in-print", python, "print(mc.polySphere(r=1))|", "polySphere");
     row("next-statement", python, "mc.polySphere(r=1)\n|", "");
     row("left-open-above", python, "mc.polySphere(r=1\nx = 1|", "");
     row("flag-named-as-a-command", mel, "polySphere -l|s 1", "polySphere");
