@@ -208,6 +208,11 @@ void FindReplaceDialog::openFor(const QString &findText)
     show();
     raise();
     activateWindow();
+    beginText();
+}
+
+void FindReplaceDialog::beginText()
+{
     m_find->setFocus();
     m_find->lineEdit()->selectAll();
 }
@@ -309,6 +314,8 @@ void FindReplaceDialog::keyPressEvent(QKeyEvent *event)
     QPushButton *focused = qobject_cast<QPushButton *>(focusWidget());
     if (focused && isReturn && !isOther)
         return focused->click();
+    if (event->matches(QKeySequence::Find))
+        return beginText();
     if (isOther || (event->key() != Qt::Key_F3 && event->key() != Qt::Key_Escape)) {
         QDialog::keyPressEvent(event);
         return;

@@ -64,6 +64,7 @@ private:
     QLayout *createButtons();
     QLayout *createStatus();
     void connectSearch();
+    void beginText();
     QComboBox *newHistory(const char *objectName);
     int chosenOptions() const;
     void send(int options, bool ignoreDirection);

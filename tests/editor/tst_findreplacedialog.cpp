@@ -317,6 +317,10 @@ void TestFindReplaceDialog::openingTakesAText()
     field->deselect();
     m_dialog->openFor(QString());
     QCOMPARE(field->selectedText(), QString("ab"));
+    field->deselect();
+    find<QComboBox>("replaceWithCmb")->setFocus();
+    QTest::keyClick(find<QComboBox>("replaceWithCmb"), Qt::Key_F, Qt::ControlModifier);
+    QCOMPARE(field->selectedText(), QString("ab"));
     QCOMPARE(requests(), QString());
 }
 
