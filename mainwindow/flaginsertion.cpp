@@ -75,6 +75,18 @@ int insertionColumn(const QString &code, int column, const QString &command, boo
     return isCalled ? end + 1 : end;
 }
 
+// polySphere -rad|ius 1
+//            |          before the flag that it is in, which may have a value; but a start of the
+//                       wanted one makes room for that
+int outOfFlag(const QString &code, int column, const QString &flag)
+{
+    const int start = column - int(lastWord(code.left(column)).size());
+    const int end = wordEnd(code, column);
+    if (column == end || !code.left(start).endsWith(QLatin1Char('-')))
+        return column;
+    return flag.startsWith(code.mid(start, end - start)) ? end : start - 1;
+}
+
 // polySphere -r 1;|
 //                |     from behind the statement of the command into it
 int melColumn(const QString &code, int column, const QString &command)
@@ -150,8 +162,10 @@ void insertFlag(EdCodeEdit *edit, const CommandFlag &flag, const QString &comman
     QTextCursor cursor = edit->textCursor();
     cursor.setPosition(cursor.selectionEnd());
     const CodeAround code = codeAround(cursor, edit->language());
-    const int column = insertionColumn(code.text, placeInCode(code, command), command, isPython);
     const QString melName = flag.longName.isEmpty() ? flag.shortName : flag.longName;
+    const int place = placeInCode(code, command);
+    const int column = insertionColumn(
+        code.text, isPython ? place : outOfFlag(code.text, place, melName), command, isPython);
     const Insertion insertion = isPython ? pythonInsertion(code.text, column, flag, command)
                                          : melInsertion(code.text, column, melName, command);
     const int end = code.start + insertion.column;

@@ -96,6 +96,9 @@ void TestWindowQuickHelp::flagsAreInsertedAsTheLanguageHasThem_data()
     row("dash-typed", mel, "ls -|", "ls -radius |");
     row("start-typed", mel, "ls -ra|", "ls -radius |");
     row("other-flag-typed", mel, "ls -sl|", "ls -sl -radius |");
+    row("in-another-flag", mel, "ls -t|yp \"a\"", "ls -radius |-typ \"a\"");
+    row("behind-a-dash", mel, "ls -|typ \"a\"", "ls -radius |-typ \"a\"");
+    row("in-its-start", mel, "ls -|ra", "ls -radius |");
     row("in-the-command", mel, "l|s;", "ls -radius |;");
     row("before-the-command", mel, "|ls;", "ls -radius |;");
     row("command-selected", mel, "`[ls]`", "`ls -radius |`");
