@@ -36,9 +36,8 @@ Value evalDeferred(Runtime &runtime, Call &call)
 std::string describeName(Runtime &runtime, const std::string &name)
 {
     if (const ProcedureEntry *known = runtime.definedProcedure(name, true)) {
-        const Source &source = *known->current->source;
-        return source.isTyped() ? "Mel procedure entered interactively."
-                                : "Mel procedure found in: " + source.path;
+        return known->source->isTyped() ? "Mel procedure entered interactively."
+                                        : "Mel procedure found in: " + known->source->path;
     }
     if (const Library::Script *script = runtime.library.find(name))
         return "Mel procedure found in: " + script->origin;

@@ -36,6 +36,8 @@ using ProcedurePointer = std::shared_ptr<const Procedure>;
 struct ProcedureEntry
 {
     ProcedurePointer current; // null until a definition has been compiled
+    // Of the current one: known without looking at it, of which there may be thousands.
+    const Source *source = nullptr;
 };
 
 // A compiled text.

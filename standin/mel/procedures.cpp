@@ -8,9 +8,9 @@ namespace mel {
 namespace {
 
 // An entry without a procedure belongs to a text that is being compiled, or has failed.
-ProcedureEntry *ifDefined(ProcedureEntry *entry)
+ProcedureEntry *ifDefined(ProcedureEntry &entry)
 {
-    return entry && entry->current ? entry : nullptr;
+    return entry.current ? &entry : nullptr;
 }
 
 } // namespace
@@ -26,27 +26,15 @@ bool Procedure::sameSignature(const Procedure &other) const
     return true;
 }
 
-// Sparse: with thousands of names, what a look-up costs is the entries it meets on the way.
-Procedures::Procedures()
-{
-    m_meanings.max_load_factor(0.25f);
-}
-
-ProcedureEntry *&Procedures::place(const std::string &name, bool isGlobal, const Source &source)
+ProcedureEntry &Procedures::entry(const std::string &name, bool isGlobal, const Source &source)
 {
     // A file's local procedures are its own; the same name in two files is two procedures.
     if (!isGlobal && !source.isTyped())
         return m_byFile[source.path][name];
-    Meaning &meaning = m_meanings[name];
-    return isGlobal ? meaning.global : meaning.typed;
-}
-
-ProcedureEntry &Procedures::entry(const std::string &name, bool isGlobal, const Source &source)
-{
-    ProcedureEntry *&known = place(name, isGlobal, source);
-    if (!known)
-        known = &m_entries.emplace_back();
-    return *known;
+    const size_t number = static_cast<size_t>(m_names.add(name));
+    if (number == m_entries.size())
+        m_entries.emplace_back();
+    return isGlobal ? m_entries[number].global : m_entries[number].typed;
 }
 
 // Callers that run the old definition hold it; the next call meets the new one.
@@ -54,16 +42,18 @@ void Procedures::define(ProcedureEntry &entry, ProcedurePointer procedure)
 {
     if (!entry.current && procedure->isGlobal)
         m_globalNames.push_back(procedure->name);
+    entry.source = procedure->source.get();
     entry.current = std::move(procedure);
     ++m_generation;
 }
 
-Procedures::Meaning Procedures::find(const std::string &name) const
+Procedures::Meaning Procedures::find(const std::string &name)
 {
-    const auto found = m_meanings.find(name);
-    if (found == m_meanings.end())
+    const int number = m_names.find(name);
+    if (number < 0)
         return {};
-    return {ifDefined(found->second.global), ifDefined(found->second.typed)};
+    Entries &entries = m_entries[static_cast<size_t>(number)];
+    return {ifDefined(entries.global), ifDefined(entries.typed)};
 }
 
 const std::vector<std::string> &Procedures::sortedGlobalNames()

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "standin/mel/nametable.h"
 #include "standin/mel/procedure.h"
 
 #include <deque>
 #include <map>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 namespace mel {
@@ -17,8 +17,6 @@ namespace mel {
 class Procedures
 {
 public:
-    Procedures();
-
     // The entry for a definition in that source, made on first use.
     ProcedureEntry &entry(const std::string &name, bool isGlobal, const Source &source);
     void define(ProcedureEntry &entry, ProcedurePointer procedure);
@@ -31,18 +29,22 @@ public:
         ProcedureEntry *global = nullptr;
         ProcedureEntry *typed = nullptr; // counts for callers in typed text, before the global one
     };
-    Meaning find(const std::string &name) const;
+    Meaning find(const std::string &name);
     size_t globalCount() const { return m_globalNames.size(); }
     // Sorted anew only when there are more: scripts walk over all names, of which there are many.
     const std::vector<std::string> &sortedGlobalNames();
 
 private:
-    ProcedureEntry *&place(const std::string &name, bool isGlobal, const Source &source);
+    struct Entries
+    {
+        ProcedureEntry global;
+        ProcedureEntry typed;
+    };
 
-    std::unordered_map<std::string, Meaning> m_meanings;
-    std::map<std::string, std::unordered_map<std::string, ProcedureEntry *>> m_byFile;
-    // A deque, as its elements never move; entries are never removed either.
-    std::deque<ProcedureEntry> m_entries;
+    NameTable m_names;
+    // By the numbers of the names. A deque, as its elements never move; none is ever removed.
+    std::deque<Entries> m_entries;
+    std::map<std::string, std::map<std::string, ProcedureEntry>> m_byFile;
     std::vector<std::string> m_globalNames; // of defined ones
     size_t m_sortedCount = 0;               // how many of the first are in their order
     unsigned m_generation = 0;

@@ -247,7 +247,7 @@ void Runtime::compileLibrary(const std::string &text, const std::string &origin)
     runUnit(*compileSource(*this, std::make_shared<Source>(Source{origin, text})));
 }
 
-ProcedureEntry *Runtime::definedProcedure(const std::string &name, bool fromTypedText) const
+ProcedureEntry *Runtime::definedProcedure(const std::string &name, bool fromTypedText)
 {
     const Procedures::Meaning meaning = procedures.find(name);
     return fromTypedText && meaning.typed ? meaning.typed : meaning.global;

@@ -87,7 +87,7 @@ public:
     // The same without loading anything from the script path.
     ProcedureEntry *knownProcedure(const std::string &name, bool fromTypedText);
     // Without the library as well.
-    ProcedureEntry *definedProcedure(const std::string &name, bool fromTypedText) const;
+    ProcedureEntry *definedProcedure(const std::string &name, bool fromTypedText);
     // Another number whenever a name may have come to stand for another procedure or command.
     unsigned namesGeneration() const { return procedures.generation() + commands.generation(); }
     // The path of a script, or "" when there is none.
