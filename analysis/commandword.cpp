@@ -51,14 +51,9 @@ QString firstName(const QString &text)
     return QString();
 }
 
-bool isBlank(QChar c)
-{
-    return c.isSpace();
-}
-
 int skipBlanks(const QString &code, int from, int end)
 {
-    while (from < end && isBlank(code.at(from)))
+    while (from < end && code.at(from).isSpace())
         ++from;
     return from;
 }
@@ -158,7 +153,7 @@ QString leadingCommand(const QString &code, int from, int end)
 QString calledAt(const QString &code, int parenthesis, bool withGap)
 {
     int end = parenthesis;
-    while (withGap && end > 0 && isBlank(code.at(end - 1)))
+    while (withGap && end > 0 && code.at(end - 1).isSpace())
         --end;
     const QString name = commandWordAt(code.left(end), end);
     return hasCondition(name) ? QString() : name;
@@ -186,7 +181,7 @@ bool hasDash(const QString &line, int start, int end)
     if (start == 0 || line.at(start - 1) != QLatin1Char('-') ||
         line.mid(end, 1) == QLatin1String("("))
         return false;
-    return start == 1 || isBlank(line.at(start - 2)) ||
+    return start == 1 || line.at(start - 2).isSpace() ||
            QString::fromLatin1("(`").contains(line.at(start - 2));
 }
 
