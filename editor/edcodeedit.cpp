@@ -80,18 +80,22 @@ int nearestPosition(const QTextDocument &document, int position)
     return parts ? inside - 1 : inside;
 }
 
-// In the end shows what was in view before, for placing the caret scrolls to it.
+// In the end shows the lines that were in view before, for placing the caret scrolls to it, and
+// edits above may change their number.
 class SameView
 {
 public:
     explicit SameView(QPlainTextEdit *edit)
         : m_vertical(edit->verticalScrollBar()), m_horizontal(edit->horizontalScrollBar()),
-          m_top(m_vertical->value()), m_left(m_horizontal->value())
+          m_top(edit->cursorForPosition(QPoint(0, 0))),
+          m_offset(m_vertical->value() - m_top.block().firstLineNumber()),
+          m_left(m_horizontal->value())
     {
+        m_top.setKeepPositionOnInsert(true);
     }
     ~SameView()
     {
-        m_vertical->setValue(m_top);
+        m_vertical->setValue(m_top.block().firstLineNumber() + m_offset);
         m_horizontal->setValue(m_left);
     }
 
@@ -101,7 +105,8 @@ public:
 private:
     QScrollBar *m_vertical;
     QScrollBar *m_horizontal;
-    int m_top;
+    QTextCursor m_top;
+    int m_offset; // of the view in that line, when it is wrapped
     int m_left;
 };
 

@@ -359,7 +359,7 @@ void FindReplaceTest::undoingThatLeadsBackToTheCaret()
     for (int options : {All, All | S}) {
         edit.setCursorSelection(299, 1);
         const int top = edit.verticalScrollBar()->value();
-        edit.findReplace(QString::fromLatin1("ab"), QString::fromLatin1("x\ny"), options);
+        edit.findReplace(QString::fromLatin1("ab"), QString::fromLatin1("x"), options);
         edit.undo();
         QCOMPARE(edit.textCursor().position(), 299);
         QCOMPARE(edit.verticalScrollBar()->value(), top);
@@ -393,6 +393,12 @@ void FindReplaceTest::editorTellsAndShowsWhatWasFound()
     QCOMPARE(shownMessages(messages), QStringList() << QString() << "201 matches replaced");
     QCOMPARE(edit.verticalScrollBar()->value(), 0);
     QCOMPARE(edit.textCursor().selectedText(), QString::fromLatin1("bb"));
+
+    edit.verticalScrollBar()->setValue(50);
+    edit.findReplace(QString::fromLatin1("b"), QString::fromLatin1("\nb"), All);
+    QCOMPARE(edit.verticalScrollBar()->value(), 100);
+    edit.findReplace(QString::fromLatin1("\n"), QString(), All);
+    QCOMPARE(edit.verticalScrollBar()->value(), 0);
 }
 
 void FindReplaceTest::readOnlyEditorIsSearchedOnly()
