@@ -67,30 +67,20 @@ Value exists(Runtime &runtime, Call &call)
     return describeName(runtime, call.objectText(0)) != "Unknown" ? 1 : 0;
 }
 
-StringArray sortedNames(Runtime &runtime)
-{
-    const std::vector<std::string> &procedures = runtime.procedures.sortedGlobalNames();
-    std::vector<std::string> others = runtime.commands.names();
-    for (std::string &name : runtime.library.names())
-        others.push_back(std::move(name));
-    std::sort(others.begin(), others.end());
-    std::vector<std::string> names;
-    names.reserve(others.size() + procedures.size());
-    std::set_union(others.begin(), others.end(), procedures.begin(), procedures.end(),
-                   std::back_inserter(names));
-    return names;
-}
-
-// Commands and global procedures in one list. Made anew only when there are others: catalogues walk
-// over it again and again.
+// Commands and global procedures in one list.
 const StringArray &allNames(Runtime &runtime)
 {
-    // Compiling one of the library makes it a global one and leaves the sum as it was.
-    const size_t procedures = runtime.procedures.globalCount() + runtime.library.size();
-    Runtime::NameList &list = runtime.nameList;
-    if (list.procedures != procedures || list.commands != runtime.commands.generation())
-        list = {sortedNames(runtime), procedures, runtime.commands.generation()};
-    return list.names;
+    // One of the library leaves it only to become a global procedure.
+    const unsigned generation = runtime.commands.generation() + runtime.procedures.globalCount();
+    if (runtime.listedGeneration != generation) {
+        std::vector<std::string> others = runtime.commands.names();
+        for (std::string &name : runtime.library.names())
+            others.push_back(std::move(name));
+        std::sort(others.begin(), others.end());
+        runtime.nameList.update(runtime.procedures, std::move(others));
+        runtime.listedGeneration = generation;
+    }
+    return runtime.nameList.names();
 }
 
 Value melInfo(Runtime &runtime, Call &)

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "standin/mel/procedures.h"
 
-#include <algorithm>
-
 namespace mel {
 
 namespace {
@@ -40,8 +38,10 @@ ProcedureEntry &Procedures::entry(const std::string &name, bool isGlobal, const 
 // Callers that run the old definition hold it; the next call meets the new one.
 void Procedures::define(ProcedureEntry &entry, ProcedurePointer procedure)
 {
-    if (!entry.current && procedure->isGlobal)
-        m_globalNames.push_back(procedure->name);
+    if (!entry.current && procedure->isGlobal) {
+        m_newNames.push_back(procedure->name);
+        ++m_globalCount;
+    }
     entry.source = procedure->source.get();
     entry.current = std::move(procedure);
     ++m_generation;
@@ -54,14 +54,6 @@ Procedures::Meaning Procedures::find(const std::string &name)
         return {};
     Entries &entries = m_entries[static_cast<size_t>(number)];
     return {ifDefined(entries.global), ifDefined(entries.typed)};
-}
-
-const std::vector<std::string> &Procedures::sortedGlobalNames()
-{
-    if (m_sortedCount < m_globalNames.size())
-        std::sort(m_globalNames.begin(), m_globalNames.end());
-    m_sortedCount = m_globalNames.size();
-    return m_globalNames;
 }
 
 } // namespace mel

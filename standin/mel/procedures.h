@@ -7,6 +7,7 @@
 #include <deque>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace mel {
@@ -30,9 +31,10 @@ public:
         ProcedureEntry *typed = nullptr; // counts for callers in typed text, before the global one
     };
     Meaning find(const std::string &name);
-    size_t globalCount() const { return m_globalNames.size(); }
-    // Sorted anew only when there are more: scripts walk over all names, of which there are many.
-    const std::vector<std::string> &sortedGlobalNames();
+    // How many global ones are defined; they only ever become more.
+    unsigned globalCount() const { return m_globalCount; }
+    // The names of those that were not in an earlier answer, in no order.
+    std::vector<std::string> takeNewNames() { return std::exchange(m_newNames, {}); }
 
 private:
     struct Entries
@@ -45,8 +47,8 @@ private:
     // By the numbers of the names. A deque, as its elements never move; none is ever removed.
     std::deque<Entries> m_entries;
     std::map<std::string, std::map<std::string, ProcedureEntry>> m_byFile;
-    std::vector<std::string> m_globalNames; // of defined ones
-    size_t m_sortedCount = 0;               // how many of the first are in their order
+    std::vector<std::string> m_newNames;
+    unsigned m_globalCount = 0;
     unsigned m_generation = 0;
 };
 

@@ -7,6 +7,7 @@
 #include "standin/mel/interpreter.h"
 #include "standin/mel/filetable.h"
 #include "standin/mel/library.h"
+#include "standin/mel/namelist.h"
 #include "standin/mel/procedures.h"
 #include "standin/mel/random.h"
 #include "standin/mel/variables.h"
@@ -43,14 +44,9 @@ public:
     Library library;
     RandomStreams random;
     FileTable files;
-    // What melInfo answers, for as long as nothing else is defined.
-    struct NameList
-    {
-        StringArray names;
-        size_t procedures = 0;
-        unsigned commands = 0;
-    };
+    // What melInfo answers, and how much was defined when it was brought up to date.
     NameList nameList;
+    unsigned listedGeneration = 0;
     // The words of a command that has run, whatever they say: the next one uses their memory.
     std::vector<Value> spareWords;
 
