@@ -30,6 +30,23 @@ QString twinOf(QString path)
     return path.insert(path.lastIndexOf(QLatin1Char('.')), QLatin1String("@2x"));
 }
 
+void addPixmaps(QIcon *icon, const QString &path)
+{
+    icon->addPixmap(pixmap(path));
+    const QString twin = twinOf(path);
+#if QT_VERSION >= QT_VERSION_CHECK(5, 6, 0)
+    if (qApp->devicePixelRatio() > 1 && QFile::exists(twin)) {
+        QPixmap sharp = pixmap(twin);
+        sharp.setDevicePixelRatio(2);
+        icon->addPixmap(sharp);
+    }
+#else
+    // Without a ratio of pixels the twin is just a larger pixmap, which the icon scales down.
+    if (QFile::exists(twin))
+        icon->addPixmap(pixmap(twin));
+#endif
+}
+
 } // namespace
 
 QImage image(const QString &path)
@@ -46,20 +63,14 @@ QImage image(const QString &path)
 
 QIcon icon(const QString &path)
 {
+    return icon(QStringList(path));
+}
+
+QIcon icon(const QStringList &paths)
+{
     QIcon result;
-    result.addPixmap(pixmap(path));
-    const QString twin = twinOf(path);
-#if QT_VERSION >= QT_VERSION_CHECK(5, 6, 0)
-    if (qApp->devicePixelRatio() > 1 && QFile::exists(twin)) {
-        QPixmap sharp = pixmap(twin);
-        sharp.setDevicePixelRatio(2);
-        result.addPixmap(sharp);
-    }
-#else
-    // Without a ratio of pixels the twin is just a larger pixmap, which the icon scales down.
-    if (QFile::exists(twin))
-        result.addPixmap(pixmap(twin));
-#endif
+    for (const QString &path : paths)
+        addPixmaps(&result, path);
     return result;
 }
 

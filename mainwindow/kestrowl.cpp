@@ -25,7 +25,6 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMenuBar>
-#include <QPixmap>
 #include <QShowEvent>
 #include <QToolBar>
 
@@ -51,10 +50,10 @@ bool isEditKey(const QKeyEvent &event)
 // Title bars, task bars and lists of windows show it in sizes of their own.
 QIcon programIcon()
 {
-    QIcon icon;
+    QStringList paths;
     for (const char *name : {"corvane", "corvane32", "corvane64", "corvane128"})
-        icon.addPixmap(QPixmap::fromImage(compat::image(iconPath(name))));
-    return icon;
+        paths << iconPath(name);
+    return compat::icon(paths);
 }
 
 } // namespace
