@@ -72,14 +72,19 @@ bool followsValue(const QString &code, int bracket)
     return end > 0 && (isCloser(code.at(end - 1)) || code.at(end - 1) == QLatin1Char('"'));
 }
 
-// What brackets without anything before them make; empty for an expression in parentheses.
+// What brackets without anything before them make; empty for most expressions in parentheses.
 QString literalClass(QChar opener, const QString &inside)
 {
     if (opener == QLatin1Char('['))
         return QLatin1String("list");
+    if (opener == QLatin1Char('(')) { // ("%s" % a)
+        const bool isText = inside.trimmed().startsWith(QLatin1Char('"')) &&
+                            codeParts(inside, QLatin1Char(',')).size() == 1;
+        return QLatin1String(isText ? "str" : "");
+    }
     const bool isSet =
         codeParts(inside, QLatin1Char(':')).size() == 1 && !inside.trimmed().isEmpty();
-    return opener == QLatin1Char('(') ? QString() : QLatin1String(isSet ? "set" : "dict");
+    return QLatin1String(isSet ? "set" : "dict");
 }
 
 // Reads the name of an object backwards.

@@ -73,6 +73,7 @@ _COOKIE = _re.compile(
 _LONGEST_PATH = 64  # parts of a dotted name
 _DEEPEST = 32  # variables that lead from one to the next through attributes and calls
 _MOST_IMPORTS = 4  # of the same name
+_MOST_CHOICES = 4
 _LARGEST_FILE = 4 << 20
 _LONG_FILE = 50000  # of which only an outline is parsed
 _PATIENCE = 0.05  # seconds, after which a call reads no more files
@@ -87,6 +88,7 @@ _LITERALS = {
     "SetComp": set(), "JoinedStr": "",
 }
 _UNKNOWN = (None, None)
+_CHOICES = ("BoolOp", "IfExp")  # any of several values, which are looked at when they are needed
 
 with open(_os.devnull) as _FILE:  # closed, but with the names of all files
     pass
@@ -809,6 +811,8 @@ def _value(node):
         return _value(node.value)
     if kind == "BinOp":
         return ["" if _holds_text(node) else None, kind]
+    if kind in _CHOICES:
+        return [node, kind]
     return [_path(node), kind]
 
 
@@ -1258,8 +1262,11 @@ class CorvaneParser(_ast.NodeVisitor):
     def visit_For(self, node):
         self.generic_visit(node)
         self._bind_unknown(node.target)
-        if isinstance(node.target, _ast.Name):
-            self._loops[node.target.id] = _value(node.iter)
+        target, looped = node.target, node.iter
+        if _path(looped) == "enumerate" and looped.args and len(getattr(target, "elts", ())) == 2:
+            target, looped = target.elts[1], looped.args[0]
+        if isinstance(target, _ast.Name):
+            self._loops[target.id] = _value(looped)
 
     visit_AsyncFor = visit_For
 
@@ -1334,7 +1341,9 @@ class CorvaneParser(_ast.NodeVisitor):
         in_method = self.class_index >= 0 and self.function_index >= 0
         owner = getattr(target.value, "id", None)
         if in_method and owner in ("self", "cls") and target.attr != _LOCATOR:
-            parsed = self.classes[self.class_index]
+            parsed, function = self._class_and_function(self.class_index, self.function_index)
+            promised = function.argument_values.get(value[0]) if value[1] == "Name" else None
+            value = promised if promised and promised[1] else value
             _bind(getattr(parsed, owner + "_variables"), target.attr, value)
 
     def _locate_here(self):
@@ -1454,11 +1463,25 @@ class CorvaneParser(_ast.NodeVisitor):
             return _basic_members("", rest) if rest and not rest.startswith(".[]") else []
         if kind in _LITERALS or kind in ("Str", "Num", "BinOp"):
             return _basic_members(value, rest)
+        if kind in _CHOICES:
+            return self._chosen_members(value, rest, depth)
         function = None if self._is_own(value) else value
         function = self._module_path(value) or function
         if kind == "Call" and function in _FUNCTION_RESULTS:
             return _basic_members(_FUNCTION_RESULTS[function], rest)
         return self._members(value + rest, depth + 1) or self._unmapped_members(value + rest)
+
+    def _chosen_members(self, node, rest, depth):
+        """The members of the first value of "a or []" or "a if b else c" that has any."""
+        choices = getattr(node, "values", None) or [node.body, node.orelse]
+        # Each may lead to several again: few of them, and not deep, or that would be many in all.
+        for choice in choices[:_MOST_CHOICES] if depth < _DEEPEST else ():
+            value, kind = _value(choice)
+            deeper = depth + _DEEPEST // 4
+            found = self._value_members(value, kind, rest, deeper) if value != "None" else []
+            if found:
+                return found
+        return []
 
     def _unmapped_members(self, dotted):
         """Members of a module that the source uses, but that was imported elsewhere."""

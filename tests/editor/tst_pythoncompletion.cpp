@@ -151,6 +151,7 @@ void PythonCompletionTest::whatStandsAtTheCaret_data()
     row("of-a-dictionary", "x = {a: {b}}.|", "member 0 dict");
     row("of-a-set", "{a, b[c:d]}.|", "member 0 set");
     row("of-brackets", "(a + b).|", "nothing 0");
+    row("of-text-in-brackets", "('%s' % (a, b)).|", "member 0 str");
     row("number", "12|", "nothing 0");
     row("fraction", "1.|", "nothing 0");
     row("in-a-string", "f('a.|", "nothing 0");

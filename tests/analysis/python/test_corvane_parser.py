@@ -264,7 +264,11 @@ class Candidates(unittest.TestCase):
                 (SHAPE, "self.__class__", public(complete(SHAPE, "self"))),
                 ("a = ''.join(b).split()\n", "a.[]", text),
                 ("for a in ['x']: ^\n", "a", text), ("for a in b: ^\n", "a.lower", text),
-                ("for a in b: ^\n", "a", []), ("with open(a) as b: ^\n", "b.readlines", items),
+                ("for a in b: ^\n", "a", []), ("for i, a in enumerate(['']): ^\n", "a", text),
+                ("a = b() or c or []\n", "a", items), ("a = None if b else ''\n", "a", text),
+                ("import maya.cmds as c\nfor a in c.ls() or []: ^\n", "a", text),
+                ("class A:\n def f(self, a=''): self.a = a\n def g(self): ^", "self.a", text),
+                ("with open(a) as b: ^\n", "b.readlines", items),
                 ("import maya.cmds as c\na = c.ls()\n", "a", items),
                 ("from maya import cmds as c\nfor a in c.ls(): ^\n", "a", text),
                 ("import maya.cmds as c\na = c.polySphere()\n", "a", []),
@@ -761,6 +765,7 @@ class EntryPoints(unittest.TestCase):
         chain = "class C0(object): x0 = 1\n" + "".join(
             "class C%d(C%d): x%d = 1\n" % (i, i - 1, i) for i in range(1, count))
         names = "".join("a%d = a%d\n" % (i, i + 1) for i in range(count)) + "a%d = ''\n" % count
+        choices = "".join("a%d = a%d.b or a%d.c\n" % (i, i + 1, i + 1) for i in range(count))
         module = types.ModuleType(str("cv_cmds"))
         module.__dict__.update((str("command%d" % i), len) for i in range(2500))
         sys.modules[str("cv_cmds")] = module
@@ -768,6 +773,7 @@ class EntryPoints(unittest.TestCase):
         began = time.time()
         self.assertEqual(len(public(complete(chain, "C%d" % (count - 1)))), count)
         self.assertEqual(public(complete(names, "a0")), public(dir(str(""))))
+        self.assertEqual(complete(choices, "a0"), [])
         for _ in range(20):
             self.assertEqual(len(complete("import cv_cmds as c\n", "c")), len(dir(module)))
         self.assertLess(time.time() - began, 20)  # about one second; quadratic work takes minutes
