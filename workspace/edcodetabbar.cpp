@@ -53,6 +53,14 @@ QSize EdCodeTabBar::tabSizeHint(int tab) const
     return QSize(std::min(size.width(), widest), size.height());
 }
 
+void EdCodeTabBar::showEvent(QShowEvent *event)
+{
+    QTabBar::showEvent(event);
+    // A tab made current while the bar was hidden has the tabs laid out, but tells no layout, which
+    // would go on to give the bar the height of an empty one.
+    updateGeometry();
+}
+
 void EdCodeTabBar::mousePressEvent(QMouseEvent *event)
 {
     QTabBar::mousePressEvent(event);

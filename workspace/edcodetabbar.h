@@ -21,6 +21,7 @@ signals:
     void tabBarSelected();
 
 protected:
+    void showEvent(QShowEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     QSize tabSizeHint(int tab) const override;
 

@@ -12,6 +12,7 @@
 #include "workspace/edcodeview.h"
 #include "editor/edcodeedit.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
@@ -145,9 +146,14 @@ void TestEdCentralWidgetState::panesAreRestored()
     QCOMPARE(state.indexA, 1);
     QCOMPARE(state.indexB, 0);
     EdCentralWidget second;
+    second.pane(0)->sizeHint(); // which the layout keeps
     second.restore(state);
     QVERIFY(second.state() == state);
     QCOMPARE(second.currentCodeView()->fileInfo().fileName(), QString("b.mel"));
+    second.show();
+    QCoreApplication::processEvents();
+    for (const EdCodeTabBar *bar : second.findChildren<EdCodeTabBar *>())
+        QCOMPARE(bar->height(), bar->sizeHint().height());
     WorkspaceState same = state;
     const QString link = dir.file("link.mel");
     QVERIFY(QFile::link(dir.file("b.mel"), link));
