@@ -30,6 +30,7 @@ class QShortcut;
 class QTextDocument;
 class QToolBar;
 class QToolButton;
+enum class SaveResult;
 struct WorkspaceState;
 
 // The editor's one window. It turns the user's commands into calls on the active document or into
@@ -235,8 +236,10 @@ private:
     Panes shownPanes() const;
     void warnOf(const QString &problem);
     void updateBars();
-    // False when the user cancelled it, and with it the execution.
-    bool saveBeforeExecuting();
+    // The user may cancel it, and with it the execution.
+    SaveResult saveBeforeExecuting();
+    void saveAndExecute(QString (*scriptOf)(const EdCodeView &view));
+    void run(const QString &script);
     void setOutputVisible(bool visible);
     void listenTo(QTextDocument *document);
     void hideFloatingDocks();

@@ -243,9 +243,6 @@ void Kestrowl::clearEditor()
     m_central->clearText();
 }
 
-// Deliberate: the line and the whole text are saved twice, here and in execute(QString); scripts
-// that watch their files rely on the order.
-
 void Kestrowl::execute()
 {
     if (!currentView())
@@ -259,38 +256,52 @@ void Kestrowl::execute()
 
 void Kestrowl::executeLine()
 {
-    const QPointer<EdCodeView> view = currentView();
-    if (!view)
-        return;
-    if (saveBeforeExecuting() && view && view == currentView())
-        execute(view->lineText().trimmed());
+    saveAndExecute([](const EdCodeView &view) { return view.lineText().trimmed(); });
 }
 
 void Kestrowl::executeAll()
 {
+    saveAndExecute([](const EdCodeView &view) { return view.text(); });
+}
+
+// Deliberate: execute(QString) saves once more; scripts that watch their files rely on the order.
+// But a file that cannot be written was told of, and is not tried again.
+void Kestrowl::saveAndExecute(QString (*scriptOf)(const EdCodeView &view))
+{
     const QPointer<EdCodeView> view = currentView();
     if (!view)
         return;
-    if (saveBeforeExecuting() && view && view == currentView())
-        execute(view->text());
+    const SaveResult saving = saveBeforeExecuting();
+    if (saving == SaveResult::Cancelled || !view || view != currentView())
+        return;
+    if (saving == SaveResult::Done)
+        execute(scriptOf(*view));
+    else
+        run(scriptOf(*view));
 }
 
 void Kestrowl::execute(const QString &script)
 {
     const QPointer<EdCodeView> view = currentView();
-    if (!view)
-        return;
-    if (!saveBeforeExecuting() || script.isEmpty() || !view)
+    if (view && saveBeforeExecuting() != SaveResult::Cancelled && view)
+        run(script);
+}
+
+SaveResult Kestrowl::saveBeforeExecuting()
+{
+    const bool saves = savingAllowed() && preferences().saveOnExecute;
+    return saves ? m_central->saveAll() : SaveResult::Done;
+}
+
+// In the language of the current document.
+void Kestrowl::run(const QString &script)
+{
+    const EdCodeView *view = currentView();
+    if (script.isEmpty() || !view)
         return;
     m_central->flushJournals(); // a script may run for minutes, and crash the host
     if (view->language() == EdCodeView::Mel)
         emit melExecuted(script);
     else if (view->language() == EdCodeView::Python)
         emit pythonExecuted(script);
-}
-
-bool Kestrowl::saveBeforeExecuting()
-{
-    const bool saves = savingAllowed() && preferences().saveOnExecute;
-    return !saves || m_central->saveAll();
 }

@@ -24,6 +24,10 @@ class PythonParser;
 class QSplitter;
 class RecoveryBar;
 
+// Failed: a file could not be written, which the user was told. Cancelled: by the user, who would
+// rather not overwrite one.
+enum class SaveResult { Done, Failed, Cancelled };
+
 // The centre of the window: two panes of tabs, of which one is active: that which had the focus
 // last. The window talks to documents only through this widget, which hands out buffer indices,
 // starts the parsing after pauses in typing, and knows when other programs change the open files.
@@ -120,8 +124,7 @@ public slots:
     // Nothing for an empty path. A document that is open under that name already is closed first,
     // which may ask and be cancelled.
     void saveAs(const QString &path);
-    // False when the user cancelled the saving of one.
-    bool saveAll();
+    SaveResult saveAll();
     void saveBuffers();
 
     void undo();

@@ -183,12 +183,12 @@ bool EdCentralWidget::freeName(const QString &path)
 
 // Asks before the first is written. What the user would rather not overwrite keeps nothing else
 // from being saved.
-bool EdCentralWidget::saveAll()
+SaveResult EdCentralWidget::saveAll()
 {
     if (!savingAllowed()) {
         saveBuffers();
         explainUnsavedFiles();
-        return true;
+        return SaveResult::Done;
     }
     const QPointer<EdCentralWidget> self(this);
     QList<QPointer<EdCodeView>> agreed;
@@ -199,11 +199,14 @@ bool EdCentralWidget::saveAll()
         if (maySave)
             agreed << view;
     }
+    bool hasFailed = false;
     for (const QPointer<EdCodeView> &view : agreed) {
-        if (view)
-            view->save();
+        if (view && view->isModified())
+            hasFailed |= !view->write(view->fileInfo().absoluteFilePath(), view->isBuffer());
     }
-    return !isCancelled;
+    if (isCancelled)
+        return SaveResult::Cancelled;
+    return hasFailed ? SaveResult::Failed : SaveResult::Done;
 }
 
 void EdCentralWidget::explainUnsavedFiles()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/mainwindow/windowfixture.h"
 #include "tests/support/datatable.h"
+#include "tests/support/filesizelimit.h"
 #include "tests/support/modalanswer.h"
 #include "tests/support/testmain.h"
 #include "workspace/journalfile.h"
@@ -116,6 +117,7 @@ private slots:
     void executingSavesFirst_data();
     void executingSavesFirst();
     void cancellingTheSaveRunsNothing();
+    void filesThatCannotBeWrittenAreToldOfOnce();
     void keysInTheEditorExecuteOnce_data();
     void keysInTheEditorExecuteOnce();
     void keypadEnterBreaksTheLineWhenItDoesNotExecute();
@@ -256,6 +258,20 @@ void TestWindowExecution::cancellingTheSaveRunsNothing()
     ModalAnswer answer("Overwrite");
     fixture.window.execute();
     QCOMPARE(executed.mel(), QStringList(" print 1;"));
+}
+
+void TestWindowExecution::filesThatCannotBeWrittenAreToldOfOnce()
+{
+    WindowFixture fixture;
+    Executed executed(fixture.window);
+    fixture.window.open(fixture.dir.write("a.mel", ""));
+    fixture.edit()->insertPlainText("print 1;");
+    const FileSizeLimit full(4);
+    ModalAnswer first("OK");
+    ModalAnswer second("OK");
+    fixture.window.executeAll();
+    QVERIFY(first.wasAsked() != second.wasAsked());
+    QCOMPARE(executed.mel(), QStringList("print 1;"));
 }
 
 void TestWindowExecution::keysInTheEditorExecuteOnce_data()
