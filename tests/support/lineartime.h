@@ -37,7 +37,8 @@ QString slowness(const QString &text, Work work)
         const qint64 whole = milliseconds(text, work);
         if (whole <= 100)
             return QString();
-        const qint64 part = milliseconds(text.left(int(text.size()) / 16), work);
+        // One more, as the clock cuts off what is no whole millisecond.
+        const qint64 part = milliseconds(text.left(int(text.size()) / 16), work) + 1;
         if (whole <= 16 * 3 * part)
             return QString();
         complaint = QString::fromLatin1("%1 ms, %2 for a sixteenth").arg(whole).arg(part);
