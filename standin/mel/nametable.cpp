@@ -55,9 +55,9 @@ int NameTable::add(std::string_view name)
         return found.number;
     const int number = static_cast<int>(m_ends.size());
     m_text += name;
-    m_ends.push_back(m_text.size());
+    m_ends.push_back(static_cast<std::uint32_t>(m_text.size()));
     found = {markOf(hash), number};
-    if (m_ends.size() * 2 > m_places.size())
+    if (m_ends.size() * 4 > m_places.size() * 3)
         grow();
     return number;
 }

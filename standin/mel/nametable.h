@@ -32,9 +32,9 @@ private:
     std::string_view name(int number) const;
     void grow();
 
-    std::vector<Place> m_places; // a power of two, at most half of them taken
-    std::string m_text;          // the names one behind the other
-    std::vector<size_t> m_ends;  // of each in the text
+    std::vector<Place> m_places;       // a power of two, a quarter of them free
+    std::string m_text;                // the names one behind the other
+    std::vector<std::uint32_t> m_ends; // of each in the text
 };
 
 } // namespace mel

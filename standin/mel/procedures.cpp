@@ -6,9 +6,9 @@ namespace mel {
 namespace {
 
 // An entry without a procedure belongs to a text that is being compiled, or has failed.
-ProcedureEntry *ifDefined(ProcedureEntry &entry)
+ProcedureEntry *ifDefined(ProcedureEntry *entry)
 {
-    return entry.current ? &entry : nullptr;
+    return entry && entry->current ? entry : nullptr;
 }
 
 } // namespace
@@ -30,9 +30,15 @@ ProcedureEntry &Procedures::entry(const std::string &name, bool isGlobal, const 
     if (!isGlobal && !source.isTyped())
         return m_byFile[source.path][name];
     const size_t number = static_cast<size_t>(m_names.add(name));
-    if (number == m_entries.size())
-        m_entries.emplace_back();
-    return isGlobal ? m_entries[number].global : m_entries[number].typed;
+    if (number == m_global.size()) {
+        m_global.emplace_back();
+        m_typed.push_back(nullptr);
+    }
+    if (isGlobal)
+        return m_global[number];
+    if (!m_typed[number])
+        m_typed[number] = &m_typedEntries.emplace_back();
+    return *m_typed[number];
 }
 
 // Callers that run the old definition hold it; the next call meets the new one.
@@ -52,8 +58,8 @@ Procedures::Meaning Procedures::find(const std::string &name)
     const int number = m_names.find(name);
     if (number < 0)
         return {};
-    Entries &entries = m_entries[static_cast<size_t>(number)];
-    return {ifDefined(entries.global), ifDefined(entries.typed)};
+    return {ifDefined(&m_global[static_cast<size_t>(number)]),
+            ifDefined(m_typed[static_cast<size_t>(number)])};
 }
 
 } // namespace mel

@@ -37,15 +37,12 @@ public:
     std::vector<std::string> takeNewNames() { return std::exchange(m_newNames, {}); }
 
 private:
-    struct Entries
-    {
-        ProcedureEntry global;
-        ProcedureEntry typed;
-    };
-
     NameTable m_names;
-    // By the numbers of the names. A deque, as its elements never move; none is ever removed.
-    std::deque<Entries> m_entries;
+    // By the numbers of the names; few have a typed one. Deques, as their elements never move; none
+    // is ever removed.
+    std::deque<ProcedureEntry> m_global;
+    std::vector<ProcedureEntry *> m_typed;
+    std::deque<ProcedureEntry> m_typedEntries;
     std::map<std::string, std::map<std::string, ProcedureEntry>> m_byFile;
     std::vector<std::string> m_newNames;
     unsigned m_globalCount = 0;
