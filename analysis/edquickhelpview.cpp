@@ -30,6 +30,7 @@ EdQuickHelpView::EdQuickHelpView(QWidget *parent)
     layout->addLayout(createMessageRow());
     layout->addWidget(m_filter);
     layout->addWidget(m_flags);
+    setFocusProxy(m_entry);
     m_filter->setObjectName(QLatin1String("filter"));
     m_filter->setPlaceholderText(tr("Filter flags"));
     connect(m_filter, SIGNAL(textChanged(QString)), SLOT(filterFlags(QString)));

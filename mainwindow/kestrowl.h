@@ -150,6 +150,9 @@ public slots:
     void showBoth();
     void showAll();
     void setToolbarVisible(bool visible = true);
+    // Gives the keyboard to the text or dock beside the one that has it.
+    void focusNextPart();
+    void focusPreviousPart();
     // Slots of the docks.
     void dockToggle(bool visible);
     void dockLocationChange();
@@ -242,6 +245,8 @@ private:
     void run(const QString &script);
     void setOutputVisible(bool visible);
     void listenTo(QTextDocument *document);
+    QList<QWidget *> keyboardParts() const;
+    void focusPart(int step);
     void hideFloatingDocks();
     void showFloatingDocks();
     QString quickHelpCommand(const QString &text) const;

@@ -24,6 +24,8 @@ QList<QShortcut *> createShortcuts(QWidget *window)
         {"Ctrl+Shift+Enter", SLOT(executeAll())},
         {"F3", SLOT(findNext())},
         {"Shift+F3", SLOT(findPrevious())},
+        {"F6", SLOT(focusNextPart())},
+        {"Shift+F6", SLOT(focusPreviousPart())},
     };
 
     QList<QShortcut *> shortcuts;

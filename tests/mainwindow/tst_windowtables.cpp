@@ -327,7 +327,8 @@ void TestWindowTables::extraShortcutsBelongToTheWindow()
         keys << shortcut->key().toString(QKeySequence::PortableText);
     }
     QCOMPARE(keys, words("Ctrl+T Ctrl+Shift+W Ctrl+Return Ctrl+Enter Ctrl+Alt+Return "
-                         "Ctrl+Alt+Enter Ctrl+Shift+Return Ctrl+Shift+Enter F3 Shift+F3"));
+                         "Ctrl+Alt+Enter Ctrl+Shift+Return Ctrl+Shift+Enter F3 Shift+F3 F6 "
+                         "Shift+F6"));
 }
 
 // Keys that two things answer to do neither.

@@ -73,6 +73,7 @@ private slots:
     void neverNeitherHistoryNorEditor();
     void quickHelpShowsItsDockOnRequest();
     void clearAllClearsBoth();
+    void theKeyboardReachesEveryPart();
     void copyTakesTheHistoryThatHasTheFocus();
     void editActionsFollowTheDocument();
     void statusLabelsFollowTheCaret();
@@ -563,6 +564,41 @@ void TestWindowView::deletingAShownWindowIsQuiet()
     QSignalSpy executed(&fixture->window, SIGNAL(melExecuted(QString)));
     delete fixture;
     QCOMPARE(int(executed.size()), 0);
+}
+
+void TestWindowView::theKeyboardReachesEveryPart()
+{
+    WindowFixture fixture;
+    Kestrowl &window = fixture.window;
+    window.open(fixture.dir.write("a.mel", ""));
+    window.open(fixture.dir.write("b.mel", ""));
+    window.central()->moveToOtherView(0, 1);
+    window.tabifyDockWidget(window.dock(Dock::Documents), window.dock(Dock::Buffers));
+    fixture.showActive();
+    window.dock(Dock::Project)->hide();
+    fixture.edit()->setFocus();
+
+    QList<QWidget *> forth, back;
+    const int parts = 2 + 4; // the panes, and the docks in sight
+    for (int step = 0; step < parts; ++step) {
+        forth << QApplication::focusWidget();
+        window.focusNextPart();
+    }
+    for (int step = 0; step < parts; ++step) {
+        window.focusPreviousPart();
+        back.prepend(QApplication::focusWidget());
+    }
+    QCOMPARE(QApplication::focusWidget(), static_cast<QWidget *>(fixture.edit()));
+    QCOMPARE(forth, back);
+    QCOMPARE(forth.at(1), window.dock(Dock::Documents)->widget());
+    for (QWidget *part : forth)
+        QCOMPARE(int(forth.count(part)), 1);
+    window.dock(Dock::Documents)->raise();
+    window.dock(Dock::Buffers)->raise();
+    fixture.edit()->setFocus();
+    window.focusNextPart();
+    QCoreApplication::processEvents();
+    QVERIFY(!window.dock(Dock::Documents)->visibleRegion().isEmpty());
 }
 
 CORVANE_TEST_MAIN(TestWindowView)
