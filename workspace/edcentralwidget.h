@@ -250,7 +250,8 @@ private:
     void showPlace(const Place &place);
     void renameAt(const Place &place);
     void addBuffer(int language);
-    bool freeName(const QString &path);
+    EdCodeView *otherDocumentOf(const QString &path) const;
+    bool mayReplace(const QPointer<EdCodeView> &view);
     void explainUnsavedFiles();
     void reportFailedSaveAs(const EdCodeView &view, const QString &target);
     void closeTabsBut(EdCodeView *keptView);

@@ -129,14 +129,18 @@ void EdCentralWidget::saveAs(const QString &path)
     const QPointer<EdCodeView> view = currentCodeView();
     if (!view || path.isEmpty() || !mayWriteFiles(this))
         return;
-    if (!freeName(path) || currentCodeView() != view)
-        return; // what was asked may even have closed it
     const QString target = QFileInfo(path).absoluteFilePath();
+    const QPointer<EdCodeView> replaced = otherDocumentOf(target);
+    if (!mayReplace(replaced) || currentCodeView() != view)
+        return; // what was asked may even have closed it
     active()->saveAs(target);
     if (!view)
         return;
-    reportFailedSaveAs(*view, target);
-    if (view->isFileChanged()) // it failed, and what others did before is still to be asked about
+    if (view->isBuffer() || view->fileInfo().absoluteFilePath() != target)
+        reportFailedSaveAs(*view, target);
+    else
+        closeDocument(replaced); // only now that its changes are really in vain
+    if (view->isFileChanged())   // it failed, and what others did before is still to be asked about
         externalFileChange(view->fileInfo().absoluteFilePath());
     onTabChange(); // the language may be another one
 }
@@ -145,40 +149,40 @@ void EdCentralWidget::saveAs(const QString &path)
 // what it still is.
 void EdCentralWidget::reportFailedSaveAs(const EdCodeView &view, const QString &target)
 {
-    const QString path = view.fileInfo().absoluteFilePath();
-    if (!view.isBuffer() && path == target)
-        return;
     onFileClosed(target);
     if (view.isBuffer())
         onBufferCreated(view.bufferIndex(), active()->tabText(active()->currentIndex()),
                         view.fileInfo());
     else
-        onFileOpened(path);
+        onFileOpened(view.fileInfo().absoluteFilePath());
 }
 
 // No file is ever open twice: the other document would ask whether to be reloaded, and overwrite
-// this one when it is saved. False when it has changes that the user would rather keep.
-bool EdCentralWidget::freeName(const QString &path)
+// this one when it is saved.
+EdCodeView *EdCentralWidget::otherDocumentOf(const QString &path) const
 {
-    const Place other = placeOfFile(QFileInfo(path));
-    const QPointer<EdCodeView> overwritten = other ? other.pane->codeViewAt(other.tab) : nullptr;
-    if (!overwritten || overwritten == currentCodeView())
+    const Place place = placeOfFile(QFileInfo(path));
+    EdCodeView *view = place ? place.pane->codeViewAt(place.tab) : nullptr;
+    return view == currentCodeView() ? nullptr : view;
+}
+
+// False when it has changes that the user would rather keep. A buffer, whose file belongs to
+// nobody else, is closed at once.
+bool EdCentralWidget::mayReplace(const QPointer<EdCodeView> &view)
+{
+    if (!view)
         return true;
-    if (overwritten->isBuffer()) {
-        other.pane->closeTab(other.tab); // which asks
-        return !placeOf(overwritten);
+    if (view->isBuffer()) {
+        const Place place = placeOf(view);
+        place.pane->closeTab(place.tab); // which asks
+        return !placeOf(view);
     }
     // Saving it first would be in vain.
     const QString question =
         tr("%1 is open and has unsaved changes, which will be lost.\nDo you want to replace it?")
-            .arg(overwritten->fileInfo().fileName());
-    if (overwritten->isModified() &&
-        !askYesNo(window(), tr("Save File"), question, QMessageBox::No, QMessageBox::No))
-        return false;
-    if (!overwritten) // gone meanwhile, perhaps with all
-        return false;
-    closeDocument(overwritten);
-    return true;
+            .arg(view->fileInfo().fileName());
+    return !view->isModified() ||
+           askYesNo(window(), tr("Save File"), question, QMessageBox::No, QMessageBox::No);
 }
 
 // Asks before the first is written. What the user would rather not overwrite keeps nothing else

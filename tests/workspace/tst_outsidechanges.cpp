@@ -43,6 +43,7 @@ private slots:
     void savingAsksAboutWhatIsSavedOnly();
     void savingAllLeavesOutWhatIsCancelled();
     void savingUnderAnOpenNameAsksOnlyAboutLosing();
+    void savingInVainUnderAnOpenNameClosesNothing();
     void renamedFilesAreStillAskedAbout();
     void filesThatChangedAndWentAreAskedAboutOnce();
 
@@ -372,6 +373,19 @@ void TestOutsideChanges::savingUnderAnOpenNameAsksOnlyAboutLosing()
     }
     QCOMPARE(m_dir->read("a.mel"), QByteArray("b"));
     QCOMPARE(m_central->codeViews().size(), 1);
+}
+
+void TestOutsideChanges::savingInVainUnderAnOpenNameClosesNothing()
+{
+    m_central->replace("kept ");
+    m_central->openFile(m_dir->write("b.mel", "\xe9"));
+    m_central->replace(QString(QChar(0x4e00)));
+    ModalAnswer answer("Yes");
+    answer.thenPress("No"); // to UTF-8
+    m_central->saveAs(m_dir->file("a.mel"));
+    QCOMPARE(m_dir->read("a.mel"), QByteArray("one\ntwo\nthree\n"));
+    QCOMPARE(m_central->codeViews().size(), 2);
+    QCOMPARE(m_central->pane(0)->codeViewAt(0)->text(), QString("kept one\ntwo\nthree\n"));
 }
 
 void TestOutsideChanges::renamedFilesAreStillAskedAbout()
