@@ -67,7 +67,8 @@ void Kestrowl::explainClosed(EdCodeView *view)
 // the other actions save buffers too.
 void Kestrowl::updateDemoNotice()
 {
-    if (isDemo() && action(Action::SaveAs)->isEnabled()) {
+    const bool wasDemo = m_demoNotice && !m_demoNotice->isHidden();
+    if (isDemo() && !wasDemo) {
         warnOf(licenseProblem());
         warnOf(tr("This is a demo: it does not save to files."));
     }

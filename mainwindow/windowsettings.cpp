@@ -95,7 +95,7 @@ void writeWindowSettings(QSettings &settings, const WindowSettings &window)
 {
     settings.beginGroup(QLatin1String("mainwindow"));
     settings.setValue(QLatin1String("version"), fileVersion);
-    // Another session may have been given one meanwhile.
+    // A session that has none keeps what another one may have been given meanwhile.
     if (!window.license.isEmpty() || !settings.contains(QLatin1String("license")))
         settings.setValue(QLatin1String("license"), window.license);
     setBytes(settings, "windowGeometry", window.geometry);
