@@ -40,6 +40,8 @@ void NameList::remove(const std::string &name)
 
 void NameList::add(std::vector<std::string> added)
 {
+    if (added.empty())
+        return; // the list may be shared
     std::sort(added.begin(), added.end());
     std::vector<std::string> &names = m_names.edit();
     const auto count = static_cast<std::ptrdiff_t>(names.size());
