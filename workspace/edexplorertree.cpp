@@ -9,6 +9,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QFileSystemModel>
+#include <QItemSelectionModel>
 #include <QMenu>
 #include <QUrl>
 
@@ -254,7 +255,9 @@ void EdExplorerTree::selectAwaited()
     // Of one that is listed but not shown yet, the model gives the folder.
     if (!index.isValid() || m_filter->filePath(index) != m_awaited)
         return;
-    setCurrentIndex(index);
+    // The view itself would toggle or extend, by the keys that are still held: Ctrl from Ctrl+V.
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect |
+                                                 QItemSelectionModel::Rows);
     scrollTo(index);
 }
 
