@@ -88,6 +88,10 @@ _LITERALS = {
     "SetComp": set(), "JoinedStr": "",
 }
 _UNKNOWN = (None, None)
+_PROMISE = "Annotation"  # of a class: no value that the variable gets changes it
+# Annotations that promise what is in their brackets, and those that promise nothing by themselves.
+_WRAPPERS = ("ClassVar", "Final", "Optional")
+_VAGUE = _WRAPPERS + ("Any", "TypeAlias")
 _CHOICES = ("BoolOp", "IfExp")  # any of several values, which are looked at when they are needed
 
 with open(_os.devnull) as _FILE:  # closed, but with the names of all files
@@ -818,7 +822,9 @@ def _value(node):
 
 def _bind(variables, name, value):
     known = variables.get(name)
-    if known is not None and known[1] != value[1]:
+    if known is not None and known[1] == _PROMISE:
+        return
+    if known is not None and value[1] not in (known[1], _PROMISE):
         value = _UNKNOWN
     variables[name] = list(value)
 
@@ -872,14 +878,15 @@ def _annotated(annotation):
     if kind == "Subscript":
         generic = (_dotted(annotation.value) or "").rpartition(".")[2]
         inner = annotation.slice
-        if generic == "Optional":
+        if generic in _WRAPPERS:
             return _annotated(inner.value if type(inner).__name__ == "Index" else inner)
         return generic.lower()  # List and list
     if kind == "BinOp":  # A | None
         return _annotated(annotation.left)
     if _literal_type(annotation) == "str":
         return _value(annotation)[0]
-    return _dotted(annotation)
+    path = _dotted(annotation)
+    return path if path and path.rpartition(".")[2] not in _VAGUE else None
 
 
 def _argument_values(arguments):
@@ -1255,9 +1262,9 @@ class CorvaneParser(_ast.NodeVisitor):
 
     def visit_AnnAssign(self, node):
         self.generic_visit(node)
-        # `name: Class` alone promises an instance of the class.
-        value = _value(node.value) if node.value else [_annotated(node.annotation), "Call"]
-        self._bind_target(node.target, value)
+        # An annotation promises an instance of the class, of which the value may tell nothing: None.
+        promised = _annotated(node.annotation)
+        self._bind_target(node.target, [promised, _PROMISE] if promised else _value(node.value))
 
     def visit_For(self, node):
         self.generic_visit(node)

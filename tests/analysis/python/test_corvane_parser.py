@@ -190,16 +190,20 @@ class Visiting(unittest.TestCase):
             """)
         go = parser.classes[0].functions[0]
         self.assertEqual(go.arguments, ["self", "a", "key", "rest"])
-        self.assertEqual(parser.classes[0].self_variables, {"x": [1, "Num"]})
+        self.assertEqual(parser.classes[0].self_variables, {"x": ["int", "Annotation"]})
         unknown = parser.variables.pop("first")[0], parser.variables.pop("others")[0]
         self.assertEqual(unknown, (None, None))
         self.assertEqual(parser.variables,
-                         {"y": [[], "List"], "z": ["A", "Call"], "f": ["", "JoinedStr"]})
+                         {"y": ["list", "Annotation"], "z": ["A", "Annotation"],
+                          "f": ["", "JoinedStr"]})
         self.assertEqual(parser.functions[0].name, "main")
         annotated = "class A:\n def g(self): pass\ndef f(a: %s):\n ^\n"
         for promise in ("A", "'A'", "Optional[A]", "t.Optional['A']", "A | None"):
             self.assertEqual(public(complete(annotated % promise, "a")), ["g"], promise)
         self.assertEqual(set(complete(annotated % "t.List[A]", "a")), set(dir([])))
+        for promise in ("A = None; a = 1", "Optional[A] = make()", "Final = A()", "t.Any = A()"):
+            source = "class A:\n def g(self): pass\na: %s\n" % promise
+            self.assertEqual(public(complete(source, "a")), ["g"], promise)
         if sys.version_info >= (3, 8):
             newer = parsed("def f(a, /, b): pass\nif (found := 'x'): pass\n")
             self.assertEqual(newer.functions[0].arguments, ["a", "b"])
