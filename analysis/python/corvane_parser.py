@@ -1252,8 +1252,10 @@ class CorvaneParser(_ast.NodeVisitor):
         for target in node.targets:
             self._bind_target(target, value, node.value)
             if getattr(target, "id", "") == "__all__":
-                listed = getattr(node.value, "elts", None)
-                self._exported = listed and [_value(one)[0] for one in listed]
+                # Of names, sums and the like nothing tells what they stand for.
+                listed = getattr(node.value, "elts", [None])
+                is_text = all(_literal_type(one) == "str" for one in listed)
+                self._exported = [_value(one)[0] for one in listed] if is_text else None
 
     def visit_AugAssign(self, node):
         self.generic_visit(node)

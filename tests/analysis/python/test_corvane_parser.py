@@ -408,6 +408,9 @@ class Modules(unittest.TestCase):
         self.assertEqual(exported("cv_all"), ["a", "b", "size"])
         self.assertEqual((exported("cv_some"), sorted(public(self.names("cv_some")))),
                          (["b", "_c"], ["a", "b", "size"]))
+        self.write("cv_odd.py", "f = g = 1\n__all__ = ['f', g]\n")
+        self.write("cv_none.py", "f = 1\n__all__ = []\n")
+        self.assertEqual((exported("cv_odd"), exported("cv_none")), (["f", "g"], []))
         self.assertNotIn("re", exported("textwrap"))
         self.assertEqual(self.names("cv_all.a"), dir([]))
         self.assertEqual([n for n in sys.modules if n.startswith("cv_")], [])
