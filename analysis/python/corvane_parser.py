@@ -1016,7 +1016,6 @@ class CorvaneParser(_ast.NodeVisitor):
         self._local_variables = {}
         self._exported = None  # the list of names in __all__
         self._whole_modules = []  # those of "from module import *"
-        self._loops = {}  # name of a loop's variable -> value of what it loops over
         self._lines_that_matter = (0, float("inf"))
 
     # Entry points
@@ -1270,12 +1269,14 @@ class CorvaneParser(_ast.NodeVisitor):
 
     def visit_For(self, node):
         self.generic_visit(node)
-        self._bind_unknown(node.target)
         target, looped = node.target, node.iter
         if _path(looped) == "enumerate" and looped.args and len(getattr(target, "elts", ())) == 2:
+            self._bind_unknown(target.elts[0])
             target, looped = target.elts[1], looped.args[0]
         if isinstance(target, _ast.Name):
-            self._loops[target.id] = _value(looped)
+            self._bind_target(target, [_value(looped), "Item"])
+        else:
+            self._bind_unknown(target)
 
     visit_AsyncFor = visit_For
 
@@ -1453,11 +1454,7 @@ class CorvaneParser(_ast.NodeVisitor):
         value, kind, rest = self._follow(dotted)
         if kind == "Name" and value in self.variables:
             return []  # a = b; b = a
-        first, found = dotted.partition(".")[0], []
-        if value is None and first in self._loops:
-            looped, looped_kind = self._loops[first]
-            found = self._value_members(looped, looped_kind, ".[]" + rest, depth)
-        return found or self._value_members(value, kind, rest, depth)
+        return self._value_members(value, kind, rest, depth)
 
     def _class_variable_members(self, parsed, path, depth):
         """The members of "variable" or "variable.rest" of a class."""
@@ -1472,6 +1469,9 @@ class CorvaneParser(_ast.NodeVisitor):
             return _basic_members("", rest) if rest and not rest.startswith(".[]") else []
         if kind in _LITERALS or kind in ("Str", "Num", "BinOp"):
             return _basic_members(value, rest)
+        if kind == "Item":  # the variable of a loop over another value
+            found = self._value_members(value[0], value[1], ".[]" + rest, depth)
+            return found or self._value_members(None, None, rest, depth)
         if kind in _CHOICES:
             return self._chosen_members(value, rest, depth)
         function = None if self._is_own(value) else value

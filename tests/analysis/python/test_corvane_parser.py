@@ -139,7 +139,7 @@ class Visiting(unittest.TestCase):
             r, s = t
             """).variables
         expected = {"a": [1, "Num"], "b": ["x", "Str"], "c": [[], "List"], "d": ["f.g", "Call"],
-                    "e": ["f.g", "Call"], "h": [2, "Num"], "i": [None, None], "j": [None, None],
+                    "e": ["f.g", "Call"], "h": [2, "Num"], "i": [None, None], "j": [["x", "Name"], "Item"],
                     "k": [{}, "Dict"], "l": [None, None], "m": [(), "Tuple"], "n": ["None", "Name"],
                     "o": ["p.q", "Attribute"]}
         self.assertEqual(dict((k, v) for k, v in variables.items() if k in expected), expected)
@@ -268,6 +268,8 @@ class Candidates(unittest.TestCase):
                 (SHAPE, "self.__class__", public(complete(SHAPE, "self"))),
                 ("a = ''.join(b).split()\n", "a.[]", text),
                 ("for a in ['x']: ^\n", "a", text), ("for a in b: ^\n", "a.lower", text),
+                ("def f():\n for a in ['']: pass\ndef g(a):\n ^\n", "a", []),
+                ("def f():\n for a in ['']: ^\na = 1\n", "a", text),
                 ("for a in b: ^\n", "a", []), ("for i, a in enumerate(['']): ^\n", "a", text),
                 ("a = b() or c or []\n", "a", items), ("a = None if b else ''\n", "a", text),
                 ("import maya.cmds as c\nfor a in c.ls() or []: ^\n", "a", text),
