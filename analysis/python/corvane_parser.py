@@ -71,6 +71,7 @@ _COOKIE = _re.compile(
 
 # Bounds that no sensible source reaches; beyond them there are no names rather than a long wait.
 _LONGEST_PATH = 64  # parts of a dotted name
+_LONGEST_QUOTED = 1000  # units of an annotation
 _DEEPEST = 32  # variables that lead from one to the next through attributes and calls
 _MOST_IMPORTS = 4  # of the same name
 _MOST_CHOICES = 4
@@ -92,6 +93,8 @@ _PROMISE = "Annotation"  # of a class: no value that the variable gets changes i
 # Annotations that promise what is in their brackets, and those that promise nothing by themselves.
 _WRAPPERS = ("ClassVar", "Final", "Optional")
 _VAGUE = _WRAPPERS + ("Any", "TypeAlias")
+_TYPING = "typing."
+_GENERICS = ("Dict", "FrozenSet", "List", "Set", "Tuple")  # like the types in lower case
 _CHOICES = ("BoolOp", "IfExp")  # any of several values, which are looked at when they are needed
 
 with open(_os.devnull) as _FILE:  # closed, but with the names of all files
@@ -872,21 +875,30 @@ def _argument_names(arguments):
     return names
 
 
-def _annotated(annotation):
+def _annotated(annotation, depth=0):
     """Returns the path of the class that an annotation promises, or None."""
-    kind = type(annotation).__name__
+    kind, inner = type(annotation).__name__, None
     if kind == "Subscript":
-        generic = (_dotted(annotation.value) or "").rpartition(".")[2]
-        inner = annotation.slice
-        if generic in _WRAPPERS:
-            return _annotated(inner.value if type(inner).__name__ == "Index" else inner)
-        return generic.lower()  # List and list
-    if kind == "BinOp":  # A | None
-        return _annotated(annotation.left)
-    if _literal_type(annotation) == "str":
-        return _value(annotation)[0]
+        inner = annotation.value
+        if (_dotted(inner) or "").rpartition(".")[2] in _WRAPPERS:
+            inner = annotation.slice
+            inner = inner.value if type(inner).__name__ == "Index" else inner
+    elif kind == "BinOp":  # A | None
+        inner = annotation.left
+    elif _literal_type(annotation) == "str":
+        inner = _quoted(_value(annotation)[0])
+    if inner is not None:
+        return _annotated(inner, depth + 1) if depth < _DEEPEST else None
     path = _dotted(annotation)
     return path if path and path.rpartition(".")[2] not in _VAGUE else None
+
+
+def _quoted(text):
+    """Returns the expression of an annotation in quotes, or None."""
+    try:
+        return _parse(text.strip()).body[0].value if len(text) < _LONGEST_QUOTED else None
+    except Exception:
+        return None
 
 
 def _argument_values(arguments):
@@ -1263,7 +1275,7 @@ class CorvaneParser(_ast.NodeVisitor):
 
     def visit_AnnAssign(self, node):
         self.generic_visit(node)
-        # An annotation promises an instance of the class, of which the value may tell nothing: None.
+        # It promises an instance of the class, of which the value may tell nothing: None.
         promised = _annotated(node.annotation)
         self._bind_target(node.target, [promised, _PROMISE] if promised else _value(node.value))
 
@@ -1474,11 +1486,19 @@ class CorvaneParser(_ast.NodeVisitor):
             return found or self._value_members(None, None, rest, depth)
         if kind in _CHOICES:
             return self._chosen_members(value, rest, depth)
+        value = self._without_typing(value)
         function = None if self._is_own(value) else value
         function = self._module_path(value) or function
         if kind == "Call" and function in _FUNCTION_RESULTS:
             return _basic_members(_FUNCTION_RESULTS[function], rest)
         return self._members(value + rest, depth + 1) or self._unmapped_members(value + rest)
+
+    def _without_typing(self, path):
+        """Returns "dict" for "Dict" and "typing.Dict", unless the source means others."""
+        generic = path.rpartition(".")[2]
+        full = self._module_path(path) or _TYPING
+        is_own = path in self._classes_by_name or not full.startswith(_TYPING)
+        return generic.lower() if generic in _GENERICS and not is_own else path
 
     def _chosen_members(self, node, rest, depth):
         """The members of the first value of "a or []" or "a if b else c" that has any."""

@@ -139,9 +139,9 @@ class Visiting(unittest.TestCase):
             r, s = t
             """).variables
         expected = {"a": [1, "Num"], "b": ["x", "Str"], "c": [[], "List"], "d": ["f.g", "Call"],
-                    "e": ["f.g", "Call"], "h": [2, "Num"], "i": [None, None], "j": [["x", "Name"], "Item"],
-                    "k": [{}, "Dict"], "l": [None, None], "m": [(), "Tuple"], "n": ["None", "Name"],
-                    "o": ["p.q", "Attribute"]}
+                    "e": ["f.g", "Call"], "h": [2, "Num"], "i": [None, None],
+                    "j": [["x", "Name"], "Item"], "k": [{}, "Dict"], "l": [None, None],
+                    "m": [(), "Tuple"], "n": ["None", "Name"], "o": ["p.q", "Attribute"]}
         self.assertEqual(dict((k, v) for k, v in variables.items() if k in expected), expected)
         self.assertEqual((variables["r"], variables["s"]), ([None, None], [None, None]))
 
@@ -200,7 +200,13 @@ class Visiting(unittest.TestCase):
         annotated = "class A:\n def g(self): pass\ndef f(a: %s):\n ^\n"
         for promise in ("A", "'A'", "Optional[A]", "t.Optional['A']", "A | None"):
             self.assertEqual(public(complete(annotated % promise, "a")), ["g"], promise)
-        self.assertEqual(set(complete(annotated % "t.List[A]", "a")), set(dir([])))
+        for promise in ("t.List[A]", "'List[int]'", "List", "'Optional[\"List\"]'"):
+            found = complete("import typing as t\n" + annotated % promise, "a")
+            self.assertEqual(set(found), set(dir([])), promise)
+        own = "from mine import List\nclass A: b = 1\nclass Set: c = 1\na: List\nd: Set\n"
+        self.assertEqual((complete(own, "a"), complete(own, "d")), ([], ["c"]))
+        for damaged in ("'A['", "''", "'\\0'", "'x = 1'", repr("(" * 500), "'A' | " * 99 + "A"):
+            self.assertEqual(public(complete(annotated % damaged, "A")), ["g"], damaged)
         for promise in ("A = None; a = 1", "Optional[A] = make()", "Final = A()", "t.Any = A()"):
             source = "class A:\n def g(self): pass\na: %s\n" % promise
             self.assertEqual(public(complete(source, "a")), ["g"], promise)
