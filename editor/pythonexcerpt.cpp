@@ -368,7 +368,8 @@ private:
             lines = codeParts(before.mid(header.size()), QLatin1Char(';'));
             before = header + lines.takeLast();
         }
-        const QString bound = before.right(mostUnitsAtCaret) + QLatin1Char(' ') + codeAround(start);
+        const QString bound =
+            before.right(mostUnitsAtCaret) + QLatin1Char(' ') + restOfStatement(start);
         const QStringList names = pythonBindings(bound);
         for (QString &line : lines)
             line = isPython2Output(line.trimmed())
@@ -381,7 +382,7 @@ private:
 
     // Of the statement what stands behind the caret, and all of an expression in a string that the
     // caret is in.
-    QString codeAround(int start) const
+    QString restOfStatement(int start) const
     {
         const QString &text = m_context.text;
         int caret = m_context.position;
