@@ -160,9 +160,13 @@ void addNames(const std::vector<Completion> &added, std::vector<Completion> *nam
     std::stable_sort(names->begin(), names->end(), comesBefore);
 }
 
-QString packageOf(const QTextDocument *document)
+// Only where it matters: files are looked for, perhaps over a network, at every opening of the
+// list.
+QString packageOf(const QTextDocument *document, const QString &text)
 {
-    return openScripts() ? packageOfFolder(openScripts()->folderOf(document)) : QString();
+    return openScripts() && hasRelativeImport(text)
+               ? packageOfFolder(openScripts()->folderOf(document))
+               : QString();
 }
 
 std::vector<Completion> importable(const PythonCaret &caret, const QString &module)
@@ -191,8 +195,8 @@ Completions PythonCompletion::completionsAt(const QTextCursor &caret)
     Completions found;
     if (caret.isNull() || caret.document()->characterCount() > longestDocument)
         return found;
-    const PythonContext context(caret.document()->toPlainText(), caret.position(),
-                                packageOf(caret.document()));
+    const QString text = caret.document()->toPlainText();
+    const PythonContext context(text, caret.position(), packageOf(caret.document(), text));
     const PythonCaret place = pythonCaret(context);
     found.prefixLength = place.prefixLength;
     switch (place.place) {

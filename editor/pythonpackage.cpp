@@ -10,6 +10,19 @@ const int deepestPackage = 32;
 
 } // namespace
 
+bool hasRelativeImport(const QString &text)
+{
+    const QLatin1String from("from");
+    for (int at = int(text.indexOf(from)); at >= 0; at = int(text.indexOf(from, at + 1))) {
+        int next = at + 4;
+        while (next < text.size() && text.at(next).isSpace())
+            ++next;
+        if (next < text.size() && text.at(next) == QLatin1Char('.'))
+            return true;
+    }
+    return false;
+}
+
 QString packageOfFolder(const QString &folder)
 {
     QStringList names;

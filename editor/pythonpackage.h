@@ -3,6 +3,9 @@
 
 #include <QString>
 
+// Whether a "from" stands before a dot, as in "from .a import b"; in a comment, too.
+bool hasRelativeImport(const QString &text);
+
 // The package that a script in the folder belongs to, with dots; empty for none.
 QString packageOfFolder(const QString &folder);
 

@@ -94,9 +94,10 @@ class Scripts : public OpenScripts
 {
 public:
     std::vector<Completion> melNamesFor(const QTextDocument *) const override { return {}; }
-    QString folderOf(const QTextDocument *) const override { return folder; }
+    QString folderOf(const QTextDocument *) const override { return ++asked, folder; }
 
     QString folder;
+    mutable int asked = 0;
 };
 
 // The texts of the items.
@@ -382,6 +383,8 @@ void PythonCompletionTest::relativeImportsBeginInTheFolderOfTheScript()
     folder.write("a/b/c/__init__.py", "");
     Scripts scripts;
     setOpenScripts(&scripts);
+    completed("from a import b\nb.c.|");
+    QCOMPARE(scripts.asked, 0);
     QCOMPARE(completed("from . import |").join(" "), QString());
     scripts.folder = folder.path() + "/a/b/c";
     QCOMPARE(completed("from .|").join(" "), QString("b.c"));
