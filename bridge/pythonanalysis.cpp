@@ -45,6 +45,23 @@ QStringList listOf(const QString &command)
     return listed(found);
 }
 
+QString candidateArguments(const QString &source, const QString &object, PythonNames wanted)
+{
+    const bool any = wanted == PythonNames::Any;
+    const QString target = object.isEmpty() ? QString::fromLatin1("None") : quotedForPython(object);
+    const QStringList arguments = QStringList()
+                                  << quotedForPython(forcedImportLines() + source) << target
+                                  << QString::number(any && preferences().pythonIncludeKeywords)
+                                  << QString::number(any && preferences().pythonIncludeBuiltins);
+    return arguments.join(QLatin1String(", "));
+}
+
+QStringList listWithKinds(const char *method, const QString &arguments)
+{
+    return listOf(QLatin1String("CorvaneParser().with_kinds('") + QLatin1String(method) +
+                  QLatin1String("', ") + arguments + QLatin1Char(')'));
+}
+
 } // namespace
 
 bool loadPythonAnalysis()
@@ -62,32 +79,25 @@ bool loadPythonAnalysis()
 
 QStringList pythonCandidates(const QString &source, const QString &object, PythonNames wanted)
 {
-    const bool any = wanted == PythonNames::Any;
-    const QString target = object.isEmpty() ? QString::fromLatin1("None") : quotedForPython(object);
-    const QStringList arguments = QStringList()
-                                  << quotedForPython(forcedImportLines() + source) << target
-                                  << QString::number(any && preferences().pythonIncludeKeywords)
-                                  << QString::number(any && preferences().pythonIncludeBuiltins);
     return listOf(QLatin1String("CorvaneParser().parse_source(") +
-                  arguments.join(QLatin1String(", ")) + QLatin1String(")"));
+                  candidateArguments(source, object, wanted) + QLatin1Char(')'));
 }
 
 QStringList pythonAnswer(PythonQuestion question, const QString &source, const QString &object)
 {
-    const QString argument = quotedForPython(object) + QLatin1Char(')');
+    const QString argument = quotedForPython(object);
     switch (question) {
     case PythonQuestion::NamesInScope:
         return pythonCandidates(source, QString(), PythonNames::Any);
     case PythonQuestion::Members:
-        return pythonCandidates(source, object, PythonNames::Members);
+        return listWithKinds("parse_source",
+                             candidateArguments(source, object, PythonNames::Members));
     case PythonQuestion::Modules:
-        return listOf(QLatin1String("CorvaneParser().module_names(") + argument);
+        return listOf(QLatin1String("CorvaneParser().module_names(") + argument + QLatin1Char(')'));
     case PythonQuestion::NamesInModule:
-        return listOf(QLatin1String("CorvaneParser().importable_names(") + argument);
+        return listWithKinds("importable_names", argument);
     case PythonQuestion::ExportedNames:
-        return listOf(QLatin1String("CorvaneParser().exported_names(") + argument);
-    case PythonQuestion::NotedKinds:
-        return listOf(QLatin1String("CorvaneParser.noted_kinds()"));
+        return listWithKinds("exported_names", argument);
     case PythonQuestion::Keywords:
         return listOf(QLatin1String("CorvaneParser.KEYWORDS"));
     case PythonQuestion::BuiltIns:

@@ -6,12 +6,12 @@
 
 // What can be asked of the host's Python. Apart from the analysis because it needs no host.
 enum class PythonQuestion {
-    NamesInScope,  // of the source, where the analysis script's locator stands
+    NamesInScope, // of the source, where the analysis script's locator stands
+    Modules,      // below the package that is the object; without one those at the top
+    // These three with what each name is before it, as "function join"; "name" where that is open.
     Members,       // of the object, there
-    Modules,       // below the package that is the object; without one those at the top
     NamesInModule, // of the object, a module or package: what can be imported from it
     ExportedNames, // of the object, a module: what "import *" imports from it
-    NotedKinds,    // of the names of the answer before: "function join"; of some, or of others too
     Keywords,
     BuiltIns,
     OtherBuiltIns // that every script has, such as exceptions, beside those

@@ -70,27 +70,18 @@ CompletionKind kindCalled(const QString &word)
                                                : CompletionKind::Name;
 }
 
-// Of what was asked for last.
-QHash<QString, CompletionKind> notedKinds()
+// Of a module or another object, each as "kind name"; only Maya's are known to be commands.
+std::vector<Completion> members(const QStringList &namesWithKinds, const QString &path)
 {
-    QHash<QString, CompletionKind> kinds;
-    for (const QString &noted : pythonNames(PythonQuestion::NotedKinds)) {
-        const int blank = int(noted.indexOf(QLatin1Char(' ')));
-        kinds.insert(noted.mid(blank + 1), kindCalled(noted.left(blank)));
-    }
-    return kinds;
-}
-
-// Of a module or another object; only Maya's are known to be commands.
-std::vector<Completion> members(const QStringList &names, const QString &path)
-{
-    const QHash<QString, CompletionKind> kinds = notedKinds();
     const bool hasCommands = path + QLatin1Char('.') == commandPrefix();
     std::vector<Completion> items;
-    for (const QString &name : names)
+    for (const QString &words : namesWithKinds) {
+        const int blank = int(words.indexOf(QLatin1Char(' ')));
+        const QString name = words.mid(blank + 1);
         items.push_back(completion(name, hasCommands && melNameTable().contains(name)
                                              ? CompletionKind::Command
-                                             : kinds.value(name, CompletionKind::Name)));
+                                             : kindCalled(words.left(blank))));
+    }
     return items;
 }
 

@@ -1001,7 +1001,7 @@ class CorvaneParser(_ast.NodeVisitor):
     _statement_names = globals()  # among which statements run
     _files = {}  # path -> (modification time, size, parser of the file)
     _exports = {}  # path of a module that is not loaded -> its __all__ or None
-    _kinds = {}  # name -> what it is, of what the last call found and more
+    _kinds = {}  # name -> what it is, of what the call found and more
     _lookups = {}  # path -> names, during one call of parse_module from outside
     _deadline = float("inf")
 
@@ -1113,6 +1113,7 @@ class CorvaneParser(_ast.NodeVisitor):
                 CorvaneParser._lookups = {}
 
     @_never_raises(list)
+    @_in_time
     def module_names(self, package=""):
         """Returns the sorted names of the modules below a package, or of those at the top."""
         self.results = self._modules_below(package)
@@ -1132,12 +1133,11 @@ class CorvaneParser(_ast.NodeVisitor):
         self.results = self._exported_names(module)
         return self.sorted_results()
 
-    @staticmethod
     @_never_raises(list)
-    def noted_kinds():
-        """Returns "kind name" for many of the names that the last call returned."""
-        return sorted(kind + " " + name for name, kind in CorvaneParser._kinds.items()
-                      if type(name) is str)
+    def with_kinds(self, question, *arguments):
+        """Returns what the method of that name does, with "kind " before each: "function join"."""
+        names = getattr(self, question)(*arguments)
+        return [CorvaneParser._kinds.get(name, "name") + " " + name for name in names]
 
     # Parsing
 

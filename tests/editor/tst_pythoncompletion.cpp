@@ -57,14 +57,14 @@ QStringList answer(PythonQuestion question, const QString &source, const QString
 {
     Q_UNUSED(source)
     if (question == PythonQuestion::ExportedNames)
-        return words("len sphere");
-    if (question == PythonQuestion::Modules || question == PythonQuestion::NamesInModule)
+        return QStringList() << "function len"
+                             << "name sphere";
+    if (question == PythonQuestion::Modules)
         return QStringList() << object;
+    if (question == PythonQuestion::NamesInModule)
+        return QStringList() << "name " + object;
     if (question == PythonQuestion::OtherBuiltIns)
         return QStringList();
-    if (question == PythonQuestion::NotedKinds)
-        return QStringList() << "class ls"
-                             << "module os";
     if (question == PythonQuestion::Keywords)
         return QStringList() << "while";
     if (question == PythonQuestion::BuiltIns)
@@ -367,12 +367,15 @@ void PythonCompletionTest::kindsTellWhatNamesAre()
     QCOMPARE(int(items.size()), int(answers.size()));
     for (int i = 0; i < int(items.size()); ++i)
         QVERIFY2(items[i].kind == expected[i], qPrintable(items[i].text));
-    completed("import maya.cmds as mc\nmc.|", &items);
-    QVERIFY(items[4].kind == CompletionKind::Command && items[5].kind == CompletionKind::Module);
-    QVERIFY(items[6].kind == CompletionKind::Name);
     melNameTable().insert("sphere", "sphere");
     completed("from maya.cmds import *\n|", &items);
     QVERIFY(items[7].text == "sphere" && items[7].kind == CompletionKind::Command);
+    answers = QStringList() << "class ls"
+                            << "module os"
+                            << "name other";
+    completed("import maya.cmds as mc\nmc.|", &items);
+    QVERIFY(items[0].kind == CompletionKind::Command && items[1].kind == CompletionKind::Module);
+    QVERIFY(items[2].kind == CompletionKind::Name && items[2].text == "other");
 }
 
 void PythonCompletionTest::relativeImportsBeginInTheFolderOfTheScript()

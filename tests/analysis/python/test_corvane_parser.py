@@ -316,9 +316,10 @@ class Candidates(unittest.TestCase):
                 ("a = ''\n", "a", "function join"),
                 ("import threading\n", "threading.Thread", "function start|variable daemon")]
         for drawing, obj, expected in rows:
-            complete(drawing, obj)
-            kinds = CorvaneParser.noted_kinds()
+            kinds = CorvaneParser().with_kinds("parse_source", source_of(drawing), obj)
             self.assertEqual([k for k in expected.split("|") if k not in kinds], [], obj)
+        self.assertIn("class error", CorvaneParser().with_kinds("exported_names", "os"))
+        self.assertIn("name abc", CorvaneParser().with_kinds("module_names"))  # os has one, too
 
     def test_super_has_what_is_inherited(self):
         shape = "class A(object):\n  def f(self): pass\nclass B(A):\n  def g(self):\n    ^\n"
