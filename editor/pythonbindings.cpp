@@ -3,6 +3,7 @@
 
 #include "analysis/pythonkeywords.h"
 #include "editor/pythoncaret.h"
+#include "editor/pythonobject.h"
 
 namespace {
 

@@ -1,170 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include "editor/pythoncaret.h"
 
-#include "analysis/pythonkeywords.h"
+#include "editor/pythonobject.h"
 
 #include <algorithm>
 
 namespace {
-
-const int longestObject = 64; // names with dots between them
-
-bool isOpener(QChar unit)
-{
-    return unit == QLatin1Char('(') || unit == QLatin1Char('[') || unit == QLatin1Char('{');
-}
-
-bool isCloser(QChar unit)
-{
-    return unit == QLatin1Char(')') || unit == QLatin1Char(']') || unit == QLatin1Char('}');
-}
 
 int lineStart(const QString &text, int position)
 {
     return position == 0 ? 0 : int(text.lastIndexOf(QLatin1Char('\n'), position - 1)) + 1;
 }
 
-int skipBlanksBack(const QString &code, int end)
-{
-    while (end > 0 && code.at(end - 1).isSpace())
-        --end;
-    return end;
-}
-
-int nameStart(const QString &code, int end)
-{
-    while (end > 0 && isPythonName(code.at(end - 1)))
-        --end;
-    return end;
-}
-
-// The bracket that is open at the end; -1 when there is none.
-int openBracket(const QString &code, int end)
-{
-    int closed = 0;
-    for (int i = end - 1; i >= 0; --i) {
-        if (isCloser(code.at(i)))
-            ++closed;
-        else if (isOpener(code.at(i)) && --closed < 0)
-            return i;
-    }
-    return -1;
-}
-
-// What a string that ends there is: bytes of "b" and "rb".
-QString stringClass(const QString &code, int end)
-{
-    const int quote = end - 2; // strings are empty here
-    const int start = nameStart(code, qMax(0, quote));
-    const QString prefix = code.mid(start, quote - start);
-    const bool isBytes =
-        prefix.size() <= 2 && prefix.contains(QLatin1Char('b'), Qt::CaseInsensitive);
-    return QLatin1String(isBytes ? "bytes" : "str");
-}
-
-// Whether a bracket there calls or indexes what stands before it.
-bool followsValue(const QString &code, int bracket)
-{
-    const int end = skipBlanksBack(code, bracket);
-    const int start = nameStart(code, end);
-    if (start < end)
-        return !isPythonKeyword(code.mid(start, end - start));
-    return end > 0 && (isCloser(code.at(end - 1)) || code.at(end - 1) == QLatin1Char('"'));
-}
-
-// What brackets without anything before them make; empty for most expressions in parentheses.
-QString literalClass(QChar opener, const QString &inside)
-{
-    if (opener == QLatin1Char('['))
-        return QLatin1String("list");
-    if (opener == QLatin1Char('(')) { // ("%s" % a)
-        const bool isText = inside.trimmed().startsWith(QLatin1Char('"')) &&
-                            codeParts(inside, QLatin1Char(',')).size() == 1;
-        return QLatin1String(isText ? "str" : "");
-    }
-    const bool isSet =
-        codeParts(inside, QLatin1Char(':')).size() == 1 && !inside.trimmed().isEmpty();
-    return QLatin1String(isSet ? "set" : "dict");
-}
-
-// Reads the name of an object backwards.
-class ObjectReader
-{
-public:
-    ObjectReader(const QString &code, int end) : m_code(code), m_end(end) {}
-
-    QString read()
-    {
-        while (m_parts.size() < longestObject && readPart()) {
-        }
-        return m_isKnown ? m_parts.join(QLatin1String(".")) : QString();
-    }
-
-private:
-    // False at the beginning, or when nothing can be known.
-    bool readPart()
-    {
-        m_end = skipBlanksBack(m_code, m_end);
-        const QChar last = m_end > 0 ? m_code.at(m_end - 1) : QChar();
-        if (isCloser(last))
-            return readBrackets();
-        if (last == QLatin1Char('"'))
-            return begin(stringClass(m_code, m_end));
-        const int start = nameStart(m_code, m_end);
-        if (start == m_end || m_code.at(start).isDigit())
-            return false;
-        const int before = skipBlanksBack(m_code, start);
-        const QString name = m_code.mid(start, m_end - start);
-        if (before == 0 || m_code.at(before - 1) != QLatin1Char('.'))
-            return begin(name);
-        m_parts.prepend(name);
-        m_end = before - 1;
-        return true;
-    }
-
-    bool readBrackets()
-    {
-        const int opener = openBracket(m_code, m_end - 1);
-        if (opener < 0)
-            return false;
-        const QString inside = m_code.mid(opener + 1, m_end - opener - 2);
-        if (!followsValue(m_code, opener)) {
-            const QString name = literalClass(m_code.at(opener), inside);
-            return !name.isEmpty() && begin(name);
-        }
-        // A part of a list is a list.
-        const bool isItem = m_code.at(opener) == QLatin1Char('[') &&
-                            codeParts(inside, QLatin1Char(':')).size() == 1;
-        if (isItem)
-            m_parts.prepend(QLatin1String("[]"));
-        m_end = opener;
-        return true;
-    }
-
-    bool begin(const QString &name)
-    {
-        m_parts.prepend(name);
-        m_isKnown = true;
-        return false;
-    }
-
-    const QString &m_code;
-    int m_end;
-    QStringList m_parts;
-    bool m_isKnown = false;
-};
-
-// The object whose name ends there: "a.b" for itself and, since a class stands for what it makes,
-// for "a().b"; "a.[]" for "a[0]". Empty where nothing can be known.
-QString objectBefore(const QString &code, int end)
-{
-    return ObjectReader(code, end).read();
-}
-
 QString wordBefore(const QString &code)
 {
     const int end = skipBlanksBack(code, int(code.size()));
-    const int start = nameStart(code, end);
+    const int start = pythonNameStart(code, end);
     return code.mid(start, end - start);
 }
 
@@ -174,7 +25,7 @@ QString keywordArgument(const QString &part)
     const int sign = int(part.indexOf(QLatin1Char('=')));
     const bool isKeyword = sign >= 0 && part.mid(sign + 1, 1) != QLatin1String("=");
     const QString name = isKeyword ? part.left(sign).trimmed() : QString();
-    return nameStart(name, int(name.size())) == 0 ? name : QString();
+    return pythonNameStart(name, int(name.size())) == 0 ? name : QString();
 }
 
 // Where an import may name a package: "a.b." for those below "a.b", ".." for those below that.
@@ -187,7 +38,7 @@ void readModule(const QString &path, PythonCaret *caret)
     const QString name = trimmed.mid(dots);
     if (!name.isEmpty() && !name.endsWith(QLatin1Char('.')))
         return;
-    const QString below = objectBefore(name, qMax(0, int(name.size()) - 1));
+    const QString below = pythonObjectBefore(name, qMax(0, int(name.size()) - 1));
     caret->object = trimmed.left(dots) + below;
     if (below.isEmpty() == name.isEmpty())
         caret->place = PythonCaret::Module;
@@ -237,7 +88,7 @@ public:
         const PythonField field = pythonField(m_context.text, start(), m_context.position);
         const int begin = field.start < 0 ? start() : field.start;
         const PythonCode code = pythonCode(m_context.text, begin, m_context.position);
-        const int prefix = nameStart(code.text, int(code.text.size()));
+        const int prefix = pythonNameStart(code.text, int(code.text.size()));
         caret.prefixLength = int(code.text.size()) - prefix;
         if (!code.endsInCode || (caret.prefixLength > 0 && code.text.at(prefix).isDigit()))
             return PythonCaret();
@@ -279,7 +130,7 @@ private:
     {
         const int end = skipBlanksBack(m_code, int(m_code.size()));
         if (end > 0 && m_code.at(end - 1) == QLatin1Char('.')) {
-            caret->object = objectBefore(m_code, end - 1);
+            caret->object = pythonObjectBefore(m_code, end - 1);
             caret->place = caret->object.isEmpty() ? PythonCaret::Nothing : PythonCaret::Member;
             return;
         }
@@ -289,7 +140,7 @@ private:
 
     void readCall(PythonCall *call) const
     {
-        const int opener = openBracket(m_code, int(m_code.size()));
+        const int opener = openPythonBracket(m_code, int(m_code.size()));
         if (opener < 0 || m_code.at(opener) != QLatin1Char('('))
             return;
         QStringList parts = codeParts(m_code.mid(opener + 1), QLatin1Char(','));
@@ -303,7 +154,7 @@ private:
         for (const QString &part : parts)
             call->keywords << keywordArgument(part);
         call->keywords.removeAll(QString());
-        call->function = objectBefore(m_code, opener);
+        call->function = pythonObjectBefore(m_code, opener);
     }
 
     // Without what is left of the word at the caret.
@@ -406,21 +257,4 @@ QStringList argumentNames(const QString &list)
             names << part.mid(start, end - start);
     }
     return names;
-}
-
-QStringList codeParts(const QString &code, QChar separator)
-{
-    QStringList parts;
-    int depth = 0;
-    int start = 0;
-    int i = 0;
-    for (; i < code.size() && depth >= 0; ++i) {
-        depth += isOpener(code.at(i)) ? 1 : isCloser(code.at(i)) ? -1 : 0;
-        if (depth == 0 && code.at(i) == separator) {
-            parts << code.mid(start, i - start);
-            start = i + 1;
-        }
-    }
-    parts << code.mid(start, i - start - (depth < 0 ? 1 : 0));
-    return parts;
 }

@@ -67,7 +67,3 @@ QStringList argumentParts(const QString &text, const PythonStatement &definition
 QStringList argumentNames(const QString &text, const PythonStatement &definition);
 // The same of arguments as they are listed: "a, *b, c=1".
 QStringList argumentNames(const QString &list);
-
-// Parts of code, as pythonCode() gives it, between separators outside brackets; what stands behind
-// a bracket that was not opened is left out.
-QStringList codeParts(const QString &code, QChar separator);

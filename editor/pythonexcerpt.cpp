@@ -2,6 +2,7 @@
 #include "editor/pythonexcerpt.h"
 
 #include "editor/pythonbindings.h"
+#include "editor/pythonobject.h"
 #include "editor/pythonpackage.h"
 
 #include <QStringList>
