@@ -106,6 +106,19 @@ QString calledBefore(const QTextBlock &block, const QString &code)
     return commandBefore(statement, int(statement.size()));
 }
 
+// int |           begins a statement or a parameter, where a declaration may; a flag's value does
+// not
+bool mayDeclare(const QString &line, int type)
+{
+    int end = type;
+    while (end > 0 && isBlank(line.at(end - 1)))
+        --end;
+    if (end == 0 || QString::fromLatin1(";{}(,").contains(line.at(end - 1)))
+        return true;
+    const QString word = line.mid(nameStart(line, end), end - nameStart(line, end));
+    return word == QLatin1String("proc") || word == QLatin1String("global");
+}
+
 // string |        a new name, or a "$"
 // select |a|b     a node's
 // |      |
@@ -116,10 +129,11 @@ bool isForeignName(const QString &line, int start)
     int end = start;
     while (end > 0 && isBlank(line.at(end - 1)))
         --end;
-    const QString word = line.mid(nameStart(line, end), end - nameStart(line, end));
+    const int typeStart = nameStart(line, end);
+    const QString word = line.mid(typeStart, end - typeStart);
     for (const char *type : {"int", "float", "string", "vector", "matrix"}) {
         if (end < start && word == QLatin1String(type))
-            return true;
+            return mayDeclare(line, typeStart);
     }
     return false;
 }

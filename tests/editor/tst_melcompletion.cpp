@@ -98,6 +98,8 @@ void TestMelCompletion::contextIsFound_data()
     row("number", "$a = 1e|", nothing, "", "");
     row("component", "$v.x|", nothing, "", "");
     row("declared", "global proc string  po|", nothing, "", "");
+    row("declared-in-loop", "for (string po|", nothing, "", "");
+    row("type-of-flag", "addAttr -dt string -|", flag, "-", "addAttr");
     row("type", "global proc str|", name, "str", "");
     row("cast", "(string)po|", name, "po", "");
 
