@@ -23,7 +23,8 @@ quint64 passes = 0;       // through a document, of all highlighters
 // Work is counted rather than timed, so that a slow machine colours as much of a page as a fast
 // one. In characters; a turn's work takes about three milliseconds.
 const int workOfTurn = 100000;
-const int workOfBlock = 25; // whatever its length
+const int workOfBlock = 25;              // whatever its length
+const int charactersComparedAtOnce = 16; // to find that a block is as it was, for the work of one
 
 // Milliseconds, in which a page that just appears is laid out and painted.
 const int paintDelay = 20;
@@ -195,7 +196,7 @@ bool EdHighlighter::highlight(QTextBlock block)
 {
     const QString text = block.text();
     const EdTextBlockData *data = EdTextBlockData::of(block);
-    m_budget -= workOfBlock;
+    m_budget -= workOfBlock + int(text.size()) / charactersComparedAtOnce;
     const quint64 key = keyOf(block, text);
     if (data && data->isOf(key)) {
         block.setUserState(data->state());
