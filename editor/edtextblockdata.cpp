@@ -3,6 +3,8 @@
 
 #include <QTextBlock>
 
+#include <algorithm>
+
 // Blocks of an editor's document hold nothing else.
 EdTextBlockData *EdTextBlockData::of(const QTextBlock &block)
 {
@@ -13,8 +15,8 @@ void EdTextBlockData::take(LineScan &scan, quint64 key)
 {
     m_key = key;
     m_state = scan.state;
-    brackets.swap(scan.brackets);
-    inComment = scan.inComment;
+    m_brackets.swap(scan.brackets);
+    m_inComment = scan.inComment;
     m_isAllCode = scan.isAllCode;
     m_codeText.swap(scan.mixedCode);
 }
@@ -24,8 +26,12 @@ QString EdTextBlockData::codeText(const QTextBlock &block) const
     return m_isAllCode ? block.text() : m_codeText;
 }
 
-void EdTextBlockData::setCodeText(const QString &text)
+void EdTextBlockData::trimTo(int column, const QString &code)
 {
+    m_key = 0;
     m_isAllCode = false;
-    m_codeText = text;
+    m_codeText = code;
+    const auto isBehind = [column](const Bracket &bracket) { return bracket.column >= column; };
+    m_brackets.erase(std::remove_if(m_brackets.begin(), m_brackets.end(), isBehind),
+                     m_brackets.end());
 }

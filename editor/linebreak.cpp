@@ -8,8 +8,6 @@
 #include "editor/pythonindent.h"
 #include "editor/textblocks.h"
 
-#include <algorithm>
-
 namespace {
 
 // A highlighter finds out the same when it sees the break; without one, nobody else would.
@@ -18,13 +16,9 @@ void trimData(const QTextBlock &block, int column)
     EdTextBlockData *data = EdTextBlockData::of(block);
     if (!data)
         return;
-    data->forgetKey();
+    const QString code = data->codeText(block);
     const QString before = block.text().left(column).trimmed();
-    if (before.isEmpty() || codeOf(block).startsWith(before))
-        data->setCodeText(before);
-    const auto isBehind = [column](const Bracket &bracket) { return bracket.column >= column; };
-    data->brackets.erase(std::remove_if(data->brackets.begin(), data->brackets.end(), isBehind),
-                         data->brackets.end());
+    data->trimTo(column, before.isEmpty() || code.trimmed().startsWith(before) ? before : code);
 }
 
 void insertBreak(QTextCursor &cursor)

@@ -161,7 +161,7 @@ QString braceIndentation(const QTextBlock &line, QChar brace)
 MelNewLine melNewLine(const QTextBlock &line, const IndentStyle &style)
 {
     const EdTextBlockData *data = EdTextBlockData::of(line);
-    if (data && data->inComment)
+    if (data && data->inComment())
         return {copiedIndentation(line), QString()};
     if (style.insertClosingBrace && breaksBehindBrace(line))
         return betweenBraces(line, style);

@@ -26,7 +26,7 @@ Brackets bracketsOf(const QTextBlock &block, std::string_view kinds)
     const EdTextBlockData *data = EdTextBlockData::of(block);
     if (!data)
         return found;
-    for (const Bracket &bracket : data->brackets) {
+    for (const Bracket &bracket : data->brackets()) {
         if (kinds.find(bracket.character.toLatin1()) != std::string_view::npos)
             found.push_back(bracket);
     }

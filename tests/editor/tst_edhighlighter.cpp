@@ -105,8 +105,8 @@ QString summary(const QTextDocument &document)
         text += QString::number(block.userState()) + QLatin1Char(':');
         if (!data)
             continue;
-        text += data->codeText(block) + QLatin1String(data->inComment ? "*" : "");
-        for (const Bracket &bracket : data->brackets)
+        text += data->codeText(block) + QLatin1String(data->inComment() ? "*" : "");
+        for (const Bracket &bracket : data->brackets())
             text += bracket.character + QString::number(bracket.column);
         text += QLatin1Char('|');
     }

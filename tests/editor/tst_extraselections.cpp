@@ -211,7 +211,7 @@ void TestExtraSelections::longLinesGoWithout()
     // What is code is known all the same.
     const QTextBlock line = m_edit->document()->begin();
     QVERIFY(compat::layoutFormats(line).isEmpty());
-    QCOMPARE(int(EdTextBlockData::of(line)->brackets.size()), 2);
+    QCOMPARE(int(EdTextBlockData::of(line)->brackets().size()), 2);
 }
 
 CORVANE_TEST_MAIN(TestExtraSelections)

@@ -106,8 +106,8 @@ QString difference(const EdCodeEdit &a, const EdCodeEdit &b)
         const EdTextBlockData *one = EdTextBlockData::of(left);
         const EdTextBlockData *other = EdTextBlockData::of(right);
         if (left.userState() != right.userState() || !one || !other ||
-            one->codeText(left) != other->codeText(right) || one->brackets != other->brackets ||
-            one->inComment != other->inComment)
+            one->codeText(left) != other->codeText(right) || one->brackets() != other->brackets() ||
+            one->inComment() != other->inComment())
             return QString("line %1: %2").arg(left.blockNumber()).arg(left.text());
     }
     return QString();
