@@ -146,6 +146,29 @@ CommandKind kindOf(const QString &name)
     return holds(melProcedures(), name) ? CommandKind::Procedure : kindFromMaya(name);
 }
 
+// Those that came after loading are at the end, and all of that kind. False when they are the same.
+bool replaceLaterNames(const MStringArray &all, std::vector<MelName> *names)
+{
+    const auto isLater = [](const MelName &name) { return name.kind == CommandKind::Unknown; };
+    const auto firstLater = std::find_if(names->begin(), names->end(), isLater);
+    QSet<QString> known;
+    known.reserve(int(names->size()));
+    for (auto name = names->begin(); name != firstLater; ++name)
+        known.insert(name->name);
+    std::vector<MelName> later;
+    for (unsigned int i = 0; i < all.length(); ++i) {
+        const QString name = MQtUtil::toQString(all[i]);
+        if (!known.contains(name))
+            later.push_back({name, CommandKind::Unknown});
+    }
+    const auto isSame = [](const MelName &a, const MelName &b) { return a.name == b.name; };
+    if (std::equal(firstLater, names->end(), later.begin(), later.end(), isSame))
+        return false;
+    names->erase(firstLater, names->end());
+    names->insert(names->end(), later.begin(), later.end());
+    return true;
+}
+
 QString withoutDash(const QString &flag)
 {
     return flag.startsWith(QLatin1Char('-')) ? flag.mid(1) : flag;
@@ -201,23 +224,14 @@ void loadMelCatalogue()
 void addNewMelNames()
 {
     MStringArray all;
-    if (MGlobal::executeCommand("melInfo", all, false, false) != MStatus::kSuccess ||
-        digest(all) == lastDigest)
+    if (MGlobal::executeCommand("melInfo", all, false, false) != MStatus::kSuccess)
         return;
-    lastDigest = digest(all);
-    std::vector<MelName> &names = melNames().names;
-    const auto isLater = [](const MelName &name) { return name.kind == CommandKind::Unknown; };
-    names.erase(std::find_if(names.begin(), names.end(), isLater), names.end());
-    QSet<QString> known;
-    known.reserve(int(names.size()));
-    for (const MelName &name : names)
-        known.insert(name.name);
-    for (unsigned int i = 0; i < all.length(); ++i) {
-        const QString name = MQtUtil::toQString(all[i]);
-        if (!known.contains(name))
-            names.push_back({name, CommandKind::Unknown});
-    }
-    ++melNames().version;
+    const quint32 newDigest = digest(all);
+    if (newDigest == lastDigest)
+        return;
+    lastDigest = newDigest;
+    if (replaceLaterNames(all, &melNames().names))
+        ++melNames().version;
 }
 
 bool isMelCommand(const QString &name)

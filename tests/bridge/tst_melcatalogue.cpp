@@ -137,10 +137,13 @@ void TestMelCatalogue::newNamesAreAdded()
 {
     TestSession session;
     loadMelCatalogue();
+    int version = melNames().version;
+    addNewMelNames(); // there is none yet
+    QCOMPARE(melNames().version, version);
     session.run("runTimeCommand -c \"\" cvGone");
     addNewMelNames();
     const size_t count = melNames().names.size();
-    const int version = melNames().version;
+    version = melNames().version;
     addNewMelNames();
     QCOMPARE(melNames().version, version);
     session.run("runTimeCommand -edit -delete cvGone; global proc cvLater() {}");
