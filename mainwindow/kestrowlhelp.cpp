@@ -48,7 +48,10 @@ QString commandAround(const CodeAround &code, bool isPython)
 {
     QString command = firstCommand(commandsBefore(code.text, code.caret), isPython);
     for (int i = code.caret - 1; i >= 0 && command.isEmpty(); --i) {
-        if (!QString::fromLatin1(" \t;`)").contains(code.text.at(i)))
+        const ushort unit = code.text.at(i).unicode();
+        if (unit == ' ' || unit == '\t') // within the same calls as what is behind it
+            continue;
+        if (unit != ';' && unit != '`' && unit != ')')
             break;
         command = firstCommand(commandsBefore(code.text, i), isPython);
     }
