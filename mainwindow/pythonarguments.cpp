@@ -41,33 +41,50 @@ bool isLambda(const QString &code, int place)
     return code.mid(place, 6) == word && !isName(place - 1) && !isName(place + 6);
 }
 
-// Whether a comma there parts no arguments:
+// Those outside of brackets whose colons are yet to come: a comma then parts no arguments.
 //   f(lambda a, b: a)
 //             |
-bool isInLambda(const QString &code, int column)
+class OpenLambdas
 {
+public:
+    // The unit there, at a depth counted with it.
+    void pass(const QString &code, int place, int depth)
+    {
+        if (depth == 0 && isLambda(code, place))
+            ++m_count;
+        else if (depth == 0 && m_count > 0 && code.at(place) == QLatin1Char(':'))
+            --m_count;
+    }
+
+    int count() const { return m_count; }
+
+private:
+    int m_count = 0;
+};
+
+OpenLambdas lambdasAt(const QString &code, int column)
+{
+    OpenLambdas lambdas;
     int depth = 0;
-    int lambdas = 0; // whose colons are yet to come
     for (int i = bracketStart(code, column); i < column; ++i) {
         depth += bracketStep(code.at(i));
-        if (depth == 0 && isLambda(code, i))
-            ++lambdas;
-        else if (depth == 0 && lambdas > 0 && code.at(i) == QLatin1Char(':'))
-            --lambdas;
+        lambdas.pass(code, i, depth);
     }
-    return lambdas > 0;
+    return lambdas;
 }
 
-// The end of the argument that the column is in, or begins.
-int argumentEnd(const QString &code, int column)
+// The end of the argument that the column is in, or begins, with those that are open there.
+int argumentEnd(const QString &code, int column, OpenLambdas lambdas)
 {
     int depth = 0;
     int end = column;
     for (; end < code.size(); ++end) {
         const QChar c = code.at(end);
-        if (depth == 0 && isOneOf(c, ",)]};") && (c != QLatin1Char(',') || !isInLambda(code, end)))
+        const bool parts = c != QLatin1Char(',') || lambdas.count() == 0;
+        if (depth == 0 && parts && isOneOf(c, ",)]};"))
             break;
         depth += bracketStep(c);
+        lambdas.pass(code, end, depth);
     }
     return end;
 }
@@ -93,17 +110,17 @@ int nextPositional(const QString &code, int column)
     return isPositional ? start : -1;
 }
 
-int trimmedSize(const QString &text)
+// Where the text before the end ends without the blanks there.
+int trimmedSize(const QString &text, int end)
 {
-    int size = int(text.size());
-    while (size > 0 && text.at(size - 1).isSpace())
-        --size;
-    return size;
+    while (end > 0 && text.at(end - 1).isSpace())
+        --end;
+    return end;
 }
 
 bool isCallOf(const QString &function, const QString &code, int parenthesis)
 {
-    const QString before = code.left(trimmedSize(code.left(parenthesis)));
+    const QString before = code.left(trimmedSize(code, parenthesis));
     return commandWordAt(before, int(before.size())) == function;
 }
 
@@ -129,8 +146,9 @@ int outOfBrackets(const QString &code, int column, const QString &function)
 
 bool startsArgument(const QString &before)
 {
-    const int size = trimmedSize(before);
-    return size == 0 || (isOneOf(before.at(size - 1), "(,") && !isInLambda(before, size));
+    const int size = trimmedSize(before, int(before.size()));
+    return size == 0 ||
+           (isOneOf(before.at(size - 1), "(,") && lambdasAt(before, size).count() == 0);
 }
 
 bool argumentFollows(const QString &code, int column)
@@ -143,9 +161,9 @@ int keywordPlace(const QString &code, int column)
 {
     int place = column;
     if (!startsArgument(code.left(column)))
-        place = trimmedSize(code.left(argumentEnd(code, column)));
+        place = trimmedSize(code, argumentEnd(code, column, lambdasAt(code, column)));
     for (int next = nextPositional(code, place); next >= 0; next = nextPositional(code, place))
-        place = trimmedSize(code.left(argumentEnd(code, next)));
+        place = trimmedSize(code, argumentEnd(code, next, OpenLambdas()));
     return place;
 }
 
@@ -159,5 +177,5 @@ int endOfArguments(const QString &code, int column, const QString &function)
     int open = closing;
     for (int depth = 1; depth > 0 && --open >= 0;)
         depth += code.at(open) == QLatin1Char(')') ? 1 : code.at(open) == QLatin1Char('(') ? -1 : 0;
-    return open >= 0 && isCallOf(function, code, open) ? trimmedSize(code.left(closing)) : -1;
+    return open >= 0 && isCallOf(function, code, open) ? trimmedSize(code, closing) : -1;
 }
