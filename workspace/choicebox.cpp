@@ -89,7 +89,7 @@ protected:
     void showEvent(QShowEvent *event) override;
 
 private:
-    QLineEdit *field() const { return findChild<QLineEdit *>(); }
+    QLineEdit *field() const { return findChild<QLineEdit *>(); } // null in a Qt without one
 
     int m_selected = 0; // of a text, from its start
 };
@@ -101,15 +101,17 @@ void InputBox::begin(const QString &text, int selected)
     const int characters = std::clamp(int(text.size()), fewestCharacters, mostCharacters);
     const QString widest =
         text.left(characters).leftJustified(characters + margin, QLatin1Char('x'));
-    field()->setMinimumWidth(compat::textWidth(field()->fontMetrics(), widest));
+    if (QLineEdit *edit = field())
+        edit->setMinimumWidth(compat::textWidth(edit->fontMetrics(), widest));
 }
 
 // Whatever was selected before, the dialog selects all of the text as it opens.
 void InputBox::showEvent(QShowEvent *event)
 {
     QInputDialog::showEvent(event);
-    if (m_selected > 0)
-        field()->setSelection(0, m_selected);
+    QLineEdit *edit = field();
+    if (edit && m_selected > 0)
+        edit->setSelection(0, m_selected);
 }
 
 std::optional<QString> answerTo(const QPointer<InputBox> &box)
@@ -178,9 +180,11 @@ std::optional<int> askNumber(QWidget *parent, const QString &title, const QStrin
     dialog->setInputMode(QInputDialog::IntInput);
     dialog->setIntRange(minimum, maximum);
     dialog->setIntValue(value);
+    // The dialog's own parts, which another Qt may not have; the range holds without this too.
     QSpinBox *box = dialog->findChild<QSpinBox *>();
-    QLineEdit *field = box->findChild<QLineEdit *>();
-    field->setValidator(new UpToGreatest(box, field->validator()));
+    QLineEdit *field = box ? box->findChild<QLineEdit *>() : nullptr;
+    if (field)
+        field->setValidator(new UpToGreatest(box, field->validator()));
     std::optional<int> answer;
     if (dialog->exec() == QDialog::Accepted)
         answer = dialog->intValue();
