@@ -75,6 +75,7 @@ void CentralRoom::setCentralVisible(QMainWindow *window, const DockArray<QDockWi
 
 void CentralRoom::prepareToHide(QMainWindow *window, const DockArray<QDockWidget *> &docks)
 {
+    m_dockSizes = DockArray<QSize>();
     if (!window->isVisible()) // nothing has its size yet
         return;
     // Until docks were moved or restored once, Qt goes by what they would like to have.
