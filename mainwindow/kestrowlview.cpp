@@ -100,9 +100,13 @@ void Kestrowl::wordWrap(bool enable)
 void Kestrowl::editorVisibleChange(bool visible)
 {
     action(Action::CodeEditor)->setChecked(visible);
-    m_centralRoom.setCentralVisible(this, m_docks, visible);
+    {
+        const FlagScope ignoring(&m_ignoresDocks); // which Qt may hide and show again
+        m_centralRoom.setCentralVisible(this, m_docks, visible);
+    }
     if (!visible && isPutAway(m_docks[Dock::Output]))
         setOutputVisible(true);
+    updateVisibleDocks();
 }
 
 // Asks for the state itself: the signal is sent with false also when another tab covers the dock.
@@ -155,12 +159,12 @@ void Kestrowl::setToolbarVisible(bool visible)
 }
 
 // Brings a dock that was switched on to the front of those it is tabbed with. Those that only come
-// with the window stay as they are.
+// with the window, or are put back as they were, stay as they are.
 void Kestrowl::dockToggle(bool visible)
 {
     // One slot for all docks: the sender says which one it was.
     for (QDockWidget *each : m_docks) {
-        if (visible && m_isShown && sender() == each->toggleViewAction())
+        if (visible && m_isShown && !m_ignoresDocks && sender() == each->toggleViewAction())
             each->raise();
     }
     updateVisibleDocks();
