@@ -51,20 +51,6 @@ QString firstName(const QString &text)
     return QString();
 }
 
-int skipBlanks(const QString &code, int from, int end)
-{
-    while (from < end && code.at(from).isSpace())
-        ++from;
-    return from;
-}
-
-int nameEnd(const QString &code, int start, int end)
-{
-    while (start < end && isNameUnit(code.at(start).unicode()))
-        ++start;
-    return start;
-}
-
 // sets -add set1 (`ls -type joint`) -|
 // |                                     what is in parentheses is passed over
 //
@@ -105,7 +91,7 @@ std::vector<int> openEnclosures(const QString &code, int start, int column)
 int behindParentheses(const QString &code, int from, int end)
 {
     int depth = 0;
-    for (int i = skipBlanks(code, from, end); i < end; ++i) {
+    for (int i = spaceEnd(code, from, end); i < end; ++i) {
         if (code.at(i) == QLatin1Char('('))
             ++depth;
         else if (code.at(i) == QLatin1Char(')'))
@@ -141,7 +127,7 @@ QString leadingCommand(const QString &code, int from, int end)
 {
     QString word;
     while (from >= 0) {
-        const int start = skipBlanks(code, from, end);
+        const int start = spaceEnd(code, from, end);
         const int wordEnd = nameEnd(code, start, end);
         word = code.mid(start, wordEnd - start);
         from = behindHead(word, code, wordEnd, end);
@@ -187,7 +173,7 @@ bool hasDash(const QString &line, int start, int end)
 
 bool isParameter(const QString &code, int start, int end)
 {
-    const int next = skipBlanks(code, end, int(code.size()));
+    const int next = spaceEnd(code, end);
     const std::vector<int> open = openEnclosures(code, statementStart(code, start), start);
     return !open.empty() && code.at(open.back()) == QLatin1Char('(') &&
            code.mid(next, 1) == QLatin1String("=") && code.mid(next, 2) != QLatin1String("==");

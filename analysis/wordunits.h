@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QChar>
+#include <QString>
 
 // Which UTF-16 units make up names and words. Single units where that will do: a scan asks about
 // each of a text.
@@ -11,6 +12,32 @@ inline bool isNameUnit(ushort unit)
 {
     return (unit >= 'a' && unit <= 'z') || (unit >= 'A' && unit <= 'Z') ||
            (unit >= '0' && unit <= '9') || unit == '_';
+}
+
+// Behind the name, and behind the blanks and line ends, that begin at the start; the start where
+// none do, and never beyond the end.
+inline int nameEnd(const QString &text, int start, int end)
+{
+    while (start < end && isNameUnit(text.at(start).unicode()))
+        ++start;
+    return start;
+}
+
+inline int spaceEnd(const QString &text, int start, int end)
+{
+    while (start < end && text.at(start).isSpace())
+        ++start;
+    return start;
+}
+
+inline int nameEnd(const QString &text, int start)
+{
+    return nameEnd(text, start, int(text.size()));
+}
+
+inline int spaceEnd(const QString &text, int start)
+{
+    return spaceEnd(text, start, int(text.size()));
 }
 
 // The part of isWordUnit() beyond ASCII, apart so that the common part is inlined. Units of a

@@ -36,13 +36,6 @@ int nameStart(const QString &code, int end)
     return end;
 }
 
-int nameEnd(const QString &code, int start)
-{
-    while (start < code.size() && isName(code.at(start)))
-        ++start;
-    return start;
-}
-
 // Of the caret's line what is before it.
 struct LineStart
 {

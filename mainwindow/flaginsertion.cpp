@@ -44,13 +44,6 @@ QString pythonSeparator(const QString &before, const QString &command)
     return QLatin1String(lastWord(before) == command ? "(" : ", ");
 }
 
-int wordEnd(const QString &code, int column)
-{
-    while (column < code.size() && isNameUnit(code.at(column).unicode()))
-        ++column;
-    return column;
-}
-
 // Out of the string or the comment that the caret is in; a comment outside the command stays.
 int placeInCode(const CodeAround &code, const QString &command)
 {
@@ -66,7 +59,7 @@ int placeInCode(const CodeAround &code, const QString &command)
 // Never into a word; from the command into its parentheses.
 int insertionColumn(const QString &code, int column, const QString &command, bool isPython)
 {
-    const int end = wordEnd(code, column);
+    const int end = nameEnd(code, column);
     const bool isInWord = !lastWord(code.left(column)).isEmpty();
     if (!isInWord && code.mid(column, end - column) != command)
         return column;
@@ -81,7 +74,7 @@ int insertionColumn(const QString &code, int column, const QString &command, boo
 int outOfFlag(const QString &code, int column, const QString &flag)
 {
     const int start = column - int(lastWord(code.left(column)).size());
-    const int end = wordEnd(code, column);
+    const int end = nameEnd(code, column);
     if (column == end || !code.left(start).endsWith(QLatin1Char('-')))
         return column;
     return flag.startsWith(code.mid(start, end - start)) ? end : start - 1;

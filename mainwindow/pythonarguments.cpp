@@ -11,13 +11,6 @@ bool isOneOf(QChar c, const char *characters)
     return QString::fromLatin1(characters).contains(c);
 }
 
-int skipBlanks(const QString &code, int column)
-{
-    while (column < code.size() && code.at(column).isSpace())
-        ++column;
-    return column;
-}
-
 int bracketStep(QChar c)
 {
     return isOneOf(c, "([{") ? 1 : isOneOf(c, ")]}") ? -1 : 0;
@@ -92,19 +85,16 @@ int argumentEnd(const QString &code, int column, OpenLambdas lambdas)
 // name = value
 bool isNamed(const QString &code, int column)
 {
-    int end = column;
-    while (end < code.size() && isNameUnit(code.at(end).unicode()))
-        ++end;
-    end = skipBlanks(code, end);
+    const int end = spaceEnd(code, nameEnd(code, column));
     return code.mid(end, 1) == QLatin1String("=") && code.mid(end, 2) != QLatin1String("==");
 }
 
 // The start of the argument without a name that is the next one; -1 when it has one or is none.
 int nextPositional(const QString &code, int column)
 {
-    int start = skipBlanks(code, column);
+    int start = spaceEnd(code, column);
     if (start < code.size() && code.at(start) == QLatin1Char(','))
-        start = skipBlanks(code, start + 1);
+        start = spaceEnd(code, start + 1);
     const bool isPositional =
         argumentFollows(code, start) && code.at(start) != QLatin1Char('*') && !isNamed(code, start);
     return isPositional ? start : -1;
@@ -153,7 +143,7 @@ bool startsArgument(const QString &before)
 
 bool argumentFollows(const QString &code, int column)
 {
-    const int start = skipBlanks(code, column);
+    const int start = spaceEnd(code, column);
     return start < code.size() && !isOneOf(code.at(start), ",)]};:");
 }
 
