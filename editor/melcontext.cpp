@@ -4,6 +4,8 @@
 #include "analysis/commandword.h"
 #include "analysis/wordunits.h"
 #include "bridge/melnametable.h"
+#include "editor/codearound.h"
+#include "editor/editorlanguage.h"
 #include "editor/longlines.h"
 #include "editor/melscanner.h"
 #include "editor/textblocks.h"
@@ -16,7 +18,6 @@
 
 namespace {
 
-const int mostLinesOfStatement = 200;
 const int mostLinesOfProcedure = 2000;
 
 bool isName(QChar character)
@@ -39,9 +40,6 @@ int nameStart(const QString &code, int end)
 // Of the caret's line what is before it.
 struct LineStart
 {
-    // Its code up to a column behind which everything is code.
-    QString codeBefore(int column) const { return code.left(code.size() - (text.size() - column)); }
-
     QString text;
     QString code; // without strings and comments
     bool endsInCode = false;
@@ -63,40 +61,6 @@ LineStart lineBefore(const QTextCursor &caret)
     if (start.endsInCode)
         start.code.chop(1);
     return start;
-}
-
-// sets -add set1 (`ls -type joint`) -|
-// |                                     from here, passing over what is in brackets
-//
-// What follows the last sign that ends a statement, of the block's code up to the caret and the
-// lines above.
-QString statementBefore(QTextBlock block, QString code)
-{
-    QString statement;
-    int depth = 0;
-    for (int lines = 0; lines < mostLinesOfStatement; ++lines) {
-        for (int i = int(code.size()) - 1; i >= 0; --i) {
-            const ushort unit = code.at(i).unicode();
-            if (unit == ')')
-                ++depth;
-            else if (unit == '(')
-                depth = std::max(depth - 1, 0);
-            else if (depth == 0 && (unit == ';' || unit == '{' || unit == '}'))
-                return code.mid(i + 1) + statement;
-        }
-        statement = code + statement;
-        block = block.previous();
-        if (!block.isValid() || isLong(block))
-            break;
-        code = codeOf(block) + QLatin1Char(' ');
-    }
-    return statement;
-}
-
-QString calledBefore(const QTextBlock &block, const QString &code)
-{
-    const QString statement = statementBefore(block, code);
-    return commandBefore(statement, int(statement.size()));
 }
 
 // int |           begins a statement or a parameter, where a declaration may; a flag's value does
@@ -129,6 +93,13 @@ bool isForeignName(const QString &line, int start)
             return mayDeclare(line, typeStart);
     }
     return false;
+}
+
+// Of the same lines as those who ask for help, so that both find the same command.
+QString calledBefore(const QTextCursor &caret, int typed)
+{
+    const CodeAround code = codeAround(caret, MelLanguage);
+    return commandBefore(code.text, code.caret - typed);
 }
 
 // move -r $a-|
@@ -224,7 +195,7 @@ MelContext melContextAt(const QTextCursor &caret)
     if (before == QLatin1Char('$'))
         context.kind = MelContext::Variable;
     else if (before == QLatin1Char('-') && mayStartFlag(line.text, start - 1))
-        context.command = calledBefore(caret.block(), line.codeBefore(start - 1));
+        context.command = calledBefore(caret, int(context.prefix.size()) + 1);
     if (!context.command.isEmpty())
         context.kind = MelContext::Flag;
     if (context.kind != MelContext::Name)

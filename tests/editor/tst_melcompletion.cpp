@@ -117,6 +117,7 @@ void TestMelCompletion::contextIsFound_data()
     row("backquotes-in-parentheses", "for ($a in `move -|", flag, "-", "move");
     row("parentheses", "print (1 + size(move(-|", flag, "-", "move");
     row("behind-parentheses", "move (ls(\"a\")) -|", flag, "-", "move");
+    row("behind-array", "ls({\"a\"}, -|", flag, "-", "ls");
     row("minus", "$a = $b -|", name, "", "");
     row("minus-without-blank", "move $b-c|", name, "c", "");
 }
