@@ -211,9 +211,13 @@ void EdOutputView::showEvent(QShowEvent *event)
     QPlainTextEdit::showEvent(event);
 }
 
+// Who looks at the newest line goes on doing so, also when all lines were in view for a while.
 void EdOutputView::resizeEvent(QResizeEvent *event)
 {
+    const bool showsNewest = verticalScrollBar()->value() == verticalScrollBar()->maximum();
     QPlainTextEdit::resizeEvent(event);
+    if (showsNewest)
+        verticalScrollBar()->setValue(verticalScrollBar()->maximum());
     updateExtraSelections();
 }
 

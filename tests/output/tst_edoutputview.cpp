@@ -71,6 +71,7 @@ private slots:
     void oldLinesAreDropped();
     void aBurstWithoutEventLoopIsSeen();
     void inputActsOnAllThatHasArrived();
+    void theNewestLineStaysInView();
     void selectedWordsAreMarked();
     void coloursAndFontFollowThePreferences();
 };
@@ -182,6 +183,21 @@ void OutputViewTest::inputActsOnAllThatHasArrived()
     QTest::qWait(40); // frames, in which nothing may happen to the selection
     QCOMPARE(view.isGathering(), false);
     QCOMPARE(int(view.textCursor().selectedText().size()), int(view.toPlainText().size()));
+}
+
+void OutputViewTest::theNewestLineStaysInView()
+{
+    EdOutputView view;
+    view.resize(300, 100);
+    view.show();
+    view.appendText(QString::fromLatin1("line\n").repeated(20));
+    for (int height : {1000, 100}) { // in which all lines fit, and in which few do
+        view.resize(300, height);
+        QCOMPARE(view.verticalScrollBar()->value(), view.verticalScrollBar()->maximum());
+    }
+    view.verticalScrollBar()->setValue(3);
+    view.resize(300, 120);
+    QCOMPARE(view.verticalScrollBar()->value(), 3);
 }
 
 void OutputViewTest::selectedWordsAreMarked()
